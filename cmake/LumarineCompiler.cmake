@@ -1,0 +1,33 @@
+# What every target of the project is compiled with.
+
+add_library(lumarine_options INTERFACE)
+target_compile_options(lumarine_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+  # Curves are exact to the bit on every platform: no fused multiply-add behind our back.
+  -ffp-contract=off)
+target_include_directories(lumarine_options INTERFACE ${CMAKE_SOURCE_DIR})
+
+if(WIN32)
+  target_compile_definitions(lumarine_options INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+  target_link_options(lumarine_options INTERFACE -static)
+endif()
+
+if(LUMARINE_SANITIZE)
+  add_compile_options(-fsanitize=${LUMARINE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${LUMARINE_SANITIZE})
+endif()
+
+if(LUMARINE_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+# Every public header must compile on its own: the target all_verify_interface_header_sets does it.
+set(CMAKE_VERIFY_INTERFACE_HEADER_SETS ON)

@@ -1,0 +1,39 @@
+#pragma once
+
+// The small functions that every platform must give. There is one filling per platform below platform/, the
+// build picks it; tests link a clock of their own (tests/support/virtual_clock.h) in place of the real one.
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "common/date_time.h"
+
+namespace platform {
+
+// Clock. These four are the ones that tests replace. Any thread.
+
+/// Ticks per second of ClockTicks(); at least a million, never changes.
+std::int64_t ClockFrequency();
+
+/// A counter that never runs backwards. Only differences mean anything.
+std::int64_t ClockTicks();
+
+/// Blocks the calling thread for at least `milliseconds`; zero or less returns at once.
+void SleepMilliseconds(int milliseconds);
+
+/// The computer's local time now.
+DateTime LocalTime();
+
+// System.
+
+/// The user's Documents folder, or nothing if the platform does not know one.
+std::optional<std::filesystem::path> DocumentsFolder();
+
+/// A view of the resource `id` of the kind `type` ("XML", "PNG") that was built into this executable; valid
+/// until the process ends. An absent or empty resource gives nothing.
+std::optional<std::string_view> FindResourceBytes(int id, std::string_view type);
+
+}  // namespace platform

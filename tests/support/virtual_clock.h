@@ -1,0 +1,28 @@
+#pragma once
+
+// The clock that the unit tests link: time passes when somebody sleeps, and only then. A 60-second demo takes
+// milliseconds, and every moment in it is exact.
+
+#include <functional>
+
+#include "common/platform.h"
+
+namespace virtual_clock {
+
+/// Starts over: the counter at zero, the local time as below, no appointments. Call it at the start of a test.
+void Reset();
+
+/// Seconds since Reset(). Any thread.
+double Seconds();
+
+/// Lets time pass without anybody sleeping.
+void Advance(double seconds);
+
+/// Runs `action` on the thread whose sleep reaches `seconds` since Reset(), at exactly that moment. Actions may
+/// call anything but SleepMilliseconds. Appointments of one moment run in the order they were made.
+void At(double seconds, std::function<void()> action);
+
+/// What platform::LocalTime() answers at Reset() and onward; it moves with the clock, within one day.
+void SetLocalTime(const DateTime& time);
+
+}  // namespace virtual_clock
