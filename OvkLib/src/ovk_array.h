@@ -1,0 +1,106 @@
+// A growing array with signed 32-bit count and capacity: two pointers' room where it is empty, and the
+// library's own exception where memory ends.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include "OvkLib/src/ovk_exception.h"
+
+namespace ovk {
+
+// Values of T in one block. Adding a value may move the others: a reference to one is good until the next is
+// added. Indices are not checked. Raises xout_of_memory when a block cannot be had.
+template <class T>
+class array {
+  static_assert(std::is_nothrow_move_constructible_v<T>);
+
+ public:
+  array() noexcept = default;
+  array(const array& other) {
+    reserve(other.count_);
+    for (const T& item : other) emplace_back(item);
+  }
+  array(array&& other) noexcept { swap(other); }
+  array& operator=(array other) noexcept {
+    swap(other);
+    return *this;
+  }
+  // The items go from the last to the first.
+  ~array() {
+    clear();
+    ::operator delete(items_);
+  }
+
+  int32_t count() const noexcept { return count_; }
+  int32_t capacity() const noexcept { return capacity_; }
+  bool empty() const noexcept { return count_ == 0; }
+
+  T& operator[](int32_t index) noexcept { return items_[index]; }
+  const T& operator[](int32_t index) const noexcept { return items_[index]; }
+  T& back() noexcept { return items_[count_ - 1]; }
+  const T& back() const noexcept { return items_[count_ - 1]; }
+
+  T* begin() noexcept { return items_; }
+  T* end() noexcept { return items_ + count_; }
+  const T* begin() const noexcept { return items_; }
+  const T* end() const noexcept { return items_ + count_; }
+
+  // The arguments must not refer into the array itself.
+  template <class... Arguments>
+  T& emplace_back(Arguments&&... arguments) {
+    if (count_ == capacity_) grow();
+    T* item = ::new (static_cast<void*>(items_ + count_)) T(std::forward<Arguments>(arguments)...);
+    ++count_;
+    return *item;
+  }
+  void push_back(T item) { emplace_back(std::move(item)); }
+
+  void pop_back() noexcept { std::destroy_at(items_ + --count_); }
+
+  void clear() noexcept {
+    while (count_ > 0) pop_back();
+  }
+
+  // Makes room for `wanted` items in all.
+  void reserve(int32_t wanted) {
+    if (wanted > capacity_) relocate(wanted);
+  }
+
+  void swap(array& other) noexcept {
+    std::swap(items_, other.items_);
+    std::swap(count_, other.count_);
+    std::swap(capacity_, other.capacity_);
+  }
+
+ private:
+  static constexpr int32_t kFirstCapacity = 4;
+  static constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
+
+  void grow() {
+    if (capacity_ == kMost) throw_out_of_memory();
+    relocate(capacity_ == 0 ? kFirstCapacity : capacity_ > kMost / 2 ? kMost : capacity_ * 2);
+  }
+
+  void relocate(int32_t capacity) {
+    void* block = ::operator new(sizeof(T) * static_cast<size_t>(capacity), std::nothrow);
+    if (block == nullptr) throw_out_of_memory();
+    T* items = static_cast<T*>(block);
+    std::uninitialized_move_n(items_, count_, items);
+    std::destroy_n(items_, count_);
+    ::operator delete(items_);
+    items_ = items;
+    capacity_ = capacity;
+  }
+
+  T* items_ = nullptr;
+  int32_t count_ = 0;
+  int32_t capacity_ = 0;
+};
+
+}  // namespace ovk

@@ -1,0 +1,178 @@
+// The XML reader: a push parser that takes bytes through a table of states and tells an observer what it
+// meets, and the observer that builds a tree from that.
+//
+// It does not validate, knows of encodings only that all markup is ASCII, and looks at nothing behind the
+// root element. The result is yes or no: where a document failed, and why, is not told. Running out of memory
+// raises xout_of_memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "OvkLib/src/ovk_array.h"
+#include "OvkLib/src/ovk_string.h"
+#include "OvkLib/src/ovk_xml.h"
+
+namespace ovk::xml {
+
+// Receives what the parser meets, in document order. False from an operation ends the document as malformed,
+// where the operation does not say otherwise. The strings belong to the parser, which changes them after the
+// call.
+class observer {
+ public:
+  virtual ~observer() = default;
+  // An element opened. The result is not looked at: the start of a tag cannot fail.
+  virtual bool on_start_tag(const ovk::string& name) = 0;
+  // The "/>" of the element that opened last.
+  virtual bool on_close_empty() = 0;
+  // A named end tag.
+  virtual bool on_end_tag(const ovk::string& name) = 0;
+  // An attribute of the element that opened last.
+  virtual bool on_attribute(const ovk::string& name, const ovk::string& value) = 0;
+  // One byte of character data. The result is not looked at where a "]" that ends no CDATA section was held
+  // back.
+  virtual bool on_char(char c) = 0;
+  // Forgets all that was received.
+  virtual void reset() {}
+  // The replacement of a named reference; `name` is as it was written, "&" and ";" included. False leaves the
+  // reference to the parser, true means that `out` is filled.
+  virtual bool resolve_entity(const ovk::string& name, ovk::string& out);
+  // The same for the number of a numeric reference.
+  virtual bool resolve_char(uint32_t code, ovk::string& out);
+};
+
+// Builds the tree. Says false to what has no place in one: an attribute, text or an end outside of an
+// element, an end tag with another name than its start, a second root.
+class tree_builder final : public observer {
+ public:
+  bool on_start_tag(const ovk::string& name) override;
+  bool on_close_empty() override;
+  bool on_end_tag(const ovk::string& name) override;
+  // Of two attributes with one name the last wins, at the place of the first.
+  bool on_attribute(const ovk::string& name, const ovk::string& value) override;
+  bool on_char(char c) override;
+  void reset() override;
+
+  // on_attribute and a run of on_char, from text that is not in strings yet.
+  bool add_attribute(std::string_view name, std::string_view value);
+  bool add_text(std::string_view text);
+
+  // The finished root element; null until it has closed.
+  std::unique_ptr<element> root;
+  // The elements whose end has not been seen, the innermost last.
+  array<std::unique_ptr<element>> open;
+
+ private:
+  attribute& attribute_of_top(std::string_view name);
+  int32_t find_among_many(std::string_view name);
+
+  // Where the attributes of the top element are, once they are too many to walk through for every new one. A
+  // map and not a hash table: no choice of names makes it slow.
+  std::map<std::string, int32_t, std::less<>> places_;
+};
+
+// The parser's states, with the numbers under which they stand on its stack. "Prolog" is what comes before
+// the root.
+namespace states {
+enum : int32_t {
+  error = 0,
+  prolog = 1,
+  prolog_open = 2,            // after "<"
+  prolog_bang = 3,            // after "<!"
+  prolog_hyphen = 4,          // after "<!-"
+  prolog_instruction = 5,     // after "<?"
+  prolog_declaration = 6,     // after "<!" and something else
+  prolog_end = 7,             // after "?" or "--", which may end an instruction or a comment
+  prolog_comment = 8,         // after "<!--"
+  prolog_comment_hyphen = 9,  // after one "-" in it
+  tag_name = 10,
+  tag_slash = 11,             // after "/" in a tag
+  end_open = 12,              // after "</"
+  end_name = 13,
+  end_blanks = 14,            // after the name of an end tag
+  between_attributes = 15,
+  attribute_name = 16,
+  before_equals = 17,
+  after_equals = 18,
+  value_in_apostrophes = 19,
+  value_in_quotes = 20,
+  content = 21,               // character data
+  content_after_reference = 22,
+  content_open = 23,            // after "<"
+  content_bang = 24,            // after "<!"
+  content_instruction = 25,     // after "<?"
+  content_declaration = 26,     // after "<!" and something else
+  content_end = 27,             // after "?" or "--", as prolog_end
+  content_hyphen = 28,          // after "<!-"
+  content_comment = 29,         // after "<!--"
+  content_comment_hyphen = 30,  // after one "-" in it
+  cdata_bracket = 31,           // after "<!["
+  cdata_c = 32,                 // after "<![C", and so on
+  cdata_cd = 33,
+  cdata_cda = 34,
+  cdata_cdat = 35,
+  cdata_word = 36,
+  cdata = 37,
+  cdata_end_1 = 38,  // after "]" in a CDATA section
+  cdata_end_2 = 39,  // after "]]"
+  done = 40,
+  reference = 41,  // after "&"
+  named_reference = 42,
+  numeric_reference = 43,  // after "&#"
+  decimal_reference = 44,
+  hexadecimal_reference = 45,
+  count = 46
+};
+}  // namespace states
+
+// The parser for one document. Receiver is `observer`, whatever stands behind it, or `tree_builder`, to which
+// calls go straight and text in whole runs. The observer must outlive the parser.
+template <class Receiver>
+class parser {
+ public:
+  explicit parser(Receiver& receiver);
+  parser(const parser&) = delete;
+  parser& operator=(const parser&) = delete;
+
+  // Takes one byte through the state table. This defines what the parser does.
+  void step(char byte);
+  // Takes bytes until the parser has stopped or there are no more. The outcome, and what the observer is
+  // told, is that of step() on each of them.
+  void run(std::string_view data);
+  // Nothing that follows matters any more: the root has closed, or the document is malformed.
+  bool stopped() const { return state == states::done || state == states::error; }
+
+  Receiver& observer;
+  int32_t state = states::prolog;
+  array<int32_t> stack;  // states to come back to
+  ovk::string
+      name;  // of the tag or attribute that is being read; in character data, what a reference stands for
+  ovk::string value;   // of the attribute that is being read
+  ovk::string entity;  // the reference that is being read, from its "&" on
+  ovk::string* target =
+      nullptr;  // what takes the reference's replacement: `name`, `value`, or null outside of one
+
+ private:
+  int32_t pop();
+  void fail_unless(bool accepted) {
+    if (!accepted) state = states::error;
+  }
+  void start_reference(ovk::string& to);
+  void end_reference(std::string_view replacement);
+  void resolve_name();
+  void resolve_number();
+  void pass_reference();
+  void take_run(uint8_t action, std::string_view bytes);
+};
+
+extern template class parser<observer>;
+extern template class parser<tree_builder>;
+
+// Parses a document. True if its root element has closed; `root` then holds it. On false `root` is as it was.
+bool parse(element& root, const char* data, size_t length);
+
+}  // namespace ovk::xml

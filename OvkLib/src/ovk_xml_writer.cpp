@@ -1,0 +1,154 @@
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "OvkLib/src/ovk_xml.h"
+
+namespace ovk::xml {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kCDataMark = "<![CDATA[";
+constexpr int32_t kIndentStep = 2;
+
+// What goes out in a byte's place. None for a byte that stands for itself.
+constexpr std::string_view EscapeOf(char byte) {
+  switch (byte) {
+    case '"':
+      return "&quot;";
+    case '&':
+      return "&amp;";
+    case '\'':
+      return "&apos;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    default:
+      return {};
+  }
+}
+
+constexpr std::array<bool, 256> kEscaped = [] {
+  std::array<bool, 256> escaped{};
+  for (size_t byte = 0; byte < escaped.size(); ++byte)
+    escaped[byte] = !EscapeOf(static_cast<char>(byte)).empty();
+  return escaped;
+}();
+
+// Collects the many short pieces and hands them to the string in large ones.
+class writer {
+ public:
+  explicit writer(ovk::string& out) : out_(out) {}
+
+  void put(std::string_view text) {
+    if (text.size() > sizeof(buffer_) - used_) {
+      flush();
+      if (text.size() > sizeof(buffer_)) return out_.append(text);
+    }
+    std::memcpy(buffer_ + used_, text.data(), text.size());
+    used_ += text.size();
+  }
+
+  void put_escaped(std::string_view text) {
+    size_t begin = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+      if (!kEscaped[static_cast<unsigned char>(text[i])]) continue;
+      put(text.substr(begin, i - begin));
+      put(EscapeOf(text[i]));
+      begin = i + 1;
+    }
+    put(text.substr(begin));
+  }
+
+  void put_blanks(int64_t count) {
+    static constexpr std::string_view kBlanks =
+        "                                                                ";
+    for (; count > 0; count -= static_cast<int64_t>(kBlanks.size())) {
+      put(kBlanks.substr(0, static_cast<size_t>(count)));
+    }
+  }
+
+  void flush() {
+    out_.append(std::string_view(buffer_, used_));
+    used_ = 0;
+  }
+
+ private:
+  ovk::string& out_;
+  size_t used_ = 0;
+  char buffer_[4096];
+};
+
+void PutEndTag(writer& to, const element& from) {
+  to.put("</");
+  to.put(from.name.view());
+  to.put(">");
+  to.put(kLineEnd);
+}
+
+void PutStartTag(writer& to, const element& from, bool empty) {
+  to.put("<");
+  to.put(from.name.view());
+  for (const attribute& each : from.attributes) {
+    to.put(" ");
+    to.put(each.name.view());
+    to.put("='");
+    to.put_escaped(each.value.view());
+    to.put("'");
+  }
+  to.put(empty ? std::string_view("/>") : std::string_view(">"));
+}
+
+// The element up to where its first child would stand; the whole of it if it has none.
+void PutBeforeChildren(writer& to, const element& from, int64_t indent) {
+  const std::string_view text = from.text.view();
+  const bool childless = from.children.empty();
+  to.put_blanks(indent);
+  PutStartTag(to, from, childless && text.empty());
+  if (childless && text.empty()) return to.put(kLineEnd);
+  if (!childless) to.put(kLineEnd);
+  // The one way to get a CDATA section out is to bring it in as a text.
+  if (text.starts_with(kCDataMark)) {
+    to.put(text);
+  } else {
+    to.put_escaped(text);
+  }
+  if (childless) PutEndTag(to, from);
+}
+
+}  // namespace
+
+void serialize(ovk::string& out, const element& root, int32_t indent) {
+  struct level {
+    const element* parent;
+    int32_t next;  // the child that comes next
+  };
+  writer to(out);
+  array<level> open;
+  // 64 bits, so that a large indent at the top cannot overflow further down.
+  int64_t blanks = indent;
+
+  PutBeforeChildren(to, root, blanks);
+  if (!root.children.empty()) open.push_back({&root, 0});
+  while (!open.empty()) {
+    level& top = open.back();
+    if (top.next < top.parent->children.count()) {
+      const element& child = *top.parent->children[top.next++];
+      PutBeforeChildren(to, child, blanks + kIndentStep);
+      if (child.children.empty()) continue;
+      open.push_back({&child, 0});
+      blanks += kIndentStep;
+    } else {
+      to.put_blanks(blanks);
+      PutEndTag(to, *top.parent);
+      open.pop_back();
+      blanks -= kIndentStep;
+    }
+  }
+  to.flush();
+}
+
+}  // namespace ovk::xml
