@@ -1,0 +1,54 @@
+#include "OvkLib/src/UWP/ovk_win_error.h"
+
+#include "OvkLib/src/UWP/ovk_win_error_platform.h"
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "OvkLib/src/ovk_text.h"
+
+namespace ovk::win {
+
+namespace {
+
+constexpr std::uint32_t kSystemCodePage = 0;
+constexpr int kDecimal = 10;
+constexpr int kHexadecimal = 16;
+constexpr std::int32_t kHexadecimalDigits = 8;
+
+template <class Exception>
+void throw_if(std::uint32_t code, const wstring& context) {
+  if (code == Exception::fixed_code) throw Exception(context);
+}
+
+}  // namespace
+
+void xsystem::describe(wstring& out) const {
+  out.append(context_->view());
+  out.append(u"\nWin32 API Error.");
+  out.append(u"\nError Code: ");
+  out.append(ToRadix(code_, kDecimal));
+  out.append(u" (0x");
+  const std::u16string hexadecimal = ToRadix(code_, kHexadecimal);
+  out.resize(out.length() + kHexadecimalDigits - static_cast<std::int32_t>(hexadecimal.size()), u'0');
+  out.append(hexadecimal);
+  out.append(u")");
+  if (code_ == 0) return;
+  out.append(u"\nDescription: ");
+  if (!append_error_text(code_, out)) out.append(u"Cannot obtain error description.");
+}
+
+void check(bool failed, std::int32_t line, const char* file) {
+  if (!failed) return;
+  // First of all: what follows makes platform calls of its own.
+  const std::uint32_t code = last_error();
+  wstring context = WideFromAnsi(file, kSystemCodePage);
+  context.append(u":");
+  context.append(WideFromUtf8(ToDecimal(line)));
+  throw_if<xaccess_denied>(code, context);
+  throw_if<xwrite_protected>(code, context);
+  throw_if<xwrite_fault>(code, context);
+  throw_if<xread_fault>(code, context);
+  throw_if<xsharing_violation>(code, context);
+  throw_if<xdisk_full>(code, context);
+  throw xsystem(context, code);
+}
+
+}  // namespace ovk::win

@@ -1,0 +1,92 @@
+#include "OvkLib/src/ovk_format.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+
+namespace ovk {
+
+namespace {
+
+// The longest, "-2147483648", has eleven characters.
+constexpr std::size_t kMostDigits = std::numeric_limits<std::int32_t>::digits10 + 2;
+
+/// The literal of one placeholder, terminated.
+template <class Char>
+class placeholder {
+ public:
+  explicit placeholder(std::int32_t number) {
+    if (number < static_cast<std::int32_t>(kTable.size())) {
+      text_ = kTable[static_cast<std::size_t>(number)].data();
+      length_ = 3;
+      return;
+    }
+    char digits[kMostDigits];
+    const char* end = std::to_chars(digits, digits + kMostDigits, number).ptr;
+    built_[0] = '{';
+    Char* last = std::copy(static_cast<const char*>(digits), end, built_ + 1);
+    *last++ = '}';
+    *last = Char();
+    text_ = built_;
+    length_ = static_cast<std::int32_t>(last - built_);
+  }
+
+  placeholder(const placeholder&) = delete;
+  placeholder& operator=(const placeholder&) = delete;
+
+  const Char* text() const { return text_; }
+  std::int32_t length() const { return length_; }
+
+ private:
+  static constexpr auto kTable = [] {
+    std::array<std::array<Char, 4>, 10> table{};
+    for (std::size_t i = 0; i < table.size(); ++i) table[i] = {'{', static_cast<Char>('0' + i), '}', 0};
+    return table;
+  }();
+
+  const Char* text_;
+  std::int32_t length_;
+  Char built_[kMostDigits + 3];
+};
+
+template <class Char>
+basic_string<Char> padded(std::int32_t number, std::int32_t width) {
+  char digits[kMostDigits];
+  const char* end = std::to_chars(digits, digits + kMostDigits, number).ptr;
+  const std::int32_t missing = width - static_cast<std::int32_t>(end - digits);
+  basic_string<Char> text;
+  if (number >= 0 && missing > 0) text.resize(missing, Char('0'));
+  for (const char* digit = digits; digit != end; ++digit) text.push_back(static_cast<Char>(*digit));
+  if (number < 0) text.insert_zeros(missing);
+  return text;
+}
+
+}  // namespace
+
+template <class Char>
+void basic_format<Char>::arg(const Char* text, std::int32_t length) {
+  const placeholder<Char> pattern(next_);
+  std::int32_t found = text_.find(pattern.text(), 0);
+  while (found != basic_string<Char>::not_found) {
+    text_.replace(found, pattern.length(), text, length);
+    found = text_.find(pattern.text(), found + length);
+  }
+  ++next_;
+}
+
+void format::arg(std::int32_t number, std::int32_t width) {
+  const string text = padded<char>(number, width);
+  arg(text.c_str(), text.length());
+}
+
+void wformat::arg(std::int32_t number) {
+  constexpr std::int32_t kWidth = 2;
+  const wstring text = padded<char16_t>(number, kWidth);
+  arg(text.c_str(), text.length());
+}
+
+template class basic_format<char>;
+template class basic_format<char16_t>;
+
+}  // namespace ovk

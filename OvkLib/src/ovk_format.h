@@ -1,0 +1,60 @@
+#pragma once
+
+// Positional formatting: a template with the placeholders {1}, {2}, ... and arguments that fill them in
+// order.
+
+#include <cstdint>
+
+#include "OvkLib/src/ovk_string.h"
+
+namespace ovk {
+
+/// A template and the progress of filling it. Placeholders may stand in any order and any number of times; an
+/// argument whose placeholder is absent is dropped, and a placeholder without an argument stays in the text.
+/// There is no escape and no other syntax: all other braces are text. Nothing here can fail but for memory.
+template <class Char>
+class basic_format {
+ public:
+  using view_type = std::basic_string_view<Char>;
+
+  explicit basic_format(view_type text) : text_(text) {}
+
+  /// Replaces all occurrences of the current placeholder and moves on to the next one. What this call inserts
+  /// is not searched again by it, so an argument may hold its own placeholder. The text must not be this
+  /// format's.
+  void arg(const Char* text, std::int32_t length);
+
+  const basic_string<Char>& text() const { return text_; }
+  const Char* c_str() const { return text_.c_str(); }
+
+  /// Room for `length` characters in all, when the caller knows how long the text gets.
+  void reserve(std::int32_t length) { text_.reserve(length); }
+
+ private:
+  basic_string<Char> text_;
+  std::int32_t next_ = 1;  // number of the placeholder that the next argument fills
+};
+
+class format : public basic_format<char> {
+ public:
+  using basic_format::arg;
+  using basic_format::basic_format;
+
+  /// Decimal, padded with zeros to `width` characters: a negative number behind its sign, which counts. Width
+  /// 0 does not pad.
+  void arg(std::int32_t number, std::int32_t width);
+};
+
+class wformat : public basic_format<char16_t> {
+ public:
+  using basic_format::arg;
+  using basic_format::basic_format;
+
+  /// Decimal, padded to two characters: the only form that wide templates use, as in "PRG{1}".
+  void arg(std::int32_t number);
+};
+
+extern template class basic_format<char>;
+extern template class basic_format<char16_t>;
+
+}  // namespace ovk

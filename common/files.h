@@ -1,0 +1,27 @@
+#pragma once
+
+// Whole files and resources as byte strings, and paths as text.
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// Longest file that ReadFileBytes takes. The program's own files are far below a megabyte.
+inline constexpr std::size_t kMostFileBytes = 64 * 1024 * 1024;
+
+/// Reads a whole file. False, with `out` as it was, if it is no regular file, cannot be read or is longer
+/// than kMostFileBytes. Logs nothing.
+bool ReadFileBytes(const std::filesystem::path& path, std::string& out);
+
+/// Writes a file. Without `append` it is all or nothing: the old content is there until the new one is
+/// complete on disk. On failure logs "Error creating file {1}, error: {2}" on statusLog and returns false.
+bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bool append = false);
+
+/// Copies the resource `id` of the kind `type` of this executable. False, with `out` as it was, if it is
+/// absent or empty.
+bool LoadResourceBytes(int id, std::string_view type, std::string& out);
+
+/// Paths as UTF-8 text and back; text that is no path of the platform is carried as well as it can be.
+std::string Utf8FromPath(const std::filesystem::path& path);
+std::filesystem::path PathFromUtf8(std::string_view text);

@@ -1,0 +1,50 @@
+#pragma once
+
+// Sentences for the user: translated, then filled with their arguments.
+
+#include <concepts>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// The one entry of translation: the text for `key`, which is the English sentence. Any thread.
+std::string Translate(std::string_view key);
+
+/// A finished sentence. The template is translated first and filled then, so that a sentence with its
+/// placeholders is one entry of the translations and arguments are never looked up. Placeholders and rules
+/// are those of ovk::format. Meant to be built, read and discarded within one statement, by one thread.
+///
+/// How arguments are written: texts (UTF-8) as they stand, numbers in decimal, floats truncated toward zero,
+/// paths as UTF-8.
+class Message {
+ public:
+  explicit Message(std::string_view key);
+  Message(std::string_view key, std::string_view text);
+  Message(std::string_view key, std::int32_t number);
+  Message(std::string_view key, float number);
+  template <std::same_as<std::filesystem::path> Path>  // nothing else turns into a path here
+  Message(std::string_view key, const Path& path) : Message(key, path, std::string_view(), PathTag()) {}
+  Message(std::string_view key, std::int32_t first, std::int32_t second);
+  Message(std::string_view key, std::string_view first, std::string_view second);
+  Message(std::string_view key, std::string_view text, std::int32_t number);
+  template <std::same_as<std::filesystem::path> Path>
+  Message(std::string_view key, const Path& path, std::string_view text)
+      : Message(key, path, text, PathTag()) {}
+  Message(std::string_view key, std::string_view first, std::int32_t number, std::string_view second);
+
+  const std::string& utf8() const { return utf8_; }
+
+  /// The same text, converted at the first call.
+  const std::u16string& ToWide();
+
+ private:
+  struct PathTag {};
+  Message(std::string_view key, const std::filesystem::path& path, std::string_view text, PathTag);
+
+  template <class... Arguments>
+  void Fill(std::string_view key, const Arguments&... arguments);
+
+  std::string utf8_;
+  std::u16string wide_;  // empty until ToWide()
+};

@@ -1,0 +1,24 @@
+#include "common/xml_file.h"
+
+#include <string>
+
+#include "OvkLib/src/ovk_xml_reader.h"
+#include "common/files.h"
+
+namespace ovk::xml {
+
+bool load(const std::filesystem::path& path, element& root) {
+  std::string bytes;
+  if (!ReadFileBytes(path, bytes)) return false;
+  if (!parse(root, bytes.data(), static_cast<std::int32_t>(bytes.size()))) return false;
+  trim(root);
+  return true;
+}
+
+bool save(const std::filesystem::path& path, const element& root) {
+  string text;
+  serialize(text, root, 0);
+  return WriteFileBytes(path, text.view());
+}
+
+}  // namespace ovk::xml

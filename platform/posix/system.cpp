@@ -1,0 +1,87 @@
+// common/platform.h, the system, on POSIX: folders and resources. Files are in files.cpp.
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "common/platform.h"
+
+namespace {
+
+/// One row of the table that the linker collects from all embedded resources (cmake/EmbedResources.cmake
+/// writes them, with this layout).
+struct ResourceRecord {
+  std::int64_t id;
+  const char* type;  // terminated
+  const char* begin;
+  const char* end;
+};
+
+}  // namespace
+
+extern "C" {
+// The linker's names for the ends of a section; both are null in a program without resources.
+[[gnu::weak, gnu::visibility("hidden")]] extern const ResourceRecord __start_lumarine_resources[];
+[[gnu::weak, gnu::visibility("hidden")]] extern const ResourceRecord __stop_lumarine_resources[];
+}
+
+namespace platform {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Nothing for an account without home.
+fs::path HomeFolder() {
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
+  const passwd* account = getpwuid(getuid());
+  return account != nullptr && account->pw_dir != nullptr ? account->pw_dir : "";
+}
+
+/// The value of `XDG_DOCUMENTS_DIR="$HOME/Papers"` in the desktop's list of user folders; empty if there is
+/// none. Only that form and an absolute path are allowed there.
+fs::path ConfiguredDocuments(const fs::path& home) {
+  constexpr std::string_view kKey = "XDG_DOCUMENTS_DIR=\"";
+  constexpr std::string_view kHome = "$HOME";
+  const char* config = std::getenv("XDG_CONFIG_HOME");
+  const fs::path folder = config != nullptr && *config != '\0' ? fs::path(config) : home / ".config";
+  std::ifstream file(folder / "user-dirs.dirs");
+  fs::path found;
+  for (std::string line; std::getline(file, line);) {
+    if (!line.starts_with(kKey)) continue;
+    std::string value = line.substr(kKey.size());
+    value.erase(std::min(value.find('"'), value.size()));
+    if (value.starts_with(kHome)) value.replace(0, kHome.size(), home.string());
+    found = value;  // as in a shell, which reads this file too: the last one counts
+  }
+  return found;
+}
+
+bool IsFolder(const fs::path& path) {
+  std::error_code error;
+  return path.is_absolute() && fs::is_directory(path, error);
+}
+
+}  // namespace
+
+std::optional<fs::path> DocumentsFolder() {
+  const fs::path home = HomeFolder();
+  for (const fs::path& folder : {ConfiguredDocuments(home), home / "Documents", home}) {
+    if (IsFolder(folder)) return folder;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string_view> FindResourceBytes(int id, std::string_view type) {
+  for (const ResourceRecord* record = __start_lumarine_resources; record != __stop_lumarine_resources;
+       ++record) {
+    if (record->id != id || record->type != type || record->begin == record->end) continue;
+    return std::string_view(record->begin, static_cast<std::size_t>(record->end - record->begin));
+  }
+  return std::nullopt;
+}
+
+}  // namespace platform

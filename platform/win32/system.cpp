@@ -1,0 +1,34 @@
+// common/platform.h, the system, on Windows: folders and resources. Files are in files.cpp.
+
+#include <memory>
+#include <string>
+
+#include "common/platform.h"
+#include "platform/win32/windows_headers.h"
+// after windows.h
+#include <shlobj.h>
+
+namespace platform {
+
+std::optional<std::filesystem::path> DocumentsFolder() {
+  PWSTR folder = nullptr;
+  const HRESULT result = SHGetKnownFolderPath(FOLDERID_Documents, 0, nullptr, &folder);
+  // The buffer is to be freed after a failure too.
+  const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> held(folder, &CoTaskMemFree);
+  if (FAILED(result)) return std::nullopt;
+  return std::filesystem::path(folder);
+}
+
+std::optional<std::string_view> FindResourceBytes(int id, std::string_view type) {
+  const HMODULE program = nullptr;
+  const std::wstring wideType(type.begin(), type.end());  // types are plain ASCII words
+  const HRSRC found = FindResourceW(program, MAKEINTRESOURCEW(id), wideType.c_str());
+  if (found == nullptr) return std::nullopt;
+  const HGLOBAL loaded = LoadResource(program, found);
+  const DWORD size = SizeofResource(program, found);
+  const void* bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
+  if (bytes == nullptr || size == 0) return std::nullopt;
+  return std::string_view(static_cast<const char*>(bytes), size);
+}
+
+}  // namespace platform
