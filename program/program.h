@@ -91,10 +91,18 @@ struct StepSelection {
 
 // Steps.
 
-/// Minute of the day; negative or past the end when the step is out of range.
-constexpr std::int32_t MinuteOfDay(const Step& step) { return step.hour * 60 + step.minute; }
+/// Minute of the day; negative or past the end when the step is out of range. 64 bits hold it for any hour.
+constexpr std::int64_t MinuteOfDay(const Step& step) {
+  return std::int64_t{step.hour} * 60 + step.minute;
+}
+
+/// Second of the day; as above.
+constexpr std::int64_t SecondOfDay(const Step& step) {
+  return MinuteOfDay(step) * 60;
+}
 
 /// Brings value and time into range: values into 0 to 100, times past the day to 23:59, before it to 00:00.
+/// A value that is not a number stays one.
 void Normalize(Step& step);
 /// "08:05"
 std::string ToTimeText(const Step& step);
@@ -106,17 +114,18 @@ std::string ToDescription(const Step& step);
 // Channels.
 
 /// Percent at a second of the day, the one definition for chart, demo, resampling and exports. The channel is
-/// a ring: the last step leads to the first across midnight. Negative seconds count as 0, 86400 as 0 and so on.
-/// All steps on one minute give an infinity or not a number. An empty channel gives 0.
-float ChannelValueAt(const Channel& channel, std::int32_t second);
+/// a ring: the last step leads to the first across midnight. Negative seconds count as 0, 86400 as 0 and so
+/// on. All steps on one minute give an infinity or not a number. An empty channel gives 0. To ask for many
+/// seconds in ascending order take a CurveCursor (curve.h).
+float ChannelValueAt(const Channel& channel, std::int64_t second);
 /// Highest value; 0 for an empty channel.
 float ChannelPower(const Channel& channel);
-/// Rescales so that the highest value becomes `power`. Nothing happens to a channel that is all zero, nor with
-/// a power below 0.1.
+/// Rescales so that the highest value becomes `power`. Nothing happens to a channel that is all zero, nor
+/// with a power below 0.1, nor where either is not a number.
 void ScaleChannel(Channel& channel, float power);
 /// Inserts a copy with a fresh id before the first step that is not earlier. A step at the same minute stays.
 void InsertStepSorted(Channel& channel, const Step& step);
-/// Ascending by minute; the order of equal minutes is not defined.
+/// Ascending by minute. Steps on one minute keep their order.
 void SortSteps(Channel& channel);
 /// Keeps the first of each run of adjacent steps with one minute. Expects sorted input.
 void RemoveDuplicateTimes(Channel& channel);
@@ -125,13 +134,15 @@ void RenumberSteps(Channel& channel);
 void RenumberSteps(Mode& mode);
 /// Calls `action` with each step, in order.
 void ForEachStep(Channel& channel, const std::function<void(Step&)>& action);
-/// The next value of the process-wide serial counter.
+/// The next value of the process-wide serial counter; any thread. The first is 1, so that 0 is nobody's.
 std::uint32_t NextStepId();
 
 // Modes.
 
-/// The merged step list: the union of the minutes that any channel uses, ascending, with every channel's value
-/// at each. Replaces the contents of `rows`. Steps off the day's 1440 minutes are not seen.
+/// The merged step list: the union of the minutes that any channel uses, ascending, with every channel's
+/// value at each, truncated, and the jump flag of the first step that the channel has there. Replaces the
+/// contents of `rows`. A step whose hour or minute is out of range is on no minute of the day: it bends its
+/// channel's curve but has no row.
 void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows);
 /// Number of rows that CollectModeSteps yields.
 int CountModeSteps(const Mode& mode);

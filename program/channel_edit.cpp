@@ -1,0 +1,86 @@
+#include "program/channel_edit.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace TCBase::Program {
+
+namespace {
+
+Step* SelectedStep(const StepSelection& selection) {
+  Channel* channel = SelectedChannel(selection);
+  const auto index = static_cast<std::size_t>(selection.step);
+  return channel != nullptr && index < channel->size() ? &(*channel)[index] : nullptr;
+}
+
+void SwapSelectedWith(StepSelection& selection, std::int32_t other) {
+  Channel* channel = SelectedChannel(selection);
+  Channel* neighbour = SelectedChannel({selection.document, other});
+  if (channel == nullptr || neighbour == nullptr) return;
+  channel->swap(*neighbour);
+  selection.channel = other;
+}
+
+}  // namespace
+
+Channel* SelectedChannel(const StepSelection& selection) {
+  std::vector<Mode>& modes = selection.document.modes;
+  const auto mode = static_cast<std::size_t>(selection.document.currentMode);
+  const auto channel = static_cast<std::size_t>(selection.channel);
+  return channel < kChannelCount && mode < modes.size() ? &modes[mode].channels[channel] : nullptr;
+}
+
+void DeleteSelectedStep(StepSelection& selection) {
+  const Step* step = SelectedStep(selection);
+  if (step == nullptr) return;
+  Channel& channel = *SelectedChannel(selection);
+  if (channel.size() <= kMinChannelSteps) return;
+  std::erase_if(channel, [minute = MinuteOfDay(*step)](const Step& s) { return MinuteOfDay(s) == minute; });
+  const auto left = static_cast<std::int32_t>(channel.size());
+  if (selection.step >= left) selection.step = left - 1;
+}
+
+void NudgeSelectedStep(const StepSelection& selection, std::int32_t hours, std::int32_t minutes,
+                       float value) {
+  Step* step = SelectedStep(selection);
+  if (step == nullptr) return;
+  // Numbers as far out as a file may bring them wrap around, hence unsigned.
+  const auto bits = [](std::int32_t number) { return static_cast<std::uint32_t>(number); };
+  const auto second = static_cast<std::int32_t>(
+      ((bits(step->hour) + bits(hours)) * 60U + bits(step->minute) + bits(minutes)) * 60U);
+  step->minute = second % 3600 / 60;
+  step->hour = second / 3600 % 24;
+  step->value += value;
+  Normalize(*step);
+}
+
+void CopyChannelSteps(const StepSelection& selection) {
+  if (const Channel* channel = SelectedChannel(selection)) stepClipboard = {*channel, true};
+}
+
+bool PasteChannelSteps(const StepSelection& selection) {
+  Channel* channel = SelectedChannel(selection);
+  if (channel == nullptr || !stepClipboard.filled) return false;
+  *channel = stepClipboard.steps;
+  RenumberSteps(*channel);
+  return true;
+}
+
+void ClearChannel(StepSelection& selection) {
+  Channel* channel = SelectedChannel(selection);
+  if (channel == nullptr) return;
+  *channel = {Step{8, 0}, Step{22, 0}};
+  RenumberSteps(*channel);
+  selection.channel = -1;
+  selection.step = -1;
+}
+
+void MoveChannelUp(StepSelection& selection) {
+  SwapSelectedWith(selection, selection.channel - 1);
+}
+
+void MoveChannelDown(StepSelection& selection) {
+  SwapSelectedWith(selection, selection.channel + 1);
+}
+
+}  // namespace TCBase::Program

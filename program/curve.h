@@ -1,0 +1,78 @@
+#pragma once
+
+// The arithmetic of a channel's curve, for those who ask more than one question of it. What a curve is stands
+// at ChannelValueAt (program.h); both answer the same to the bit.
+
+#include <cstddef>
+#include <cstdint>
+
+#include "program/program.h"
+
+namespace TCBase::Program {
+
+/// The second of the ring day that any second stands for: negative ones are 0, one day is taken off as often
+/// as it goes.
+constexpr std::int64_t RingSecond(std::int64_t second) {
+  return second < 0 ? 0 : second % kSecondsPerDay;
+}
+
+/// The curve between two steps that follow one another on the ring, or from the last step to the first.
+class Stretch {
+ public:
+  Stretch(const Step& from, const Step& to)
+      : fromSecond_(SecondOfDay(from)), toSecond_(SecondOfDay(to)), fromValue_(from.value) {
+    const auto span =
+        static_cast<float>(toSecond_ - fromSecond_ + (fromSecond_ > toSecond_ ? kSecondsPerDay : 0));
+    slopeAtEnd_ = (to.value - from.value) / span;
+    // Not simply 0: a value that is no finite number, or a span of 0, must spoil a jump as it spoils a fade.
+    slope_ = from.jump ? (from.value - from.value) / span : slopeAtEnd_;
+  }
+
+  /// Percent at a ring second. A jump holds the first step's value right up to the second step's time, and is
+  /// there exactly at it.
+  float At(std::int64_t second) const {
+    const std::int64_t elapsed = second - fromSecond_ + (fromSecond_ > second ? kSecondsPerDay : 0);
+    return (second == toSecond_ ? slopeAtEnd_ : slope_) * static_cast<float>(elapsed) + fromValue_;
+  }
+
+ private:
+  std::int64_t fromSecond_;
+  std::int64_t toSecond_;
+  float fromValue_;
+  float slope_;
+  float slopeAtEnd_;
+};
+
+/// Reads a channel's curve at ascending seconds, in one walk over the steps whatever their order. The channel
+/// must outlive the cursor and stay as it is.
+class CurveCursor {
+ public:
+  explicit CurveCursor(const Channel& channel)
+      : channel_(channel),
+        stretch_(channel.empty() ? Step{} : channel.back(), channel.empty() ? Step{} : channel.front()) {}
+
+  /// ChannelValueAt of a ring second that is not before the one asked last.
+  float At(std::int64_t second) {
+    if (channel_.size() < 2) return channel_.empty() ? 0.0F : channel_.front().value;
+    // The first step at or after `second` closes the stretch. Steps passed for an earlier second are before
+    // this one too, so that the walk goes on where it stopped even if the channel is out of order.
+    std::size_t to = next_;
+    while (to < channel_.size() && SecondOfDay(channel_[to]) < second) ++to;
+    if (to != next_) Enter(to);
+    return stretch_.At(second);
+  }
+
+ private:
+  void Enter(std::size_t to) {
+    next_ = to;
+    stretch_ = to == channel_.size() ? Stretch(channel_.back(), channel_.front())
+                                     : Stretch(channel_[to - 1], channel_[to]);
+  }
+
+  const Channel& channel_;
+  std::size_t next_ =
+      0;  // the step that closes `stretch_`; past the end, the stretch leads to the first step
+  Stretch stretch_;
+};
+
+}  // namespace TCBase::Program

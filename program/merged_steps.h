@@ -1,0 +1,15 @@
+#pragma once
+
+// What the merged step list (CollectModeSteps) counts; for those who keep such a count themselves.
+
+#include "program/program.h"
+
+namespace TCBase::Program {
+
+/// Whether a step stands on a minute of the day. Hour and minute must each be in range: 00:75 is on none,
+/// even though 75 minutes after midnight exist.
+constexpr bool IsOnTheDay(const Step& step) {
+  return step.hour >= 0 && step.hour < 24 && step.minute >= 0 && step.minute < 60;
+}
+
+}  // namespace TCBase::Program

@@ -1,0 +1,87 @@
+#include "program/mode_commands.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <utility>
+
+#include "OvkLib/src/ovk_text.h"
+#include "common/log.h"
+#include "common/message.h"
+#include "program/align.h"
+#include "program/curve.h"
+#include "program/endpoint.h"
+#include "program/optimize.h"
+#include "program/random_mode.h"
+#include "program/resample.h"
+#include "program/steps_text.h"
+
+namespace TCBase::Program {
+
+namespace {
+
+Mode& CurrentMode(ModeListView& document) {
+  return document.modes.at(static_cast<std::size_t>(document.currentMode));
+}
+
+Channel& CurrentChannel(ModeListView& document, std::int32_t channel) {
+  return CurrentMode(document).channels.at(static_cast<std::size_t>(channel));
+}
+
+std::string TimeTextOf(std::int32_t second) {
+  const auto daySecond = static_cast<std::int32_t>(RingSecond(second));
+  return ToTimeText({daySecond / 3600, daySecond % 3600 / 60});
+}
+
+}  // namespace
+
+void OptimizeForTC421(ModeListView& document) {
+  Mode& mode = CurrentMode(document);
+  ResampleHalfHour(mode, mode);
+  RemoveExactSteps(mode);
+  LogStatus(
+      Message("All steps were aligned to 30 minute intervals. This is useful for configuring TC421 device."));
+}
+
+void AlignCurrentMode(ModeListView& document, std::int32_t interval) {
+  Mode& mode = CurrentMode(document);
+  AlignMode(mode, mode, interval);
+  LogStatus(Message("All steps were aligned to {1} minute intervals. Current number of steps is {2}.",
+                    interval, CountModeSteps(mode)));
+}
+
+bool AddEndpointSteps(ModeListView& document, std::int32_t second) {
+  Mode& mode = CurrentMode(document);
+  if (!AddStepToAllChannels(mode, second)) {
+    LogStatus(Message("Unable to add new step. Maximum number of {1} steps for the current mode reached",
+                      kMaxModeSteps));
+    return false;
+  }
+  LogStatus(Message("Added step at {1} to all channels. Current number of steps is {2}.", TimeTextOf(second),
+                    CountModeSteps(mode)));
+  return true;
+}
+
+bool AddManualSteps(ModeListView& document, std::int32_t channel, std::string_view text) {
+  AddStepsFromText(CurrentChannel(document, channel), text);
+  return OptimizeMode(CurrentMode(document));
+}
+
+bool ReplaceManualSteps(ModeListView& document, std::int32_t channel, std::string_view text) {
+  CurrentChannel(document, channel).clear();
+  return AddManualSteps(document, channel, text);
+}
+
+bool OptimizeAllModes(ModeListView& document) {
+  return std::all_of(document.modes.begin(), document.modes.end(), OptimizeMode);
+}
+
+void AppendRandomMode(ModeListView& document) {
+  Mode mode;
+  mode.name = "Rand_" + ToDecimal(static_cast<std::int32_t>(document.modes.size()));
+  FillRandomMode(mode);
+  document.currentMode = static_cast<std::int32_t>(document.modes.size());
+  document.modes.push_back(std::move(mode));
+}
+
+}  // namespace TCBase::Program

@@ -1,0 +1,35 @@
+#pragma once
+
+// Whole commands on the current mode, log lines included, as the menu of the window and the command line give
+// them. Undo, refusals in a message box and the chart are the caller's. The document has a current mode; logs
+// on statusLog, translated.
+
+#include <cstdint>
+#include <string_view>
+
+#include "program/program.h"
+
+namespace TCBase::Program {
+
+/// "Optimize mode for TC421": resamples to half hours and drops the steps that add nothing.
+void OptimizeForTC421(ModeListView& document);
+
+/// "Align steps" to `interval` minutes, 1 or more.
+void AlignCurrentMode(ModeListView& document, std::int32_t interval);
+
+/// "Add endpoint steps" at kDayStart or kDayEnd. False, and the reason in the log, if the mode is full.
+bool AddEndpointSteps(ModeListView& document, std::int32_t second);
+
+/// "Manual steps add..." and "Manual steps edit...": adds the steps of the text (see ParseStepsText) to a
+/// channel of the current mode, 0 to 4, or puts them in place of its steps, then brings the mode within the
+/// step limit. False if that could not be done (see OptimizeMode).
+bool AddManualSteps(ModeListView& document, std::int32_t channel, std::string_view text);
+bool ReplaceManualSteps(ModeListView& document, std::int32_t channel, std::string_view text);
+
+/// Brings every mode within the step limit, as before an upload; ends with false at the first that cannot be.
+bool OptimizeAllModes(ModeListView& document);
+
+/// Appends a mode by chance, named after the number of modes as in Rand_2, and makes it the current one.
+void AppendRandomMode(ModeListView& document);
+
+}  // namespace TCBase::Program

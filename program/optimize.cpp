@@ -1,0 +1,43 @@
+#include "program/optimize.h"
+
+#include "common/log.h"
+#include "common/message.h"
+#include "program/removal_errors.h"
+#include "program/step_remover.h"
+
+namespace TCBase::Program {
+
+StepRemoval FindCheapestStep(const Mode& mode) {
+  return StepRemover(mode).Cheapest();
+}
+
+void RemoveExactSteps(Mode& mode) {
+  StepRemover remover(mode);
+  for (StepRemoval cheapest = remover.Cheapest(); cheapest.error == 0; cheapest = remover.Cheapest()) {
+    remover.Remove(cheapest);
+  }
+  remover.ApplyTo(mode);
+}
+
+bool OptimizeModeTo(Mode& mode, int maxSteps) {
+  if (CountModeSteps(mode) <= maxSteps) return true;
+  LogStatus(Message("Mode {1} has more than {2} steps, optimizing...", mode.name, maxSteps));
+  StepRemover remover(mode);
+  bool found = true;
+  while (found && remover.MergedSteps() > maxSteps) {
+    const StepRemoval cheapest = remover.Cheapest();
+    // 49 merged steps need a channel of at least ten, so that none is left only under a lower limit than
+    // theirs.
+    found = cheapest.step >= 0;
+    if (found) remover.Remove(cheapest);
+  }
+  remover.ApplyTo(mode);
+  if (!found) LogStatus(Message("Unable to optimize mode {1}, please remove some steps.", mode.name));
+  return found;
+}
+
+bool OptimizeMode(Mode& mode) {
+  return OptimizeModeTo(mode, kMaxModeSteps);
+}
+
+}  // namespace TCBase::Program
