@@ -1,0 +1,148 @@
+// The live demo: a mode played on a controller as a day of seconds.
+
+#include <algorithm>
+#include <array>
+
+#include "common/log.h"
+#include "common/message.h"
+#include "common/platform.h"
+#include "common/timer.h"
+#include "common/truncate.h"
+#include "devices/demo_state.h"
+#include "devices/operations.h"
+
+namespace TCBase {
+
+namespace {
+
+constexpr double kFrameSeconds = 0.05;  // at least between two frames
+constexpr double kRepeatSeconds = 0.2;  // at most, with nothing new to show
+constexpr int kPassMilliseconds = 5;
+constexpr std::int32_t kLastSecond = Program::kSecondsPerDay - 1;
+constexpr int kSecondsPerHour = 3600;
+constexpr int kSecondsPerMinute = 60;
+
+// Null if the document shows no mode.
+const Program::Mode* CurrentMode(const Program::ModeListView& program) {
+  const auto index = static_cast<std::size_t>(program.currentMode);
+  return program.currentMode >= 0 && index < program.modes.size() ? &program.modes[index] : nullptr;
+}
+
+// What all channels show at a second of the day.
+Program::ModeStep StepAt(const Program::Mode& mode, std::int32_t day) {
+  Program::ModeStep step;
+  step.hour = day / kSecondsPerHour;
+  step.minute = day % kSecondsPerHour / kSecondsPerMinute;
+  std::transform(mode.channels.begin(), mode.channels.end(), step.values.begin(),
+                 [day](const Program::Channel& channel) {
+                   return TruncateToInt(Program::ChannelValueAt(channel, day));
+                 });
+  return step;
+}
+
+// Plays one day on one controller. The position is computed from the clock in each pass, so that a slow
+// controller gets fewer frames and never falls behind.
+class Demo {
+ public:
+  Demo(DeviceBase& device, const Program::Mode& mode, int seconds)
+      : device_(device),
+        mode_(mode),
+        seconds_(static_cast<float>(seconds)),
+        // A day without length is over before its first second is asked for.
+        dayScale_(seconds > 0 ? static_cast<float>(Program::kSecondsPerDay) / seconds_ : 0.0F) {}
+
+  // False if it was stopped.
+  bool Play() {
+    Send(StepAt(mode_, 0));
+    TakeCommand();
+    demoState.SetIdle();
+    playTimer_.Reset();
+    sendTimer_.Reset();
+    for (;;) {
+      const auto t = static_cast<float>(playTimer_.Now());
+      if (t >= seconds_) return true;
+      if (!Obey(TakeCommand())) return false;
+      // From `t` as it was before the command: a seek shows in the next pass.
+      const std::int32_t day = std::clamp(TruncateToInt(t * dayScale_), 0, kLastSecond);
+      demoState.SetRunning(day, playTimer_.IsFrozen() ? StatePaused : StatePlaying);
+      SendIfDue(day);
+      platform::SleepMilliseconds(kPassMilliseconds);
+    }
+  }
+
+ private:
+  // False if the command is to stop.
+  bool Obey(const std::unique_ptr<WorkerCommand>& command) {
+    if (command == nullptr) return true;
+    switch (command->type) {
+      case CommandStop:
+        // For RunOnDevices, which has further controllers to leave alone.
+        PostCommand(CommandStop);
+        return false;
+      case CommandPause:
+        playTimer_.Freeze();
+        break;
+      case CommandResume:
+        if (playTimer_.IsFrozen()) playTimer_.Restart(playTimer_.frozen);
+        break;
+      case CommandSeek:
+        Seek(std::max(static_cast<float>(command->second) / dayScale_, 0.0F));
+        break;
+      default:
+        break;
+    }
+    return true;
+  }
+
+  void Seek(float seconds) {
+    if (playTimer_.IsFrozen()) {
+      playTimer_.frozen = seconds;
+    } else {
+      playTimer_.Restart(seconds);
+    }
+  }
+
+  void SendIfDue(std::int32_t day) {
+    if (sendTimer_.Now() < kFrameSeconds) return;
+    const Program::ModeStep step = StepAt(mode_, day);
+    if (sendTimer_.Now() < kRepeatSeconds && step.values == lastSent_) return;
+    {
+      const std::lock_guard lock(demoState.stepMutex);
+      demoState.step = step;
+    }
+    Send(step);
+    sendTimer_.Reset();
+  }
+
+  void Send(const Program::ModeStep& step) {
+    device_.DemoSetChannels(step);
+    lastSent_ = step.values;
+  }
+
+  DeviceBase& device_;
+  const Program::Mode& mode_;
+  const float seconds_;                                     // of the whole day
+  const float dayScale_;                                    // seconds of the day per second of the demo
+  timer_base::TimerFeatures<TimerCore_Counter> playTimer_;  // elapsed demo time
+  timer_base::TimerFeatures<TimerCore_Counter> sendTimer_;  // since the last frame
+  std::array<std::int32_t, Program::kChannelCount> lastSent_{};
+};
+
+}  // namespace
+
+OperationResult DemoOperation(const DeviceInfo& info, const Program::ModeListView& program, int seconds) {
+  const Program::Mode* mode = CurrentMode(program);
+  if (mode == nullptr) return OperationResult::Failed;
+  const std::unique_ptr<DeviceBase> device = ConnectDevice(info);
+  if (device == nullptr) return OperationResult::NotConnected;
+  LogStatus(Message("Demo started"));
+  device->DemoStart(mode->name);
+  LogStatus(Message("Playing whole day in {1} seconds", static_cast<float>(seconds)));
+  const bool played = Demo(*device, *mode, seconds).Play();
+  device->DemoFinish();
+  demoState.SetIdle();
+  LogStatus(Message("Demo finished"));
+  return played ? OperationResult::Done : OperationResult::Cancelled;
+}
+
+}  // namespace TCBase

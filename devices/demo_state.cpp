@@ -1,0 +1,47 @@
+#include "devices/demo_state.h"
+
+#include <utility>
+
+namespace TCBase {
+
+// Built before any code runs and so before any thread: worker and window may be as static as they like.
+constinit DemoState demoState;
+
+namespace {
+
+void Post(const WorkerCommand& command) {
+  auto posted = std::make_unique<WorkerCommand>(command);
+  const std::lock_guard lock(demoState.commandMutex);
+  demoState.command = std::move(posted);
+}
+
+}  // namespace
+
+void DemoState::SetIdle() {
+  state = StateIdle;
+  position = -1;
+}
+
+void DemoState::SetRunning(std::int32_t second, DemoPlayState playState) {
+  position = second;
+  state = playState;
+}
+
+void PostCommand(CommandType type) {
+  Post({type});
+}
+
+void PostSeek(std::int32_t second) {
+  Post({CommandSeek, second});
+}
+
+std::unique_ptr<WorkerCommand> TakeCommand() {
+  const std::lock_guard lock(demoState.commandMutex);
+  return std::move(demoState.command);
+}
+
+bool IsStop(const std::unique_ptr<WorkerCommand>& command) {
+  return command != nullptr && command->type == CommandStop;
+}
+
+}  // namespace TCBase

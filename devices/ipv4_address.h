@@ -1,0 +1,22 @@
+#pragma once
+
+// Where a network controller is, in the sockets' own layout but without their headers.
+
+#include <array>
+#include <cstdint>
+
+namespace TCBase {
+
+/// An IPv4 socket address: 16 bytes, field for field as the sockets interface lays them out, so that
+/// platform/ copies it whole. All zero stands for "no address".
+struct Ipv4Address {
+  std::uint16_t family = 0;               // the platform's number for IPv4; 0 when unset
+  std::array<std::uint8_t, 2> port{};     // network order: high byte first
+  std::array<std::uint8_t, 4> address{};  // network order: 192.168.0.7 is {192, 168, 0, 7}
+  std::array<std::uint8_t, 8> zero{};
+
+  friend bool operator==(const Ipv4Address&, const Ipv4Address&) = default;
+};
+static_assert(sizeof(Ipv4Address) == 16);
+
+}  // namespace TCBase

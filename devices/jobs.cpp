@@ -1,0 +1,38 @@
+#include "devices/jobs.h"
+
+#include <utility>
+
+#include "devices/operations.h"
+
+namespace TCBase {
+
+Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program,
+                        const DateTime& time) {
+  return [devices = std::move(devices), program = std::move(program), time] {
+    RunOnDevices([&](const DeviceInfo& info) { return SyncTimeOperation(info, program, time); }, devices);
+  };
+}
+
+Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program) {
+  return [devices = std::move(devices), program = std::move(program)] {
+    RunOnDevices([&](const DeviceInfo& info) { return UploadOperation(info, program); }, devices);
+  };
+}
+
+Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program) {
+  return [devices = std::move(devices), program = std::move(program)] {
+    RunOnDevices([&](const DeviceInfo& info) { return ClearAllOperation(info, program); }, devices);
+  };
+}
+
+Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds) {
+  return [devices = std::move(devices), program = std::move(program), seconds] {
+    RunOnDevices([&](const DeviceInfo& info) { return DemoOperation(info, program, seconds); }, devices);
+  };
+}
+
+Worker::Job AfterDemoJob(EventTarget& target, std::uint32_t message) {
+  return [&target, message] { target.Post(message, 0, 0); };
+}
+
+}  // namespace TCBase

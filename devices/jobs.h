@@ -1,0 +1,25 @@
+#pragma once
+
+// What the user interface queues at the worker. Each job carries its own copies of the list and the program
+// as they were at the moment of the command.
+
+#include <cstdint>
+#include <vector>
+
+#include "common/date_time.h"
+#include "common/event_target.h"
+#include "devices/device_info.h"
+#include "devices/worker.h"
+#include "program/program.h"
+
+namespace TCBase {
+
+Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program, const DateTime& time);
+Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
+Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
+Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds);
+
+/// Queued behind a demo: posts `message` with 0 and 0 to `target`, which must outlive the worker.
+Worker::Job AfterDemoJob(EventTarget& target, std::uint32_t message);
+
+}  // namespace TCBase

@@ -1,0 +1,56 @@
+#pragma once
+
+// What the program does to controllers: set their clocks, clear their memory, upload a program, play a day on
+// them as a live demo. Each operation makes its own device, connects it, reports through the status log and
+// destroys the device. They block, and run on the worker thread or, in the command line, on the only one.
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "common/date_time.h"
+#include "devices/device_base.h"
+#include "devices/device_info.h"
+#include "program/program.h"
+
+namespace TCBase {
+
+/// How an operation ended. The desktop program drops it, since the status log has told the user; it is what
+/// the command line makes its exit status of.
+enum class OperationResult {
+  Done,
+  NotConnected,  // nobody at the other end
+  Failed,        // the controller was reached, and something went wrong on the way
+  Cancelled,     // by CommandStop
+};
+
+/// A device for `info`, not connected yet; any model that is not known is emulated. Null for a model that
+/// this library has no transport for (a TC421 over UDP).
+std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info);
+
+/// The same, connected; null, with "Connect error" in the status log, if that fails.
+std::unique_ptr<DeviceBase> ConnectDevice(const DeviceInfo& info);
+
+/// Sets the clock to `time`; the computer's clock is not read. The program is not read either.
+OperationResult SyncTimeOperation(const DeviceInfo& info, const Program::ModeListView& program,
+                                  const DateTime& time);
+
+/// Clears the controller's memory and waits the three seconds that it needs for it, which a stop does not cut
+/// short. The program is not read.
+OperationResult ClearAllOperation(const DeviceInfo& info, const Program::ModeListView& program);
+
+/// Stores all modes of `program`, to bank 0 and up. A mode that fails does not stop the next one; a stop ends
+/// the upload after the mode in hand and stays in the command slot.
+OperationResult UploadOperation(const DeviceInfo& info, const Program::ModeListView& program);
+
+/// Plays the current mode of `program` as a day of `seconds` seconds, steered by the command slot and shown
+/// in demoState. A stop stays in the command slot. A `seconds` of zero or less is a demo that ends at once.
+/// Without a current mode there is nothing to play: Failed, and the controller is not contacted.
+OperationResult DemoOperation(const DeviceInfo& info, const Program::ModeListView& program, int seconds);
+
+/// Done on each selected entry of `devices`, in order, one after the other. Stops where a stop is found in
+/// the command slot after an entry. Answers Cancelled after a stop, else the first result that was not Done.
+OperationResult RunOnDevices(const std::function<OperationResult(const DeviceInfo&)>& operation,
+                             const std::vector<DeviceInfo>& devices);
+
+}  // namespace TCBase

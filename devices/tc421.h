@@ -1,0 +1,110 @@
+#pragma once
+
+// The TC421: its packets, and the controller on USB. It shares the shape of the TC420's protocol and differs
+// in nearly every byte; the frame layout is tabled in docs/formats.md.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "common/date_time.h"
+#include "devices/device_info.h"
+#include "devices/packet_base.h"
+#include "devices/usb_device.h"
+#include "program/program.h"
+
+namespace TC421 {
+
+class Packet : public TCBase::PacketBase {
+ public:
+  /// `device` is the controller that the packet goes to: its name goes along, and its model decides where the
+  /// checksum stands.
+  Packet(std::uint8_t commandCode, std::uint8_t secondCode, const TCBase::DeviceInfo& device);
+
+  std::size_t MaxPayload() const override;
+  void Serialize(std::string& out) const override;
+
+  std::uint8_t subcode;    // second command byte
+  std::string deviceName;  // at most 12 bytes; written over what payload reaches there
+  bool alternateChecksum;  // at the very end of the frame, as USB has it
+};
+
+/// Sets the clock. The one packet whose checksum stands at the end on every transport.
+class Packet_TimeSync : public Packet {
+ public:
+  Packet_TimeSync(const TCBase::DeviceInfo& device, const DateTime& time);
+};
+
+/// Begins a mode. Of the step count the low 8 bits are sent, of the name the first 7 bytes; the description
+/// shows the name as given.
+class Packet_ModeInit : public Packet {
+ public:
+  Packet_ModeInit(const TCBase::DeviceInfo& device, int bank, std::size_t stepCount, std::string_view name);
+};
+
+/// One step of the mode that was begun; `index` counts from 0. Jumps are not sent.
+class Packet_ModeStep : public Packet {
+ public:
+  Packet_ModeStep(const TCBase::DeviceInfo& device, std::size_t index, const TCBase::Program::ModeStep& step);
+};
+
+/// Ends a mode.
+class Packet_ModeStepsStop : public Packet {
+ public:
+  explicit Packet_ModeStepsStop(const TCBase::DeviceInfo& device);
+};
+
+/// Ends a demo.
+class Packet_ModeStop : public Packet {
+ public:
+  explicit Packet_ModeStop(const TCBase::DeviceInfo& device);
+};
+
+/// Forgets all modes.
+class Packet_ClearAll : public Packet {
+ public:
+  explicit Packet_ClearAll(const TCBase::DeviceInfo& device);
+};
+
+/// Begins a demo. Of the name the first 7 bytes are sent.
+class Packet_PlayInit : public Packet {
+ public:
+  Packet_PlayInit(const TCBase::DeviceInfo& device, std::string_view name);
+};
+
+/// The channel values of a running demo; time and jumps of the step are not sent.
+class Packet_PlaySetChannels : public Packet {
+ public:
+  Packet_PlaySetChannels(const TCBase::DeviceInfo& device, const TCBase::Program::ModeStep& step);
+};
+
+/// Whether a reply will do: a whole block, and in it the acknowledgement `expected` unless that is negative.
+bool IsGoodReply(const std::string& reply, int expected);
+
+/// Sends a mode to `device`, of which `info` tells, at the pace that a TC421 needs. See
+/// DeviceBase::UploadMode.
+bool SendMode(TCBase::DeviceBase& device, const TCBase::DeviceInfo& info, int bank, const std::string& name,
+              const TCBase::DeviceBase::Steps& steps);
+
+/// A TC421 on USB. It wants a reply of a whole block to everything.
+class USBDevice : public TCBase::USBDevice {
+ public:
+  USBDevice();
+
+  bool CheckReply(const std::string& reply, int expected) override;
+
+ protected:
+  bool DoClearAll() override;
+  bool DoTimeSync(const DateTime& time) override;
+  void DoUploadStart() override;
+  bool DoUploadMode(int bank, const std::string& name, const Steps& steps) override;
+  void DoUploadFinish() override;
+  void DoDemoStart(const std::string& name) override;
+  void DoDemoSetChannels(const TCBase::Program::ModeStep& step) override;
+  void DoDemoFinish() override;
+
+ private:
+  TCBase::DeviceInfo info_;  // nameless: a controller on a cable is addressed by the cable
+};
+
+}  // namespace TC421

@@ -1,0 +1,94 @@
+#include "devices/usb_device.h"
+
+#include <array>
+#include <string_view>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "common/log.h"
+#include "common/platform.h"
+
+namespace TCBase {
+
+namespace {
+
+constexpr std::size_t kReportSize = kFrameSize;
+constexpr unsigned char kReportId = 0;  // the controllers do not number their reports
+constexpr int kPollMilliseconds = 20;
+constexpr int kMaxPolls = 40;
+// As many as the system keeps for a slow reader: who sends more than that in one go never stops.
+constexpr std::size_t kMaxReplyBytes = 64 * kReportSize;
+
+// hidapi's texts are UTF-16 on Windows and UTF-32 elsewhere.
+std::string Utf8FromPlatformWide(std::wstring_view text) {
+  std::u16string wide;
+  for (const wchar_t c : text) {
+    const auto point = static_cast<char32_t>(c);
+    if (point < 0x10000) {
+      wide.push_back(static_cast<char16_t>(point));
+    } else {
+      wide.push_back(static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10)));
+      wide.push_back(static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF)));
+    }
+  }
+  return Utf8FromWide(wide);
+}
+
+}  // namespace
+
+USBDevice::~USBDevice() {
+  if (handle != nullptr) hid_close(handle);
+}
+
+bool USBDevice::Connect() {
+  handle = hid_open(vendorId, productId, nullptr);
+  // A handle that stays in blocking mode would hang on the first silent controller.
+  return handle != nullptr && hid_set_nonblocking(handle, 1) == 0;
+}
+
+bool USBDevice::Write(const std::string& frame) {
+  if (frame.size() != kFrameSize) return false;
+  // On Windows the report id is part of what is written; hidapi takes it off where it is not wanted.
+  std::array<unsigned char, 1 + kReportSize> report{kReportId};
+  frame.copy(reinterpret_cast<char*>(report.data() + 1), kFrameSize);
+  LogDevice("hid_write:");
+  LogDeviceDump(frame.data(), frame.size());
+  const int written = hid_write(handle, report.data(), report.size());
+  if (written < 0) LogError("hid_write");
+  return written == static_cast<int>(report.size());
+}
+
+bool USBDevice::Read(std::string& reply) {
+  reply.clear();
+  for (int emptyPolls = 0; emptyPolls < kMaxPolls && reply.size() < kMaxReplyBytes;) {
+    std::array<unsigned char, kReportSize> report{};
+    const int received = hid_read(handle, report.data(), report.size());
+    if (received < 0) {
+      LogError("hid_read");
+      return false;
+    }
+    if (received > 0) {
+      LogDevice("hid_read:");
+      LogDeviceDump(report.data(), static_cast<std::size_t>(received));
+      reply.append(reinterpret_cast<const char*>(report.data()), static_cast<std::size_t>(received));
+      continue;
+    }
+    // Once data has come, the first gap ends the reply.
+    if (!reply.empty()) return true;
+    platform::SleepMilliseconds(kPollMilliseconds);
+    ++emptyPolls;
+  }
+  // Silence is an answer too: it is for CheckReply to object.
+  return true;
+}
+
+bool USBDevice::SendPacket(const PacketBase& packet, int expected) {
+  std::string reply;
+  return WritePacket(packet) && Read(reply) && CheckReply(reply, expected);
+}
+
+void USBDevice::LogError(const char* where) const {
+  const wchar_t* text = hid_error(handle);
+  LogDevice(std::string(where) + " error: " + Utf8FromPlatformWide(text != nullptr ? text : L"Success"));
+}
+
+}  // namespace TCBase

@@ -1,0 +1,41 @@
+#include "devices/usb_poll.h"
+
+#include "common/log.h"
+#include "common/message.h"
+#include "common/truncate.h"
+#include "devices/operations.h"
+
+namespace TCBase {
+
+namespace {
+
+constexpr double kSlowConnectSeconds = 2.0;
+constexpr double kMillisecondsPerSecond = 1000.0;
+
+void WarnOfSlowConnect(double seconds) {
+  LogStatus(Message(
+      "Connecting to a device took {1} ms. This usually points to a USB communication error. Please try to "
+      "disconnect and reconnect the USB device again.",
+      TruncateToInt(static_cast<float>(seconds * kMillisecondsPerSecond))));
+}
+
+}  // namespace
+
+void PollUsb(UsbPoll& poll, const UsbFamily& family) {
+  if (poll.timer.Now() < kUsbPollSeconds) return;
+  const timer_base::TimerFeatures<TimerCore_Counter> opening;
+  DeviceInfo info;
+  info.model = family.model;
+  const std::unique_ptr<DeviceBase> probe = CreateDevice(info);
+  // Present means that it can be opened, and no more.
+  const bool connected = probe->Connect();
+  if (connected && opening.Now() > kSlowConnectSeconds) WarnOfSlowConnect(opening.Now());
+  if (connected != poll.connected) {
+    poll.connected = connected;
+    if (poll.onChange) poll.onChange(connected);
+  }
+  // A slow controller gets its five seconds of peace after the poll.
+  poll.timer.Reset();
+}
+
+}  // namespace TCBase

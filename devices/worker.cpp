@@ -1,0 +1,93 @@
+#include "devices/worker.h"
+
+#include <chrono>
+#include <utility>
+
+#include "common/log.h"
+#include "common/message.h"
+#include "common/platform.h"
+#include "devices/demo_state.h"
+#include "devices/device_list.h"
+
+namespace TCBase {
+
+namespace {
+constexpr int kPassMilliseconds = 100;
+// Between two reminders to a job that it is to stop.
+constexpr std::chrono::milliseconds kStopInterval{1};
+}  // namespace
+
+Worker::Worker(Discovery discovery) : listing(discovery == Discovery::AtOnce) {
+  tc420Poll.onChange = [this](bool connected) { SetConnected(kTC420Family, connected); };
+  tc421Poll.onChange = [this](bool connected) { SetConnected(kTC421Family, connected); };
+  if (discovery == Discovery::AtOnce) {
+    tc420Poll.MakeDue();
+    tc421Poll.MakeDue();
+  }
+  thread = std::thread([this] { Run(); });
+}
+
+Worker::~Worker() {
+  if (running) Shutdown();
+}
+
+void Worker::AddJob(Job job) {
+  const std::lock_guard lock(jobMutex);
+  jobs.push_back(std::move(job));
+}
+
+std::vector<DeviceInfo> Worker::GetDevices() const {
+  const std::lock_guard lock(deviceMutex);
+  return devices;
+}
+
+void Worker::Attach(EventTarget* target, std::uint32_t targetMessage) {
+  {
+    const std::lock_guard lock(deviceMutex);
+    window = target;
+    message = targetMessage;
+  }
+  listing = true;
+}
+
+void Worker::Shutdown() {
+  PostCommand(CommandStop);
+  if (!running.exchange(false)) return;
+  // Operations clear the command slot as they begin. A stop posted in that moment would be lost, and closing
+  // the program would wait for the end of a whole upload or demo: so it is posted until it has been heard.
+  while (!finished) {
+    PostCommand(CommandStop);
+    std::this_thread::sleep_for(kStopInterval);
+  }
+  thread.join();
+  const std::lock_guard lock(jobMutex);
+  jobs.clear();
+}
+
+void Worker::Run() {
+  while (running) {
+    if (const Job job = TakeJob()) job();
+    PollUsb(tc420Poll, kTC420Family);
+    PollUsb(tc421Poll, kTC421Family);
+    platform::SleepMilliseconds(kPassMilliseconds);
+  }
+  finished = true;
+}
+
+Worker::Job Worker::TakeJob() {
+  const std::lock_guard lock(jobMutex);
+  if (jobs.empty()) return {};
+  Job job = std::move(jobs.front());
+  jobs.pop_front();
+  return job;
+}
+
+void Worker::SetConnected(const UsbFamily& family, bool connected) {
+  if (!listing) return;
+  LogStatus(Message(connected ? "{1} Device connected" : "{1} Device disconnected", family.name));
+  const std::lock_guard lock(deviceMutex);
+  ReplaceDevices(devices, family.model, family.name, connected);
+  if (window != nullptr) window->Post(message, 0, connected ? 1 : 0);
+}
+
+}  // namespace TCBase
