@@ -44,8 +44,13 @@ constexpr Sequence SequenceOf(unsigned char lead) {
   return {0, 0, 0};
 }
 
+constexpr bool IsContinuation(unsigned char byte) {
+  return (byte & 0xC0) == 0x80;
+}
+
 /// Takes one character off the front of `text`, which is not empty. A sequence that breaks off gives one
-/// replacement for the bytes that were good so far, as the Windows function does.
+/// replacement for the bytes that belonged together so far. As with the Windows function, these include a
+/// second byte that is out of the lead's range, but none behind it.
 char32_t TakeUtf8(std::string_view& text) {
   const auto lead = static_cast<unsigned char>(text[0]);
   const Sequence sequence = SequenceOf(lead);
@@ -54,16 +59,18 @@ char32_t TakeUtf8(std::string_view& text) {
     return sequence.length == 1 ? lead : kReplacement;
   }
   char32_t code = lead & (0x7FU >> sequence.length);
-  std::size_t i = 1;
-  for (; i < sequence.length && i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    const bool good =
-        i == 1 ? byte >= sequence.secondFrom && byte <= sequence.secondTo : (byte & 0xC0) == 0x80;
+  std::size_t taken = 1;
+  bool good = true;
+  while (good && taken < sequence.length) {
+    good = taken < text.size() && IsContinuation(static_cast<unsigned char>(text[taken]));
     if (!good) break;
+    const auto byte = static_cast<unsigned char>(text[taken]);
+    if (taken == 1) good = byte >= sequence.secondFrom && byte <= sequence.secondTo;
     code = code << 6 | (byte & 0x3FU);
+    ++taken;
   }
-  text.remove_prefix(i);
-  return i == sequence.length ? code : kReplacement;
+  text.remove_prefix(taken);
+  return good ? code : kReplacement;
 }
 
 void AppendUtf8(std::string& out, char32_t code) {

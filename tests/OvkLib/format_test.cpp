@@ -1,0 +1,125 @@
+#include "OvkLib/src/ovk_format.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+std::string Filled(std::string_view text, const std::vector<std::string>& arguments) {
+  ovk::format format(text);
+  for (const std::string& argument : arguments) {
+    format.arg(argument.data(), static_cast<std::int32_t>(argument.size()));
+  }
+  return format.c_str();
+}
+
+std::string Number(std::int32_t number, std::int32_t width) {
+  ovk::format format("{1}");
+  format.arg(number, width);
+  return format.c_str();
+}
+
+TEST(Format, FillsAPlaceholderThatOccursTwiceInBothPlaces) {
+  EXPECT_EQ(Filled("{1} and {1}", {"x"}), "x and x");
+}
+
+TEST(Format, FillsPlaceholdersInAnyOrder) {
+  EXPECT_EQ(Filled("{2} before {1}", {"a", "b"}), "b before a");
+}
+
+TEST(Format, AnArgumentThatContainsItsOwnPlaceholderKeepsIt) {
+  EXPECT_EQ(Filled("{1}", {"{1}"}), "{1}");
+  EXPECT_EQ(Filled("{1}{1}", {"<{1}>"}), "<{1}><{1}>");
+}
+
+// Every argument searches from the front of the text, what earlier ones brought included. It looks odd where
+// a mode is called "{2}", but translations and their tests rest on one rule: what one call inserts that call
+// does not scan, and nothing more.
+TEST(Format, AnArgumentThatContainsTheNextPlaceholderIsFilledByTheNextArgument) {
+  EXPECT_EQ(Filled("{1} {2}", {"{2}", "b"}), "b b");
+}
+
+TEST(Format, AnArgumentThatContainsAnEarlierPlaceholderKeepsIt) {
+  EXPECT_EQ(Filled("{1} {2}", {"a", "{1}"}), "a {1}");
+}
+
+TEST(Format, AnArgumentWithoutPlaceholderIsDroppedAndTheNextStillGoesToTwo) {
+  EXPECT_EQ(Filled("plain", {"a"}), "plain");
+  EXPECT_EQ(Filled("only {2}", {"a", "b"}), "only b");
+}
+
+TEST(Format, APlaceholderWithoutArgumentStays) {
+  EXPECT_EQ(Filled("{1} {2}", {"a"}), "a {2}");
+}
+
+TEST(Format, OtherBracesAreText) {
+  EXPECT_EQ(Filled("{} {0} {{1}} {1x} {01} {", {"a"}), "{} {0} {a} {1x} {01} {");
+}
+
+TEST(Format, IndicesOfTenAndMoreWork) {
+  EXPECT_EQ(Filled("{12}{11}{10}{9}{1}", {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l"}),
+            "lkjia");
+}
+
+TEST(Format, LongArgumentsGrowTheText) {
+  const std::string big(1000, 'x');
+  EXPECT_EQ(Filled("{1}-{2}-{1}", {big, "y"}), big + "-y-" + big);
+}
+
+TEST(Format, ATimePadsWithWidthTwoAndNotWithWidthZero) {
+  ovk::format padded("{1}:{2}");
+  padded.arg(8, 2);
+  padded.arg(5, 2);
+  EXPECT_STREQ(padded.c_str(), "08:05");
+
+  ovk::format plain("{1}:{2}");
+  plain.arg(8, 0);
+  plain.arg(5, 0);
+  EXPECT_STREQ(plain.c_str(), "8:5");
+}
+
+TEST(Format, NumbersPadWithZerosBehindTheSign) {
+  struct Row {
+    std::int32_t number;
+    std::int32_t width;
+    const char* text;
+  };
+  const Row rows[] = {
+      {0, 0, "0"},
+      {0, 2, "00"},
+      {7, 2, "07"},
+      {123, 2, "123"},
+      {-5, 0, "-5"},
+      {-5, 4, "-005"},
+      {-5, 2, "-5"},
+      {5, -3, "5"},
+      {42, 20, "00000000000000000042"},
+      {std::numeric_limits<std::int32_t>::max(), 0, "2147483647"},
+      {std::numeric_limits<std::int32_t>::min(), 0, "-2147483648"},
+      {std::numeric_limits<std::int32_t>::min(), 12, "-02147483648"},
+  };
+  for (const Row& row : rows) EXPECT_EQ(Number(row.number, row.width), row.text);
+}
+
+TEST(Format, TheWideFormatPadsNumbersToTwo) {
+  ovk::wformat name(u"PRG{1}");
+  name.arg(3);
+  EXPECT_EQ(name.text().view(), u"PRG03");
+
+  ovk::wformat later(u"PRG{1}");
+  later.arg(112);
+  EXPECT_EQ(later.text().view(), u"PRG112");
+}
+
+TEST(Format, TheWideFormatTakesTexts) {
+  ovk::wformat format(u"{2}{1}");
+  format.arg(u"свет", 4);
+  format.arg(u"灯", 1);
+  EXPECT_EQ(format.text().view(), u"灯свет");
+}
+
+}  // namespace
