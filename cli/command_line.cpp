@@ -1,0 +1,98 @@
+// The command table, and the way from arguments to a command.
+
+#include <cerrno>
+#include <system_error>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/commands.h"
+#include "cli/lumarinectl.h"
+#include "cli/session.h"
+
+namespace cli {
+
+namespace {
+
+constexpr char kVersion[] = "Lumarine 4.7 build 496";
+
+constexpr char kAbout[] =
+    "Looks at, changes and uploads light programs for five-channel LED controllers.\n"
+    "A program holds modes; a mode is one day of light, repeated. Modes and channels count from 1.";
+
+constexpr char kEpilogue[] = R"(Examples:
+  lumarinectl new tank.xml                                   start from the built-in program
+  lumarinectl info tank.xml                                  what a controller would be given
+  lumarinectl edit tank.xml tank.xml --mode 1 --power 5=20   moonlight down to 20 %
+  lumarinectl devices                                        which controllers are there
+  lumarinectl demo tank.xml --device tc420                   the whole day in a minute
+  lumarinectl upload tank.xml --device tc420                 hand the program over
+
+"lumarinectl COMMAND --help" tells more. Data goes to standard output, messages to standard error.
+Exit status: 0 done, 1 the device operation failed or was stopped, 2 wrong usage, 3 no such device,
+4 a file that cannot be read or written.)";
+
+const Command* const kCommands[] = {
+    &kInfo, &kCurve, &kNew, &kEdit, &kFrames, &kDevices, &kUpload, &kDemo, &kSyncTime, &kClear,
+};
+
+/// Help and version go to `out` and are a success, anything else is wrong usage.
+ExitStatus Explain(const Session& session, const CLI::App& app, const CLI::ParseError& error) {
+  if (error.get_exit_code() != 0) {
+    session.Fail(ExitStatus::WrongUsage, error.what());
+    session.status.Print("Run with --help for more.");
+    return ExitStatus::WrongUsage;
+  }
+  app.exit(error, session.out);
+  return ExitStatus::Success;
+}
+
+ExitStatus ParseAndRun(const std::vector<std::string>& arguments, Session& session) {
+  CLI::App app(kAbout, "lumarinectl");
+  // On every platform /tank.xml is a file and --help is an option.
+  app.allow_windows_style_options(false);
+  app.footer(kEpilogue);
+  app.set_version_flag("--version", kVersion, "Print the version and exit");
+  app.require_subcommand(0, 1);
+
+  Run chosen;
+  for (const Command* const command : kCommands) {
+    CLI::App* const subcommand = app.add_subcommand(command->name, command->summary);
+    subcommand->footer(command->examples);
+    Run run = command->declare(*subcommand);
+    subcommand->final_callback([&chosen, run = std::move(run)] { chosen = run; });
+  }
+
+  try {
+    // The parser takes them from the back.
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::ParseError& error) {
+    return Explain(session, app, error);
+  }
+  if (!chosen)
+    return session.Fail(ExitStatus::WrongUsage, "a command is needed, \"lumarinectl --help\" lists them");
+  return chosen(session);
+}
+
+}  // namespace
+
+ExitStatus Session::Fail(ExitStatus exitStatus, std::string_view reason) const {
+  status.Print("lumarinectl: " + std::string(reason));
+  return exitStatus;
+}
+
+int RunLumarinectl(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+                   Console& console) {
+  StatusLines status(err, console.ErrorIsTerminal(), console.Width());
+  Session session{out, status, console};
+  errno = 0;
+  ExitStatus exitStatus = ParseAndRun(arguments, session);
+  out.flush();
+  // Nothing is written behind a failed write, so errno still tells of it.
+  if (!out) {
+    const std::string reason = errno != 0 ? ": " + std::generic_category().message(errno) : "";
+    exitStatus = session.Fail(ExitStatus::FileFailed, "standard output cannot be written" + reason);
+  }
+  return static_cast<int>(exitStatus);
+}
+
+}  // namespace cli

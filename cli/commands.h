@@ -1,0 +1,27 @@
+#pragma once
+
+// The commands, by the file that holds them.
+
+#include "cli/session.h"
+
+namespace cli {
+
+// inspect.cpp
+extern const Command kInfo;
+extern const Command kCurve;
+
+// edit.cpp
+extern const Command kNew;
+extern const Command kEdit;
+
+// frames.cpp
+extern const Command kFrames;
+
+// device_commands.cpp
+extern const Command kDevices;
+extern const Command kUpload;
+extern const Command kDemo;
+extern const Command kSyncTime;
+extern const Command kClear;
+
+}  // namespace cli

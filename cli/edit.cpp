@@ -1,0 +1,330 @@
+// Making and changing programs: new and edit.
+
+#include <algorithm>
+#include <charconv>
+#include <memory>
+#include <optional>
+#include <sstream>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "cli/commands.h"
+#include "cli/options.h"
+#include "cli/program_argument.h"
+#include "cli/text.h"
+#include "common/files.h"
+#include "program/builtin_modes.h"
+#include "program/channel_edit.h"
+#include "program/endpoint.h"
+#include "program/mode_commands.h"
+#include "program/optimize.h"
+#include "program/program_file.h"
+#include "program/steps_text.h"
+
+namespace cli {
+
+namespace {
+
+using TCBase::Program::Channel;
+using TCBase::Program::kChannelCount;
+using TCBase::Program::Mode;
+using TCBase::Program::ModeListView;
+using TCBase::Program::StepSelection;
+
+/// A change of the document's current mode. Anything but Success has been explained, and nothing is to be
+/// written.
+using Change = std::function<ExitStatus(const Session&, ModeListView&)>;
+
+Mode& CurrentMode(ModeListView& document) {
+  return document.modes[static_cast<std::size_t>(document.currentMode)];
+}
+
+Channel& CurrentChannel(ModeListView& document, int channel) {
+  return CurrentMode(document).channels[static_cast<std::size_t>(channel)];
+}
+
+void TellStepCount(const Session& session, ModeListView& document) {
+  const Mode& mode = CurrentMode(document);
+  session.status.Print("Mode " + mode.name + " has " + std::to_string(CountModeSteps(mode)) + " steps.");
+}
+
+ExitStatus Refused(const Session& session) {
+  return session.Fail(ExitStatus::WrongUsage, "nothing was written");
+}
+
+// The changes.
+
+ExitStatus Optimize(const Session& session, ModeListView& document) {
+  if (!OptimizeMode(CurrentMode(document))) return Refused(session);
+  TellStepCount(session, document);
+  return ExitStatus::Success;
+}
+
+ExitStatus OptimizeTC421(const Session& session, ModeListView& document) {
+  OptimizeForTC421(document);
+  TellStepCount(session, document);
+  return ExitStatus::Success;
+}
+
+Change Align(int minutes) {
+  return [minutes](const Session&, ModeListView& document) {
+    AlignCurrentMode(document, minutes);
+    return ExitStatus::Success;
+  };
+}
+
+Change AddEndpoint(const std::string& end) {
+  return [end](const Session& session, ModeListView& document) {
+    const int second = end == "start" ? TCBase::Program::kDayStart : TCBase::Program::kDayEnd;
+    return AddEndpointSteps(document, second) ? ExitStatus::Success : Refused(session);
+  };
+}
+
+/// Longest text of steps that is looked at: a thousand times what a channel can use.
+constexpr std::size_t kMostStepsText = 1024 * 1024;
+
+/// With every kind of line end as the carriage return that steps text ends its lines with, and without the
+/// mark that some editors put in front of a file.
+std::string ToStepsText(std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  std::string result(text);
+  std::replace(result.begin(), result.end(), '\n', '\r');
+  return result;
+}
+
+int CountFilledLines(const std::string& text) {
+  std::istringstream lines(text);
+  int count = 0;
+  for (std::string line; std::getline(lines, line, '\r');)
+    if (line.find_first_not_of(" \t") != std::string::npos) ++count;
+  return count;
+}
+
+Change ReplaceSteps(const ChannelValue& argument) {
+  return [argument](const Session& session, ModeListView& document) {
+    const std::string& file = argument.value;
+    std::string text;
+    if (!ReadFileBytes(PathFromUtf8(file), text))
+      return session.Fail(ExitStatus::FileFailed, file + " cannot be read");
+    if (text.size() > kMostStepsText)
+      return session.Fail(ExitStatus::WrongUsage, file + " is too long to be a text of steps");
+    text = ToStepsText(text);
+
+    std::vector<TCBase::Program::Step> steps;
+    ParseStepsText(text, steps);
+    if (steps.empty())
+      return session.Fail(ExitStatus::WrongUsage,
+                          file + " holds no steps; a line reads hh:mm value, or hh:mm value J");
+    if (!ReplaceManualSteps(document, argument.channel, text)) return Refused(session);
+    const int passedOver = CountFilledLines(text) - static_cast<int>(steps.size());
+    if (passedOver > 0)
+      session.status.Print(std::to_string(passedOver) + " lines of " + file +
+                           " are no steps and were passed over.");
+    TellStepCount(session, document);
+    return ExitStatus::Success;
+  };
+}
+
+Change Scale(int channel, float percent) {
+  return [channel, percent](const Session& session, ModeListView& document) {
+    Channel& steps = CurrentChannel(document, channel);
+    if (!(TCBase::Program::ChannelPower(steps) > 0.0F))
+      return session.Fail(ExitStatus::WrongUsage, "channel " + std::to_string(channel + 1) +
+                                                      " is dark all day, there is nothing to scale");
+    ScaleChannel(steps, percent);
+    return ExitStatus::Success;
+  };
+}
+
+Change Clear(int channel) {
+  return [channel](const Session&, ModeListView& document) {
+    StepSelection selection{document, channel};
+    ClearChannel(selection);
+    return ExitStatus::Success;
+  };
+}
+
+Change Move(const ChannelValue& argument) {
+  return [argument](const Session& session, ModeListView& document) {
+    const bool up = argument.value == "up";
+    if (argument.channel == (up ? 0 : kChannelCount - 1))
+      return session.Fail(ExitStatus::WrongUsage, "channel " + std::to_string(argument.channel + 1) +
+                                                      " is the " + (up ? "first" : "last") + " one already");
+    StepSelection selection{document, argument.channel};
+    (up ? TCBase::Program::MoveChannelUp : TCBase::Program::MoveChannelDown)(selection);
+    return ExitStatus::Success;
+  };
+}
+
+ExitStatus Remove(const Session& session, ModeListView& document) {
+  const std::string name = CurrentMode(document).name;
+  if (!RemoveCurrentMode(document))
+    return session.Fail(ExitStatus::WrongUsage, "it is the only mode, and a program has at least one");
+  session.status.Print("Removed mode " + name + ".");
+  return ExitStatus::Success;
+}
+
+Change Rename(const std::string& name) {
+  return [name](const Session&, ModeListView& document) {
+    CurrentMode(document).name = name;
+    return ExitStatus::Success;
+  };
+}
+
+// What the options may say: the text of a fault, or nothing.
+
+std::string CheckChannel(const std::string& text) {
+  const bool good = text.size() == 1 && text[0] >= '1' && text[0] <= '0' + kChannelCount;
+  return good ? "" : "there is no channel " + text + ", they are 1 to 5";
+}
+
+std::string CheckChannelValue(const std::string& text) {
+  return ParseChannelValue(text) ? "" : "a channel from 1 to 5, \"=\" and a value are expected, not " + text;
+}
+
+std::string CheckMove(const std::string& text) {
+  const auto argument = ParseChannelValue(text);
+  const bool good = argument && (argument->value == "up" || argument->value == "down");
+  return good ? "" : "a channel from 1 to 5 and =up or =down are expected, not " + text;
+}
+
+std::optional<float> ParsePercent(const std::string& text) {
+  float percent = 0.0F;
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, percent);
+  // Below a tenth of a percent a channel is not scaled at all.
+  const bool good = result.ec == std::errc() && result.ptr == end && percent >= 0.1F && percent <= 100.0F;
+  return good ? std::optional(percent) : std::nullopt;
+}
+
+std::string CheckPower(const std::string& text) {
+  const auto argument = ParseChannelValue(text);
+  return argument && ParsePercent(argument->value)
+             ? ""
+             : "a channel from 1 to 5, \"=\" and 0.1 to 100 percent are expected, not " + text;
+}
+
+std::string CheckName(const std::string& name) {
+  constexpr std::size_t kLongestName = 15;
+  const std::u16string wide = WideFromUtf8(name);
+  if (wide.empty()) return "a mode needs a name";
+  if (wide.size() > kLongestName) return "a name has at most 15 characters; a controller shows the first 7";
+  if (Utf8FromWide(wide) != name || ForTerminal(name, LineEnds::Replace) != name)
+    return "a name is plain text on one line";
+  return "";
+}
+
+// The commands.
+
+struct EditArguments {
+  ProgramArgument in;
+  std::string out;  // UTF-8
+  Change change;
+};
+
+ExitStatus Save(const ModeListView& document, const std::string& file) {
+  return SaveProgram(document, PathFromUtf8(file)) ? ExitStatus::Success : ExitStatus::FileFailed;
+}
+
+ExitStatus Edit(const Session& session, const EditArguments& arguments) {
+  ModeListView document;
+  const ExitStatus loaded = LoadArgument(session, arguments.in, document);
+  if (loaded != ExitStatus::Success) return loaded;
+  const ExitStatus changed = arguments.change(session, document);
+  return changed == ExitStatus::Success ? Save(document, arguments.out) : changed;
+}
+
+/// One of the changes that takes a value. `check` is one of those above, `make` turns the text into the
+/// change.
+template <class Make>
+void AddChange(CLI::App& group, Change& change, const char* option, const char* value, const char* what,
+               std::string (*check)(const std::string&), Make make) {
+  group
+      .add_option_function<std::string>(
+          option, [&change, make](const std::string& text) { change = make(text); }, what)
+      ->check(CLI::Validator(check, ""))
+      ->type_name(value);
+}
+
+void DeclareChanges(CLI::App& group, Change& change) {
+  group.add_flag_callback(
+      "--optimize", [&] { change = Optimize; },
+      "Remove the steps that matter least until no more than 48 are left");
+  group.add_flag_callback(
+      "--optimize-tc421", [&] { change = OptimizeTC421; },
+      "Resample to half hours, which is all that a TC421 knows");
+  group
+      .add_option_function<int>(
+          "--align", [&](const int& minutes) { change = Align(minutes); },
+          "Move the steps to multiples of this many minutes")
+      ->check(Unnamed(CLI::PositiveNumber))
+      ->type_name("MINUTES");
+  group
+      .add_option_function<std::string>(
+          "--endpoint", [&](const std::string& end) { change = AddEndpoint(end); },
+          "Add a step to all channels at 00:00 (start) or 23:59 (end)")
+      ->check(Unnamed(CLI::IsMember({"start", "end"})))
+      ->type_name("start|end");
+  AddChange(group, change, "--steps", "CHANNEL=TEXTFILE", "Replace a channel's steps by those of a text",
+            CheckChannelValue,
+            [](const std::string& text) { return ReplaceSteps(*ParseChannelValue(text)); });
+  AddChange(group, change, "--power", "CHANNEL=PERCENT", "Scale a channel so that its highest value is this",
+            CheckPower, [](const std::string& text) {
+              const auto argument = ParseChannelValue(text);
+              return Scale(argument->channel, *ParsePercent(argument->value));
+            });
+  AddChange(group, change, "--clear", "CHANNEL", "Make a channel dark all day", CheckChannel,
+            [](const std::string& text) { return Clear(text[0] - '1'); });
+  AddChange(group, change, "--move", "CHANNEL=up|down", "Swap a channel's curve with its neighbour's",
+            CheckMove, [](const std::string& text) { return Move(*ParseChannelValue(text)); });
+  group.add_flag_callback(
+      "--remove", [&] { change = Remove; }, "Remove the mode");
+  AddChange(group, change, "--rename", "NAME", "Give the mode another name, of at most 15 characters",
+            CheckName, Rename);
+}
+
+Run DeclareEdit(CLI::App& app) {
+  const auto arguments = std::make_shared<EditArguments>();
+  app.add_option("IN", arguments->in.file, "The program file to read")->required()->type_name("");
+  app.add_option("OUT", arguments->out, "The program file to write, which may be the same")
+      ->required()
+      ->type_name("");
+  DeclareMode(app, arguments->in, true);
+  CLI::App* const group = app.add_option_group("Change", "What to do with the mode");
+  group->require_option(1);
+  DeclareChanges(*group, arguments->change);
+  return [arguments](Session& session) { return Edit(session, *arguments); };
+}
+
+Run DeclareNew(CLI::App& app) {
+  const auto out = std::make_shared<std::string>();
+  app.add_option("OUT", *out, "The program file to write")->required()->type_name("");
+  return [out](Session&) { return Save(TCBase::Program::NewProgram(), *out); };
+}
+
+}  // namespace
+
+const Command kNew = {
+    "new",
+    "Write the built-in program, to start from",
+    R"(Example:
+  lumarinectl new tank.xml)",
+    &DeclareNew,
+};
+
+const Command kEdit = {
+    "edit",
+    "Change one mode of a program",
+    R"(A text of steps has one step on a line: hh:mm, the percent, and J to hold it up to the next step.
+  08:00 0
+  09:30 80 J
+  18:00 0
+Examples:
+  lumarinectl edit tank.xml tank.xml --mode 1 --steps 2=blue.txt
+  lumarinectl edit tank.xml weak.xml --mode 1 --power 5=20
+  lumarinectl edit tank.xml tank.xml --mode 1 --rename Sunday
+If a change cannot be made, nothing is written and the exit status is 2.)",
+    &DeclareEdit,
+};
+
+}  // namespace cli

@@ -1,0 +1,29 @@
+#pragma once
+
+// The command line of Lumarine as a function: the program is its thin main, the tests call it in their own
+// process.
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "common/console.h"
+
+namespace cli {
+
+/// What the process answers to its caller; docs/command-line.md explains them to users.
+enum class ExitStatus : int {
+  Success = 0,
+  OperationFailed = 1,  // a controller was reached and something went wrong, or the user stopped it
+  WrongUsage = 2,       // of the command line, or a request that makes no sense for this file
+  NoDevice = 3,         // nobody at the other end
+  FileFailed = 4,       // a file, or standard output, that cannot be read or written
+};
+
+/// Runs one command. Data goes to `out`, all that is said about it to `err`; `arguments` are UTF-8 and do not
+/// hold the program's name. Blocks until the command is done, and answers an ExitStatus. Attaches itself to
+/// the log channels while it runs, so only one may run at a time.
+int RunLumarinectl(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+                   Console& console);
+
+}  // namespace cli

@@ -1,0 +1,11 @@
+// lumarinectl
+
+#include <iostream>
+
+#include "cli/lumarinectl.h"
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  Console& console = platform::OpenConsole();
+  return cli::RunLumarinectl(platform::ProgramArguments(argc, argv), std::cout, std::cerr, console);
+}

@@ -1,0 +1,32 @@
+#include "cli/program_argument.h"
+
+#include "cli/options.h"
+#include "common/files.h"
+#include "program/program_file.h"
+
+namespace cli {
+
+void DeclareFile(CLI::App& app, ProgramArgument& argument) {
+  app.add_option("FILE", argument.file, "The program file")->required()->type_name("");
+}
+
+void DeclareMode(CLI::App& app, ProgramArgument& argument, bool required) {
+  app.add_option("--mode", argument.mode, "The mode, counted from 1")
+      ->required(required)
+      ->check(Unnamed(CLI::PositiveNumber))
+      ->type_name("N");
+}
+
+ExitStatus LoadArgument(const Session& session, const ProgramArgument& argument,
+                        TCBase::Program::ModeListView& document) {
+  if (!LoadProgram(PathFromUtf8(argument.file), document))
+    return session.Fail(ExitStatus::FileFailed, argument.file + " cannot be read, or is no light program");
+  const std::size_t count = document.modes.size();
+  if (static_cast<std::size_t>(argument.mode) > count)
+    return session.Fail(ExitStatus::WrongUsage, "there is no mode " + std::to_string(argument.mode) + " in " +
+                                                    argument.file + ", it holds " + std::to_string(count));
+  document.currentMode = argument.mode - 1;
+  return ExitStatus::Success;
+}
+
+}  // namespace cli

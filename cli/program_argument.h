@@ -1,0 +1,25 @@
+#pragma once
+
+// The program file and the mode that most commands begin with.
+
+#include <string>
+
+#include "cli/session.h"
+#include "program/program.h"
+
+namespace cli {
+
+/// A FILE on the command line, and the number of a mode in it.
+struct ProgramArgument {
+  std::string file;  // UTF-8
+  int mode = 1;      // from 1
+};
+
+void DeclareFile(CLI::App& app, ProgramArgument& argument);
+void DeclareMode(CLI::App& app, ProgramArgument& argument, bool required);
+
+/// Loads the file and makes the mode the current one. Anything but Success has been explained.
+ExitStatus LoadArgument(const Session& session, const ProgramArgument& argument,
+                        TCBase::Program::ModeListView& document);
+
+}  // namespace cli

@@ -1,0 +1,83 @@
+#include "cli/status_lines.h"
+
+#include "common/log.h"
+
+namespace cli {
+
+namespace {
+
+/// Drained as it is written: a line shows when it is logged, and a channel that nobody reads does not grow.
+void Attach(LogChannel& channel, StatusLines::TextHandler handler) {
+  channel.textHandler = std::move(handler);
+  channel.wakeHandler = [&channel] { channel.Drain(); };
+}
+
+void Detach(LogChannel& channel) {
+  channel.wakeHandler = nullptr;
+  channel.textHandler = nullptr;
+}
+
+}  // namespace
+
+StatusLines::StatusLines(std::ostream& stream, bool onTerminal, int width)
+    : stream_(stream), onTerminal_(onTerminal), width_(width) {
+  Attach(statusLog, [this](const std::string& text) { Gather(statusLine_, text, LineEnds::Replace); });
+  Attach(warningLog, [this](const std::string& text) { Gather(warningLine_, text, LineEnds::Replace); });
+  Attach(deviceLog, [this](const std::string& text) {
+    if (deviceListener_) deviceListener_(text);
+    // A dump brings its own line ends.
+    if (tracing_) Gather(deviceLine_, text, LineEnds::Keep);
+  });
+}
+
+StatusLines::~StatusLines() {
+  ShowProgress({});
+  for (LogChannel* const channel : {&statusLog, &warningLog, &deviceLog}) Detach(*channel);
+}
+
+void StatusLines::Trace() {
+  tracing_ = true;
+}
+
+void StatusLines::Print(std::string_view line) {
+  const std::lock_guard lock(mutex_);
+  PrintLocked(std::string(line), LineEnds::Replace);
+}
+
+void StatusLines::Gather(std::string& line, const std::string& text, LineEnds lineEnds) {
+  const std::lock_guard lock(mutex_);
+  if (text != kLogLineEnd) {
+    line += text;
+    return;
+  }
+  PrintLocked(line, lineEnds);
+  line.clear();
+}
+
+void StatusLines::PrintLocked(std::string line, LineEnds lineEnds) {
+  const std::string progress = progress_;
+  EraseProgress();
+  if (onTerminal_) line = ForTerminal(line, lineEnds);
+  if (!line.ends_with('\n')) line += '\n';
+  // In one piece, since standard error is written through at once.
+  stream_ << line + progress << std::flush;
+  progress_ = progress;
+}
+
+void StatusLines::ShowProgress(std::string_view text) {
+  const std::lock_guard lock(mutex_);
+  if (!onTerminal_ || text == progress_) return;
+  EraseProgress();
+  // The last column stays free: a terminal may go to the next line behind it.
+  progress_ = text.substr(0, static_cast<std::size_t>(width_ > 1 ? width_ - 1 : 0));
+  stream_ << progress_ << std::flush;
+}
+
+void StatusLines::EraseProgress() {
+  if (progress_.empty()) return;
+  // Blanks and not an escape sequence, which an old Windows console would print.
+  stream_ << '\r' + std::string(progress_.size(), ' ') + '\r';
+  progress_.clear();
+}
+
+}  // namespace cli

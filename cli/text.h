@@ -1,0 +1,39 @@
+#pragma once
+
+// How the command line writes and reads small things.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "common/date_time.h"
+
+namespace cli {
+
+enum class LineEnds { Keep, Replace };
+
+/// `text` (UTF-8) with nothing in it that a terminal would obey: control characters become U+FFFD. Names come
+/// from files that others have written.
+std::string ForTerminal(std::string_view text, LineEnds lineEnds);
+
+/// Nine significant digits, which tell every float from its neighbours, the same on every platform:
+/// "33.3333321", "1e-05", "inf", "-inf", "nan".
+std::string NumberText(float value);
+
+/// Two capital hexadecimal digits a byte.
+std::string HexText(std::string_view bytes);
+
+/// "08:05" of a second of the day.
+std::string ClockText(int second);
+
+/// "CHANNEL=VALUE" with the channel from 1 to 5; nothing for any other text.
+struct ChannelValue {
+  int channel;  // from 0
+  std::string value;
+};
+std::optional<ChannelValue> ParseChannelValue(std::string_view text);
+
+/// "yyyy-MM-dd HH:mm:ss", to the letter, of a moment from the year 2000 on that the calendar has.
+std::optional<DateTime> ParseDateTime(std::string_view text);
+
+}  // namespace cli

@@ -1,0 +1,45 @@
+#pragma once
+
+// The console that a command line program is run from: its arguments, its terminal, and the key that stops
+// it. One filling per platform below platform/; tests bring a console of their own.
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Where the program's output goes, and how its user stops it.
+class Console {
+ public:
+  /// Watches for as long as it lives.
+  class InterruptWatch {
+   public:
+    virtual ~InterruptWatch() = default;
+  };
+
+  virtual ~Console() = default;
+
+  /// Whether a person reads along, as against a file or another program.
+  virtual bool OutputIsTerminal() const = 0;
+  virtual bool ErrorIsTerminal() const = 0;
+
+  /// Columns of the terminal behind standard error; 80 if that cannot be told.
+  virtual int Width() const = 0;
+
+  /// From now on the first request to stop (Ctrl+C, the terminal closed, the system asking) calls `action`,
+  /// once and on a thread of the console's own, instead of ending the program; a second one ends the program
+  /// at once. To be called before other threads start, so that the request interrupts none of their waits.
+  virtual std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) = 0;
+};
+
+namespace platform {
+
+/// The arguments behind the program's name, in UTF-8; taken from main's, or from the system where that knows
+/// better.
+std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+/// Makes the standard streams carry bytes as they are written: UTF-8, no conversion of line ends. A reader
+/// who goes away makes writes fail instead of ending the program. Call it once, first thing in main.
+Console& OpenConsole();
+
+}  // namespace platform

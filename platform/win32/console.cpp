@@ -1,0 +1,114 @@
+// common/console.h on Windows.
+
+#include "common/console.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <stdio.h>
+
+#include <mutex>
+#include <utility>
+
+#include "platform/win32/windows_headers.h"
+
+#include <shellapi.h>
+
+namespace {
+
+constexpr int kDefaultWidth = 80;
+
+bool IsConsole(DWORD stream) {
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
+}
+
+std::string Utf8(const wchar_t* text) {
+  const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+  if (size <= 1) return {};
+  std::string result(static_cast<std::size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), size, nullptr, nullptr);
+  result.pop_back();  // the terminating zero
+  return result;
+}
+
+/// The system calls the handler on a thread that it makes for the purpose.
+class ControlWatch : public Console::InterruptWatch {
+ public:
+  explicit ControlWatch(std::function<void()> action) {
+    const std::lock_guard lock(mutex);
+    pending = std::move(action);
+    SetConsoleCtrlHandler(&Handle, TRUE);
+  }
+
+  ~ControlWatch() override {
+    SetConsoleCtrlHandler(&Handle, FALSE);
+    const std::lock_guard lock(mutex);
+    pending = nullptr;
+  }
+
+ private:
+  static BOOL WINAPI Handle(DWORD event) {
+    {
+      const std::lock_guard lock(mutex);
+      // Not handled the second time: the system's own handler ends the process.
+      if (!pending) return FALSE;
+      std::exchange(pending, nullptr)();
+    }
+    // When the window closes, or the user logs off, the process ends as soon as this returns. What has been
+    // asked to stop needs the seconds of grace that the system allows.
+    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
+    return TRUE;
+  }
+
+  static inline std::mutex mutex;
+  static inline std::function<void()> pending;  // guarded by `mutex`
+};
+
+class WindowsConsole : public Console {
+ public:
+  WindowsConsole() : codePage_(GetConsoleOutputCP()) {
+    if (codePage_ != 0) SetConsoleOutputCP(CP_UTF8);
+  }
+  // The shell that the program was started from goes on with the same console.
+  ~WindowsConsole() override {
+    if (codePage_ != 0) SetConsoleOutputCP(codePage_);
+  }
+
+  bool OutputIsTerminal() const override { return IsConsole(STD_OUTPUT_HANDLE); }
+  bool ErrorIsTerminal() const override { return IsConsole(STD_ERROR_HANDLE); }
+
+  int Width() const override {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    const bool known = GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info) != 0;
+    return known ? info.srWindow.Right - info.srWindow.Left + 1 : kDefaultWidth;
+  }
+
+  std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) override {
+    return std::make_unique<ControlWatch>(std::move(action));
+  }
+
+ private:
+  UINT codePage_;  // the console's own, 0 without a console
+};
+
+}  // namespace
+
+namespace platform {
+
+// main's arguments have gone through the system's code page and may have lost letters on the way.
+std::vector<std::string> ProgramArguments(int, char**) {
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; words != nullptr && i < count; ++i) arguments.push_back(Utf8(words[i]));
+  LocalFree(words);
+  return arguments;
+}
+
+Console& OpenConsole() {
+  static WindowsConsole console;
+  for (FILE* const stream : {stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+  return console;
+}
+
+}  // namespace platform
