@@ -1,0 +1,69 @@
+#pragma once
+
+// What the logic does when the platform tells of an event at one of the two windows. A shell calls these from
+// its window procedures and decides nothing itself; events that have no method here get the platform's
+// default handling. User interface thread.
+
+#include <cstdint>
+
+#include "app/control_table.h"
+
+namespace app {
+
+class Application;
+
+/// What is left for the shell to do with an event.
+enum class Outcome {
+  Default,  // the platform's default handling follows
+  Done,     // nothing; a window procedure returns 0
+};
+
+enum class SizeKind { Restored = 0, Minimized = 1, Maximized = 2, Other = 3 };
+
+class MainWindow {
+ public:
+  explicit MainWindow(Application& application) : app(application) {}
+
+  Outcome OnDestroy();
+  Outcome OnSize(SizeKind kind);
+  /// Between the platform's beginning and end of painting; MainWindowPort::PaintLogo is called from here.
+  Outcome OnPaint();
+  Outcome OnClose();
+  /// A menu item or accelerator (code 0 or 1), or a control with its notification.
+  Outcome OnCommand(int id, int code);
+  Outcome OnTimer(int id);
+  /// From a scroll bar or slider. `position` is that of the event, of use only for scroll::kThumbMoving.
+  Outcome OnHorizontalScroll(Control sender, int code, int position);
+  Outcome OnInitMenuPopup();
+  Outcome OnLeftButtonDown();
+  /// While the platform's own loop sizes the window. A window procedure returns 1.
+  Outcome OnSizing();
+  Outcome OnExitSizeMove();
+  /// What was posted to the main window: an AppEvent. Others get the default handling.
+  Outcome OnEvent(std::uint32_t event, std::uintptr_t first, std::intptr_t second);
+
+ private:
+  Application& app;
+};
+
+/// The chart's window. Default handling follows on every event. Points are in its own coordinates.
+class ChartWindow {
+ public:
+  explicit ChartWindow(Application& application) : app(application) {}
+
+  void OnPaint();
+  void OnKeyDown(int key);
+  void OnKeyUp(int key);
+  void OnMouseMove(std::int32_t x, std::int32_t y);
+  void OnLeftDown(std::int32_t x, std::int32_t y);
+  void OnLeftUp(std::int32_t x, std::int32_t y);
+  void OnRightDown(std::int32_t x, std::int32_t y);
+  void OnRightUp(std::int32_t x, std::int32_t y);
+  /// `delta` is 120 for a notch away from the user. The shell brings the point from the screen.
+  void OnWheel(std::int32_t x, std::int32_t y, int delta, bool shift, bool ctrl, bool otherButtons);
+
+ private:
+  Application& app;
+};
+
+}  // namespace app

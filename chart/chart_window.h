@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+namespace UX {
+
+struct Rect;
+
+/// The chart's window, as the logic speaks to it. Implemented by the shells; user interface thread.
+class ChartWindowPort {
+ public:
+  virtual ~ChartWindowPort() = default;
+
+  /// Asks for a paint event for a part of the window, in its own coordinates.
+  virtual void Invalidate(const Rect& area) = 0;
+  /// Takes the keyboard focus.
+  virtual void TakeFocus() = 0;
+  /// From now on mouse events come here wherever the mouse is, until the capture is released.
+  virtual void Capture() = 0;
+  virtual void ReleaseCapture() = 0;
+};
+
+}  // namespace UX

@@ -1,0 +1,74 @@
+#pragma once
+
+// What the application asks of whoever draws the chart.
+
+#include <cstdint>
+
+#include "chart/chart_layout.h"
+#include "chart/chart_window.h"
+#include "program/program.h"
+
+namespace UX {
+
+/// What there is to draw. The application owns all of it, and it outlives the renderer.
+struct ChartScene {
+  const TCBase::Program::ModeListView& program;     // current mode, channel table, view
+  const TCBase::Program::StepSelection& selection;  // current channel and the step chosen in it
+  const TCBase::Program::StepSelection& hoverStep;  // the step under the mouse
+  ChartLayout& layout;
+};
+
+/// Draws the chart. User interface thread; nothing but Initialise fails.
+class RendererBase {
+ public:
+  explicit RendererBase(const ChartScene& scene)
+      : program(scene.program),
+        selection(scene.selection),
+        hoverStep(scene.hoverStep),
+        layout(scene.layout) {}
+  virtual ~RendererBase() = default;
+  RendererBase(const RendererBase&) = delete;
+  RendererBase& operator=(const RendererBase&) = delete;
+
+  /// Once, when the windows exist. Throws if the platform cannot draw; nothing catches that.
+  virtual void Initialise() = 0;
+  /// Once, at shut-down.
+  virtual void Release() = 0;
+  /// Draws a frame, on each paint event of the chart window and from the main loop.
+  virtual void Render() = 0;
+  /// Moves popups on: on each pass of the main loop without an event, before the decision to draw.
+  virtual void Update() = 0;
+  /// Resources, texts or colours may have changed.
+  virtual void Rebuild() = 0;
+  /// The view has changed.
+  virtual void Relayout() = 0;
+  /// In the chart window's coordinates.
+  virtual void MouseMoved(std::int32_t x, std::int32_t y) = 0;
+  /// Whether something moves by itself, so that drawing must go on.
+  virtual bool IsAnimating() = 0;
+
+  ChartWindowPort* window = nullptr;  // null until it exists
+
+ protected:
+  const TCBase::Program::ModeListView& program;
+  const TCBase::Program::StepSelection& selection;
+  const TCBase::Program::StepSelection& hoverStep;
+  ChartLayout& layout;
+};
+
+/// Paints nothing: for a shell that cannot draw.
+class BlankRenderer final : public RendererBase {
+ public:
+  using RendererBase::RendererBase;
+
+  void Initialise() override {}
+  void Release() override {}
+  void Render() override {}
+  void Update() override {}
+  void Rebuild() override {}
+  void Relayout() override {}
+  void MouseMoved(std::int32_t, std::int32_t) override {}
+  bool IsAnimating() override { return false; }
+};
+
+}  // namespace UX
