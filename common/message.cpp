@@ -1,5 +1,8 @@
 #include "common/message.h"
 
+#include <charconv>
+#include <limits>
+
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "OvkLib/src/ovk_format.h"
 #include "common/files.h"
@@ -7,59 +10,68 @@
 
 namespace {
 
-void FillArgument(ovk::format& format, std::string_view text) {
-  format.arg(text.data(), static_cast<std::int32_t>(text.size()));
-}
+/// A number in decimal, for as long as the expression it stands in.
+class Decimal {
+ public:
+  explicit Decimal(std::int32_t number)
+      : length_(static_cast<std::size_t>(std::to_chars(digits_, digits_ + sizeof(digits_), number).ptr -
+                                         digits_)) {}
+  operator std::string_view() const { return {digits_, length_}; }
 
-void FillArgument(ovk::format& format, std::int32_t number) {
-  format.arg(number, 0);
-}
+ private:
+  char digits_[std::numeric_limits<std::int32_t>::digits10 + 2];
+  std::size_t length_;
+};
 
 }  // namespace
 
 std::string Translate(std::string_view key) {
-  return std::string(key);
+  std::string storage;
+  const std::string_view text = Translate(key, storage);
+  return text.data() == storage.data() ? storage : std::string(text);
 }
 
-template <class... Arguments>
-void Message::Fill(std::string_view key, const Arguments&... arguments) {
-  ovk::format format{std::string_view(Translate(key))};
-  (FillArgument(format, arguments), ...);
-  utf8_ = format.text().view();
+std::string_view Translate(std::string_view key, std::string&) {
+  return key;
+}
+
+std::string Message::TextOf(const std::filesystem::path& path) {
+  return Utf8FromPath(path);
+}
+
+void Message::Fill(std::string_view key, std::initializer_list<std::string_view> arguments) {
+  std::string storage;
+  ovk::fill(utf8_, Translate(key, storage), {arguments.begin(), arguments.size()});
 }
 
 Message::Message(std::string_view key) : utf8_(Translate(key)) {}
 
 Message::Message(std::string_view key, std::string_view text) {
-  Fill(key, text);
+  Fill(key, {text});
 }
 
 Message::Message(std::string_view key, std::int32_t number) {
-  Fill(key, number);
+  Fill(key, {Decimal(number)});
 }
 
 Message::Message(std::string_view key, float number) {
-  Fill(key, TruncateToInt(number));
+  Fill(key, {Decimal(TruncateToInt(number))});
 }
 
 Message::Message(std::string_view key, std::int32_t first, std::int32_t second) {
-  Fill(key, first, second);
+  Fill(key, {Decimal(first), Decimal(second)});
 }
 
 Message::Message(std::string_view key, std::string_view first, std::string_view second) {
-  Fill(key, first, second);
+  Fill(key, {first, second});
 }
 
 Message::Message(std::string_view key, std::string_view text, std::int32_t number) {
-  Fill(key, text, number);
+  Fill(key, {text, Decimal(number)});
 }
 
 Message::Message(std::string_view key, std::string_view first, std::int32_t number, std::string_view second) {
-  Fill(key, first, number, second);
-}
-
-Message::Message(std::string_view key, const std::filesystem::path& path, std::string_view text, PathTag) {
-  Fill(key, std::string_view(Utf8FromPath(path)), text);
+  Fill(key, {first, Decimal(number), second});
 }
 
 const std::u16string& Message::ToWide() {

@@ -5,11 +5,16 @@
 #include <concepts>
 #include <cstdint>
 #include <filesystem>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
 /// The one entry of translation: the text for `key`, which is the English sentence. Any thread.
 std::string Translate(std::string_view key);
+
+/// The same without a copy where the text is `key` itself, as in English: answers `key`, or `storage` with
+/// the text.
+std::string_view Translate(std::string_view key, std::string& storage);
 
 /// A finished sentence. The template is translated first and filled then, so that a sentence with its
 /// placeholders is one entry of the translations and arguments are never looked up. Placeholders and rules
@@ -24,13 +29,13 @@ class Message {
   Message(std::string_view key, std::int32_t number);
   Message(std::string_view key, float number);
   template <std::same_as<std::filesystem::path> Path>  // nothing else turns into a path here
-  Message(std::string_view key, const Path& path) : Message(key, path, std::string_view(), PathTag()) {}
+  Message(std::string_view key, const Path& path) : Message(key, std::string_view(TextOf(path))) {}
   Message(std::string_view key, std::int32_t first, std::int32_t second);
   Message(std::string_view key, std::string_view first, std::string_view second);
   Message(std::string_view key, std::string_view text, std::int32_t number);
   template <std::same_as<std::filesystem::path> Path>
   Message(std::string_view key, const Path& path, std::string_view text)
-      : Message(key, path, text, PathTag()) {}
+      : Message(key, std::string_view(TextOf(path)), text) {}
   Message(std::string_view key, std::string_view first, std::int32_t number, std::string_view second);
 
   const std::string& utf8() const { return utf8_; }
@@ -39,11 +44,8 @@ class Message {
   const std::u16string& ToWide();
 
  private:
-  struct PathTag {};
-  Message(std::string_view key, const std::filesystem::path& path, std::string_view text, PathTag);
-
-  template <class... Arguments>
-  void Fill(std::string_view key, const Arguments&... arguments);
+  static std::string TextOf(const std::filesystem::path& path);
+  void Fill(std::string_view key, std::initializer_list<std::string_view> arguments);
 
   std::string utf8_;
   std::u16string wide_;  // empty until ToWide()

@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <limits>
+#include <optional>
+
+#include "OvkLib/src/ovk_exception.h"
 
 namespace ovk {
 
@@ -84,6 +88,77 @@ void wformat::arg(std::int32_t number) {
   constexpr std::int32_t kWidth = 2;
   const wstring text = padded<char16_t>(number, kWidth);
   arg(text.c_str(), text.length());
+}
+
+namespace {
+
+constexpr std::size_t kShortLength = 3;  // of "{1}"
+
+/// The argument that the placeholder at `brace` takes, counted from 0; kNoArgument for a number that is not
+/// in the list, kNoPlaceholder for a brace that begins no placeholder of one digit.
+constexpr std::size_t kNoArgument = 10;
+constexpr std::size_t kNoPlaceholder = 11;
+std::size_t argument_at(std::string_view text, std::size_t brace, std::size_t count) {
+  if (text.size() - brace < kShortLength || text[brace + 2] != '}') return kNoPlaceholder;
+  const char digit = text[brace + 1];
+  if (digit < '0' || digit > '9') return kNoPlaceholder;
+  const auto index = static_cast<std::size_t>(digit - '1');  // {0} becomes very large
+  return index < count ? index : kNoArgument;
+}
+
+/// The length of the filled text if all placeholders can be filled at once, else nothing. They can if no
+/// brace that an argument brings, and none that stands in the text for itself, could become part of a
+/// placeholder once its surroundings are filled.
+std::optional<std::size_t> length_in_one_pass(std::string_view text,
+                                              std::span<const std::string_view> arguments) {
+  constexpr std::size_t kMostArguments = 9;
+  if (arguments.size() > kMostArguments) return std::nullopt;
+  for (const std::string_view argument : arguments) {
+    if (argument.find('{') != std::string_view::npos) return std::nullopt;
+  }
+  std::size_t length = text.size();
+  for (std::size_t brace = text.find('{'); brace != std::string_view::npos;
+       brace = text.find('{', brace + kShortLength)) {
+    const std::size_t index = argument_at(text, brace, arguments.size());
+    if (index == kNoPlaceholder) return std::nullopt;
+    if (index != kNoArgument) length += arguments[index].size() - kShortLength;
+  }
+  return length;
+}
+
+char* put(char* to, std::string_view text) {
+  std::memcpy(to, text.data(), text.size());
+  return to + text.size();
+}
+
+void fill_in_one_pass(char* to, std::string_view text, std::span<const std::string_view> arguments) {
+  std::size_t done = 0;
+  for (std::size_t brace = text.find('{'); brace != std::string_view::npos;
+       brace = text.find('{', brace + kShortLength)) {
+    const std::size_t index = argument_at(text, brace, arguments.size());
+    if (index == kNoArgument) continue;
+    to = put(to, text.substr(done, brace - done));
+    to = put(to, arguments[index]);
+    done = brace + kShortLength;
+  }
+  put(to, text.substr(done));
+}
+
+}  // namespace
+
+void fill(std::string& out, std::string_view text, std::span<const std::string_view> arguments) {
+  if (const auto length = length_in_one_pass(text, arguments)) {
+    if (*length > static_cast<std::size_t>(string::max_length)) throw_out_of_memory();
+    out.resize(*length);
+    fill_in_one_pass(out.data(), text, arguments);
+    return;
+  }
+  format format(text);
+  for (const std::string_view argument : arguments) {
+    if (argument.size() > static_cast<std::size_t>(string::max_length)) throw_out_of_memory();
+    format.arg(argument.data(), static_cast<std::int32_t>(argument.size()));
+  }
+  out = format.text().view();
 }
 
 template class basic_format<char>;

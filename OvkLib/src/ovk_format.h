@@ -4,6 +4,9 @@
 // order.
 
 #include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include "OvkLib/src/ovk_string.h"
 
@@ -26,9 +29,6 @@ class basic_format {
 
   const basic_string<Char>& text() const { return text_; }
   const Char* c_str() const { return text_.c_str(); }
-
-  /// Room for `length` characters in all, when the caller knows how long the text gets.
-  void reserve(std::int32_t length) { text_.reserve(length); }
 
  private:
   basic_string<Char> text_;
@@ -53,6 +53,10 @@ class wformat : public basic_format<char16_t> {
   /// Decimal, padded to two characters: the only form that wide templates use, as in "PRG{1}".
   void arg(std::int32_t number);
 };
+
+/// Puts into `out` the text that a format of `text` has when it was given the arguments in order; in one pass
+/// where that cannot make a difference. Neither `text` nor an argument may be a part of `out`.
+void fill(std::string& out, std::string_view text, std::span<const std::string_view> arguments);
 
 extern template class basic_format<char>;
 extern template class basic_format<char16_t>;

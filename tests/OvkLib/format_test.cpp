@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -103,6 +104,45 @@ TEST(Format, NumbersPadWithZerosBehindTheSign) {
       {std::numeric_limits<std::int32_t>::min(), 12, "-02147483648"},
   };
   for (const Row& row : rows) EXPECT_EQ(Number(row.number, row.width), row.text);
+}
+
+std::string AtOnce(std::string_view text, const std::vector<std::string>& arguments) {
+  const std::vector<std::string_view> views(arguments.begin(), arguments.end());
+  std::string out = "old";
+  ovk::fill(out, text, views);
+  return out;
+}
+
+TEST(Fill, GivesWhatAFormatGives) {
+  EXPECT_EQ(AtOnce("Error creating file {1}, error: {2}", {"a.xml", "gone"}),
+            "Error creating file a.xml, error: gone");
+  EXPECT_EQ(AtOnce("{2}{1}{2}", {"a", "b"}), "bab");
+  EXPECT_EQ(AtOnce("plain", {}), "plain");
+}
+
+TEST(Fill, KeepsPlaceholdersThatFillingPutsTogether) {
+  EXPECT_EQ(AtOnce("{{1}}", {"2", "b"}), "b");
+  EXPECT_EQ(AtOnce("{1}2}", {"{", "b"}), "b");
+  EXPECT_EQ(AtOnce("{1} {2}", {"{2}", "b"}), "b b");
+}
+
+// The one pass beside the plain definition, on templates and arguments made of little else than placeholders.
+TEST(Fill, AgreesWithAFormatOnRandomTexts) {
+  std::mt19937 random(1);
+  const std::vector<std::string> pieces = {"{1}", "{2}", "{3}", "{0}", "{10}", "{",
+                                           "}",   "1",   "2",   " ",   "word"};
+  const auto text = [&](std::mt19937::result_type most) {
+    std::string made;
+    for (auto i = random() % (most + 1); i > 0; --i) made += pieces[random() % pieces.size()];
+    return made;
+  };
+  for (int round = 0; round < 50000; ++round) {
+    const std::string given = text(6);
+    std::vector<std::string> arguments(random() % 4);
+    for (std::string& argument : arguments) argument = random() % 3 == 0 ? text(2) : "plain";
+    ASSERT_EQ(AtOnce(given, arguments), Filled(given, arguments))
+        << given << " " << testing::PrintToString(arguments);
+  }
 }
 
 TEST(Format, TheWideFormatPadsNumbersToTwo) {
