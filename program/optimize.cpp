@@ -1,11 +1,20 @@
 #include "program/optimize.h"
 
+#include <cmath>
+
 #include "common/log.h"
 #include "common/message.h"
-#include "program/removal_errors.h"
+#include "common/truncate.h"
 #include "program/step_remover.h"
 
 namespace TCBase::Program {
+
+std::int32_t RemovalError(const Channel& channel, std::size_t index) {
+  const std::int64_t second = SecondOfDay(channel[index]);
+  Channel without = channel;
+  without.erase(without.begin() + static_cast<std::ptrdiff_t>(index));
+  return TruncateToInt(std::fabs(ChannelValueAt(channel, second) - ChannelValueAt(without, second)));
+}
 
 StepRemoval FindCheapestStep(const Mode& mode) {
   return StepRemover(mode).Cheapest();
