@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 #include "program/program.h"
 
@@ -49,30 +50,33 @@ class CurveCursor {
  public:
   explicit CurveCursor(const Channel& channel)
       : channel_(channel),
-        stretch_(channel.empty() ? Step{} : channel.back(), channel.empty() ? Step{} : channel.front()) {}
+        stretch_(channel.empty() ? Step{} : channel.back(), channel.empty() ? Step{} : channel.front()),
+        lastSecond_(channel.size() < 2 ? kForever : SecondOfDay(channel.front())) {}
 
   /// ChannelValueAt of a ring second that is not before the one asked last.
   float At(std::int64_t second) {
-    if (channel_.size() < 2) return channel_.empty() ? 0.0F : channel_.front().value;
-    // The first step at or after `second` closes the stretch. Steps passed for an earlier second are before
-    // this one too, so that the walk goes on where it stopped even if the channel is out of order.
-    std::size_t to = next_;
-    while (to < channel_.size() && SecondOfDay(channel_[to]) < second) ++to;
-    if (to != next_) Enter(to);
-    return stretch_.At(second);
+    if (second > lastSecond_) Advance(second);
+    return channel_.size() < 2 ? ChannelValueAt(channel_, second) : stretch_.At(second);
   }
 
  private:
-  void Enter(std::size_t to) {
-    next_ = to;
-    stretch_ = to == channel_.size() ? Stretch(channel_.back(), channel_.front())
-                                     : Stretch(channel_[to - 1], channel_[to]);
+  static constexpr std::int64_t kForever = std::numeric_limits<std::int64_t>::max();
+
+  /// The first step at or after `second` closes the stretch. Steps passed for an earlier second are before
+  /// this one too, so that the walk goes on where it stopped even if the channel is out of order.
+  void Advance(std::int64_t second) {
+    while (next_ < channel_.size() && SecondOfDay(channel_[next_]) < second) ++next_;
+    const bool afterAll = next_ == channel_.size();
+    stretch_ =
+        afterAll ? Stretch(channel_.back(), channel_.front()) : Stretch(channel_[next_ - 1], channel_[next_]);
+    lastSecond_ = afterAll ? kForever : SecondOfDay(channel_[next_]);
   }
 
   const Channel& channel_;
   std::size_t next_ =
       0;  // the step that closes `stretch_`; past the end, the stretch leads to the first step
   Stretch stretch_;
+  std::int64_t lastSecond_;  // of `stretch_`
 };
 
 }  // namespace TCBase::Program
