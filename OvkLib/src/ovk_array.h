@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "OvkLib/src/ovk_exception.h"
+#include "OvkLib/src/ovk_pool.h"
 
 namespace ovk {
 
@@ -19,6 +20,7 @@ namespace ovk {
 template <class T>
 class array {
   static_assert(std::is_nothrow_move_constructible_v<T>);
+  static_assert(alignof(T) <= alignof(void*));  // what a pool gives
 
  public:
   array() noexcept = default;
@@ -34,7 +36,7 @@ class array {
   // The items go from the last to the first.
   ~array() {
     clear();
-    ::operator delete(items_);
+    release();
   }
 
   int32_t count() const noexcept { return count_; }
@@ -54,12 +56,20 @@ class array {
   // The arguments must not refer into the array itself.
   template <class... Arguments>
   T& emplace_back(Arguments&&... arguments) {
-    if (count_ == capacity_) grow();
+    if (count_ == capacity_) [[unlikely]]
+      grow_to(larger_capacity(), nullptr);
     T* item = ::new (static_cast<void*>(items_ + count_)) T(std::forward<Arguments>(arguments)...);
     ++count_;
     return *item;
   }
   void push_back(T item) { emplace_back(std::move(item)); }
+
+  // Makes room for one more, if need be with memory from a pool. What the array grows into otherwise is from
+  // none.
+  void make_room(pool& from) {
+    if (count_ == capacity_) [[unlikely]]
+      grow_to(larger_capacity(), &from);
+  }
 
   void pop_back() noexcept { std::destroy_at(items_ + --count_); }
 
@@ -69,7 +79,7 @@ class array {
 
   // Makes room for `wanted` items in all.
   void reserve(int32_t wanted) {
-    if (wanted > capacity_) relocate(wanted);
+    if (wanted > capacity_) grow_to(wanted, nullptr);
   }
 
   void swap(array& other) noexcept {
@@ -82,20 +92,23 @@ class array {
   static constexpr int32_t kFirstCapacity = 4;
   static constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
 
-  void grow() {
+  int32_t larger_capacity() const {
     if (capacity_ == kMost) throw_out_of_memory();
-    relocate(capacity_ == 0 ? kFirstCapacity : capacity_ > kMost / 2 ? kMost : capacity_ * 2);
+    return capacity_ == 0 ? kFirstCapacity : capacity_ > kMost / 2 ? kMost : capacity_ * 2;
   }
 
-  void relocate(int32_t capacity) {
-    void* block = ::operator new(sizeof(T) * static_cast<size_t>(capacity), std::nothrow);
-    if (block == nullptr) throw_out_of_memory();
-    T* items = static_cast<T*>(block);
+  void grow_to(int32_t capacity, pool* from) {
+    const size_t bytes = sizeof(T) * static_cast<size_t>(capacity);
+    T* const items = static_cast<T*>(from != nullptr ? from->take(bytes) : pool::take_alone(bytes));
     std::uninitialized_move_n(items_, count_, items);
     std::destroy_n(items_, count_);
-    ::operator delete(items_);
+    release();
     items_ = items;
     capacity_ = capacity;
+  }
+
+  void release() noexcept {
+    if (items_ != nullptr) pool::release(items_);
   }
 
   T* items_ = nullptr;

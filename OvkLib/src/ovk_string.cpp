@@ -2,29 +2,17 @@
 
 #include <algorithm>
 #include <functional>
-#include <new>
 
 #include "OvkLib/src/ovk_exception.h"
 
 namespace ovk {
 
 template <class Char>
-Char* basic_string<Char>::allocate(std::int32_t capacity) {
-  Char* block = new (std::nothrow) Char[static_cast<std::size_t>(capacity) + 2];
-  if (block == nullptr) throw_out_of_memory();
+Char* basic_string<Char>::allocate(std::int32_t capacity, pool* from) {
+  const std::size_t bytes = (static_cast<std::size_t>(capacity) + 2) * sizeof(Char);
+  Char* block = static_cast<Char*>(from != nullptr ? from->take(bytes) : pool::take_alone(bytes));
   block[0] = kShareable;
   return block;
-}
-
-template <class Char>
-std::int32_t basic_string<Char>::checked(std::size_t length) {
-  if (length > static_cast<std::size_t>(max_length)) throw_out_of_memory();
-  return static_cast<std::int32_t>(length);
-}
-
-template <class Char>
-std::int32_t basic_string<Char>::checked_sum(std::int32_t length, std::int32_t more) {
-  return checked(static_cast<std::size_t>(length) + static_cast<std::size_t>(more));
 }
 
 template <class Char>
@@ -47,7 +35,7 @@ bool basic_string<Char>::points_inside(const Char* text) const {
 
 /// The slow half of prepare(): the text has to leave a block that is shared or too small.
 template <class Char>
-Char* basic_string<Char>::relocate(std::int32_t needed) {
+Char* basic_string<Char>::relocate(std::int32_t needed, pool* from) {
   checked(static_cast<std::size_t>(needed));
   // Leaving a shared block asks for what is needed only: often it is a copy that will not change again.
   const std::int32_t capacity = needed > capacity_ ? grown(needed) : std::max(needed, length_);
@@ -59,7 +47,7 @@ Char* basic_string<Char>::relocate(std::int32_t needed) {
     capacity_ = inline_capacity;
     return inline_;
   }
-  Char* block = allocate(capacity);
+  Char* block = allocate(capacity, from);
   std::char_traits<Char>::copy(block + 1, c_str(), static_cast<std::size_t>(length_) + 1);
   release();
   adopt(block, capacity);

@@ -9,7 +9,12 @@
 #include <string_view>
 #include <type_traits>
 
+#include "OvkLib/src/ovk_pool.h"
+#include "OvkLib/src/ovk_short_text.h"
+
 namespace ovk {
+
+[[noreturn]] void throw_out_of_memory();
 
 /// A terminated text that may contain terminators. Lengths, positions and capacities are signed 32-bit and
 /// count characters without the terminator; a negative one counts as 0, and a text that would be longer than
@@ -38,7 +43,12 @@ class basic_string {
   }
   explicit basic_string(view_type text) {
     set_empty();
-    assign(text.data(), checked(text.size()));
+    append(text);
+  }
+  /// A text that is too long to stand in the object takes its block from a pool, as in append().
+  basic_string(view_type text, pool& from) {
+    set_empty();
+    append(text, from);
   }
   basic_string(const basic_string& other) { copy_from(other); }
   basic_string(basic_string&& other) noexcept { take_from(other); }
@@ -95,14 +105,25 @@ class basic_string {
   void append(const Char* text, std::int32_t count) {
     if (count <= capacity_ - length_ && may_write()) {
       if (count <= 0) return;
+      // Known before the move, which may write anywhere as far as the compiler can tell.
+      const std::int32_t length = length_ + count;
       Char* place = prepare(length_);
-      std::char_traits<Char>::move(place + length_, text, static_cast<std::size_t>(count));
-      set_length(place, length_ + count);
-    } else {
+      move_bytes(place + length_, text, static_cast<std::size_t>(count) * sizeof(Char));
+      set_length(place, length);
+    } else [[unlikely]] {
       append_slowly(text, count);
     }
   }
   void append(view_type text) { append(text.data(), checked(text.size())); }
+  /// The same where the block, if the text needs another, comes from a pool, and the string then belongs to
+  /// the pool's thread. `text` does not point into this string. What the text grows into otherwise is from no
+  /// pool.
+  void append(view_type text, pool& from) {
+    const std::int32_t length = checked_sum(length_, checked(text.size()));
+    if (length > capacity_) [[unlikely]]
+      relocate(length, &from);
+    append(text);
+  }
   void push_back(Char c) {
     Char* text = prepare(length_ + 1);
     text[length_] = c;
@@ -124,9 +145,12 @@ class basic_string {
   /// text; `not_found` if there is none. An empty pattern is found at `from`.
   std::int32_t find(const Char* pattern, std::int32_t from) const;
 
-  friend bool operator==(const basic_string& a, const basic_string& b) { return a.view() == b.view(); }
-  friend bool operator==(const basic_string& a, view_type b) { return a.view() == b; }
-  friend bool operator==(const basic_string& a, const Char* b) { return a.view() == view_type(b); }
+  friend bool operator==(const basic_string& a, const basic_string& b) { return a == b.view(); }
+  friend bool operator==(const basic_string& a, view_type b) {
+    const view_type own = a.view();
+    return own.size() == b.size() && same_bytes(own.data(), b.data(), b.size() * sizeof(Char));
+  }
+  friend bool operator==(const basic_string& a, const Char* b) { return a == view_type(b); }
 
  private:
   // First character of a block: whether copies may share it.
@@ -168,15 +192,21 @@ class basic_string {
     }
     return relocate(needed);
   }
-  Char* relocate(std::int32_t needed);
+  Char* relocate(std::int32_t needed, pool* from = nullptr);
   void append_slowly(const Char* text, std::int32_t count);
   std::int32_t grown(std::int32_t needed) const;
   /// Becomes the only string on a new block, without text.
   void adopt(Char* block, std::int32_t capacity) noexcept;
 
-  static Char* allocate(std::int32_t capacity);
-  static std::int32_t checked(std::size_t length);
-  static std::int32_t checked_sum(std::int32_t length, std::int32_t more);
+  static Char* allocate(std::int32_t capacity, pool* from);
+  static std::int32_t checked(std::size_t length) {
+    if (length > static_cast<std::size_t>(max_length)) [[unlikely]]
+      throw_out_of_memory();
+    return static_cast<std::int32_t>(length);
+  }
+  static std::int32_t checked_sum(std::int32_t length, std::int32_t more) {
+    return checked(static_cast<std::size_t>(length) + static_cast<std::size_t>(more));
+  }
 
   /// Expects an object without a text of its own, as all below but release().
   void copy_from(const basic_string& other) {
@@ -216,7 +246,7 @@ class basic_string {
   void release() noexcept {
     if (is_inline()) return;
     if (alone()) {
-      delete[] heap_.block;
+      pool::release(heap_.block);
     } else {
       heap_.prev->heap_.next = heap_.next;
       heap_.next->heap_.prev = heap_.prev;

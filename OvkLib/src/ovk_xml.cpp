@@ -1,10 +1,8 @@
 #include "OvkLib/src/ovk_xml.h"
 
 #include <limits>
-#include <new>
 #include <utility>
 
-#include "OvkLib/src/ovk_exception.h"
 #include "OvkLib/src/ovk_text.h"
 
 namespace ovk::xml {
@@ -92,19 +90,9 @@ void element::swap(element& other) noexcept {
   attributes.swap(other.attributes);
 }
 
-void* element::operator new(size_t size) {
-  void* block = ::operator new(size, std::nothrow);
-  if (block == nullptr) throw_out_of_memory();
-  return block;
-}
-
-void element::operator delete(void* block) noexcept {
-  ::operator delete(block);
-}
-
 int32_t element::find_attribute(std::string_view attributeName) const noexcept {
   for (int32_t i = 0; i < attributes.count(); ++i) {
-    if (attributes[i].name.view() == attributeName) return i;
+    if (attributes[i].name == attributeName) return i;
   }
   return -1;
 }
@@ -118,7 +106,7 @@ const ovk::string& element::attribute_or_empty(std::string_view attributeName) c
 xml::attribute& element::attribute(std::string_view attributeName) {
   const int32_t index = find_attribute(attributeName);
   if (index >= 0) return attributes[index];
-  return attributes.emplace_back(xml::attribute{ovk::string(attributeName), ovk::string()});
+  return attributes.emplace_back(attributeName);
 }
 
 int32_t element::get_int(std::string_view attributeName) const noexcept {
@@ -139,7 +127,7 @@ int32_t element::get_int(std::string_view attributeName) const noexcept {
 
 int32_t element::find_next_child(std::string_view tag, int32_t after) const noexcept {
   for (int32_t i = after + 1; i < children.count(); ++i) {
-    if (children[i]->name.view() == tag) return i;
+    if (children[i]->name == tag) return i;
   }
   return -1;
 }
@@ -155,9 +143,9 @@ element* element::find_child_by_id(std::string_view tag, std::string_view id) no
 
 const element* element::find_child_by_id(std::string_view tag, std::string_view id) const noexcept {
   for (const auto& child : children) {
-    if (child->name.view() != tag) continue;
+    if (!(child->name == tag)) continue;
     const int32_t index = child->find_attribute("id");
-    if (index >= 0 && child->attributes[index].value.view() == id) return child.get();
+    if (index >= 0 && child->attributes[index].value == id) return child.get();
   }
   return nullptr;
 }

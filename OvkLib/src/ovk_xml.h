@@ -10,11 +10,16 @@
 #include <string_view>
 
 #include "OvkLib/src/ovk_array.h"
+#include "OvkLib/src/ovk_pool.h"
 #include "OvkLib/src/ovk_string.h"
 
 namespace ovk::xml {
 
 struct attribute {
+  explicit attribute(std::string_view itsName) : name(itsName) {}
+  attribute(std::string_view itsName, std::string_view itsValue, pool& from)
+      : name(itsName, from), value(itsValue, from) {}
+
   ovk::string name;
   ovk::string value;
 };
@@ -28,6 +33,7 @@ class element {
  public:
   element() = default;
   explicit element(std::string_view tag) : name(tag) {}
+  element(std::string_view tag, pool& from) : name(tag, from) {}
   // Copies the whole subtree. Moving and swapping exchange contents and leave the subtrees where they are.
   element(const element& other);
   element(element&& other) noexcept { swap(other); }
@@ -38,9 +44,11 @@ class element {
   ~element();
   void swap(element& other) noexcept;
 
-  // Elements come and go by the ten thousand; out of memory is xout_of_memory here too.
-  static void* operator new(size_t size);
-  static void operator delete(void* block) noexcept;
+  // Elements come by the ten thousand: a reader takes them from a pool.
+  static void* operator new(size_t size) { return pool::take_alone(size); }
+  static void* operator new(size_t size, pool& from) { return from.take(size); }
+  static void operator delete(void* block) noexcept { pool::release(block); }
+  static void operator delete(void* block, pool&) noexcept { pool::release(block); }
 
   // The index of the attribute, or -1.
   int32_t find_attribute(std::string_view attributeName) const noexcept;

@@ -1,210 +1,44 @@
 #include "OvkLib/src/ovk_xml_reader.h"
 
-#include <array>
+#include <bit>
+#include <cstring>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 namespace ovk::xml {
 
 namespace {
 
-// What a transition does with its byte, besides going to the next state.
-enum action : uint8_t {
-  kGo,               // nothing more
-  kName,             // appends it to the name
-  kValue,            // appends it to the attribute's value
-  kEntity,           // appends it to the reference
-  kText,             // passes it as character data
-  kHeldBracket,      // passes a "]" and it
-  kHeldBrackets,     // passes "]]" and it
-  kStartTag,         // the tag's name is complete
-  kCloseEmpty,       // the element is complete without content
-  kEndTag,           // the element is complete
-  kAttribute,        // the attribute is complete
-  kDrop,             // forgets the top of the stack
-  kReferenceInName,  // begins a reference whose replacement goes to the name
-  kReferenceInValue,
-  kFlush,        // was no reference: it stays as written, and the byte is taken again
-  kResolveName,  // the reference is complete
-  kResolveNumber,
-  kPassReference,  // passes a reference's replacement as character data, and the byte is taken again
-};
-
-// One line of the table: in the state `from`, each of `bytes` leads to the state `to`, by `does`; `push`, if
-// there is one, goes on the stack. The first line that fits counts. What no line has leads to `error`.
-struct line {
-  int32_t from;
-  std::string_view bytes;
-  int32_t to;
-  action does = kGo;
-  int32_t push = states::error;
-};
-
-constexpr std::string_view kElse = "";
-constexpr std::string_view kNameByte = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_:0123456789-.";
-constexpr std::string_view kNameStart = kNameByte.substr(0, kNameByte.find('0'));
-constexpr std::string_view kBlank = "\t\n\r ";
-constexpr std::string_view kDigit = "0123456789";
-constexpr std::string_view kHexDigit = "0123456789abcdefABCDEF";
-
 using namespace states;
 
-// As the state to go to: the one on top of the stack, which goes. An empty stack gives `error`.
-constexpr int32_t popped = -1;
+// Up to here a walk through the attributes is faster than keeping an index of them.
+constexpr int32_t kFewAttributes = 16;
 
-// clang-format off
-constexpr line kLines[] = {
-    {prolog,                  "<",        prolog_open},
-    {prolog,                  kElse,      prolog},
-    {prolog_open,             "?",        prolog_instruction},
-    {prolog_open,             "!",        prolog_bang},
-    {prolog_open,             kNameStart, tag_name,                kName},
-    {prolog_bang,             "-",        prolog_hyphen},
-    {prolog_bang,             kElse,      prolog_declaration},
-    {prolog_hyphen,           "-",        prolog_comment},
-    {prolog_hyphen,           kElse,      prolog_declaration},
-    {prolog_instruction,      "?",        prolog_end,              kGo, prolog_instruction},
-    {prolog_instruction,      kElse,      prolog_instruction},
-    {prolog_declaration,      ">",        prolog},
-    {prolog_declaration,      kElse,      prolog_declaration},
-    {prolog_end,              ">",        prolog,                  kDrop},
-    {prolog_end,              kElse,      popped},
-    {prolog_comment,          "-",        prolog_comment_hyphen},
-    {prolog_comment,          kElse,      prolog_comment},
-    {prolog_comment_hyphen,   "-",        prolog_end,              kGo, prolog_comment_hyphen},
-    {prolog_comment_hyphen,   kElse,      prolog_comment},
-
-    {tag_name,                kNameByte,  tag_name,                kName},
-    {tag_name,                kBlank,     between_attributes,      kStartTag},
-    {tag_name,                "/",        tag_slash,               kStartTag},
-    {tag_name,                ">",        content,                 kStartTag},
-    {tag_slash,               ">",        popped,                  kCloseEmpty},
-    {end_open,                kNameStart, end_name,                kName},
-    {end_name,                kNameByte,  end_name,                kName},
-    {end_name,                kBlank,     end_blanks},
-    {end_name,                ">",        popped,                  kEndTag},
-    {end_blanks,              kBlank,     end_blanks},
-    {end_blanks,              ">",        popped,                  kEndTag},
-
-    {between_attributes,      kNameStart, attribute_name,          kName},
-    {between_attributes,      "/",        tag_slash},
-    {between_attributes,      ">",        content},
-    {between_attributes,      kBlank,     between_attributes},
-    {attribute_name,          kNameByte,  attribute_name,          kName},
-    {attribute_name,          "=",        after_equals},
-    {attribute_name,          kBlank,     before_equals},
-    {before_equals,           "=",        after_equals},
-    {before_equals,           kBlank,     before_equals},
-    {after_equals,            "'",        value_in_apostrophes},
-    {after_equals,            "\"",       value_in_quotes},
-    {after_equals,            kBlank,     after_equals},
-    {value_in_apostrophes,    "'",        between_attributes,      kAttribute},
-    {value_in_apostrophes,    "&",        reference,               kReferenceInValue, value_in_apostrophes},
-    {value_in_apostrophes,    kElse,      value_in_apostrophes,    kValue},
-    {value_in_quotes,         "\"",       between_attributes,      kAttribute},
-    {value_in_quotes,         "&",        reference,               kReferenceInValue, value_in_quotes},
-    {value_in_quotes,         kElse,      value_in_quotes,         kValue},
-
-    {content,                 "<",        content_open},
-    {content,                 "&",        reference,               kReferenceInName, content_after_reference},
-    {content,                 kElse,      content,                 kText},
-    {content_after_reference, kElse,      content,                 kPassReference},
-    {content_open,            "?",        content_instruction},
-    {content_open,            "!",        content_bang},
-    {content_open,            "/",        end_open},
-    {content_open,            kNameStart, tag_name,                kName, content},
-    {content_bang,            "[",        cdata_bracket},
-    {content_bang,            "-",        content_hyphen},
-    {content_bang,            kElse,      content_declaration},
-    {content_instruction,     "?",        content_end,             kGo, content_instruction},
-    {content_instruction,     kElse,      content_instruction},
-    {content_declaration,     ">",        content},
-    {content_declaration,     kElse,      content_declaration},
-    {content_end,             ">",        content,                 kDrop},
-    {content_end,             kElse,      popped},
-    {content_hyphen,          "-",        content_comment},
-    {content_hyphen,          kElse,      content_declaration},
-    {content_comment,         "-",        content_comment_hyphen},
-    {content_comment,         kElse,      content_comment},
-    {content_comment_hyphen,  "-",        content_end,             kGo, content_comment_hyphen},
-    {content_comment_hyphen,  kElse,      content_comment},
-
-    {cdata_bracket,           "C",        cdata_c},
-    {cdata_bracket,           kElse,      content_declaration},
-    {cdata_c,                 "D",        cdata_cd},
-    {cdata_c,                 kElse,      content_declaration},
-    {cdata_cd,                "A",        cdata_cda},
-    {cdata_cd,                kElse,      content_declaration},
-    {cdata_cda,               "T",        cdata_cdat},
-    {cdata_cda,               kElse,      content_declaration},
-    {cdata_cdat,              "A",        cdata_word},
-    {cdata_cdat,              kElse,      content_declaration},
-    {cdata_word,              "[",        cdata},
-    {cdata_word,              kElse,      content_declaration},
-    {cdata,                   "]",        cdata_end_1},
-    {cdata,                   kElse,      cdata,                   kText},
-    {cdata_end_1,             "]",        cdata_end_2},
-    {cdata_end_1,             kElse,      cdata,                   kHeldBracket},
-    {cdata_end_2,             ">",        content},
-    {cdata_end_2,             kElse,      cdata,                   kHeldBrackets},
-
-    {done,                    kElse,      done},
-
-    {reference,               "#",        numeric_reference,       kEntity},
-    {reference,               kNameStart, named_reference,         kEntity},
-    {reference,               kElse,      popped,                  kFlush},
-    {named_reference,         ";",        popped,                  kResolveName},
-    {named_reference,         kNameByte,  named_reference,         kEntity},
-    {named_reference,         kElse,      popped,                  kFlush},
-    {numeric_reference,       "x",        hexadecimal_reference,   kEntity},
-    {numeric_reference,       kDigit,     decimal_reference,       kEntity},
-    {numeric_reference,       kElse,      popped,                  kFlush},
-    {decimal_reference,       ";",        popped,                  kResolveNumber},
-    {decimal_reference,       kDigit,     decimal_reference,       kEntity},
-    {decimal_reference,       kElse,      popped,                  kFlush},
-    {hexadecimal_reference,   ";",        popped,                  kResolveNumber},
-    {hexadecimal_reference,   kHexDigit,  hexadecimal_reference,   kEntity},
-    {hexadecimal_reference,   kElse,      popped,                  kFlush},
-};
-// clang-format on
-
-// The lines spread out: one transition for each state and byte.
-struct transition {
-  int8_t to = error;
-  int8_t push = error;
-  action does = kGo;
-  // The state stays, and all that happens is that the byte is dropped, appended to something or passed: a run
-  // of such bytes may be taken in one stroke.
-  bool prolongs = false;
-
-  friend constexpr bool operator==(const transition&, const transition&) = default;
-};
-using transition_row = std::array<transition, 256>;
-
-constexpr transition Spread(const line& from) {
-  const bool prolongs = from.to == from.from && from.push == error && from.does <= kText;
-  return {static_cast<int8_t>(from.to), static_cast<int8_t>(from.push), from.does, prolongs};
+const row& RowOf(int32_t state) {
+  return rows[static_cast<size_t>(state)];
 }
 
-constexpr std::array<transition_row, states::count> kTransitions = [] {
-  std::array<transition_row, states::count> rows{};
-  std::array<std::array<bool, 256>, states::count> told{};
-  const auto tell = [&](const line& from, size_t byte) {
-    const auto state = static_cast<size_t>(from.from);
-    if (!std::exchange(told[state][byte], true)) rows[state][byte] = Spread(from);
-  };
-  for (const line& each : kLines) {
-    for (const char byte : each.bytes) tell(each, static_cast<unsigned char>(byte));
-    for (size_t byte = 0; each.bytes == kElse && byte < 256; ++byte) tell(each, byte);
+// The position of the first `a` or `b`, from the first byte of the word at the lowest address.
+inline const char* FindEither(char a, char b, const char* const begin, const char* const end) {
+  constexpr uint64_t kOnes = 0x0101010101010101;
+  constexpr uint64_t kTops = 0x8080808080808080;
+  const char* at = begin;
+  if constexpr (std::endian::native == std::endian::little) {
+    const uint64_t all_a = kOnes * static_cast<unsigned char>(a);
+    const uint64_t all_b = kOnes * static_cast<unsigned char>(b);
+    for (; end - at >= 8; at += 8) {
+      uint64_t word;
+      std::memcpy(&word, at, sizeof(word));
+      const uint64_t from_a = word ^ all_a;
+      const uint64_t from_b = word ^ all_b;
+      // The lowest top bit that is set stands for the first zero byte of either; those above it may be wrong.
+      const uint64_t zeros = (((from_a - kOnes) & ~from_a) | ((from_b - kOnes) & ~from_b)) & kTops;
+      if (zeros != 0) return at + (std::countr_zero(zeros) >> 3);
+    }
   }
-  return rows;
-}();
-
-const transition_row& RowOf(int32_t state) {
-  return kTransitions[static_cast<size_t>(state)];
-}
-transition In(const transition_row& row, char byte) {
-  return row[static_cast<unsigned char>(byte)];
+  while (at != end && *at != a && *at != b) ++at;
+  return at;
 }
 
 // UTF-8 without a look at the range: the number is the document's affair.
@@ -257,6 +91,26 @@ std::string_view PredefinedEntity(std::string_view reference) {
   return {};
 }
 
+std::string_view Between(const char* begin, const char* end) {
+  return {begin, static_cast<size_t>(end - begin)};
+}
+
+// Behind the bytes from `at` on that prolong the state of the row.
+const char* EndOfRun(const row& of, const char* at, const char* const end) {
+  if (of.few_stops) return FindEither(of.stops[0], of.stops[1], at, end);
+  while (at != end && of[*at].prolongs) ++at;
+  return at;
+}
+
+const char* EndOfName(const char* at, const char* const end) {
+  while (at != end && RowOf(attribute_name)[*at].prolongs) ++at;
+  return at;
+}
+
+bool IsNameStart(char c) {
+  return RowOf(end_open)[c].to == end_name;
+}
+
 // A run of character data: the tree builder takes it whole, anybody else byte by byte.
 bool PassText(observer& to, std::string_view text) {
   for (const char c : text) {
@@ -278,6 +132,89 @@ bool observer::resolve_char(uint32_t, ovk::string&) {
   return false;
 }
 
+bool tree_builder::on_start_tag(const ovk::string& name) {
+  return add_element(name.view());
+}
+bool tree_builder::on_end_tag(const ovk::string& name) {
+  return end_element(name.view());
+}
+bool tree_builder::on_char(char c) {
+  return add_text({&c, 1});
+}
+
+bool tree_builder::on_attribute(const ovk::string& name, const ovk::string& value) {
+  return add_attribute(name.view(), value.view());
+}
+
+bool tree_builder::on_close_empty() {
+  if (root != nullptr || open.empty()) return false;
+  forget_places();
+  std::unique_ptr<element> closed = std::move(open.back());
+  open.pop_back();
+  if (open.empty()) {
+    root = std::move(closed);
+  } else {
+    auto& siblings = open.back()->children;
+    siblings.make_room(nodes_);
+    siblings.push_back(std::move(closed));
+  }
+  return true;
+}
+
+void tree_builder::reset() {
+  forget_places();
+  root.reset();
+  open.clear();
+}
+
+bool tree_builder::add_element(std::string_view name) {
+  forget_places();
+  open.emplace_back(new (nodes_) element(name, nodes_));
+  return true;
+}
+
+bool tree_builder::end_element(std::string_view name) {
+  if (open.empty() || open.back()->name != name) return false;
+  return on_close_empty();
+}
+
+bool tree_builder::add_attribute(std::string_view name, std::string_view value) {
+  if (open.empty()) return false;
+  auto& attributes = open.back()->attributes;
+  if (const int32_t place = find_in_top(name); place >= 0) [[unlikely]] {
+    attributes[place].value = ovk::string(value, nodes_);
+  } else {
+    attributes.make_room(nodes_);
+    attributes.emplace_back(name, value, nodes_);
+  }
+  return true;
+}
+
+bool tree_builder::add_text(std::string_view text) {
+  if (open.empty()) return false;
+  open.back()->text.append(text, nodes_);
+  return true;
+}
+
+int32_t tree_builder::find_in_top(std::string_view name) {
+  const auto& attributes = open.back()->attributes;
+  if (attributes.count() >= kFewAttributes) [[unlikely]]
+    return find_among_many(name);
+  for (int32_t i = 0; i < attributes.count(); ++i) {
+    if (attributes[i].name == name) return i;
+  }
+  return -1;
+}
+
+int32_t tree_builder::find_among_many(std::string_view name) {
+  const auto& attributes = open.back()->attributes;
+  for (auto i = static_cast<int32_t>(places_.size()); i < attributes.count(); ++i) {
+    places_.emplace(attributes[i].name.view(), i);
+  }
+  const auto found = places_.find(name);
+  return found == places_.end() ? -1 : found->second;
+}
+
 template <class Receiver>
 parser<Receiver>::parser(Receiver& receiver) : observer(receiver) {
   stack.push_back(done);
@@ -293,7 +230,7 @@ int32_t parser<Receiver>::pop() {
 
 template <class Receiver>
 void parser<Receiver>::step(char byte) {
-  const transition next = In(RowOf(state), byte);
+  const transition next = RowOf(state)[byte];
   if (next.push != error) stack.push_back(next.push);
   state = next.to == popped ? pop() : next.to;
   switch (next.does) {
@@ -368,21 +305,25 @@ void parser<Receiver>::run(std::string_view data) {
   const char* next = data.data();
   const char* const end = next + data.size();
   while (next != end && !stopped()) {
-    const transition_row& row = RowOf(state);
-    const transition first = In(row, *next);
-    if (!first.prolongs) {
-      step(*next++);
-      continue;
-    }
     const char* const begin = next;
-    do ++next;
-    while (next != end && In(row, *next) == first);
-    take_run(first.does, std::string_view(begin, static_cast<size_t>(next - begin)));
+    if (state == content) {
+      next = take_tag(next, end);
+    } else if (state == between_attributes) {
+      next = take_attributes(next, end);
+    }
+    if (next != begin) continue;
+    const row& here = RowOf(state);
+    next = EndOfRun(here, begin, end);
+    if (next != begin) {
+      take_run(here.run, Between(begin, next));
+    } else {
+      step(*next++);
+    }
   }
 }
 
 template <class Receiver>
-void parser<Receiver>::take_run(uint8_t does, std::string_view bytes) {
+void parser<Receiver>::take_run(action does, std::string_view bytes) {
   switch (does) {
     case kName:
       return name.append(bytes);
@@ -394,6 +335,88 @@ void parser<Receiver>::take_run(uint8_t does, std::string_view bytes) {
       return fail_unless(PassText(observer, bytes));
     default:
       return;
+  }
+}
+
+// A whole tag in `content`, as nearly all are written. Takes nothing if there is something else, or not all
+// of it.
+template <class Receiver>
+const char* parser<Receiver>::take_tag(const char* const begin, const char* const end) {
+  if (end - begin < 3 || *begin != '<') return begin;
+  const bool opens = begin[1] != '/';
+  const char* const tag = begin + (opens ? 1 : 2);
+  const char* const tag_end = EndOfName(tag, end);
+  if (tag_end == end || !IsNameStart(*tag)) return begin;
+  if (!opens) {
+    if (*tag_end != '>') return begin;
+    state = pop();
+    fail_unless(state != error && pass_end_tag(Between(tag, tag_end)));
+    return tag_end + 1;
+  }
+  if (*tag_end != ' ' && *tag_end != '>') return begin;
+  stack.push_back(content);
+  pass_start_tag(Between(tag, tag_end));
+  if (*tag_end == '>') return tag_end + 1;
+  state = between_attributes;
+  const char* const next = take_attributes(tag_end + 1, end);
+  if (end - next < 2 || state == error || next[0] != '/' || next[1] != '>') return next;
+  state = pop();
+  fail_unless(observer.on_close_empty());
+  return next + 2;
+}
+
+// Attributes as nearly all are written, from between_attributes to between_attributes: a blank, the name,
+// "=", the value. Stops before the first that is written otherwise, holds a reference or is cut off.
+template <class Receiver>
+const char* parser<Receiver>::take_attributes(const char* next, const char* const end) {
+  while (state != error) {
+    const char* const begin = next + (next != end && *next == ' ' ? 1 : 0);
+    const char* const equals = EndOfName(begin, end);
+    if (end - equals < 2 || *equals != '=' || !IsNameStart(*begin)) break;
+    const char quote = equals[1];
+    if (quote != '\'' && quote != '"') break;
+    const char* const text = equals + 2;
+    const char* const text_end = FindEither(quote, '&', text, end);
+    if (text_end == end || *text_end != quote) break;
+    fail_unless(pass_attribute(Between(begin, equals), Between(text, text_end)));
+    next = text_end + 1;
+  }
+  return next;
+}
+
+template <class Receiver>
+bool parser<Receiver>::pass_attribute(std::string_view attributeName, std::string_view attributeValue) {
+  if constexpr (std::is_same_v<Receiver, tree_builder>) {
+    return observer.add_attribute(attributeName, attributeValue);
+  } else {
+    name.append(attributeName);
+    value.append(attributeValue);
+    const bool accepted = observer.on_attribute(name, value);
+    name.clear();
+    value.clear();
+    return accepted;
+  }
+}
+
+template <class Receiver>
+void parser<Receiver>::pass_start_tag(std::string_view tag) {
+  if constexpr (std::is_same_v<Receiver, tree_builder>) {
+    observer.add_element(tag);
+  } else {
+    name.append(tag);
+    observer.on_start_tag(name);
+    name.clear();
+  }
+}
+template <class Receiver>
+bool parser<Receiver>::pass_end_tag(std::string_view tag) {
+  if constexpr (std::is_same_v<Receiver, tree_builder>) {
+    return observer.end_element(tag);
+  } else {
+    name.append(tag);
+    const bool accepted = observer.on_end_tag(name);
+    name.clear();
+    return accepted;
   }
 }
 

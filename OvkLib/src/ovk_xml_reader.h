@@ -14,8 +14,10 @@
 #include <string_view>
 
 #include "OvkLib/src/ovk_array.h"
+#include "OvkLib/src/ovk_pool.h"
 #include "OvkLib/src/ovk_string.h"
 #include "OvkLib/src/ovk_xml.h"
+#include "OvkLib/src/ovk_xml_states.h"
 
 namespace ovk::xml {
 
@@ -57,7 +59,9 @@ class tree_builder final : public observer {
   bool on_char(char c) override;
   void reset() override;
 
-  // on_attribute and a run of on_char, from text that is not in strings yet.
+  // The same from text that stands in no string yet.
+  bool add_element(std::string_view name);
+  bool end_element(std::string_view name);
   bool add_attribute(std::string_view name, std::string_view value);
   bool add_text(std::string_view text);
 
@@ -67,67 +71,17 @@ class tree_builder final : public observer {
   array<std::unique_ptr<element>> open;
 
  private:
-  attribute& attribute_of_top(std::string_view name);
+  void forget_places() {
+    if (!places_.empty()) places_.clear();
+  }
+  int32_t find_in_top(std::string_view name);
   int32_t find_among_many(std::string_view name);
 
+  pool nodes_;
   // Where the attributes of the top element are, once they are too many to walk through for every new one. A
   // map and not a hash table: no choice of names makes it slow.
   std::map<std::string, int32_t, std::less<>> places_;
 };
-
-// The parser's states, with the numbers under which they stand on its stack. "Prolog" is what comes before
-// the root.
-namespace states {
-enum : int32_t {
-  error = 0,
-  prolog = 1,
-  prolog_open = 2,            // after "<"
-  prolog_bang = 3,            // after "<!"
-  prolog_hyphen = 4,          // after "<!-"
-  prolog_instruction = 5,     // after "<?"
-  prolog_declaration = 6,     // after "<!" and something else
-  prolog_end = 7,             // after "?" or "--", which may end an instruction or a comment
-  prolog_comment = 8,         // after "<!--"
-  prolog_comment_hyphen = 9,  // after one "-" in it
-  tag_name = 10,
-  tag_slash = 11,             // after "/" in a tag
-  end_open = 12,              // after "</"
-  end_name = 13,
-  end_blanks = 14,            // after the name of an end tag
-  between_attributes = 15,
-  attribute_name = 16,
-  before_equals = 17,
-  after_equals = 18,
-  value_in_apostrophes = 19,
-  value_in_quotes = 20,
-  content = 21,               // character data
-  content_after_reference = 22,
-  content_open = 23,            // after "<"
-  content_bang = 24,            // after "<!"
-  content_instruction = 25,     // after "<?"
-  content_declaration = 26,     // after "<!" and something else
-  content_end = 27,             // after "?" or "--", as prolog_end
-  content_hyphen = 28,          // after "<!-"
-  content_comment = 29,         // after "<!--"
-  content_comment_hyphen = 30,  // after one "-" in it
-  cdata_bracket = 31,           // after "<!["
-  cdata_c = 32,                 // after "<![C", and so on
-  cdata_cd = 33,
-  cdata_cda = 34,
-  cdata_cdat = 35,
-  cdata_word = 36,
-  cdata = 37,
-  cdata_end_1 = 38,  // after "]" in a CDATA section
-  cdata_end_2 = 39,  // after "]]"
-  done = 40,
-  reference = 41,  // after "&"
-  named_reference = 42,
-  numeric_reference = 43,  // after "&#"
-  decimal_reference = 44,
-  hexadecimal_reference = 45,
-  count = 46
-};
-}  // namespace states
 
 // The parser for one document. Receiver is `observer`, whatever stands behind it, or `tree_builder`, to which
 // calls go straight and text in whole runs. The observer must outlive the parser.
@@ -166,7 +120,12 @@ class parser {
   void resolve_name();
   void resolve_number();
   void pass_reference();
-  void take_run(uint8_t action, std::string_view bytes);
+  void take_run(states::action does, std::string_view bytes);
+  const char* take_attributes(const char* next, const char* end);
+  const char* take_tag(const char* begin, const char* end);
+  void pass_start_tag(std::string_view);
+  bool pass_end_tag(std::string_view);
+  bool pass_attribute(std::string_view attributeName, std::string_view attributeValue);
 };
 
 extern template class parser<observer>;
