@@ -10,7 +10,7 @@ namespace ovk::xml {
 bool load(const std::filesystem::path& path, element& root) {
   std::string bytes;
   if (!ReadFileBytes(path, bytes)) return false;
-  if (!parse(root, bytes.data(), static_cast<std::int32_t>(bytes.size()))) return false;
+  if (!parse(root, bytes.data(), bytes.size())) return false;
   trim(root);
   return true;
 }

@@ -56,7 +56,7 @@ class placeholder {
 
 template <class Char>
 basic_string<Char> padded(std::int32_t number, std::int32_t width) {
-  char digits[kMostDigits];
+  char digits[kMostDigits] = {};
   const char* end = std::to_chars(digits, digits + kMostDigits, number).ptr;
   const std::int32_t missing = width - static_cast<std::int32_t>(end - digits);
   basic_string<Char> text;

@@ -65,10 +65,12 @@ int ReplaceFileBytes(const fs::path& path, std::string_view bytes) {
     DeleteFileW(beside.c_str());
     return error;
   }
-  // ReplaceFileW gives the new file the old one's permissions and attributes, but cannot create one.
-  const BOOL moved = exists ? ReplaceFileW(path.c_str(), beside.c_str(), nullptr,
-                                           REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)
-                            : MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH);
+  // The first way gives the new file the old one's permissions, but cannot create a file, and where it fails
+  // it may have removed the old one already.
+  const bool moved =
+      (exists && ReplaceFileW(path.c_str(), beside.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                              nullptr) != 0) ||
+      MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
   if (moved) return 0;
   const int number = ErrorNumberOf(GetLastError());
   DeleteFileW(beside.c_str());

@@ -14,7 +14,7 @@ constexpr int kHexadecimal = 16;
 constexpr std::int32_t kHexadecimalDigits = 8;
 
 template <class Exception>
-void throw_if(std::uint32_t code, const wstring& context) {
+void throw_if(std::uint32_t code, std::u16string_view context) {
   if (code == Exception::fixed_code) throw Exception(context);
 }
 
@@ -42,13 +42,13 @@ void check(bool failed, std::int32_t line, const char* file) {
   wstring context = WideFromAnsi(file, kSystemCodePage);
   context.append(u":");
   context.append(WideFromUtf8(ToDecimal(line)));
-  throw_if<xaccess_denied>(code, context);
-  throw_if<xwrite_protected>(code, context);
-  throw_if<xwrite_fault>(code, context);
-  throw_if<xread_fault>(code, context);
-  throw_if<xsharing_violation>(code, context);
-  throw_if<xdisk_full>(code, context);
-  throw xsystem(context, code);
+  throw_if<xaccess_denied>(code, context.view());
+  throw_if<xwrite_protected>(code, context.view());
+  throw_if<xwrite_fault>(code, context.view());
+  throw_if<xread_fault>(code, context.view());
+  throw_if<xsharing_violation>(code, context.view());
+  throw_if<xdisk_full>(code, context.view());
+  throw xsystem(context.view(), code);
 }
 
 }  // namespace ovk::win

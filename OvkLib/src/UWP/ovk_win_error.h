@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "OvkLib/src/ovk_exception.h"
 
@@ -13,8 +14,8 @@ namespace ovk::win {
 /// A failed platform call: where, and its Win32 error code.
 class xsystem : public exception {
  public:
-  xsystem(wstring context, std::uint32_t code)
-      : context_(std::make_shared<const wstring>(std::move(context))), code_(code) {}
+  xsystem(std::u16string_view context, std::uint32_t code)
+      : context_(std::make_shared<const wstring>(context)), code_(code) {}
 
   /// Appends the place, the code in decimal and hexadecimal, and the platform's text for it.
   void describe(wstring& out) const override;
@@ -33,7 +34,7 @@ template <std::uint32_t Code>
 class xsystem_of : public xsystem {
  public:
   static constexpr std::uint32_t fixed_code = Code;
-  explicit xsystem_of(wstring context) : xsystem(std::move(context), Code) {}
+  explicit xsystem_of(std::u16string_view context) : xsystem(context, Code) {}
 };
 
 class xaccess_denied : public xsystem_of<5> {
