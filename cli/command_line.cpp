@@ -1,5 +1,6 @@
 // The command table, and the way from arguments to a command.
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -35,6 +36,10 @@ const Command* const kCommands[] = {
     &kInfo, &kCurve, &kNew, &kEdit, &kFrames, &kDevices, &kUpload, &kDemo, &kSyncTime, &kClear,
 };
 
+bool IsCommand(const std::string& word) {
+  return std::ranges::any_of(kCommands, [&](const Command* command) { return command->name == word; });
+}
+
 /// Help and version go to `out` and are a success, anything else is wrong usage.
 ExitStatus Explain(const Session& session, const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() != 0) {
@@ -61,6 +66,11 @@ ExitStatus ParseAndRun(const std::vector<std::string>& arguments, Session& sessi
     Run run = command->declare(*subcommand);
     subcommand->final_callback([&chosen, run = std::move(run)] { chosen = run; });
   }
+
+  // The parser would list all words behind it as unexpected too.
+  const bool named = !arguments.empty() && !arguments[0].starts_with('-');
+  if (named && !IsCommand(arguments[0]))
+    return session.Fail(ExitStatus::WrongUsage, "there is no command " + arguments[0]);
 
   try {
     // The parser takes them from the back.
