@@ -7,6 +7,14 @@
 #include <cstdint>
 #include <cstring>
 
+// Where g++ knows the length, it warns of the branches that are not taken.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Warray-bounds"
+#pragma GCC diagnostic ignored "-Wstringop-overread"
+#pragma GCC diagnostic ignored "-Wstringop-overflow"
+#endif
+
 namespace ovk {
 
 namespace detail {
@@ -64,3 +72,7 @@ inline bool same_bytes(const void* a, const void* b, std::size_t bytes) {
 }
 
 }  // namespace ovk
+
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
