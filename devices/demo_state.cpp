@@ -4,8 +4,10 @@
 
 namespace TCBase {
 
-// Built before any code runs and so before any thread: worker and window may be as static as they like.
-constinit DemoState demoState;
+DemoState& demo_detail::TheDemoState() {
+  static auto* const state = new DemoState;
+  return *state;
+}
 
 namespace {
 

@@ -39,8 +39,13 @@ struct DemoState {
   void SetRunning(std::int32_t second, DemoPlayState playState);
 };
 
+namespace demo_detail {
+// Built on first use and never destroyed: the worker may outlive what else is static.
+DemoState& TheDemoState();
+}  // namespace demo_detail
+
 /// The one of the process.
-extern DemoState demoState;
+inline DemoState& demoState = demo_detail::TheDemoState();
 
 /// Puts a command into the slot, in the place of one not yet seen. Any thread.
 void PostCommand(CommandType type);

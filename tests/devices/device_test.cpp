@@ -90,7 +90,9 @@ DeviceInfo SelectedEmulator() {
 std::string ToText(const std::vector<DeviceInfo>& devices) {
   std::string text;
   for (const DeviceInfo& device : devices) {
-    text += (text.empty() ? "" : " ") + device.name + (device.selected ? "*" : "");
+    if (!text.empty()) text += ' ';
+    text += device.name;
+    if (device.selected) text += '*';
   }
   return text;
 }
@@ -140,7 +142,9 @@ std::string DeviceTest::Commands(sim_hidapi::Family family) {
     while (end < frames.size() && frames[end].frame.substr(2, command.size()) == command) ++end;
     std::string word = sim::ToHex(command);
     std::erase(word, ' ');
-    text += (text.empty() ? "" : " ") + word + (end - i > 1 ? "*" + std::to_string(end - i) : "");
+    if (!text.empty()) text += ' ';
+    text += word;
+    if (end - i > 1) text.append("*").append(std::to_string(end - i));
     i = end;
   }
   return text;

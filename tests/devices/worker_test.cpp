@@ -3,6 +3,7 @@
 
 #include "devices/worker.h"
 
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <optional>
@@ -150,7 +151,7 @@ TEST_F(WorkerTest, AJobMayQueueAnother) {
 }
 
 TEST_F(WorkerTest, AJobIsGoneOnceItHasRun) {
-  const auto captured = std::make_shared<int>(0);
+  const auto captured = std::make_shared<std::atomic<int>>(0);
   Start();
   AddJob([captured] { ++*captured; });
   Go();
@@ -318,7 +319,7 @@ TEST_F(WorkerTest, TheListIsKeptWithoutATargetToPostTo) {
 // The end.
 
 TEST_F(WorkerTest, QueuedJobsAreDestroyedUnrun) {
-  const auto captured = std::make_shared<int>(0);
+  const auto captured = std::make_shared<std::atomic<int>>(0);
   Start();
   std::promise<void> entered;
   AddJob([&entered] {

@@ -1,0 +1,387 @@
+#include "tests/support/headless_shell.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/numbers.h"
+#include "common/platform.h"
+#include "tests/support/virtual_clock.h"
+
+namespace headless {
+
+namespace {
+
+constexpr int kFrameMilliseconds = 16;
+
+bool AllowsSeveral(const ControlState& list) {
+  return (list.row.style & app::style::kMultiSelection) != 0;
+}
+
+}  // namespace
+
+// Queue
+
+bool Queue::Take() {
+  {
+    const std::lock_guard lock(mutex_);
+    if (!events_.empty()) {
+      current_ = std::move(events_.front());
+      events_.pop_front();
+      return true;
+    }
+  }
+  std::optional<Event> event = whenEmpty ? whenEmpty() : std::nullopt;
+  if (!event) return false;
+  current_ = std::move(*event);
+  return true;
+}
+
+bool Queue::OfferToAccelerators() {
+  using Kind = app::Accelerator::Kind;
+  for (const app::Accelerator& row : app::AcceleratorTable()) {
+    const bool isKey =
+        row.kind == Kind::VirtualKey && current_.kind == Event::Kind::KeyDown && !current_.ctrl;
+    const bool isCharacter = row.kind == Kind::Character && current_.kind == Event::Kind::Character;
+    if ((!isKey && !isCharacter) || row.key != current_.key) continue;
+    onAccelerator(row.command);
+    return true;
+  }
+  return false;
+}
+
+void Queue::Dispatch() {
+  // A copy: delivering may turn the loop and so take the next event.
+  const Event event = current_;
+  if (event.kind == Event::Kind::KeyDown && event.ctrl && event.key >= 'A' && event.key <= 'Z') {
+    PushFront({Event::Kind::Character, event.key - 'A' + 1, false, nullptr});
+  }
+  if (event.deliver) event.deliver();
+}
+
+void Queue::Push(Event event) {
+  const std::lock_guard lock(mutex_);
+  events_.push_back(std::move(event));
+}
+
+void Queue::PushFront(Event event) {
+  const std::lock_guard lock(mutex_);
+  events_.push_front(std::move(event));
+}
+
+bool Queue::HasPosted() const {
+  const std::lock_guard lock(mutex_);
+  return !events_.empty();
+}
+
+// Controls
+
+void Controls::Create(const app::ControlRow& row, std::u16string_view text, const UX::Rect& place) {
+  ControlState state{row, std::u16string(text), place};
+  state.enabled = (row.style & app::style::kDisabledAtFirst) == 0;
+  states_.emplace(row.control, std::move(state));
+  journal_.push_back("create " + std::string(row.className) + " " + Utf8FromWide(text));
+}
+
+void Controls::Move(app::Control control, const UX::Rect& place) {
+  states_.at(control).place = place;
+  moved.push_back(control);
+}
+
+void Controls::SetText(app::Control control, std::u16string_view text) {
+  states_.at(control).text = text;
+}
+
+void Controls::SetEnabled(app::Control control, bool enabled) {
+  states_.at(control).enabled = enabled;
+}
+
+void Controls::SetRows(app::Control list, const std::vector<app::ListRow>& rows) {
+  ControlState& state = states_.at(list);
+  state.rows = rows;
+  const auto selected = std::find_if(rows.begin(), rows.end(), [](const auto& row) { return row.selected; });
+  state.current = selected == rows.end() ? -1 : static_cast<std::int32_t>(selected - rows.begin());
+}
+
+void Controls::SelectRow(app::Control list, std::int32_t row, bool selected) {
+  ControlState& state = states_.at(list);
+  if (!AllowsSeveral(state)) {
+    for (app::ListRow& other : state.rows) other.selected = false;
+  }
+  state.rows.at(static_cast<std::size_t>(row)).selected = selected;
+  state.current = row;
+}
+
+std::vector<std::int32_t> Controls::SelectedRows(app::Control list) const {
+  std::vector<std::int32_t> selected;
+  const ControlState& state = states_.at(list);
+  for (std::size_t i = 0; i < state.rows.size(); ++i) {
+    if (state.rows[i].selected) selected.push_back(static_cast<std::int32_t>(i));
+  }
+  return selected;
+}
+
+std::int32_t Controls::CurrentRow(app::Control list) const {
+  return states_.at(list).current;
+}
+
+std::int32_t Controls::RowCount(app::Control list) const {
+  return static_cast<std::int32_t>(states_.at(list).rows.size());
+}
+
+std::int32_t Controls::RowData(app::Control list, std::int32_t row) const {
+  const ControlState& state = states_.at(list);
+  const auto index = static_cast<std::size_t>(row);
+  return index < state.rows.size() ? state.rows[index].data : -1;
+}
+
+void Controls::SetSliderRange(app::Control slider, std::int32_t maximum, std::int32_t page,
+                              std::int32_t tick) {
+  ControlState& state = states_.at(slider);
+  state.maximum = maximum;
+  state.page = page;
+  if (tick != 0) state.tick = tick;
+  state.position = std::clamp(state.position, 0, maximum);
+}
+
+void Controls::SetSliderPosition(app::Control slider, std::int32_t position) {
+  ControlState& state = states_.at(slider);
+  state.position = std::clamp(position, 0, state.maximum);
+}
+
+std::int32_t Controls::SliderPosition(app::Control slider) const {
+  return states_.at(slider).position;
+}
+
+// LogPane
+
+void LogPane::Clear() {
+  text_.clear();
+  colors_.clear();
+  caret_ = 0;
+}
+
+void LogPane::ReplaceSelection(std::u16string_view text) {
+  text_.insert(caret_, text);
+  colors_.insert(colors_.begin() + static_cast<std::ptrdiff_t>(caret_), text.size(), caretColor_);
+  caret_ += text.size();
+}
+
+// Menu
+
+namespace {
+
+std::vector<MenuItem> BuildItems(std::span<const app::MenuEntry> entries) {
+  std::vector<MenuItem> items;
+  for (const app::MenuEntry& entry : entries) {
+    items.push_back(
+        {entry.kind, entry.command, WideFromUtf8(entry.text), true, false, BuildItems(entry.entries)});
+  }
+  return items;
+}
+
+MenuItem* FindIn(std::vector<MenuItem>& items, int command) {
+  for (MenuItem& item : items) {
+    if (item.kind == app::MenuEntry::Kind::Command && item.command == command) return &item;
+    if (MenuItem* found = FindIn(item.items, command)) return found;
+  }
+  return nullptr;
+}
+
+bool InsertBefore(std::vector<MenuItem>& items, int before, const MenuItem& inserted) {
+  for (auto it = items.begin(); it != items.end(); ++it) {
+    if (it->kind == app::MenuEntry::Kind::Command && it->command == before) {
+      items.insert(it, inserted);
+      return true;
+    }
+    if (InsertBefore(it->items, before, inserted)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+Menu::Menu(Journal& journal) : journal_(journal) {
+  for (const app::MenuPopup& popup : app::MenuTable()) {
+    bar.push_back(
+        {app::MenuEntry::Kind::Submenu, 0, WideFromUtf8(popup.text), true, false, BuildItems(popup.entries)});
+  }
+}
+
+const MenuItem* Menu::Find(int command) const {
+  return FindIn(const_cast<std::vector<MenuItem>&>(bar), command);
+}
+
+MenuItem& Menu::Get(int command) {
+  MenuItem* item = FindIn(bar, command);
+  if (item == nullptr) throw std::out_of_range("no menu item " + std::to_string(command));
+  return *item;
+}
+
+bool Menu::IsEnabled(int command) const {
+  for (const MenuItem& popup : bar) {
+    auto items = popup.items;
+    if (const MenuItem* item = FindIn(items, command)) return popup.enabled && item->enabled;
+  }
+  return false;
+}
+
+void Menu::SetItemText(int command, std::u16string_view text) {
+  Get(command).text = text;
+}
+
+void Menu::InsertItemBefore(int before, int command, std::u16string_view text) {
+  if (!InsertBefore(bar, before, {app::MenuEntry::Kind::Command, command, std::u16string(text)})) Get(before);
+}
+
+void Menu::SetPopupText(int position, std::u16string_view text, int submenu) {
+  std::vector<MenuItem>& items = submenu == -1 ? bar : bar.at(static_cast<std::size_t>(submenu)).items;
+  MenuItem& popup = items.at(static_cast<std::size_t>(position));
+  if (popup.kind != app::MenuEntry::Kind::Submenu) throw std::out_of_range("no menu there");
+  popup.text = text;
+}
+
+void Menu::SetEnabled(int command, bool enabled) {
+  Get(command).enabled = enabled;
+}
+
+void Menu::SetChecked(int command, bool checked) {
+  Get(command).checked = checked;
+}
+
+void Menu::SetPopupEnabled(int position, bool enabled) {
+  bar.at(static_cast<std::size_t>(position)).enabled = enabled;
+}
+
+void Menu::OpenAtChart(int position, std::int32_t, std::int32_t) {
+  openedAtChart = position;
+}
+
+// Questions
+
+app::Answer Questions::Ask(const app::Question& question) {
+  asked.push_back(question);
+  if (answers.empty()) {
+    ADD_FAILURE() << "nobody answers \"" << Utf8FromWide(question.title) << "\"";
+    return question.buttons == app::Buttons::Ok ? app::Answer::Ok : app::Answer::Cancel;
+  }
+  const app::Answer answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+std::vector<std::filesystem::path> Questions::NextPick() {
+  if (picks.empty()) {
+    ADD_FAILURE() << "nobody picks a file";
+    return {};
+  }
+  std::vector<std::filesystem::path> pick = std::move(picks.front());
+  picks.pop_front();
+  return pick;
+}
+
+std::vector<std::filesystem::path> Questions::AskOpenFiles(const app::FileFilter& filter, bool multiple) {
+  filesAsked.push_back({filter, false, multiple, {}});
+  return NextPick();
+}
+
+bool Questions::AskSaveFile(const app::FileFilter& filter, std::filesystem::path& path) {
+  filesAsked.push_back({filter, true, false, path});
+  const std::vector<std::filesystem::path> pick = NextPick();
+  if (pick.empty()) return false;
+  path = pick.front();
+  return true;
+}
+
+void RecordingRenderer::Render() {
+  ++frames;
+  platform::SleepMilliseconds(kFrameMilliseconds);
+}
+
+// Desktop
+
+Desktop::Desktop() {
+  queue.whenEmpty = [this] { return NextTimerOrPaint(); };
+  // As the platform does it: the menu is brought up to date first, and a greyed item is not carried out.
+  queue.onAccelerator = [this](int command) {
+    application->mainWindow.OnInitMenuPopup();
+    if (!menu.HasItem(command) || menu.IsEnabled(command)) application->mainWindow.OnCommand(command, 1);
+  };
+  application.emplace(Ports());
+}
+
+Desktop::~Desktop() = default;
+
+app::Shell Desktop::Ports() {
+  return {
+      *this, *this, chart, controls, logPane, menu, questions, queue, [this](const UX::ChartScene& scene) {
+        return std::make_unique<RecordingRenderer>(scene, journal);
+      }};
+}
+
+RecordingRenderer& Desktop::Renderer() {
+  return static_cast<RecordingRenderer&>(*application->state.renderer);
+}
+
+bool Desktop::Do(app::PlatformStep step) {
+  static constexpr const char* kNames[] = {
+      "init common controls", "start graphics",     "start network",    "load names", "register main class",
+      "register chart class", "create main window", "set default font", "load logo",  "take menu",
+      "load accelerators",    "delete logo",        "stop graphics",    "stop hid",   "stop network"};
+  journal.emplace_back(kNames[static_cast<std::size_t>(step)]);
+  return step != app::PlatformStep::CreateMainWindow || !refuseWindow;
+}
+
+void Desktop::Post(std::uint32_t event, std::uintptr_t first, std::intptr_t second) {
+  queue.Push({Event::Kind::Other, 0, false,
+              [this, event, first, second] { application->mainWindow.OnEvent(event, first, second); }});
+}
+
+void Desktop::SetTitle(std::u16string_view text) {
+  title = text;
+  journal.push_back("title " + Utf8FromWide(text));
+}
+
+void Desktop::Show() {
+  journal.emplace_back("show");
+  application->mainWindow.OnSize(app::SizeKind::Restored);
+  application->mainWindow.OnPaint();
+  application->chartWindow.OnPaint();
+}
+
+void Desktop::StartTimer(int id, int milliseconds) {
+  journal.push_back("start timer " + std::to_string(id) + " " + std::to_string(milliseconds));
+  timer_ = {id, milliseconds};
+  timerDue_ = virtual_clock::Seconds() + milliseconds / 1000.0;
+}
+
+void Desktop::StopTimer(int id) {
+  journal.push_back("stop timer " + std::to_string(id));
+  timer_.reset();
+}
+
+void Desktop::Destroy() {
+  journal.emplace_back("destroy");
+  application->mainWindow.OnDestroy();
+}
+
+void Desktop::PostQuit(int exitCode) {
+  journal.push_back("quit " + std::to_string(exitCode));
+  queue.Push({Event::Kind::Quit, exitCode, false, nullptr});
+}
+
+std::optional<Event> Desktop::NextTimerOrPaint() {
+  if (chart.dirty) {
+    chart.dirty = false;
+    return Event{Event::Kind::Other, 0, false, [this] { application->chartWindow.OnPaint(); }};
+  }
+  if (timer_ && virtual_clock::Seconds() >= timerDue_) {
+    timerDue_ = virtual_clock::Seconds() + timer_->second / 1000.0;
+    return Event{Event::Kind::Other, 0, false,
+                 [this, id = timer_->first] { application->mainWindow.OnTimer(id); }};
+  }
+  return std::nullopt;
+}
+
+}  // namespace headless

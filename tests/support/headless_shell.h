@@ -1,0 +1,280 @@
+#pragma once
+
+// A shell in memory: each port keeps what it was told, so that a test can look at it, and answers as a window
+// would. HeadlessUser (headless_user.h) drives it.
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/application.h"
+#include "app/menu_table.h"
+#include "app/ports.h"
+#include "chart/renderer_base.h"
+
+namespace headless {
+
+/// What happened at the ports, in order, one line each.
+using Journal = std::vector<std::string>;
+
+/// An event on its way through the queue of the user interface thread.
+struct Event {
+  enum class Kind { Other, KeyDown, Character, Quit };
+
+  Kind kind = Kind::Other;
+  int key = 0;  // or character, or exit code
+  bool ctrl = false;
+  std::function<void()> deliver;  // to the window that it is for
+};
+
+/// The queue. Timer and paint events come when it is empty.
+class Queue final : public app::EventSource {
+ public:
+  bool Take() override;
+  bool OfferToAccelerators() override;
+  void Dispatch() override;
+  bool IsQuit() const override { return current_.kind == Event::Kind::Quit; }
+  int ExitCode() const override { return current_.key; }
+
+  /// Any thread.
+  void Push(Event event);
+  void PushFront(Event event);
+  bool HasPosted() const;
+
+  /// Gives an event where there is no other, if it has one: timers, paint.
+  std::function<std::optional<Event>()> whenEmpty;
+  /// Takes an accelerator's command.
+  std::function<void(int command)> onAccelerator;
+
+ private:
+  mutable std::mutex mutex_;
+  std::deque<Event> events_;  // guarded by mutex_
+
+  Event current_;
+};
+
+struct ControlState {
+  app::ControlRow row;
+  std::u16string text;
+  UX::Rect place;
+  bool enabled = true;
+  std::vector<app::ListRow> rows = {};
+  std::int32_t current = -1;
+  // Of a slider.
+  std::int32_t maximum = 100;
+  std::int32_t page = 20;
+  std::int32_t tick = 1;
+  std::int32_t position = 0;
+};
+
+class Controls final : public app::ControlsPort {
+ public:
+  explicit Controls(Journal& journal) : journal_(journal) {}
+
+  void Create(const app::ControlRow& row, std::u16string_view text, const UX::Rect& place) override;
+  void Move(app::Control control, const UX::Rect& place) override;
+  void SetText(app::Control control, std::u16string_view text) override;
+  void SetEnabled(app::Control control, bool enabled) override;
+  void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
+  void SelectRow(app::Control list, std::int32_t row, bool selected) override;
+  std::vector<std::int32_t> SelectedRows(app::Control list) const override;
+  std::int32_t CurrentRow(app::Control list) const override;
+  std::int32_t RowCount(app::Control list) const override;
+  std::int32_t RowData(app::Control list, std::int32_t row) const override;
+  void SetScrollBar(const TCBase::Program::ViewScrollInfo& info) override { scrollBar = info; }
+  void SetSliderRange(app::Control slider, std::int32_t maximum, std::int32_t page,
+                      std::int32_t tick) override;
+  void SetSliderPosition(app::Control slider, std::int32_t position) override;
+  std::int32_t SliderPosition(app::Control slider) const override;
+
+  const ControlState& At(app::Control control) const { return states_.at(control); }
+  bool Exists(app::Control control) const { return states_.contains(control); }
+  /// Controls moved since the start, in order.
+  std::vector<app::Control> moved;
+  TCBase::Program::ViewScrollInfo scrollBar;
+
+ private:
+  Journal& journal_;
+  std::map<app::Control, ControlState> states_;
+};
+
+/// A rich text of one caret. What is put in has the caret's colour; the caret keeps it.
+class LogPane final : public app::LogPanePort {
+ public:
+  std::size_t Length() const override { return text_.size(); }
+  void Clear() override;
+  void SetSelectionColor(std::uint32_t color) override { caretColor_ = color; }
+  void MoveCaret(std::size_t position) override { caret_ = position; }
+  void ReplaceSelection(std::u16string_view text) override;
+  void ScrollToBottom() override { ++scrolls; }
+
+  const std::u16string& Text() const { return text_; }
+  std::uint32_t ColorAt(std::size_t position) const { return colors_.at(position); }
+  int scrolls = 0;
+
+ private:
+  std::u16string text_;
+  std::vector<std::uint32_t> colors_;  // one for each unit of the text
+  std::size_t caret_ = 0;
+  std::uint32_t caretColor_ = 0;
+};
+
+struct MenuItem {
+  app::MenuEntry::Kind kind = app::MenuEntry::Kind::Separator;
+  int command = 0;
+  std::u16string text;
+  bool enabled = true;
+  bool checked = false;
+  std::vector<MenuItem> items = {};  // of a submenu or a menu of the bar
+};
+
+class Menu final : public app::MenuPort {
+ public:
+  explicit Menu(Journal& journal);
+
+  bool HasItem(int command) const override { return Find(command) != nullptr; }
+  void SetItemText(int command, std::u16string_view text) override;
+  void InsertItemBefore(int before, int command, std::u16string_view text) override;
+  void SetPopupText(int position, std::u16string_view text, int submenu) override;
+  void SetEnabled(int command, bool enabled) override;
+  void SetChecked(int command, bool checked) override;
+  void SetPopupEnabled(int position, bool enabled) override;
+  void Redraw() override { journal_.push_back("redraw menu"); }
+  void OpenAtChart(int position, std::int32_t x, std::int32_t y) override;
+
+  /// Null if there is no such item.
+  const MenuItem* Find(int command) const;
+  /// By itself and by the menu of the bar that it stands in.
+  bool IsEnabled(int command) const;
+  std::vector<MenuItem> bar;
+  std::optional<int> openedAtChart;
+
+ private:
+  MenuItem& Get(int command);
+
+  Journal& journal_;
+};
+
+class Questions final : public app::QuestionsPort {
+ public:
+  app::Answer Ask(const app::Question& question) override;
+  std::vector<std::filesystem::path> AskOpenFiles(const app::FileFilter& filter, bool multiple) override;
+  bool AskSaveFile(const app::FileFilter& filter, std::filesystem::path& path) override;
+
+  // In the order in which they will be used.
+  std::deque<app::Answer> answers;
+  std::deque<std::vector<std::filesystem::path>> picks;
+
+  std::vector<app::Question> asked;
+  struct FileQuestion {
+    app::FileFilter filter;
+    bool save = false;
+    bool multiple = false;
+    std::filesystem::path startName;
+  };
+  std::vector<FileQuestion> filesAsked;
+
+ private:
+  std::vector<std::filesystem::path> NextPick();
+};
+
+/// Draws nothing, counts, and takes a frame's time for each picture.
+class RecordingRenderer final : public UX::RendererBase {
+ public:
+  RecordingRenderer(const UX::ChartScene& scene, Journal& journal) : RendererBase(scene), journal_(journal) {}
+
+  void Initialise() override { journal_.push_back("renderer: initialise"); }
+  void Release() override { journal_.push_back("renderer: release"); }
+  void Render() override;
+  void Update() override { ++updates; }
+  void Rebuild() override { journal_.push_back("renderer: rebuild"); }
+  void Relayout() override { journal_.push_back("renderer: relayout"); }
+  void MouseMoved(std::int32_t x, std::int32_t y) override { mouse = {x, y}; }
+  bool IsAnimating() override { return animating; }
+
+  int frames = 0;
+  int updates = 0;
+  std::pair<std::int32_t, std::int32_t> mouse{-1, -1};
+  bool animating = false;
+
+ private:
+  Journal& journal_;
+};
+
+enum class Focus { MainWindow, Chart, Control };
+
+class ChartWindow final : public UX::ChartWindowPort {
+ public:
+  explicit ChartWindow(Focus& focus) : focus_(focus) {}
+
+  void Invalidate(const UX::Rect& area) override {
+    invalidated.push_back(area);
+    dirty = true;
+  }
+  void TakeFocus() override { focus_ = Focus::Chart; }
+  void Capture() override { captured = true; }
+  void ReleaseCapture() override { captured = false; }
+
+  std::vector<UX::Rect> invalidated;  // since the start
+  bool dirty = false;                 // since it was painted last
+  bool captured = false;
+
+ private:
+  Focus& focus_;
+};
+
+/// One run of the program: the windows, what they were told, and the application that they belong to.
+class Desktop final : public app::PlatformPort, public app::MainWindowPort {
+ public:
+  Desktop();
+  ~Desktop() override;
+
+  // app::PlatformPort
+  bool Do(app::PlatformStep step) override;
+  // app::MainWindowPort
+  void Post(std::uint32_t event, std::uintptr_t first, std::intptr_t second) override;
+  void SetTitle(std::u16string_view text) override;
+  app::Size ClientSize() const override { return size; }
+  void Show() override;
+  void StartTimer(int id, int milliseconds) override;
+  void StopTimer(int id) override;
+  void PaintLogo(const UX::Rect& area) override { logo = area; }
+  void Destroy() override;
+  void PostQuit(int exitCode) override;
+  void TakeFocus() override { focus = Focus::MainWindow; }
+
+  RecordingRenderer& Renderer();
+
+  Journal journal;
+  Queue queue;
+  Controls controls{journal};
+  LogPane logPane;
+  Menu menu{journal};
+  Questions questions;
+
+  std::u16string title;
+  app::Size size{app::kWindowWidth, app::kWindowHeight};
+  std::optional<UX::Rect> logo;  // where it was painted last
+  Focus focus = Focus::MainWindow;
+  ChartWindow chart{focus};
+  bool refuseWindow = false;  // CreateMainWindow fails
+
+  /// Last: it uses all of the above.
+  std::optional<app::Application> application;
+
+ private:
+  app::Shell Ports();
+  std::optional<Event> NextTimerOrPaint();
+
+  std::optional<std::pair<int, int>> timer_;  // id and milliseconds
+  double timerDue_ = 0.0;                     // on the virtual clock
+};
+
+}  // namespace headless

@@ -1,0 +1,252 @@
+#include "tests/support/headless_user.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/numbers.h"
+#include "common/log.h"
+#include "tests/support/virtual_clock.h"
+
+namespace headless {
+
+namespace {
+
+constexpr app::Size kScreen{1920, 1040};
+constexpr int kWheelNotch = 120;
+constexpr int kNotified = 0;  // the code of a button that was pressed
+constexpr std::chrono::seconds kPatience{60};
+
+}  // namespace
+
+HeadlessUser::~HeadlessUser() = default;
+
+void HeadlessUser::Start() {
+  desktop_ = std::make_unique<Desktop>();
+  restored_ = desktop_->size;
+  questionsSeen_ = 0;
+  if (!desktop_->application->StartUp()) {
+    desktop_.reset();
+    return;
+  }
+  Settle();
+}
+
+void HeadlessUser::Turn() {
+  if (desktop_->application->Turn()) return;
+  desktop_->application->ShutDown();
+  EXPECT_TRUE(desktop_->questions.answers.empty()) << "a question that was expected did not come up";
+  EXPECT_TRUE(desktop_->questions.picks.empty()) << "a file dialog that was expected did not come up";
+  desktop_.reset();
+}
+
+void HeadlessUser::Settle() {
+  // One turn more: it is the one that paints.
+  while (desktop_ && desktop_->queue.HasPosted()) Turn();
+  if (desktop_) Turn();
+}
+
+void HeadlessUser::Push(std::function<void(app::Application&)> deliver) {
+  desktop_->queue.Push({Event::Kind::Other, 0, false,
+                        [this, deliver = std::move(deliver)] { deliver(*desktop_->application); }});
+}
+
+void HeadlessUser::Close() {
+  Push([](app::Application& application) { application.mainWindow.OnClose(); });
+  Settle();
+}
+
+void HeadlessUser::WillPick(std::vector<std::filesystem::path> files) {
+  desktop_->questions.picks.push_back(std::move(files));
+}
+
+std::vector<app::Question> HeadlessUser::Questions() {
+  const std::vector<app::Question>& asked = desktop_->questions.asked;
+  std::vector<app::Question> fresh(asked.begin() + static_cast<std::ptrdiff_t>(questionsSeen_), asked.end());
+  questionsSeen_ = asked.size();
+  return fresh;
+}
+
+bool HeadlessUser::Choose(int command) {
+  const Item item = MenuItem(command);
+  if (!item.exists || !item.enabled) return false;
+  SendCommand(command);
+  return true;
+}
+
+void HeadlessUser::SendCommand(int id, int code) {
+  Push([id, code](app::Application& application) { application.mainWindow.OnCommand(id, code); });
+  Settle();
+}
+
+void HeadlessUser::PressKey(int key, bool ctrl) {
+  const bool toChart = desktop_->focus == Focus::Chart;
+  const auto deliver = [this, toChart](void (app::ChartWindow::*handler)(int), int number) {
+    return [this, toChart, handler, number] {
+      if (toChart) (desktop_->application->chartWindow.*handler)(number);
+    };
+  };
+  desktop_->queue.Push({Event::Kind::KeyDown, key, ctrl, deliver(&app::ChartWindow::OnKeyDown, key)});
+  desktop_->queue.Push({Event::Kind::Other, 0, false, deliver(&app::ChartWindow::OnKeyUp, key)});
+  Settle();
+}
+
+void HeadlessUser::Notify(app::Control control, int code) {
+  SendCommand(app::RowOf(control).id, code);
+}
+
+void HeadlessUser::Press(app::Control button) {
+  if (!IsEnabled(button)) return;
+  desktop_->focus = Focus::Control;
+  Notify(button, kNotified);
+}
+
+void HeadlessUser::ClickRow(app::Control list, int row) {
+  if (!IsEnabled(list)) return;
+  Controls& controls = desktop_->controls;
+  for (std::int32_t i = 0; i < controls.RowCount(list); ++i) controls.SelectRow(list, i, false);
+  controls.SelectRow(list, row, true);
+  desktop_->focus = Focus::Control;
+  Notify(list, app::kListSelectionChanged);
+}
+
+void HeadlessUser::CtrlClickRow(app::Control list, int row) {
+  if (!IsEnabled(list)) return;
+  Controls& controls = desktop_->controls;
+  const std::vector<std::int32_t> selected = controls.SelectedRows(list);
+  const bool wasSelected = std::find(selected.begin(), selected.end(), row) != selected.end();
+  controls.SelectRow(list, row, !wasSelected);
+  desktop_->focus = Focus::Control;
+  Notify(list, app::kListSelectionChanged);
+}
+
+void HeadlessUser::Scroll(app::Control bar, int code, int position) {
+  Push([bar, code, position](app::Application& application) {
+    application.mainWindow.OnHorizontalScroll(bar, code, position);
+  });
+  Settle();
+}
+
+void HeadlessUser::ClickChart(int x, int y) {
+  DragOnChart(x, y, x, y);
+}
+
+void HeadlessUser::DragOnChart(int fromX, int fromY, int toX, int toY) {
+  Push([=](app::Application& application) {
+    application.chartWindow.OnMouseMove(fromX, fromY);
+    application.chartWindow.OnLeftDown(fromX, fromY);
+    if (fromX != toX || fromY != toY) application.chartWindow.OnMouseMove(toX, toY);
+    application.chartWindow.OnLeftUp(toX, toY);
+  });
+  Settle();
+}
+
+void HeadlessUser::RightClickChart(int x, int y) {
+  Push([=](app::Application& application) {
+    application.chartWindow.OnRightDown(x, y);
+    application.chartWindow.OnRightUp(x, y);
+  });
+  Settle();
+}
+
+void HeadlessUser::TurnWheel(int x, int y, int notches, bool ctrl, bool shift) {
+  Push([=](app::Application& application) {
+    application.chartWindow.OnWheel(x, y, notches * kWheelNotch, shift, ctrl, false);
+  });
+  Settle();
+}
+
+void HeadlessUser::ClickBackground() {
+  Push([](app::Application& application) { application.mainWindow.OnLeftButtonDown(); });
+  Settle();
+}
+
+void HeadlessUser::SetSize(app::Size size, app::SizeKind kind) {
+  desktop_->size = size;
+  Push([kind](app::Application& application) {
+    application.mainWindow.OnSize(kind);
+    if (kind != app::SizeKind::Minimized) application.mainWindow.OnPaint();
+  });
+  Settle();
+}
+
+void HeadlessUser::Resize(int width, int height) {
+  restored_ = {std::max(width, app::kLeastWindowWidth), std::max(height, app::kLeastWindowHeight)};
+  Push([](app::Application& application) { application.mainWindow.OnSizing(); });
+  SetSize(restored_, app::SizeKind::Restored);
+  Push([](app::Application& application) { application.mainWindow.OnExitSizeMove(); });
+  Settle();
+}
+
+void HeadlessUser::Maximize() {
+  SetSize(kScreen, app::SizeKind::Maximized);
+}
+
+void HeadlessUser::Minimize() {
+  SetSize({0, 0}, app::SizeKind::Minimized);
+}
+
+void HeadlessUser::Restore() {
+  SetSize(restored_, app::SizeKind::Restored);
+}
+
+void HeadlessUser::Wait(double seconds) {
+  const double end = virtual_clock::Seconds() + seconds;
+  while (desktop_ && virtual_clock::Seconds() < end) Turn();
+  if (desktop_) Settle();
+}
+
+bool HeadlessUser::WaitForLog(const std::string& text) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  while (desktop_ && Log().find(text) == std::string::npos) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    Turn();
+  }
+  return desktop_ != nullptr;
+}
+
+User::Item HeadlessUser::MenuItem(int command) {
+  desktop_->application->mainWindow.OnInitMenuPopup();
+  const headless::MenuItem* item = desktop_->menu.Find(command);
+  if (item == nullptr) return {};
+  return {Utf8FromWide(item->text), true, desktop_->menu.IsEnabled(command), item->checked};
+}
+
+std::vector<std::string> HeadlessUser::List(app::Control list) {
+  std::vector<std::string> rows;
+  for (const app::ListRow& row : desktop_->controls.At(list).rows) rows.push_back(Utf8FromWide(row.text));
+  return rows;
+}
+
+std::vector<int> HeadlessUser::SelectedRows(app::Control list) {
+  const std::vector<std::int32_t> rows = desktop_->controls.SelectedRows(list);
+  return {rows.begin(), rows.end()};
+}
+
+std::string HeadlessUser::Text(app::Control control) {
+  return Utf8FromWide(desktop_->controls.At(control).text);
+}
+
+bool HeadlessUser::IsEnabled(app::Control control) {
+  return desktop_->controls.At(control).enabled;
+}
+
+int HeadlessUser::SliderPosition(app::Control slider) {
+  return desktop_->controls.SliderPosition(slider);
+}
+
+UX::Rect HeadlessUser::Place(app::Control control) {
+  return desktop_->controls.At(control).place;
+}
+
+std::string HeadlessUser::Title() {
+  return Utf8FromWide(desktop_->title);
+}
+
+std::string HeadlessUser::Log() {
+  return Utf8FromWide(desktop_->logPane.Text());
+}
+
+}  // namespace headless

@@ -1,0 +1,81 @@
+#pragma once
+
+// A user in front of the headless shell. The program's settings and logs last from one Start to the next, as
+// they do between two runs of a process.
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/headless_shell.h"
+#include "tests/support/user.h"
+
+namespace headless {
+
+class HeadlessUser final : public User {
+ public:
+  HeadlessUser() = default;
+  /// Ends the program, if it runs, without a question.
+  ~HeadlessUser() override;
+
+  void Start() override;
+  bool IsRunning() override { return desktop_ != nullptr; }
+  void Close() override;
+  void WillAnswer(app::Answer answer) override { desktop_->questions.answers.push_back(answer); }
+  void WillPick(std::vector<std::filesystem::path> files) override;
+  std::vector<app::Question> Questions() override;
+
+  bool Choose(int command) override;
+  void PressKey(int key, bool ctrl = false) override;
+  void Press(app::Control button) override;
+  void ClickRow(app::Control list, int row) override;
+  void CtrlClickRow(app::Control list, int row) override;
+  void Scroll(app::Control bar, int code, int position = 0) override;
+  void ClickChart(int x, int y) override;
+  void DragOnChart(int fromX, int fromY, int toX, int toY) override;
+  void RightClickChart(int x, int y) override;
+  void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) override;
+  void ClickBackground() override;
+  void Resize(int width, int height) override;
+  void Maximize() override;
+  void Minimize() override;
+  void Restore() override;
+  void Wait(double seconds) override;
+  bool WaitForLog(const std::string& text) override;
+
+  Item MenuItem(int command) override;
+  std::vector<std::string> List(app::Control list) override;
+  std::vector<int> SelectedRows(app::Control list) override;
+  std::string Text(app::Control control) override;
+  bool IsEnabled(app::Control control) override;
+  int SliderPosition(app::Control slider) override;
+  UX::Rect Place(app::Control control) override;
+  app::Size ClientSize() override { return desktop_->size; }
+  std::string Title() override;
+  std::string Log() override;
+  bool TakePicture(const std::filesystem::path&) override { return false; }
+
+  // Beyond what a user can do.
+
+  Desktop& GetDesktop() { return *desktop_; }
+  app::AppState& State() { return desktop_->application->state; }
+  /// A command event, greyed or not: commands without a menu item or key, notifications.
+  void SendCommand(int id, int code = 0);
+  /// Turns the main loop until nothing is queued.
+  void Settle();
+  /// One turn, and the end of the program if it was the last.
+  void Turn();
+
+ private:
+  /// Puts an event for one of the windows into the queue.
+  void Push(std::function<void(app::Application&)> deliver);
+  void SetSize(app::Size size, app::SizeKind kind);
+  void Notify(app::Control control, int code);
+
+  std::unique_ptr<Desktop> desktop_;  // null while the program does not run
+  app::Size restored_;                // what Restore() goes back to
+  std::size_t questionsSeen_ = 0;
+};
+
+}  // namespace headless

@@ -1,0 +1,88 @@
+#pragma once
+
+// What a user can do to the program and see of it, whatever shell it runs in: a script over these words runs
+// on the headless shell and on drivers of real windows. Texts are UTF-8.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "app/control_table.h"
+#include "app/ports.h"
+
+class User {
+ public:
+  virtual ~User() = default;
+
+  // The program's life.
+
+  /// Starts the program anew, as from the desktop, and waits until its window stands there.
+  virtual void Start() = 0;
+  virtual bool IsRunning() = 0;
+  /// Closes the window by its frame.
+  virtual void Close() = 0;
+
+  // Answers are told before the question comes up; a question that nobody has an answer for is a failure.
+
+  virtual void WillAnswer(app::Answer answer) = 0;
+  /// No files: the dialog is cancelled.
+  virtual void WillPick(std::vector<std::filesystem::path> files) = 0;
+  /// All questions that came up since the last call, in order.
+  virtual std::vector<app::Question> Questions() = 0;
+
+  // Doing. Each waits until the program has nothing more to do but for the worker's jobs.
+
+  /// Chooses a menu item; false if it is greyed or absent.
+  virtual bool Choose(int command) = 0;
+  /// Presses and releases a key where the focus is; numbers of app::key, letters in capitals.
+  virtual void PressKey(int key, bool ctrl = false) = 0;
+  /// Presses a button.
+  virtual void Press(app::Control button) = 0;
+  /// Clicks on a row of a list, which takes the selection from all others.
+  virtual void ClickRow(app::Control list, int row) = 0;
+  /// The same with Ctrl held: the row's own selection turns round, if the list allows of several.
+  virtual void CtrlClickRow(app::Control list, int row) = 0;
+  /// An event of a scroll bar or slider; codes of app::scroll.
+  virtual void Scroll(app::Control bar, int code, int position = 0) = 0;
+  /// Clicks with the left button, in the chart window's coordinates.
+  virtual void ClickChart(int x, int y) = 0;
+  virtual void DragOnChart(int fromX, int fromY, int toX, int toY) = 0;
+  virtual void RightClickChart(int x, int y) = 0;
+  /// Positive notches turn away from the user.
+  virtual void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) = 0;
+  /// Clicks on the main window beside all controls.
+  virtual void ClickBackground() = 0;
+  virtual void Resize(int width, int height) = 0;
+  virtual void Maximize() = 0;
+  virtual void Minimize() = 0;
+  virtual void Restore() = 0;
+  /// Lets that much of the program's time pass.
+  virtual void Wait(double seconds) = 0;
+  /// Waits until the log holds a text; false if that does not happen within a minute.
+  virtual bool WaitForLog(const std::string& text) = 0;
+
+  // Seeing.
+
+  struct Item {
+    std::string text;
+    bool exists = false;
+    bool enabled = false;  // by itself and by the menus that it stands in
+    bool checked = false;
+  };
+  /// A menu item, as it stands when its menu is opened.
+  virtual Item MenuItem(int command) = 0;
+  virtual std::vector<std::string> List(app::Control list) = 0;
+  virtual std::vector<int> SelectedRows(app::Control list) = 0;
+  /// What a label or button says.
+  virtual std::string Text(app::Control control) = 0;
+  virtual bool IsEnabled(app::Control control) = 0;
+  virtual int SliderPosition(app::Control slider) = 0;
+  virtual UX::Rect Place(app::Control control) = 0;
+  virtual app::Size ClientSize() = 0;
+  virtual std::string Title() = 0;
+  /// All that the log pane shows, lines ended by CR LF.
+  virtual std::string Log() = 0;
+  /// Writes what the screen shows as a PNG file. False, if there is no screen.
+  virtual bool TakePicture(const std::filesystem::path& file) = 0;
+};
