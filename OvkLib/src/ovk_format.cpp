@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -127,8 +126,7 @@ std::optional<std::size_t> length_in_one_pass(std::string_view text,
 }
 
 char* put(char* to, std::string_view text) {
-  std::memcpy(to, text.data(), text.size());
-  return to + text.size();
+  return to + text.copy(to, text.size());
 }
 
 void fill_in_one_pass(char* to, std::string_view text, std::span<const std::string_view> arguments) {

@@ -3,11 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <type_traits>
+#include <typeinfo>
 
-#include "OvkLib/src/UWP/ovk_win_error_platform.h"
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "tests/OvkLib/last_error.h"
 
 namespace {
 
@@ -17,13 +15,10 @@ std::string Described(const ovk::exception& error) {
   return Utf8FromWide(text.view());
 }
 
-/// The exception that check() throws with this last error.
 template <class Exception>
-void ExpectThrown(LastError error, std::uint32_t code) {
+void ExpectThrownFor(std::uint32_t code) {
   try {
-    SetLastPlatformError(error);
-    ovk::win::check(true, 42, "somewhere.cpp");
-    FAIL() << "nothing thrown";
+    ovk::win::throw_error(u"somewhere.cpp:42", code);
   } catch (const ovk::win::xsystem& thrown) {
     EXPECT_EQ(typeid(thrown), typeid(Exception));
     EXPECT_EQ(thrown.code(), code);
@@ -46,30 +41,29 @@ TEST(Exception, DescribeAppends) {
 }
 
 TEST(SystemError, NothingHappensWithoutFailure) {
-  SetLastPlatformError(LastError::AccessDenied);
   EXPECT_NO_THROW(ovk::win::check(false, 1, "a.cpp"));
 }
 
-TEST(SystemError, KnownCodesHaveClassesOfTheirOwn) {
-  ExpectThrown<ovk::win::xaccess_denied>(LastError::AccessDenied, 5);
-  ExpectThrown<ovk::win::xwrite_protected>(LastError::WriteProtected, 19);
-  ExpectThrown<ovk::win::xsharing_violation>(LastError::SharingViolation, 32);
-  ExpectThrown<ovk::win::xdisk_full>(LastError::DiskFull, 112);
-}
-
-TEST(SystemError, EveryClassHasItsFixedCode) {
-  EXPECT_EQ(ovk::win::xaccess_denied(u"").code(), 5U);
-  EXPECT_EQ(ovk::win::xwrite_protected(u"").code(), 19U);
-  EXPECT_EQ(ovk::win::xwrite_fault(u"").code(), 29U);
-  EXPECT_EQ(ovk::win::xread_fault(u"").code(), 30U);
-  EXPECT_EQ(ovk::win::xsharing_violation(u"").code(), 32U);
-  EXPECT_EQ(ovk::win::xdisk_full(u"").code(), 112U);
+TEST(SystemError, ListedCodesHaveClassesOfTheirOwn) {
+  ExpectThrownFor<ovk::win::xaccess_denied>(5);
+  ExpectThrownFor<ovk::win::xwrite_protected>(19);
+  ExpectThrownFor<ovk::win::xwrite_fault>(29);
+  ExpectThrownFor<ovk::win::xread_fault>(30);
+  ExpectThrownFor<ovk::win::xsharing_violation>(32);
+  ExpectThrownFor<ovk::win::xdisk_full>(112);
 }
 
 TEST(SystemError, AnyOtherCodeIsThePlainClass) {
-  SetLastPlatformError(LastError::SomethingElse);
-  const std::uint32_t code = ovk::win::last_error();
-  ExpectThrown<ovk::win::xsystem>(LastError::SomethingElse, code);
+  for (const std::uint32_t code : {0U, 1U, 6U, 87U, 0xFFFFFFFFU}) ExpectThrownFor<ovk::win::xsystem>(code);
+}
+
+TEST(SystemError, CheckReportsFileAndLine) {
+  try {
+    ovk::win::check(true, 42, "somewhere.cpp");
+    FAIL() << "nothing thrown";
+  } catch (const ovk::win::xsystem& thrown) {
+    EXPECT_EQ(thrown.context().view(), u"somewhere.cpp:42");
+  }
 }
 
 TEST(SystemError, DescribesPlaceCodeAndText) {

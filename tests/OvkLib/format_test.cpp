@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <random>
 #include <string>
@@ -118,6 +119,17 @@ TEST(Fill, GivesWhatAFormatGives) {
             "Error creating file a.xml, error: gone");
   EXPECT_EQ(AtOnce("{2}{1}{2}", {"a", "b"}), "bab");
   EXPECT_EQ(AtOnce("plain", {}), "plain");
+  EXPECT_EQ(AtOnce("", {"a"}), "");
+}
+
+TEST(Fill, TakesViewsOfNothing) {
+  std::string out;
+  ovk::fill(out, "<{1}>", std::array{std::string_view()});
+  EXPECT_EQ(out, "<>");
+  ovk::fill(out, "<{1}{>", std::array{std::string_view()});
+  EXPECT_EQ(out, "<{>");
+  ovk::fill(out, std::string_view(), {});
+  EXPECT_EQ(out, "");
 }
 
 TEST(Fill, KeepsPlaceholdersThatFillingPutsTogether) {

@@ -14,7 +14,7 @@ constexpr int kHexadecimal = 16;
 constexpr std::int32_t kHexadecimalDigits = 8;
 
 template <class Exception>
-void throw_if(std::uint32_t code, std::u16string_view context) {
+void throw_if(std::u16string_view context, std::uint32_t code) {
   if (code == Exception::fixed_code) throw Exception(context);
 }
 
@@ -35,6 +35,16 @@ void xsystem::describe(wstring& out) const {
   if (!append_error_text(code_, out)) out.append(u"Cannot obtain error description.");
 }
 
+void throw_error(std::u16string_view context, std::uint32_t code) {
+  throw_if<xaccess_denied>(context, code);
+  throw_if<xwrite_protected>(context, code);
+  throw_if<xwrite_fault>(context, code);
+  throw_if<xread_fault>(context, code);
+  throw_if<xsharing_violation>(context, code);
+  throw_if<xdisk_full>(context, code);
+  throw xsystem(context, code);
+}
+
 void check(bool failed, std::int32_t line, const char* file) {
   if (!failed) return;
   // First of all: what follows makes platform calls of its own.
@@ -42,13 +52,7 @@ void check(bool failed, std::int32_t line, const char* file) {
   wstring context = WideFromAnsi(file, kSystemCodePage);
   context.append(u":");
   context.append(WideFromUtf8(ToDecimal(line)));
-  throw_if<xaccess_denied>(code, context.view());
-  throw_if<xwrite_protected>(code, context.view());
-  throw_if<xwrite_fault>(code, context.view());
-  throw_if<xread_fault>(code, context.view());
-  throw_if<xsharing_violation>(code, context.view());
-  throw_if<xdisk_full>(code, context.view());
-  throw xsystem(context.view(), code);
+  throw_error(context.view(), code);
 }
 
 }  // namespace ovk::win

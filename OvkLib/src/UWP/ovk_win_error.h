@@ -56,6 +56,9 @@ class xdisk_full : public xsystem_of<112> {
   using xsystem_of::xsystem_of;
 };
 
+/// Throws the class of a Win32 code: one of those above if it has one, else xsystem.
+[[noreturn]] void throw_error(std::u16string_view context, std::uint32_t code);
+
 /// Does nothing unless `failed`; else throws the class of the platform's last error, with "file:line" as its
 /// place. `file` is in the system's code page.
 void check(bool failed, std::int32_t line, const char* file);
