@@ -1,0 +1,100 @@
+#include "program/settings.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "OvkLib/src/ovk_text.h"
+#include "common/files.h"
+#include "common/log.h"
+#include "common/message.h"
+#include "common/platform.h"
+#include "common/xml_file.h"
+
+namespace {
+
+using ovk::xml::element;
+
+std::string TextOf(const element& setting) {
+  return std::string(setting.text.view());
+}
+
+void Assign(ovk::string& text, std::string_view value) {
+  text.assign(value.data(), static_cast<std::int32_t>(value.size()));
+}
+
+/// Settings are one level deep. Deeper ones, which only a foreign file has, are dropped: the indentation
+/// would let the file grow with the square of their depth when it is written back.
+void Flatten(element& root) {
+  for (auto& setting : root.children) setting->children.clear();
+}
+
+}  // namespace
+
+std::filesystem::path DocumentPath(std::u16string_view name) {
+  const auto folder = platform::DocumentsFolder();
+  if (!folder) return std::filesystem::path(".") / "";
+  return *folder / PathFromUtf8(Utf8FromWide(name));
+}
+
+Settings& Settings::Instance() {
+  static Settings* const settings = [] {
+    std::atexit([] { Instance().Save(); });
+    return new Settings(DocumentPath(fileName));
+  }();
+  return *settings;
+}
+
+Settings::Settings(std::filesystem::path file) : file_(std::move(file)), root_("config") {
+  // Whatever the root of the file is called, its children are taken for settings.
+  if (ovk::xml::load(file_, root_)) Flatten(root_);
+}
+
+bool Settings::Save() {
+  const std::lock_guard guard(lock_);
+  return ovk::xml::save(file_, root_);
+}
+
+std::string Settings::GetValue(std::string_view key) {
+  const std::lock_guard guard(lock_);
+  return TextOf(root_.child(key));
+}
+
+void Settings::SetValue(std::string_view key, std::string_view value) {
+  const std::lock_guard guard(lock_);
+  Assign(root_.child(key).text, value);
+}
+
+std::string Settings::GetDeviceValue(std::string_view tag, std::string_view id, std::string_view fallback) {
+  const std::lock_guard guard(lock_);
+  const element* const found = root_.find_child_by_id(tag, id);
+  return found != nullptr ? TextOf(*found) : std::string(fallback);
+}
+
+void Settings::SetDeviceValue(std::string_view tag, std::string_view id, std::string_view value) {
+  const std::lock_guard guard(lock_);
+  element* setting = root_.find_child_by_id(tag, id);
+  if (setting == nullptr) {
+    setting = &root_.append_child(tag);
+    Assign(setting->attribute("id").value, id);
+  }
+  Assign(setting->text, value);
+}
+
+std::int32_t Settings::DemoSpeed() {
+  const std::string text = GetValue("demo_speed");
+  if (text.empty()) return kDefaultDemoSpeed;
+  // Not atoi, which is undefined for a number that is too large; this one stops at the limit.
+  const long seconds = std::strtol(text.c_str(), nullptr, 10);
+  return static_cast<std::int32_t>(std::clamp<long>(seconds, kMinDemoSpeed, kMaxDemoSpeed));
+}
+
+void Settings::SetDemoSpeed(std::int32_t seconds) {
+  SetValue("demo_speed", ToDecimal(seconds));
+  LogStatus(Message("Demo playback speed set to {1} seconds", seconds));
+}
+
+bool Settings::LoggingEnabled() {
+  return GetValue("logging") == "on";
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+// The program's few lasting preferences: one XML tree in memory, read when the program starts and written
+// back when it ends. Values are text, and an empty one means the same as an absent one.
+//
+// Keys: "locale", "last_open_file" (UTF-8), "demo_speed" (seconds), "logging" ("on" or "off"); for each
+// device, told apart by the device's name for itself: "device" (the name shown) and "device_description".
+
+#include <cstdint>
+#include <filesystem>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "OvkLib/src/ovk_xml.h"
+
+/// The path of a file in the user's Documents folder. If the platform does not know that folder the answer is
+/// the working folder alone, which neither opens nor takes a file.
+std::filesystem::path DocumentPath(std::u16string_view name);
+
+/// All operations may be called on any thread; values come and go as copies.
+class Settings {
+ public:
+  /// Quickest demo and slowest, and the one without a setting: seconds for a whole day.
+  static constexpr std::int32_t kMinDemoSpeed = 10;
+  static constexpr std::int32_t kMaxDemoSpeed = 86400;
+  static constexpr std::int32_t kDefaultDemoSpeed = 60;
+
+  static constexpr char16_t fileName[] = u"LumarineConfig.xml";
+
+  /// The one of the process, from `fileName` in the Documents folder. It is built at the first call, saved at
+  /// the process's regular end, and never destroyed. A crash loses the changes of the run.
+  static Settings& Instance();
+
+  /// Reads `file`. If that does not give settings they start empty, without a message.
+  explicit Settings(std::filesystem::path file);
+
+  /// Writes the file, all or nothing. False and a line on statusLog if that fails. Nobody but Instance()
+  /// calls it unasked.
+  bool Save();
+
+  /// The text of a key. Reading a key creates it, so it stands in the file from then on.
+  std::string GetValue(std::string_view key);
+  void SetValue(std::string_view key, std::string_view value);
+
+  /// The text of a key of one device, or `fallback` if it was never set.
+  std::string GetDeviceValue(std::string_view tag, std::string_view id, std::string_view fallback);
+  void SetDeviceValue(std::string_view tag, std::string_view id, std::string_view value);
+
+  /// Seconds that a demo takes for a whole day, within the limits above whatever the file says.
+  std::int32_t DemoSpeed();
+  /// Tells the user. Expects a value within the limits.
+  void SetDemoSpeed(std::int32_t seconds);
+
+  bool LoggingEnabled();
+
+ private:
+  const std::filesystem::path file_;
+
+  std::mutex lock_;
+  ovk::xml::element root_;  // guarded by lock_
+};
