@@ -16,8 +16,6 @@ std::int32_t Difference(float a, float b) {
   return TruncateToInt(std::fabs(a - b));
 }
 
-constexpr std::int32_t kErrorOfNoNumber = TruncateToInt(std::numeric_limits<float>::quiet_NaN());
-
 }  // namespace
 
 bool OrderedErrors::Suits(const Channel& channel) {
@@ -25,8 +23,6 @@ bool OrderedErrors::Suits(const Channel& channel) {
   for (const Step& step : channel) {
     const std::int64_t minute = MinuteOfDay(step);
     if (minute < earliest || minute >= kMinutesPerDay) return false;
-    // Within this bound no stretch overflows, and a curve is a number wherever it has a width.
-    if (!(std::fabs(step.value) <= 1e30F)) return false;
     earliest = minute;
   }
   return true;
@@ -37,7 +33,6 @@ OrderedErrors::OrderedErrors(const Channel& channel)
   if (channel.empty()) return;
   const auto last = static_cast<std::uint32_t>(channel.size() - 1);
   for (std::uint32_t i = 0; i <= last; ++i) links_[i] = {i == 0 ? last : i - 1, i == last ? 0 : i + 1};
-  onOneMinute_ = SharesMinute(0, last);
   RankAll();
 }
 
@@ -48,14 +43,6 @@ void OrderedErrors::Remove(std::uint32_t index) {
   if (index == first_) first_ = after;
   --left_;
   SetRank(index, RemovalRank());
-  if (!onOneMinute_ && SharesMinute(first_, links_[first_].before)) {
-    onOneMinute_ = true;
-    for (std::uint32_t i = first_, rest = static_cast<std::uint32_t>(left_); rest > 0; --rest) {
-      SetRank(i, RemovalRank(ErrorOf(i), i));
-      i = links_[i].after;
-    }
-    return;
-  }
   SetRank(before, RemovalRank(ErrorOf(before), before));
   SetRank(after, RemovalRank(ErrorOf(after), after));
 }
@@ -65,11 +52,11 @@ bool OrderedErrors::SharesMinute(std::uint32_t a, std::uint32_t b) const {
 }
 
 std::int32_t OrderedErrors::ErrorOf(std::uint32_t index) const {
-  // Stretches without a width: neither curve is a number.
-  if (onOneMinute_) return kErrorOfNoNumber;
   const auto [before, after] = links_[index];
-  // Hidden behind another step of its minute: the curve does not see it go.
-  if (SharesMinute(before, index)) return 0;
+  // Hidden behind another step of its minute: the curve does not see it go. Where the curve is no number, and
+  // so is this error, the first step of the minute has the lowest error of all and goes before this one is
+  // looked at.
+  if (index != first_ && SharesMinute(before, index)) return 0;
   const Step& step = channel_[index];
   const std::int64_t second = SecondOfDay(step);
   return Difference(Stretch(channel_[before], step).At(second),

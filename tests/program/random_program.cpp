@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <numeric>
+#include <tuple>
 #include <utility>
 
 namespace program_test {
@@ -32,6 +32,27 @@ Channel RandomProgram::ChannelOf(ChannelKind kind, std::int32_t steps) {
     case ChannelKind::OneMinute:
       for (Step& step : channel)
         std::tie(step.hour, step.minute) = std::tie(channel[0].hour, channel[0].minute);
+      break;
+    case ChannelKind::FewMinutes: {
+      const std::int32_t hours = 2 + Below(2);
+      for (Step& step : channel) std::tie(step.hour, step.minute) = std::tuple(8 + Below(hours), 0);
+      SortSteps(channel);
+      break;
+    }
+    case ChannelKind::PastTheDay:
+      SortSteps(channel);
+      for (std::size_t i = channel.size() - channel.size() / 3; i < channel.size(); ++i) {
+        std::tie(channel[i].hour, channel[i].minute) = std::tuple(24, static_cast<std::int32_t>(i));
+      }
+      break;
+    case ChannelKind::Shuffled:
+      for (std::size_t i = 0; i < channel.size(); ++i) {
+        const auto minute = static_cast<std::int32_t>(i) + 600;
+        std::tie(channel[i].hour, channel[i].minute) = std::tuple(minute / 60, minute % 60);
+      }
+      for (std::size_t i = 1; i < channel.size(); ++i) {
+        if (Below(5) == 0) std::swap(channel[i - 1], channel[i]);
+      }
       break;
     case ChannelKind::Unordered:
       break;

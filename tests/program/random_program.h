@@ -18,14 +18,18 @@ enum class ChannelKind {
   Ascending,   // as editing leaves it
   Doubled,     // in order, several steps on one minute
   OneMinute,   // all steps on one minute
+  FewMinutes,  // in order, all steps on two or three minutes
+  PastTheDay,  // in order, the last steps on the next day
+  Shuffled,    // in order but for neighbours a minute apart
   Unordered,   // any order, doubles included
   OutOfRange,  // hours and minutes of any number, also ones that add up to a time of day
   Descending,  // the first step comes last
   WildValues,  // in order; values that are no percent, not finite or no number
 };
 inline constexpr ChannelKind kChannelKinds[] = {
-    ChannelKind::Ascending,  ChannelKind::Doubled,    ChannelKind::OneMinute,  ChannelKind::Unordered,
-    ChannelKind::OutOfRange, ChannelKind::Descending, ChannelKind::WildValues,
+    ChannelKind::Ascending,  ChannelKind::Doubled,    ChannelKind::OneMinute, ChannelKind::FewMinutes,
+    ChannelKind::PastTheDay, ChannelKind::Shuffled,   ChannelKind::Unordered, ChannelKind::OutOfRange,
+    ChannelKind::Descending, ChannelKind::WildValues,
 };
 
 class RandomProgram {
