@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstddef>
 
 #include "program/builtin_modes.h"
 #include "tests/cli/command_fixture.h"
@@ -15,7 +16,7 @@ using testing::StartsWith;
 
 class InspectTest : public CommandTest {
  protected:
-  static long Lines(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
+  static std::ptrdiff_t Lines(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
 };
 
 TEST_F(InspectTest, InfoPrintsTheTableOfEachMode) {

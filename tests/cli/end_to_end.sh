@@ -1,0 +1,226 @@
+#!/usr/bin/env bash
+# lumarinectl as its users run it: real files, pipes, signals, terminals and time.
+#   tests/cli/end_to_end.sh COMMAND OUTDIR
+# COMMAND may be several words, as in "wine lumarinectl.exe". What must come out the same on every platform is
+# left in OUTDIR. Prints "ok NAME" or "not ok NAME" for each check; fails if one of them did.
+# shellcheck disable=SC2317   # the checks call functions by their names
+set -uo pipefail
+
+[ $# = 2 ] || { echo "usage: $0 COMMAND OUTDIR" >&2; exit 2; }
+mkdir -p "$2"
+outdir=$(cd "$2" && pwd)
+source=$(cd "$(dirname "$0")/../.." && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+# The checks run in a folder of their own, so the program's path must not depend on this one.
+read -ra command <<<"$1"
+program_at=$((${#command[@]} - 1))
+command[program_at]=$(realpath "${command[program_at]}")
+native=true
+[ "${command[0]}" != wine ] || native=false
+cd "$work" || exit 1
+
+failed=0
+# A run that hangs must not take the others with it. No measure of speed.
+limit=60
+ctl() { timeout "$limit" "${command[@]}" "$@"; }
+
+ok() { echo "ok $1"; }
+not_ok() { echo "not ok $1"; failed=1; }
+
+# check NAME COMMAND...: the command succeeds.
+check() {
+  local name=$1
+  shift
+  if "$@" >check.log 2>&1; then ok "$name"; else not_ok "$name"; tail -n 5 check.log; fi
+}
+
+# exits NAME STATUS ARGUMENT...: lumarinectl ends with this status; leaves out.txt and err.txt.
+exits() {
+  local name=$1 wanted=$2 status
+  shift 2
+  ctl "$@" >out.txt 2>err.txt
+  status=$?
+  if [ $status = "$wanted" ]; then ok "$name"; else not_ok "$name"; echo "# status $status, not $wanted"; tail -n 5 err.txt; fi
+}
+
+says() { check "$1" grep -qF -- "$2" err.txt; }
+silent() { check "$1" test ! -s out.txt; }
+
+# --- what everybody types first
+
+exits "version" 0 --version
+check "version is one line" diff <(echo "Lumarine 4.7 build 496") out.txt
+exits "help" 0 --help
+check "help has examples" grep -q "^Examples:" out.txt
+exits "no command is wrong usage" 2
+silent "wrong usage prints no data"
+
+# --- the same bytes on every platform
+
+cat >hostile.xml <<'XML'
+<modelist>
+  <mode name='Unsorted'>
+    <channel><step hour='20' minute='0' value='10'/><step hour='8' minute='0' value='90' jump='1'/><step hour='12' minute='30' value='33'/></channel>
+    <channel><step hour='9' minute='0' value='10'/><step hour='9' minute='0' value='90'/><step hour='9' minute='0' value='50'/></channel>
+    <channel><step hour='30' minute='0' value='10'/><step hour='-3' minute='75' value='900'/><step hour='8' minute='0' value='-50'/></channel>
+    <channel/>
+    <channel><step hour='2147483647' minute='2147483647' value='2147483647'/><step hour='-2147483648' minute='0' value='1'/></channel>
+  </mode>
+  <mode name='Thirds &lt;&amp;&gt;' description='it&apos;s'>
+    <channel><step hour='0' minute='1' value='0'/><step hour='23' minute='58' value='100'/></channel>
+    <channel><step hour='7' minute='0' value='1'/><step hour='7' minute='7' value='99'/><step hour='19' minute='13' value='2'/></channel>
+    <channel><step hour='12' minute='0' value='50' jump='1'/></channel>
+    <channel><step hour='1' minute='0' value='0'/><step hour='2' minute='0' value='100' jump='1'/><step hour='3' minute='0' value='0'/></channel>
+    <channel><step hour='0' minute='0' value='7'/><step hour='0' minute='1' value='93'/></channel>
+  </mode>
+</modelist>
+XML
+cp "$source"/examples/*.xml .
+printf '08:00 0\n9:30 80 J\n18:75 33\n' >unix.txt
+printf '08:00 0\r\n9:30 80 J\r\n18:75 33\r\n' >dos.txt
+
+exits "new" 0 new built-in.xml
+for program in built-in reef-day planted-tank seedling-bed hostile; do
+  exits "info $program" 0 info $program.xml
+  cp out.txt "$outdir/$program.info.txt"
+  exits "info --json $program" 0 info $program.xml --json
+  cp out.txt "$outdir/$program.info.json"
+  exits "curve $program" 0 curve $program.xml --mode 2
+  cp out.txt "$outdir/$program.curve.csv"
+  exits "frames $program" 0 frames $program.xml --model tc420
+  cp out.txt "$outdir/$program.frames.txt"
+done
+exits "curve of a hostile mode" 0 curve hostile.xml --mode 1 --every 1
+cp out.txt "$outdir/hostile-mode-1.curve.csv"
+check "a day has 86400 seconds" test "$(wc -l <out.txt)" = 86401
+check "lines end with a line feed alone" bash -c '! grep -q $'"'\\r'"' out.txt'
+
+# edited NAME MODE OPTION...: edits the hostile program and keeps the result.
+edited() {
+  local name=$1 mode=$2
+  shift 2
+  exits "edit $name" 0 edit hostile.xml "edited-$name.xml" --mode "$mode" "$@"
+  check "edit $name writes well-formed XML" xmllint --noout "edited-$name.xml"
+  cp "edited-$name.xml" "$outdir/"
+}
+edited optimize 1 --optimize
+edited optimize-tc421 2 --optimize-tc421
+edited align 1 --align 7
+edited endpoint 2 --endpoint start
+edited steps-unix 1 --steps 2=unix.txt
+edited steps-dos 1 --steps 2=dos.txt
+edited power 2 --power 1=33.3
+edited clear 1 --clear 3
+edited move 2 --move 1=down
+edited remove 1 --remove
+edited rename 2 --rename "Noc <&'\"> ráno"
+check "line ends of steps texts do not matter" cmp edited-steps-unix.xml edited-steps-dos.xml
+mkdir made
+check "the examples are made" bash "$source/examples/make.sh" "${command[*]}" made
+for example in made/*.xml; do
+  check "$(basename "$example") is what the recipe makes" cmp "$example" "$source/examples/$(basename "$example")"
+done
+
+# --- refusals leave everything as it was
+
+cp reef-day.xml mine.xml
+exits "a mode that is not there" 2 edit mine.xml mine.xml --mode 9 --clear 1
+exits "a channel that is not there" 2 edit mine.xml mine.xml --mode 1 --clear 6
+exits "a move beyond the edge" 2 edit mine.xml mine.xml --mode 1 --move 1=up
+exits "a steps text that is not there" 4 edit mine.xml mine.xml --mode 1 --steps 1=missing.txt
+exits "a folder that is not there" 4 edit mine.xml nowhere/mine.xml --mode 1 --clear 1
+check "the file is as it was" cmp mine.xml reef-day.xml
+
+# --- files that are no programs
+
+refused() {
+  exits "$1" 4 info "$2"
+  silent "$1 prints no data"
+  says "$1 is explained" "cannot be read, or is no light program"
+}
+: >empty.xml
+head -c 700 reef-day.xml >cut.xml
+head -c 4096 /dev/urandom >binary.xml
+refused "a missing file" missing.xml
+refused "an empty file" empty.xml
+refused "a cut file" cut.xml
+refused "a binary file" binary.xml
+refused "a folder" made
+head -c 100000000 /dev/zero | tr '\0' '<' >brackets.xml
+refused "100 MB of <" brackets.xml
+truncate -s 60000000 brackets.xml
+refused "60 MB of <" brackets.xml
+{ printf '<a>%.0s' $(seq 100000); printf '</a>%.0s' $(seq 100000); } >nested.xml
+refused "100,000 nested elements" nested.xml
+{ printf "<modelist><mode name='"; head -c 50000000 /dev/zero | tr '\0' 'a'; printf "'/></modelist>"; } >attribute.xml
+refused "an attribute of 50 MB" attribute.xml
+rm -f brackets.xml nested.xml attribute.xml
+
+# --- output that goes nowhere
+
+full_disk() { ctl "$@" >/dev/full 2>err.txt; [ $? = 4 ] && grep -q "standard output cannot be written" err.txt; }
+for arguments in "--help" "info reef-day.xml" "info reef-day.xml --json" "curve reef-day.xml --mode 1"; do
+  # shellcheck disable=SC2086
+  check "$arguments on a full disk" full_disk $arguments
+done
+ctl curve reef-day.xml --mode 1 --every 1 2>err.txt | head -n 1 >out.txt
+status=("${PIPESTATUS[@]}")
+check "a reader who goes away is a failed write" test "${status[0]}" = 4
+check "he has had his line" grep -q "^second,c1" out.txt
+
+# --- controllers, in real time
+
+exits "upload to the emulator" 0 upload reef-day.xml --device emulator
+check "the upload tells what it does" diff err.txt - <<'TEXT'
+Configuring device TC420_Emulator
+Uploading started
+Uploading mode: Reef day
+Uploading mode: Cloudy day
+Uploading finished
+Finished configuring device TC420_Emulator
+TEXT
+silent "an upload prints no data"
+exits "upload with a trace" 0 upload reef-day.xml --device emulator --trace
+check "a trace has one packet for each frame" \
+  test "$(grep -c '^WritePacket: ' err.txt)" = "$(wc -l <"$outdir/reef-day.frames.txt")"
+exits "demo on the emulator" 0 demo reef-day.xml --device emulator --mode 2 --seconds 1
+says "the demo ends" "Demo finished"
+exits "sync-time" 0 sync-time --device emulator --time "2026-03-14 09:26:53"
+exits "a day that the calendar lacks" 2 sync-time --device emulator --time "2026-02-29 09:26:53"
+exits "clear" 0 clear --device emulator
+exits "devices" 0 devices --json
+exits "a controller that is not there" 3 sync-time --device tc420
+says "it is a connect error" "Connect error"
+
+# --- signals and terminals, which only the system's own programs have here
+
+# stopped STATUS WAIT... -- ARGUMENT...: the command with a SIGTERM after each wait of so many seconds.
+stopped() {
+  local wanted=$1 waits=()
+  shift
+  while [ "$1" != -- ]; do waits+=("$1"); shift; done
+  shift
+  "${command[@]}" "$@" >out.txt 2>err.txt &
+  local pid=$!
+  for wait in "${waits[@]}"; do sleep "$wait"; kill -TERM "$pid"; done
+  wait "$pid"
+  [ $? = "$wanted" ]
+}
+if $native; then
+  check "a demo can be stopped" stopped 1 0.7 -- demo reef-day.xml --device emulator
+  check "a stopped demo gives the controller back" diff <(tail -n 2 err.txt) <(printf 'Demo finished\nCancelled!\n')
+  check "an upload can be stopped" stopped 1 0.3 -- upload reef-day.xml --device emulator
+  check "a stopped upload is closed" diff <(tail -n 2 err.txt) <(printf 'Uploading finished\nCancelled!\n')
+  check "the second signal ends at once" stopped 130 0.5 0.5 -- clear --device emulator
+  check "a closed standard output is a failed write" bash -c "${command[*]} info reef-day.xml >&- 2>err.txt; [ \$? = 4 ]"
+
+  script -qec "${command[*]} demo reef-day.xml --device emulator --seconds 1" /dev/null >terminal.txt </dev/null
+  check "a terminal is shown the progress" grep -q '%' terminal.txt
+  printf "<modelist><mode name='a\033[2Jb'><channel/><channel/><channel/><channel/><channel/></mode></modelist>" >escape.xml
+  script -qec "${command[*]} info escape.xml" /dev/null >terminal.txt </dev/null
+  check "a terminal is given no control sequence of a file" bash -c '! grep -q $'"'\\x1B'"' terminal.txt'
+  check "a pipe is given it as it is" bash -c "${command[*]} info escape.xml | grep -q \$'\\x1B'"
+fi
+
+exit $failed
