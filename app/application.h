@@ -6,19 +6,18 @@
 //   ... hand application.mainWindow and application.chartWindow to the window procedures ...
 //   return application.Run();              // start-up, main loop, shut-down
 //
-// Settings are written when the process ends.
+// The settings are written when the process ends. One at a time in a process.
 
+#include "app/app_state.h"
+#include "app/commands.h"
 #include "app/main_window.h"
 #include "app/ports.h"
 
 namespace app {
 
-struct AppState;
-class Commands;
-
 class Application {
  public:
-  /// `shell` must outlive the application.
+  /// What the shell's references name must outlive the application.
   explicit Application(const Shell& shell);
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
@@ -28,9 +27,27 @@ class Application {
   /// done, if the main window could not be made.
   int Run();
 
+  // What Run does, for whoever turns the loop himself.
+
+  /// False if the main window could not be made; nothing else is to be done then.
+  bool StartUp();
+  /// One turn of the main loop; false after the last one.
+  bool Turn();
+  void ShutDown();
+
+  AppState state;
+
   // Where the shell takes the events of its two windows.
   MainWindow mainWindow;
   ChartWindow chartWindow;
+
+ private:
+  bool InitInstance();
+  void ConnectWindow();
+  void OpenLastProgram();
+
+  const Shell shell_;
+  Commands commands_;
 };
 
 }  // namespace app

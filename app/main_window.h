@@ -10,7 +10,9 @@
 
 namespace app {
 
-class Application;
+struct AppState;
+class Commands;
+struct Shell;
 
 /// What is left for the shell to do with an event.
 enum class Outcome {
@@ -22,7 +24,9 @@ enum class SizeKind { Restored = 0, Minimized = 1, Maximized = 2, Other = 3 };
 
 class MainWindow {
  public:
-  explicit MainWindow(Application& application) : app(application) {}
+  /// All of these outlive the window.
+  MainWindow(AppState& state, Commands& commands, const Shell& shell)
+      : state_(state), commands_(commands), shell_(shell) {}
 
   Outcome OnDestroy();
   Outcome OnSize(SizeKind kind);
@@ -43,13 +47,18 @@ class MainWindow {
   Outcome OnEvent(std::uint32_t event, std::uintptr_t first, std::intptr_t second);
 
  private:
-  Application& app;
+  void UpdateLayout();
+  void ShowDemoAtRest();
+
+  AppState& state_;
+  Commands& commands_;
+  const Shell& shell_;
 };
 
 /// The chart's window. Default handling follows on every event. Points are in its own coordinates.
 class ChartWindow {
  public:
-  explicit ChartWindow(Application& application) : app(application) {}
+  explicit ChartWindow(AppState& state) : state_(state) {}
 
   void OnPaint();
   void OnKeyDown(int key);
@@ -63,7 +72,7 @@ class ChartWindow {
   void OnWheel(std::int32_t x, std::int32_t y, int delta, bool shift, bool ctrl, bool otherButtons);
 
  private:
-  Application& app;
+  AppState& state_;
 };
 
 }  // namespace app

@@ -17,6 +17,7 @@
 #include "chart/chart_window.h"
 #include "chart/renderer_base.h"
 #include "common/event_target.h"
+#include "program/settings.h"
 #include "program/view.h"
 
 namespace app {
@@ -211,6 +212,10 @@ struct Shell {
   QuestionsPort& questions;
   EventSource& events;
   std::function<std::unique_ptr<UX::RendererBase>(const UX::ChartScene&)> makeRenderer;
+
+  // What lasts from one run to the next. The one of the process unless told otherwise.
+  Settings& settings = Settings::Instance();
+  std::filesystem::path deviceLogFile = DocumentPath(u"LumarineLog.txt");
 };
 
 }  // namespace app

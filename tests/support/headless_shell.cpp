@@ -301,7 +301,8 @@ void RecordingRenderer::Render() {
 
 // Desktop
 
-Desktop::Desktop() {
+Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile)
+    : settings_(settings), deviceLogFile_(std::move(deviceLogFile)) {
   queue.whenEmpty = [this] { return NextTimerOrPaint(); };
   // As the platform does it: the menu is brought up to date first, and a greyed item is not carried out.
   queue.onAccelerator = [this](int command) {
@@ -311,13 +312,16 @@ Desktop::Desktop() {
   application.emplace(Ports());
 }
 
-Desktop::~Desktop() = default;
+Desktop::~Desktop() {
+  application.reset();  // it speaks to all the rest until it is gone
+}
 
 app::Shell Desktop::Ports() {
-  return {
-      *this, *this, chart, controls, logPane, menu, questions, queue, [this](const UX::ChartScene& scene) {
-        return std::make_unique<RecordingRenderer>(scene, journal);
-      }};
+  const auto makeRenderer = [this](const UX::ChartScene& scene) {
+    return std::make_unique<RecordingRenderer>(scene, journal);
+  };
+  return {*this,     *this, chart,        controls,  logPane,       menu,
+          questions, queue, makeRenderer, settings_, deviceLogFile_};
 }
 
 RecordingRenderer& Desktop::Renderer() {

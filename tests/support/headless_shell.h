@@ -233,7 +233,8 @@ class ChartWindow final : public UX::ChartWindowPort {
 /// One run of the program: the windows, what they were told, and the application that they belong to.
 class Desktop final : public app::PlatformPort, public app::MainWindowPort {
  public:
-  Desktop();
+  /// Both outlive the desktop.
+  Desktop(Settings& settings, std::filesystem::path deviceLogFile);
   ~Desktop() override;
 
   // app::PlatformPort
@@ -266,13 +267,14 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   ChartWindow chart{focus};
   bool refuseWindow = false;  // CreateMainWindow fails
 
-  /// Last: it uses all of the above.
   std::optional<app::Application> application;
 
  private:
   app::Shell Ports();
   std::optional<Event> NextTimerOrPaint();
 
+  Settings& settings_;
+  const std::filesystem::path deviceLogFile_;
   std::optional<std::pair<int, int>> timer_;  // id and milliseconds
   double timerDue_ = 0.0;                     // on the virtual clock
 };

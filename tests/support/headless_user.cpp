@@ -7,7 +7,10 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/numbers.h"
+#include "chart/bumper.h"
 #include "common/log.h"
+#include "devices/demo_state.h"
+#include "program/channel_edit.h"
 #include "tests/support/virtual_clock.h"
 
 namespace headless {
@@ -19,19 +22,44 @@ constexpr int kWheelNotch = 120;
 constexpr int kNotified = 0;  // the code of a button that was pressed
 constexpr std::chrono::seconds kPatience{60};
 
+// What a process finds as nobody has used it yet.
+void BeginProcess() {
+  for (LogChannel* log : {&statusLog, &warningLog, &deviceLog}) {
+    log->wakeHandler = nullptr;
+    log->textHandler = nullptr;
+    log->Drain();
+  }
+  TCBase::demoState.SetIdle();
+  TCBase::TakeCommand();
+  TCBase::Program::stepClipboard = {};
+  frameClock.Reset();
+  idleTimer.Reset();
+  now = 0.0;
+}
+
 }  // namespace
+
+HeadlessUser::HeadlessUser(std::filesystem::path documents) : documents_(std::move(documents)) {}
 
 HeadlessUser::~HeadlessUser() = default;
 
 void HeadlessUser::Start() {
-  desktop_ = std::make_unique<Desktop>();
+  BeginProcess();
+  settings_.emplace(documents_ / Settings::fileName);
+  desktop_ = std::make_unique<Desktop>(*settings_, documents_ / "LumarineLog.txt");
+  desktop_->refuseWindow = refuseWindow;
   restored_ = desktop_->size;
   questionsSeen_ = 0;
-  if (!desktop_->application->StartUp()) {
-    desktop_.reset();
-    return;
+  if (desktop_->application->StartUp()) {
+    Settle();
+  } else {
+    End();
   }
-  Settle();
+}
+
+void HeadlessUser::End() {
+  desktop_.reset();
+  settings_->Save();
 }
 
 void HeadlessUser::Turn() {
@@ -39,7 +67,8 @@ void HeadlessUser::Turn() {
   desktop_->application->ShutDown();
   EXPECT_TRUE(desktop_->questions.answers.empty()) << "a question that was expected did not come up";
   EXPECT_TRUE(desktop_->questions.picks.empty()) << "a file dialog that was expected did not come up";
-  desktop_.reset();
+  lastJournal = desktop_->journal;
+  End();
 }
 
 void HeadlessUser::Settle() {

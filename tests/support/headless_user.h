@@ -1,10 +1,11 @@
 #pragma once
 
-// A user in front of the headless shell. The program's settings and logs last from one Start to the next, as
-// they do between two runs of a process.
+// A user in front of the headless shell. Each Start is a process of its own, as far as one can see: logs,
+// clocks and the demo begin anew, and settings come from the file that the run before left at its end.
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,8 @@ namespace headless {
 
 class HeadlessUser final : public User {
  public:
-  HeadlessUser() = default;
+  /// Settings and device log are kept in the folder `documents`.
+  explicit HeadlessUser(std::filesystem::path documents);
   /// Ends the program, if it runs, without a question.
   ~HeadlessUser() override;
 
@@ -60,12 +62,17 @@ class HeadlessUser final : public User {
 
   Desktop& GetDesktop() { return *desktop_; }
   app::AppState& State() { return desktop_->application->state; }
+  Settings& GetSettings() { return *settings_; }
   /// A command event, greyed or not: commands without a menu item or key, notifications.
   void SendCommand(int id, int code = 0);
   /// Turns the main loop until nothing is queued.
   void Settle();
   /// One turn, and the end of the program if it was the last.
   void Turn();
+  /// The main window cannot be made at the next start.
+  bool refuseWindow = false;
+  /// Of the run that ended last.
+  Journal lastJournal;
 
  private:
   /// Puts an event for one of the windows into the queue.
@@ -73,6 +80,10 @@ class HeadlessUser final : public User {
   void SetSize(app::Size size, app::SizeKind kind);
   void Notify(app::Control control, int code);
 
+  void End();
+
+  const std::filesystem::path documents_;
+  std::optional<Settings> settings_;
   std::unique_ptr<Desktop> desktop_;  // null while the program does not run
   app::Size restored_;                // what Restore() goes back to
   std::size_t questionsSeen_ = 0;

@@ -1,0 +1,21 @@
+#include "app/app_state.h"
+
+namespace app {
+
+AppState::AppState(const Shell& shell)
+    : chartInput(shell.chartWindow, program, selection, undoStack, chartLayout),
+      renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout})) {}
+
+void AppState::BuildControls(const Shell& shell) {
+  ctrls = std::make_unique<Ctrls>(shell, program, devices, chartLayout);
+  document = std::make_unique<ProgramDocument>(shell, program, undoStack, *ctrls, chartInput, savedProgram);
+  menuBar = std::make_unique<MenuBar>(shell, selection, languages);
+  viewControl = std::make_unique<ViewControl>(shell, program, *ctrls, chartInput, *renderer);
+  powerControl = std::make_unique<ChannelPowerControl>(shell, selection, undoStack, chartInput);
+}
+
+TCBase::Program::Mode& AppState::CurrentMode() {
+  return program.modes.at(static_cast<std::size_t>(program.currentMode));
+}
+
+}  // namespace app

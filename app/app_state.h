@@ -1,0 +1,59 @@
+#pragma once
+
+// All state of the running program, in the order of its construction. Belongs to the user interface thread;
+// what the worker shares has locks of its own. The clocks (`now`, frameClock, idleTimer), the demo's state
+// and the steps clipboard are objects of their own folders.
+
+#include <memory>
+#include <vector>
+
+#include "app/channel_power.h"
+#include "app/chart_input.h"
+#include "app/ctrls.h"
+#include "app/languages.h"
+#include "app/menu_bar.h"
+#include "app/ports.h"
+#include "app/program_document.h"
+#include "app/saved_baseline.h"
+#include "app/undo_stack.h"
+#include "app/view_control.h"
+#include "chart/chart_layout.h"
+#include "chart/renderer_base.h"
+#include "devices/device_info.h"
+#include "devices/worker.h"
+#include "program/builtin_modes.h"
+
+namespace app {
+
+struct AppState {
+  /// Builds what there is before any window. The worker thread runs from here on.
+  explicit AppState(const Shell& shell);
+  AppState(const AppState&) = delete;
+  AppState& operator=(const AppState&) = delete;
+
+  TCBase::Program::ModeListView program = TCBase::Program::NewProgram();  // the only live document
+  SavedBaseline savedProgram{program};
+  UndoStack undoStack{program};
+  TCBase::Worker worker;
+  std::vector<TCBase::DeviceInfo> devices;  // as listed, with the user's ticks
+  TCBase::Program::StepSelection selection{program};
+  TCBase::Program::StepSelection hoverStep{program};  // under the mouse
+  UX::ChartLayout chartLayout;
+  ChartInput chartInput;
+  std::unique_ptr<UX::RendererBase> renderer;
+  Languages languages;
+
+  // Null until BuildControls().
+  std::unique_ptr<Ctrls> ctrls;
+  std::unique_ptr<ProgramDocument> document;
+  std::unique_ptr<MenuBar> menuBar;
+  std::unique_ptr<ViewControl> viewControl;
+  std::unique_ptr<ChannelPowerControl> powerControl;
+
+  /// Builds what speaks to the window, once there is one.
+  void BuildControls(const Shell& shell);
+
+  TCBase::Program::Mode& CurrentMode();
+};
+
+}  // namespace app

@@ -1,0 +1,112 @@
+// The order in which things come up and go down.
+
+#include "app/application.h"
+
+#include "app/demo_control.h"
+#include "app/device_log.h"
+#include "app/main_loop.h"
+#include "app/numbers.h"
+#include "common/files.h"
+#include "common/log.h"
+#include "common/message.h"
+#include "devices/demo_state.h"
+
+namespace app {
+
+Application::Application(const Shell& shell)
+    : state(shell),
+      mainWindow(state, commands_, shell_),
+      chartWindow(state),
+      shell_(shell),
+      commands_(state, shell_) {}
+
+Application::~Application() {
+  // The handlers refer to the controls; the worker may log until it is gone.
+  state.worker.Shutdown();
+  if (state.ctrls) state.ctrls->DisconnectLogs();
+}
+
+int Application::Run() {
+  if (!StartUp()) return 0;
+  while (Turn()) {
+  }
+  ShutDown();
+  return shell_.events.ExitCode();
+}
+
+bool Application::Turn() {
+  return TurnMainLoop(shell_.events, *state.renderer);
+}
+
+bool Application::StartUp() {
+  PlatformPort& platform = shell_.platform;
+  platform.Do(PlatformStep::InitCommonControls);
+  platform.Do(PlatformStep::StartGraphics);
+  platform.Do(PlatformStep::StartNetwork);
+  ConfigureDeviceLog(shell_.settings, shell_.deviceLogFile);
+  LogStatus(Message("Language set to English"));
+  platform.Do(PlatformStep::LoadNames);
+  platform.Do(PlatformStep::RegisterMainClass);
+  platform.Do(PlatformStep::RegisterChartClass);
+  if (!InitInstance()) return false;
+
+  shell_.mainWindow.StartTimer(kDemoTimer, kDemoTimerMilliseconds);
+  state.worker.Attach(&shell_.mainWindow, WM_DEVICES_CHANGED);
+  LogStatus(
+      Message("Loaded program contains {1} modes", static_cast<std::int32_t>(state.program.modes.size())));
+  const TCBase::Program::Mode& mode = state.CurrentMode();
+  LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
+  platform.Do(PlatformStep::LoadAccelerators);
+  return true;
+}
+
+bool Application::InitInstance() {
+  if (!shell_.platform.Do(PlatformStep::CreateMainWindow)) return false;
+  state.BuildControls(shell_);
+  const Size client = shell_.mainWindow.ClientSize();
+  state.chartLayout.Update(client.width, client.height);
+  state.ctrls->CreateControls();
+  state.ctrls->FillModeList();
+  state.ctrls->UpdateScrollBar();
+  state.ctrls->UpdateZoomSlider();
+  state.ctrls->SetDevices(state.worker.GetDevices());
+  state.renderer->window = &shell_.chartWindow;
+  NotifyDemoIdle(shell_.mainWindow);
+  state.renderer->Initialise();
+  shell_.platform.Do(PlatformStep::LoadLogo);
+  shell_.mainWindow.Show();
+  ConnectWindow();
+  OpenLastProgram();
+  state.renderer->Rebuild();
+  return true;
+}
+
+void Application::ConnectWindow() {
+  shell_.platform.Do(PlatformStep::TakeMenu);
+  state.menuBar->ApplyTexts();
+  state.menuBar->MarkLogging(shell_.settings.LoggingEnabled());
+  state.powerControl->Update();
+  // What was logged since the start has waited and appears with the next line.
+  state.ctrls->ConnectLogs();
+}
+
+void Application::OpenLastProgram() {
+  const std::string last = shell_.settings.GetValue("last_open_file");
+  if (!last.empty() && state.document->LoadFile(PathFromUtf8(last))) {
+    state.document->AfterLoad();
+    state.document->SyncBaseline();
+  } else {
+    state.document->NewProgram();
+  }
+}
+
+void Application::ShutDown() {
+  state.worker.Shutdown();
+  state.renderer->Release();
+  shell_.platform.Do(PlatformStep::DeleteLogo);
+  shell_.platform.Do(PlatformStep::StopGraphics);
+  shell_.platform.Do(PlatformStep::StopHid);
+  shell_.platform.Do(PlatformStep::StopNetwork);
+}
+
+}  // namespace app

@@ -1,0 +1,73 @@
+#include "app/channel_power.h"
+
+#include <algorithm>
+
+#include "app/numbers.h"
+#include "common/truncate.h"
+#include "program/channel_edit.h"
+
+namespace app {
+
+using namespace TCBase::Program;
+
+namespace {
+constexpr std::int32_t kMostPower = 100;
+constexpr std::int32_t kPage = 5;
+// Where the End key goes: the end of the zoom slider, not of this one; kept so.
+constexpr std::int32_t kLastPosition = kLastZoomPosition;
+}  // namespace
+
+ChannelPowerControl::ChannelPowerControl(const Shell& shell, const StepSelection& selection,
+                                         UndoStack& undoStack, ChartInput& chartInput)
+    : shell_(shell), selection_(selection), undoStack_(undoStack), chartInput_(chartInput) {}
+
+void ChannelPowerControl::Update() {
+  const Channel* channel = SelectedChannel(selection_);
+  const std::int32_t power = std::max(TruncateToInt(channel != nullptr ? ChannelPower(*channel) : 0.0F), 0);
+  ControlsPort& controls = shell_.controls;
+  if (power == controls.SliderPosition(Control::PowerSlider)) return;
+  controls.SetSliderRange(Control::PowerSlider, kMostPower, kPage, kPage);
+  controls.SetSliderPosition(Control::PowerSlider, power);
+  controls.SetEnabled(Control::PowerSlider, power != 0);
+}
+
+void ChannelPowerControl::OnSlider(int code, int position) {
+  std::int32_t power = shell_.controls.SliderPosition(Control::PowerSlider);
+  switch (code) {
+    case scroll::kLineBack:
+    case scroll::kPageBack:  // by one as well, not by the page
+      --power;
+      break;
+    case scroll::kLineForward:
+    case scroll::kPageForward:
+      ++power;
+      break;
+    case scroll::kThumbReleased:
+      powerTracking_ = false;
+      break;
+    case scroll::kThumbMoving:
+      power = position;
+      // The first event of a drag differs from the 0 and so writes the history, those behind it do not.
+      lastPower_ = powerTracking_ ? power : 0;
+      powerTracking_ = true;
+      break;
+    case scroll::kFirst:
+      power = 0;
+      break;
+    case scroll::kLast:
+      power = kLastPosition;
+      break;
+    default:
+      break;
+  }
+  if (lastPower_ != power) {
+    undoStack_.Snapshot();
+    lastPower_ = power;
+  }
+  shell_.controls.SetSliderPosition(Control::PowerSlider, power);
+  if (Channel* channel = SelectedChannel(selection_)) ScaleChannel(*channel, static_cast<float>(power));
+  chartInput_.InvalidateChart();
+  shell_.mainWindow.TakeFocus();
+}
+
+}  // namespace app

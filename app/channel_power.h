@@ -1,0 +1,37 @@
+#pragma once
+
+// The power slider: the highest value of the selected channel, shown and changed. User interface thread.
+
+#include <cstdint>
+
+#include "app/chart_input.h"
+#include "app/ports.h"
+#include "app/undo_stack.h"
+#include "program/program.h"
+
+namespace app {
+
+class ChannelPowerControl {
+ public:
+  ChannelPowerControl(const Shell& shell, const TCBase::Program::StepSelection& selection,
+                      UndoStack& undoStack, ChartInput& chartInput);
+
+  /// Shows the selected channel's power, 0 without one; nothing happens if the slider stands there already.
+  /// The slider is disabled at 0: a channel without light cannot be scaled.
+  void Update();
+
+  /// The slider's scroll event. A drag of the thumb makes one entry in the history, every other move one of
+  /// its own.
+  void OnSlider(int code, int position);
+
+ private:
+  const Shell& shell_;
+  const TCBase::Program::StepSelection& selection_;
+  UndoStack& undoStack_;
+  ChartInput& chartInput_;
+
+  bool powerTracking_ = false;  // the thumb is being dragged
+  std::int32_t lastPower_ = 0;  // where the slider was when the history was last written
+};
+
+}  // namespace app

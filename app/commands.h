@@ -1,0 +1,95 @@
+#pragma once
+
+// The one place where commands are carried out, whether they come from a menu item, a key, a button or a
+// list. User interface thread.
+
+#include "app/app_state.h"
+#include "app/ports.h"
+
+namespace app {
+
+class Commands {
+ public:
+  /// Both outlive the commands. Nothing is carried out before AppState::BuildControls.
+  Commands(AppState& state, const Shell& shell) : state_(state), shell_(shell) {}
+
+  /// Carries out a command or what a control says of itself. Unknown numbers and commands that are not served
+  /// yet do nothing.
+  void Dispatch(int id, int code);
+
+  /// Whether `number` is carried out.
+  static bool IsServed(int number);
+
+ private:
+  using Handler = void (Commands::*)(int argument);
+
+  /// Whether an entry of the history is made before the handler acts; where it is made later, or only if
+  /// something changed, the handler sees to it.
+  enum class Undo { None, Snapshot };
+
+  /// Handlers of several commands tell them apart by `argument`.
+  struct Row {
+    int number;
+    Undo undo;
+    Handler handler;  // null: not served yet
+    int argument = 0;
+  };
+  struct ControlCommand {
+    int id;
+    int code;  // kAnyCode for all
+    Handler handler;
+    int argument = 0;
+  };
+  static constexpr int kAnyCode = -1;
+
+  static const Row kRows[];
+  static const ControlCommand kControlCommands[];
+  static const Row* Find(int number);
+
+  // File
+  void NewProgram(int);
+  void LoadProgram(int);
+  void SaveProgram(int);
+  void SaveProgramAs(int);
+  void ProgramInfo(int);
+  void Exit(int);
+  // Edit
+  void UndoChange(int);
+  void RedoChange(int);
+  void RefreshAfterHistory();
+  // Device
+  void SyncTime(int);
+  void UploadProgram(int);
+  void ClearAll(int);
+  void PlayDemo(int);
+  void StopDemo(int);
+  void SetDemoSpeed(int seconds);
+  void AddEmulator(int);
+  void ReadDeviceSelection(int);
+  // Channel
+  void ChartKey(int key);
+  void CopySteps(int);
+  void PasteSteps(int);
+  void MoveSteps(int down);
+  void ClearSteps(int);
+  void NextColor(int);
+  // Mode
+  void OptimizeForTC421(int);
+  void AddEndpoint(int second);
+  void Align(int minutes);
+  void SelectMode(int);
+  void DeleteMode(int);
+  // View
+  void ZoomIn(int);
+  void ZoomOut(int);
+  void ShowHours(int hours);
+  void Pan(int seconds);
+  // Help
+  void ToggleLogging(int);
+  void ShowKnownIssues(int);
+
+  AppState& state_;
+  const Shell& shell_;
+};
+
+}  // namespace app

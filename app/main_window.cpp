@@ -1,0 +1,168 @@
+#include "app/main_window.h"
+
+#include "app/app_state.h"
+#include "app/commands.h"
+#include "app/demo_control.h"
+#include "app/numbers.h"
+#include "common/log.h"
+#include "devices/demo_state.h"
+
+namespace app {
+
+Outcome MainWindow::OnDestroy() {
+  shell_.mainWindow.StopTimer(kDemoTimer);
+  shell_.mainWindow.PostQuit(0);
+  return Outcome::Default;
+}
+
+Outcome MainWindow::OnSize(SizeKind kind) {
+  idleTimer.Restart(0.0);
+  if (kind != SizeKind::Restored && kind != SizeKind::Maximized) return Outcome::Default;
+  UpdateLayout();
+  if (state_.ctrls == nullptr) return Outcome::Default;  // the window is being made
+  state_.ctrls->MoveControls();
+  state_.renderer->Rebuild();
+  return Outcome::Default;
+}
+
+Outcome MainWindow::OnPaint() {
+  UpdateLayout();
+  const UX::Rect& client = state_.chartLayout.clientRect;
+  shell_.mainWindow.PaintLogo(LogoRect(client.width, client.height));
+  return Outcome::Default;
+}
+
+Outcome MainWindow::OnClose() {
+  if (state_.document->AskToSave()) shell_.mainWindow.Destroy();
+  return Outcome::Done;
+}
+
+Outcome MainWindow::OnCommand(int id, int code) {
+  commands_.Dispatch(id, code);
+  return Outcome::Done;
+}
+
+Outcome MainWindow::OnTimer(int id) {
+  if (id != kDemoTimer) return Outcome::Default;
+  if (!IsDemoRunning()) return Outcome::Done;
+  state_.chartInput.InvalidateChart();
+  state_.ctrls->ShowDemoStatus(TCBase::demoState);
+  return Outcome::Done;
+}
+
+Outcome MainWindow::OnHorizontalScroll(Control sender, int code, int position) {
+  switch (sender) {
+    case Control::ScrollBar:
+      state_.viewControl->OnScrollBar(code, position);
+      break;
+    case Control::ZoomSlider:
+      state_.viewControl->OnZoomSlider(code, position);
+      break;
+    case Control::PowerSlider:
+      state_.powerControl->OnSlider(code, position);
+      break;
+    default:
+      break;
+  }
+  return Outcome::Done;
+}
+
+Outcome MainWindow::OnInitMenuPopup() {
+  state_.menuBar->Refresh(TCBase::demoState.position, shell_.settings.LoggingEnabled());
+  return Outcome::Default;
+}
+
+Outcome MainWindow::OnLeftButtonDown() {
+  // Stands at 0 from now on: drawing goes on until the next event restarts it.
+  idleTimer.Stop();
+  state_.chartLayout.ClearFocus();
+  state_.chartInput.InvalidateChart();
+  return Outcome::Default;
+}
+
+Outcome MainWindow::OnSizing() {
+  now = frameClock.Now();  // the main loop does not turn meanwhile
+  idleTimer.Restart(0.0);
+  return Outcome::Done;
+}
+
+Outcome MainWindow::OnExitSizeMove() {
+  idleTimer.Restart(0.0);
+  state_.renderer->Rebuild();
+  state_.chartInput.InvalidateChart();
+  return Outcome::Default;
+}
+
+Outcome MainWindow::OnEvent(std::uint32_t event, std::uintptr_t, std::intptr_t) {
+  switch (event) {
+    case WM_LOG_PENDING:
+      // In this order: a batch shows its status lines first.
+      statusLog.Drain();
+      warningLog.Drain();
+      return Outcome::Done;
+    case WM_SCAN_FINISHED:
+    case WM_DEVICES_CHANGED:
+      state_.ctrls->SetDevices(state_.worker.GetDevices());
+      return Outcome::Done;
+    case WM_DEMO_STATE:
+      ShowDemoAtRest();
+      return Outcome::Done;
+    default:
+      return Outcome::Default;
+  }
+}
+
+void MainWindow::UpdateLayout() {
+  const Size client = shell_.mainWindow.ClientSize();
+  state_.chartLayout.Update(client.width, client.height);
+}
+
+void MainWindow::ShowDemoAtRest() {
+  TCBase::DemoState atRest;
+  state_.ctrls->ShowDemoStatus(atRest);
+  state_.menuBar->RefreshNow(-1, shell_.settings.LoggingEnabled());
+  state_.chartInput.InvalidateChart();
+}
+
+void ChartWindow::OnPaint() {
+  state_.renderer->Render();
+}
+
+void ChartWindow::OnKeyDown(int key) {
+  idleTimer.Restart(0.0);
+  state_.chartInput.OnKey(key);
+  state_.powerControl->Update();
+}
+
+void ChartWindow::OnKeyUp(int key) {
+  idleTimer.Restart(0.0);
+  state_.chartInput.OnKeyUp(key);
+  state_.ctrls->ShowModeDescription();
+}
+
+void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y) {
+  idleTimer.Restart(0.0);
+  state_.renderer->MouseMoved(x, y);
+}
+
+void ChartWindow::OnLeftDown(std::int32_t, std::int32_t) {
+  idleTimer.Restart(0.0);
+}
+
+void ChartWindow::OnLeftUp(std::int32_t, std::int32_t) {
+  idleTimer.Restart(0.0);
+}
+
+void ChartWindow::OnRightDown(std::int32_t, std::int32_t) {
+  idleTimer.Restart(0.0);
+}
+
+void ChartWindow::OnRightUp(std::int32_t, std::int32_t) {
+  idleTimer.Restart(0.0);
+}
+
+void ChartWindow::OnWheel(std::int32_t, std::int32_t, int, bool, bool, bool) {
+  idleTimer.Restart(0.0);
+}
+
+}  // namespace app

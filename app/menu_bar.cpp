@@ -1,0 +1,126 @@
+#include "app/menu_bar.h"
+
+#include <cstddef>
+#include <string>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/chart_input.h"
+#include "app/menu_table.h"
+#include "app/numbers.h"
+#include "common/message.h"
+
+namespace app {
+
+namespace {
+
+constexpr char kEnglishId[] = "en";
+
+// What a demo must not have changed under it, or what cannot be done while the worker plays it.
+constexpr int kIdleCommands[] = {
+    command::kNewProgram, command::kLoadProgram, command::kUndo,          command::kRedo,
+    command::kSyncTime,   command::kSetTime,     command::kUploadProgram, command::kClearAll,
+    command::kSpeedFast,  command::kSpeedNormal, command::kSpeedSlow,     command::kSpeedCustom,
+    command::kPlayDemo,   command::kScanWifi,    command::kSetupWifi,
+};
+constexpr int kIdlePopups[] = {menu::kChannel, menu::kMode};
+
+std::u16string MenuText(std::string_view key, std::string_view suffix = {}) {
+  return WideFromUtf8(Translate(key).append(suffix));
+}
+
+void ApplyEntries(MenuPort& port, std::span<const MenuEntry> entries, int bar) {
+  int position = 0;
+  for (const MenuEntry& entry : entries) {
+    if (entry.kind == MenuEntry::Kind::Command) {
+      port.SetItemText(entry.command, MenuText(entry.text, entry.suffix));
+    } else if (entry.kind == MenuEntry::Kind::Submenu) {
+      port.SetPopupText(position, MenuText(entry.text), bar);
+      ApplyEntries(port, entry.entries, bar);
+    }
+    ++position;
+  }
+}
+
+}  // namespace
+
+MenuBar::MenuBar(const Shell& shell, const TCBase::Program::StepSelection& selection,
+                 const Languages& languages)
+    : menu_(shell.menu), settings_(shell.settings), selection_(selection), languages_(languages) {}
+
+void MenuBar::ApplyTexts() {
+  int position = 0;
+  for (const MenuPopup& popup : MenuTable()) {
+    menu_.SetPopupText(position, MenuText(popup.text), -1);
+    ApplyEntries(menu_, popup.entries, position);
+    ++position;
+  }
+  ApplyLanguages();
+  MarkLanguage();
+  menu_.Redraw();
+}
+
+template <class Action>
+void MenuBar::ForEachLanguage(const Action& action) const {
+  int number = command::kFirstLanguage;
+  for (const Language& language : languages_.known) {
+    if (number > command::kLastLanguage) return;  // there are commands for so many
+    action(number++, language);
+  }
+}
+
+void MenuBar::ApplyLanguages() {
+  ForEachLanguage([this](int number, const Language& language) {
+    const std::u16string name = WideFromUtf8(language.name);
+    if (menu_.HasItem(number)) {
+      menu_.SetItemText(number, name);
+    } else {
+      menu_.InsertItemBefore(command::kEnglish, number, name);
+    }
+  });
+}
+
+void MenuBar::MarkLanguage() {
+  menu_.SetChecked(command::kEnglish, languages_.active == kEnglishId);
+  ForEachLanguage([this](int number, const Language& language) {
+    menu_.SetChecked(number, language.id == languages_.active);
+  });
+}
+
+void MenuBar::Refresh(std::int32_t demoPosition, bool loggingOn) {
+  const bool idle = demoPosition < 0;
+  for (const int number : kIdleCommands) menu_.SetEnabled(number, idle);
+  for (const int position : kIdlePopups) menu_.SetPopupEnabled(position, idle);
+  menu_.SetEnabled(command::kStopDemo, !idle);
+
+  const bool hasStep = SelectedStep(selection_) != nullptr;
+  menu_.SetEnabled(command::kToggleJump, hasStep);
+  menu_.SetEnabled(command::kDeleteStep, hasStep);
+
+  MarkLogging(loggingOn);
+  MarkDemoSpeed();
+  MarkLanguage();
+}
+
+void MenuBar::RefreshNow(std::int32_t demoPosition, bool loggingOn) {
+  Refresh(demoPosition, loggingOn);
+  menu_.Redraw();
+}
+
+void MenuBar::MarkLogging(bool on) {
+  menu_.SetChecked(command::kLogging, on);
+}
+
+void MenuBar::MarkDemoSpeed() {
+  const std::int32_t speed = settings_.DemoSpeed();
+  menu_.SetItemText(command::kSpeedCustom, Message("Custom...", speed).ToWide());
+  const int marked = speed == 60    ? command::kSpeedFast
+                     : speed == 180 ? command::kSpeedNormal
+                     : speed == 300 ? command::kSpeedSlow
+                                    : command::kSpeedCustom;
+  for (const int number :
+       {command::kSpeedFast, command::kSpeedNormal, command::kSpeedSlow, command::kSpeedCustom}) {
+    menu_.SetChecked(number, number == marked);
+  }
+}
+
+}  // namespace app

@@ -1,0 +1,226 @@
+#include "tests/support/scripts.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/numbers.h"
+#include "common/files.h"
+
+namespace scripts {
+
+namespace {
+
+using app::Answer;
+using app::Control;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+namespace command = app::command;
+
+std::string Bytes(const std::filesystem::path& file) {
+  std::string bytes;
+  EXPECT_TRUE(ReadFileBytes(file, bytes)) << file;
+  return bytes;
+}
+
+std::string TitleOf(const std::filesystem::path& file) {
+  return "Lumarine - " + Utf8FromPath(file);
+}
+
+void Load(User& user, const std::filesystem::path& file) {
+  user.WillPick({file});
+  ASSERT_TRUE(user.Choose(command::kLoadProgram));
+  ASSERT_EQ(user.Title(), TitleOf(file));
+}
+
+// Changes the program: the current mode's steps come to stand on full hours.
+void Edit(User& user) {
+  ASSERT_TRUE(user.Choose(command::kAlign60));
+}
+
+void StartWithoutSettings(User& user, const Folders&) {
+  user.Start();
+  EXPECT_EQ(user.Title(), "Lumarine - New program");
+  EXPECT_THAT(user.List(Control::ModeList), ElementsAre("Normal", "AlwaysOn"));
+  EXPECT_THAT(user.SelectedRows(Control::ModeList), ElementsAre(0));
+  EXPECT_THAT(user.Text(Control::ModeDescription), HasSubstr("Mode Normal (Steps: 12): Daily program"));
+  EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (60s)");
+  EXPECT_TRUE(user.MenuItem(command::kSpeedFast).checked);
+  EXPECT_FALSE(user.MenuItem(command::kLogging).checked);
+  EXPECT_EQ(user.Log(),
+            "Language set to English\r\n"
+            "Loaded program contains 2 modes\r\n"
+            "Mode Normal steps count: 12\r\n");
+  user.Close();
+  EXPECT_FALSE(user.IsRunning()) << "nothing was changed, so nothing was asked";
+}
+
+void LoadAnExample(User& user, const Folders& folders) {
+  user.Start();
+  Load(user, folders.examples / "planted-tank.xml");
+  EXPECT_THAT(user.List(Control::ModeList), testing::Contains("Planted tank"));
+  EXPECT_THAT(user.Log(), HasSubstr("Loaded program file " +
+                                    Utf8FromPath(folders.examples / "planted-tank.xml") + "\r\n"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
+void UndoAndRedo(User& user, const Folders& folders) {
+  user.Start();
+  Load(user, folders.examples / "reef-day.xml");
+  const std::string before = user.Text(Control::ModeDescription);
+  Edit(user);
+  const std::string after = user.Text(Control::ModeDescription);
+  ASSERT_NE(before, after);
+  ASSERT_TRUE(user.Choose(command::kUndo));
+  EXPECT_EQ(user.Text(Control::ModeDescription), before);
+  user.PressKey('Y', true);
+  EXPECT_EQ(user.Text(Control::ModeDescription), after);
+  user.PressKey('Z', true);
+  EXPECT_EQ(user.Text(Control::ModeDescription), before);
+  EXPECT_THAT(user.Log(), HasSubstr("Undo\r\nRedo\r\nUndo\r\n"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning()) << "what was undone needs no saving";
+}
+
+void SaveAsWritesTheSameBytes(User& user, const Folders& folders) {
+  const std::filesystem::path example = folders.examples / "seedling-bed.xml";
+  const std::filesystem::path copy = folders.work / "Grüße.xml";
+  user.Start();
+  Load(user, example);
+  user.WillPick({copy});
+  ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
+  EXPECT_EQ(user.Title(), TitleOf(copy));
+  EXPECT_THAT(user.Log(), HasSubstr("Saved program " + Utf8FromPath(copy) + "\r\n"));
+  EXPECT_EQ(Bytes(copy), Bytes(example));
+  user.Close();
+}
+
+void CloseAnsweredEachWay(User& user, const Folders& folders) {
+  const std::filesystem::path file = folders.work / "tank.xml";
+  std::filesystem::copy_file(folders.examples / "planted-tank.xml", file);
+  const std::string original = Bytes(file);
+  user.Start();
+  Load(user, file);
+  Edit(user);
+
+  user.WillAnswer(Answer::Cancel);
+  user.Close();
+  ASSERT_TRUE(user.IsRunning());
+  const std::vector<app::Question> asked = user.Questions();
+  ASSERT_THAT(asked, SizeIs(1));
+  EXPECT_EQ(asked[0].title, u"Program modified");
+  EXPECT_EQ(asked[0].text, u"Save changes?");
+  EXPECT_EQ(asked[0].buttons, app::Buttons::YesNoCancel);
+
+  user.WillAnswer(Answer::No);
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+  EXPECT_EQ(Bytes(file), original);
+
+  user.Start();
+  Edit(user);
+  user.WillAnswer(Answer::Yes);
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+  EXPECT_NE(Bytes(file), original);
+}
+
+void UploadToTheEmulator(User& user, const Folders& folders) {
+  user.Start();
+  Load(user, folders.examples / "planted-tank.xml");
+  const std::string before = user.Log();
+  ASSERT_TRUE(user.Choose(command::kAddEmulator));
+  EXPECT_THAT(user.List(Control::DeviceList), ElementsAre("TC420_Emulator"));
+  EXPECT_THAT(user.SelectedRows(Control::DeviceList), ElementsAre(0)) << "a lone device is ticked";
+  ASSERT_TRUE(user.Choose(command::kUploadProgram));
+  ASSERT_TRUE(user.WaitForLog("Finished configuring device TC420_Emulator\r\n"));
+  std::string expected = before +
+                         "Configuring device TC420_Emulator\r\n"
+                         "Uploading started\r\n";
+  for (const std::string& mode : user.List(Control::ModeList)) expected += "Uploading mode: " + mode + "\r\n";
+  EXPECT_EQ(user.Log(), expected +
+                            "Uploading finished\r\n"
+                            "Finished configuring device TC420_Emulator\r\n");
+  user.Close();
+}
+
+void WriteTheDeviceLog(User& user, const Folders& folders) {
+  user.Start();
+  ASSERT_TRUE(user.Choose(command::kLogging));
+  EXPECT_TRUE(user.MenuItem(command::kLogging).checked);
+  EXPECT_THAT(user.Log(), HasSubstr("Device communication logging ON.\r\n"));
+  user.Choose(command::kAddEmulator);
+  user.Choose(command::kClearAll);
+  ASSERT_TRUE(user.WaitForLog("Finished configuring device TC420_Emulator\r\n"));
+  EXPECT_THAT(Bytes(folders.documents / "LumarineLog.txt"), HasSubstr("ClearAll\r\n"));
+  ASSERT_TRUE(user.Choose(command::kLogging));
+  EXPECT_FALSE(user.MenuItem(command::kLogging).checked);
+  EXPECT_THAT(user.Log(), HasSubstr("Device communication logging OFF.\r\n"));
+  user.Close();
+}
+
+void ExpectPlaces(User& user) {
+  const app::Size client = user.ClientSize();
+  for (const app::ControlRow& row : app::ControlTable()) {
+    EXPECT_EQ(user.Place(row.control), row.rect.At(client.width, client.height)) << row.className;
+  }
+}
+
+void ChangeTheWindowsSize(User& user, const Folders&) {
+  user.Start();
+  ExpectPlaces(user);
+  const UX::Rect small = user.Place(Control::ChartWindow);
+  user.Resize(1300, 900);
+  ExpectPlaces(user);
+  user.Maximize();
+  ExpectPlaces(user);
+  const UX::Rect large = user.Place(Control::ChartWindow);
+  EXPECT_GT(large.width, small.width);
+  user.Minimize();
+  EXPECT_EQ(user.Place(Control::ChartWindow), large) << "minimising moves nothing";
+  user.Restore();
+  ExpectPlaces(user);
+  user.Close();
+}
+
+void SecondStartBringsTheFileBack(User& user, const Folders& folders) {
+  const std::filesystem::path file = folders.examples / "reef-day.xml";
+  user.Start();
+  Load(user, file);
+  ASSERT_TRUE(user.Choose(command::kSpeedSlow));
+  const std::vector<std::string> modes = user.List(Control::ModeList);
+  user.Close();
+  ASSERT_FALSE(user.IsRunning());
+
+  user.Start();
+  EXPECT_EQ(user.Title(), TitleOf(file));
+  EXPECT_EQ(user.List(Control::ModeList), modes);
+  EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (300s)");
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
+constexpr Script kScripts[] = {
+    {"StartWithoutSettings", StartWithoutSettings},
+    {"LoadAnExample", LoadAnExample},
+    {"UndoAndRedo", UndoAndRedo},
+    {"SaveAsWritesTheSameBytes", SaveAsWritesTheSameBytes},
+    {"CloseAnsweredEachWay", CloseAnsweredEachWay},
+    {"UploadToTheEmulator", UploadToTheEmulator},
+    {"WriteTheDeviceLog", WriteTheDeviceLog},
+    {"ChangeTheWindowsSize", ChangeTheWindowsSize},
+    {"SecondStartBringsTheFileBack", SecondStartBringsTheFileBack},
+};
+
+}  // namespace
+
+std::span<const Script> All() {
+  return kScripts;
+}
+
+}  // namespace scripts
