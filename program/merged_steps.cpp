@@ -19,7 +19,7 @@ class UsedMinutes {
   explicit UsedMinutes(const Mode& mode) {
     for (const Channel& channel : mode.channels) {
       for (const Step& step : channel) {
-        if (IsOnTheDay(step)) Insert(static_cast<std::size_t>(step.hour * 60 + step.minute));
+        if (IsOnTheDay(step)) Insert(MinuteOnTheDay(step));
       }
     }
   }
@@ -68,7 +68,7 @@ void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows) {
     // From the back, so that of several steps on one minute the first has the last word.
     for (auto step = channel.rbegin(); step != channel.rend(); ++step) {
       if (!IsOnTheDay(*step)) continue;
-      rows[rowOfMinute[static_cast<std::size_t>(step->hour * 60 + step->minute)]].jumps[c] = step->jump;
+      rows[rowOfMinute[MinuteOnTheDay(*step)]].jumps[c] = step->jump;
     }
   }
 }

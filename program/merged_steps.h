@@ -2,6 +2,8 @@
 
 // What the merged step list (CollectModeSteps) counts; for those who keep such a count themselves.
 
+#include <cstddef>
+
 #include "program/program.h"
 
 namespace TCBase::Program {
@@ -10,6 +12,11 @@ namespace TCBase::Program {
 /// even though 75 minutes after midnight exist.
 constexpr bool IsOnTheDay(const Step& step) {
   return step.hour >= 0 && step.hour < 24 && step.minute >= 0 && step.minute < 60;
+}
+
+/// The minute of such a step, 0 to 1439.
+constexpr std::size_t MinuteOnTheDay(const Step& step) {
+  return static_cast<std::size_t>(MinuteOfDay(step));
 }
 
 }  // namespace TCBase::Program

@@ -14,7 +14,7 @@ namespace {
 bool IsFull(const Channel& channel) {
   std::bitset<kMinutesPerDay> used;
   for (const Step& step : channel) {
-    if (IsOnTheDay(step)) used.set(static_cast<std::size_t>(MinuteOfDay(step)));
+    if (IsOnTheDay(step)) used.set(MinuteOnTheDay(step));
   }
   return used.all();
 }

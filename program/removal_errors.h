@@ -25,7 +25,8 @@ class RemovalRank {
   constexpr std::int32_t Error() const { return static_cast<std::int32_t>(key_ >> 32); }
   constexpr std::uint32_t Index() const { return static_cast<std::uint32_t>(key_); }
 
-  friend constexpr auto operator<=>(const RemovalRank&, const RemovalRank&) = default;
+  friend constexpr bool operator==(const RemovalRank&, const RemovalRank&) = default;
+  friend constexpr bool operator<(const RemovalRank& a, const RemovalRank& b) { return a.key_ < b.key_; }
 
  private:
   std::int64_t key_ = std::numeric_limits<std::int64_t>::max();
@@ -61,9 +62,8 @@ class OrderedErrors {
   std::size_t left_;
   std::uint32_t first_ = 0;   // the first step that is left
   std::vector<Links> links_;  // a ring of the steps that are left
-  std::vector<RemovalRank>
-      ranks_;                 // a heap-shaped tree: n leaves from [n] on, each node the lower of its two
-  bool onOneMinute_ = false;  // all that are left
+  // A tree in one array: a leaf for each step from [n] on, in [1] to [n - 1] the lower of the two below.
+  std::vector<RemovalRank> ranks_;
 };
 
 /// For any channel. A removal can change every error there, and costs O(n log n).

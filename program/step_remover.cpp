@@ -1,18 +1,11 @@
 #include "program/step_remover.h"
 
 #include <cstddef>
+#include <cstdint>
 
 #include "program/merged_steps.h"
 
 namespace TCBase::Program {
-
-namespace {
-
-std::size_t MinuteOf(const Step& stepOnTheDay) {
-  return static_cast<std::size_t>(MinuteOfDay(stepOnTheDay));
-}
-
-}  // namespace
 
 StepRemover::ChannelErrors StepRemover::ErrorsOf(const Channel& channel) {
   if (OrderedErrors::Suits(channel)) return OrderedErrors(channel);
@@ -26,7 +19,7 @@ StepRemover::StepRemover(const Mode& mode) : mode_(mode) {
     errors_.push_back(ErrorsOf(channel));
     removed_[c].resize(channel.size());
     for (const Step& step : channel) {
-      if (IsOnTheDay(step) && stepsOfMinute_[MinuteOf(step)]++ == 0) ++mergedSteps_;
+      if (IsOnTheDay(step) && stepsOfMinute_[MinuteOnTheDay(step)]++ == 0) ++mergedSteps_;
     }
   }
 }
@@ -48,7 +41,7 @@ void StepRemover::Remove(const StepRemoval& removal) {
   std::visit([index](auto& errors) { errors.Remove(index); }, errors_[c]);
   removed_[c][index] = true;
   const Step& step = mode_.channels[c][index];
-  if (IsOnTheDay(step) && --stepsOfMinute_[MinuteOf(step)] == 0) --mergedSteps_;
+  if (IsOnTheDay(step) && --stepsOfMinute_[MinuteOnTheDay(step)] == 0) --mergedSteps_;
 }
 
 void StepRemover::ApplyTo(Mode& mode) const {
