@@ -42,13 +42,11 @@ class basic_string {
     assign(text, length);
   }
   explicit basic_string(view_type text) {
-    set_empty();
-    append(text);
+    if (!place_inline(text)) append(text);
   }
   /// A text that is too long to stand in the object takes its block from a pool, as in append().
   basic_string(view_type text, pool& from) {
-    set_empty();
-    append(text, from);
+    if (!place_inline(text)) append(text, from);
   }
   basic_string(const basic_string& other) { copy_from(other); }
   basic_string(basic_string&& other) noexcept { take_from(other); }
@@ -170,6 +168,17 @@ class basic_string {
   bool may_write() const { return is_inline() || alone(); }
   bool points_inside(const Char* text) const;
 
+  /// For a new object. False if the text is too long to stand in it, which is then left empty.
+  bool place_inline(view_type text) noexcept {
+    if (text.size() > static_cast<std::size_t>(inline_capacity)) {
+      set_empty();
+      return false;
+    }
+    capacity_ = inline_capacity;
+    move_bytes(inline_, text.data(), text.size() * sizeof(Char));
+    set_length(inline_, static_cast<std::int32_t>(text.size()));
+    return true;
+  }
   void set_empty() noexcept {
     inline_[0] = Char();
     capacity_ = inline_capacity;

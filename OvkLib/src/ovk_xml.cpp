@@ -90,13 +90,6 @@ void element::swap(element& other) noexcept {
   attributes.swap(other.attributes);
 }
 
-int32_t element::find_attribute(std::string_view attributeName) const noexcept {
-  for (int32_t i = 0; i < attributes.count(); ++i) {
-    if (attributes[i].name == attributeName) return i;
-  }
-  return -1;
-}
-
 const ovk::string& element::attribute_or_empty(std::string_view attributeName) const noexcept {
   static const ovk::string empty;
   const int32_t index = find_attribute(attributeName);

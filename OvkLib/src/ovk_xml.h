@@ -51,7 +51,12 @@ class element {
   static void operator delete(void* block, pool&) noexcept { pool::release(block); }
 
   // The index of the attribute, or -1.
-  int32_t find_attribute(std::string_view attributeName) const noexcept;
+  int32_t find_attribute(std::string_view attributeName) const noexcept {
+    for (int32_t i = 0; i < attributes.count(); ++i) {
+      if (attributes[i].name == attributeName) return i;
+    }
+    return -1;
+  }
   // The attribute's value, or an empty text. The reference is good while the attribute is there.
   const ovk::string& attribute_or_empty(std::string_view attributeName) const noexcept;
   // The attribute; if absent it is added behind the others, with an empty value.

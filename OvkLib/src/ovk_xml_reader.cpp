@@ -1,10 +1,10 @@
 #include "OvkLib/src/ovk_xml_reader.h"
 
-#include <bit>
-#include <cstring>
 #include <optional>
 #include <type_traits>
 #include <utility>
+
+#include "OvkLib/src/ovk_scan.h"
 
 namespace ovk::xml {
 
@@ -12,33 +12,8 @@ namespace {
 
 using namespace states;
 
-// Up to here a walk through the attributes is faster than keeping an index of them.
-constexpr int32_t kFewAttributes = 16;
-
 const row& RowOf(int32_t state) {
   return rows[static_cast<size_t>(state)];
-}
-
-// The position of the first `a` or `b`, from the first byte of the word at the lowest address.
-inline const char* FindEither(char a, char b, const char* const begin, const char* const end) {
-  constexpr uint64_t kOnes = 0x0101010101010101;
-  constexpr uint64_t kTops = 0x8080808080808080;
-  const char* at = begin;
-  if constexpr (std::endian::native == std::endian::little) {
-    const uint64_t all_a = kOnes * static_cast<unsigned char>(a);
-    const uint64_t all_b = kOnes * static_cast<unsigned char>(b);
-    for (; end - at >= 8; at += 8) {
-      uint64_t word;
-      std::memcpy(&word, at, sizeof(word));
-      const uint64_t from_a = word ^ all_a;
-      const uint64_t from_b = word ^ all_b;
-      // The lowest top bit that is set stands for the first zero byte of either; those above it may be wrong.
-      const uint64_t zeros = (((from_a - kOnes) & ~from_a) | ((from_b - kOnes) & ~from_b)) & kTops;
-      if (zeros != 0) return at + (std::countr_zero(zeros) >> 3);
-    }
-  }
-  while (at != end && *at != a && *at != b) ++at;
-  return at;
 }
 
 // UTF-8 without a look at the range: the number is the document's affair.
@@ -97,13 +72,14 @@ std::string_view Between(const char* begin, const char* end) {
 
 // Behind the bytes from `at` on that prolong the state of the row.
 const char* EndOfRun(const row& of, const char* at, const char* const end) {
-  if (of.few_stops) return FindEither(of.stops[0], of.stops[1], at, end);
-  while (at != end && of[*at].prolongs) ++at;
+  if (of.few_stops) return find_either(of.stops[0], of.stops[1], at, end);
+  while (at != end && of.prolongs[static_cast<unsigned char>(*at)]) ++at;
   return at;
 }
 
 const char* EndOfName(const char* at, const char* const end) {
-  while (at != end && RowOf(attribute_name)[*at].prolongs) ++at;
+  const auto& prolongs = RowOf(attribute_name).prolongs;
+  while (at != end && prolongs[static_cast<unsigned char>(*at)]) ++at;
   return at;
 }
 
@@ -111,14 +87,36 @@ bool IsNameStart(char c) {
   return RowOf(end_open)[c].to == end_name;
 }
 
-// A run of character data: the tree builder takes it whole, anybody else byte by byte.
+// What the parser has found in the document, told to an observer in strings and byte by byte, and to the tree
+// builder as it stands there.
+
+void PassStartTag(observer& to, std::string_view name) {
+  to.on_start_tag(ovk::string(name));
+}
+void PassStartTag(tree_builder& to, std::string_view name) {
+  to.add_element(name);
+}
+
+bool PassEndTag(observer& to, std::string_view name) {
+  return to.on_end_tag(ovk::string(name));
+}
+bool PassEndTag(tree_builder& to, std::string_view name) {
+  return to.end_element(name);
+}
+
+bool PassAttribute(observer& to, std::string_view name, std::string_view value) {
+  return to.on_attribute(ovk::string(name), ovk::string(value));
+}
+bool PassAttribute(tree_builder& to, std::string_view name, std::string_view value) {
+  return to.add_attribute(name, value);
+}
+
 bool PassText(observer& to, std::string_view text) {
   for (const char c : text) {
     if (!to.on_char(c)) return false;
   }
   return true;
 }
-
 bool PassText(tree_builder& to, std::string_view text) {
   return to.add_text(text);
 }
@@ -130,89 +128,6 @@ bool observer::resolve_entity(const ovk::string&, ovk::string&) {
 }
 bool observer::resolve_char(uint32_t, ovk::string&) {
   return false;
-}
-
-bool tree_builder::on_start_tag(const ovk::string& name) {
-  return add_element(name.view());
-}
-bool tree_builder::on_end_tag(const ovk::string& name) {
-  return end_element(name.view());
-}
-bool tree_builder::on_char(char c) {
-  return add_text({&c, 1});
-}
-
-bool tree_builder::on_attribute(const ovk::string& name, const ovk::string& value) {
-  return add_attribute(name.view(), value.view());
-}
-
-bool tree_builder::on_close_empty() {
-  if (root != nullptr || open.empty()) return false;
-  forget_places();
-  std::unique_ptr<element> closed = std::move(open.back());
-  open.pop_back();
-  if (open.empty()) {
-    root = std::move(closed);
-  } else {
-    auto& siblings = open.back()->children;
-    siblings.make_room(nodes_);
-    siblings.push_back(std::move(closed));
-  }
-  return true;
-}
-
-void tree_builder::reset() {
-  forget_places();
-  root.reset();
-  open.clear();
-}
-
-bool tree_builder::add_element(std::string_view name) {
-  forget_places();
-  open.emplace_back(new (nodes_) element(name, nodes_));
-  return true;
-}
-
-bool tree_builder::end_element(std::string_view name) {
-  if (open.empty() || open.back()->name != name) return false;
-  return on_close_empty();
-}
-
-bool tree_builder::add_attribute(std::string_view name, std::string_view value) {
-  if (open.empty()) return false;
-  auto& attributes = open.back()->attributes;
-  if (const int32_t place = find_in_top(name); place >= 0) [[unlikely]] {
-    attributes[place].value = ovk::string(value, nodes_);
-  } else {
-    attributes.make_room(nodes_);
-    attributes.emplace_back(name, value, nodes_);
-  }
-  return true;
-}
-
-bool tree_builder::add_text(std::string_view text) {
-  if (open.empty()) return false;
-  open.back()->text.append(text, nodes_);
-  return true;
-}
-
-int32_t tree_builder::find_in_top(std::string_view name) {
-  const auto& attributes = open.back()->attributes;
-  if (attributes.count() >= kFewAttributes) [[unlikely]]
-    return find_among_many(name);
-  for (int32_t i = 0; i < attributes.count(); ++i) {
-    if (attributes[i].name == name) return i;
-  }
-  return -1;
-}
-
-int32_t tree_builder::find_among_many(std::string_view name) {
-  const auto& attributes = open.back()->attributes;
-  for (auto i = static_cast<int32_t>(places_.size()); i < attributes.count(); ++i) {
-    places_.emplace(attributes[i].name.view(), i);
-  }
-  const auto found = places_.find(name);
-  return found == places_.end() ? -1 : found->second;
 }
 
 template <class Receiver>
@@ -234,20 +149,6 @@ void parser<Receiver>::step(char byte) {
   if (next.push != error) stack.push_back(next.push);
   state = next.to == popped ? pop() : next.to;
   switch (next.does) {
-    case kGo:
-      break;
-    case kName:
-      name.push_back(byte);
-      break;
-    case kValue:
-      value.push_back(byte);
-      break;
-    case kEntity:
-      entity.push_back(byte);
-      break;
-    case kText:
-      fail_unless(observer.on_char(byte));
-      break;
     case kHeldBrackets:
       observer.on_char(']');
       [[fallthrough]];
@@ -297,6 +198,8 @@ void parser<Receiver>::step(char byte) {
       name.clear();
       step(byte);
       break;
+    default:
+      take_run(next.does, {&byte, 1});
   }
 }
 
@@ -307,7 +210,7 @@ void parser<Receiver>::run(std::string_view data) {
   while (next != end && !stopped()) {
     const char* const begin = next;
     if (state == content) {
-      next = take_tag(next, end);
+      next = take_content(next, end);
     } else if (state == between_attributes) {
       next = take_attributes(next, end);
     }
@@ -334,90 +237,72 @@ void parser<Receiver>::take_run(action does, std::string_view bytes) {
     case kText:
       return fail_unless(PassText(observer, bytes));
     default:
-      return;
+      return;  // dropped
   }
 }
 
-// A whole tag in `content`, as nearly all are written. Takes nothing if there is something else, or not all
-// of it.
+// Text and whole tags as nearly all are written, from `content` to `content`. Stops before the first that is
+// written otherwise, before a reference, and before what is cut off.
 template <class Receiver>
-const char* parser<Receiver>::take_tag(const char* const begin, const char* const end) {
-  if (end - begin < 3 || *begin != '<') return begin;
-  const bool opens = begin[1] != '/';
-  const char* const tag = begin + (opens ? 1 : 2);
-  const char* const tag_end = EndOfName(tag, end);
-  if (tag_end == end || !IsNameStart(*tag)) return begin;
-  if (!opens) {
-    if (*tag_end != '>') return begin;
-    state = pop();
-    fail_unless(state != error && pass_end_tag(Between(tag, tag_end)));
-    return tag_end + 1;
+const char* parser<Receiver>::take_content(const char* next, const char* const end) {
+  while (state == content) {
+    const char* const tag = find_either('<', '&', next, end);
+    if (tag != next) fail_unless(PassText(observer, Between(next, tag)));
+    if (state == error || end - tag < 3 || *tag == '&') return tag;
+    next = tag[1] == '/' ? take_end_tag(tag, end) : take_start_tag(tag, end);
+    if (next == tag) break;
   }
-  if (*tag_end != ' ' && *tag_end != '>') return begin;
+  return next;
+}
+
+template <class Receiver>
+const char* parser<Receiver>::take_start_tag(const char* const tag, const char* const end) {
+  const char* const begin = tag + 1;
+  const char* const name_end = EndOfName(begin, end);
+  if (name_end == end || (*name_end != ' ' && *name_end != '>') || !IsNameStart(*begin)) return tag;
   stack.push_back(content);
-  pass_start_tag(Between(tag, tag_end));
-  if (*tag_end == '>') return tag_end + 1;
+  PassStartTag(observer, Between(begin, name_end));
+  if (*name_end == '>') return name_end + 1;
+
   state = between_attributes;
-  const char* const next = take_attributes(tag_end + 1, end);
-  if (end - next < 2 || state == error || next[0] != '/' || next[1] != '>') return next;
+  const char* const next = take_attributes(name_end + 1, end);
+  if (state == error || end - next < 2 || next[0] != '/' || next[1] != '>') return next;
   state = pop();
   fail_unless(observer.on_close_empty());
   return next + 2;
+}
+
+template <class Receiver>
+const char* parser<Receiver>::take_end_tag(const char* const tag, const char* const end) {
+  const char* const begin = tag + 2;
+  const char* const name_end = EndOfName(begin, end);
+  if (name_end == end || *name_end != '>' || !IsNameStart(*begin)) return tag;
+  state = pop();
+  fail_unless(state != error && PassEndTag(observer, Between(begin, name_end)));
+  return name_end + 1;
 }
 
 // Attributes as nearly all are written, from between_attributes to between_attributes: a blank, the name,
 // "=", the value. Stops before the first that is written otherwise, holds a reference or is cut off.
 template <class Receiver>
 const char* parser<Receiver>::take_attributes(const char* next, const char* const end) {
-  while (state != error) {
-    const char* const begin = next + (next != end && *next == ' ' ? 1 : 0);
-    const char* const equals = EndOfName(begin, end);
-    if (end - equals < 2 || *equals != '=' || !IsNameStart(*begin)) break;
+  while (end - next > 4) {
+    const char* const begin = *next == ' ' ? next + 1 : next;
+    if (!IsNameStart(*begin)) break;
+    const char* const equals = EndOfName(begin + 1, end);
+    if (end - equals < 2 || *equals != '=') break;
     const char quote = equals[1];
     if (quote != '\'' && quote != '"') break;
     const char* const text = equals + 2;
-    const char* const text_end = FindEither(quote, '&', text, end);
+    const char* const text_end = find_either(quote, '&', text, end);
     if (text_end == end || *text_end != quote) break;
-    fail_unless(pass_attribute(Between(begin, equals), Between(text, text_end)));
     next = text_end + 1;
+    if (!PassAttribute(observer, Between(begin, equals), Between(text, text_end))) {
+      state = error;
+      break;
+    }
   }
   return next;
-}
-
-template <class Receiver>
-bool parser<Receiver>::pass_attribute(std::string_view attributeName, std::string_view attributeValue) {
-  if constexpr (std::is_same_v<Receiver, tree_builder>) {
-    return observer.add_attribute(attributeName, attributeValue);
-  } else {
-    name.append(attributeName);
-    value.append(attributeValue);
-    const bool accepted = observer.on_attribute(name, value);
-    name.clear();
-    value.clear();
-    return accepted;
-  }
-}
-
-template <class Receiver>
-void parser<Receiver>::pass_start_tag(std::string_view tag) {
-  if constexpr (std::is_same_v<Receiver, tree_builder>) {
-    observer.add_element(tag);
-  } else {
-    name.append(tag);
-    observer.on_start_tag(name);
-    name.clear();
-  }
-}
-template <class Receiver>
-bool parser<Receiver>::pass_end_tag(std::string_view tag) {
-  if constexpr (std::is_same_v<Receiver, tree_builder>) {
-    return observer.end_element(tag);
-  } else {
-    name.append(tag);
-    const bool accepted = observer.on_end_tag(name);
-    name.clear();
-    return accepted;
-  }
 }
 
 template <class Receiver>

@@ -21,70 +21,76 @@
 
 namespace ovk::xml {
 
-// Receives what the parser meets, in document order. False from an operation ends the document as malformed,
-// where the operation does not say otherwise. The strings belong to the parser, which changes them after the
-// call.
+/// Receives what the parser meets, in document order. False from an operation ends the document as malformed,
+/// where the operation does not say otherwise. The strings belong to the parser, which changes them after the
+/// call.
 class observer {
  public:
   virtual ~observer() = default;
-  // An element opened. The result is not looked at: the start of a tag cannot fail.
+  /// An element opened. The result is not looked at: the start of a tag cannot fail.
   virtual bool on_start_tag(const ovk::string& name) = 0;
-  // The "/>" of the element that opened last.
+  /// The "/>" of the element that opened last.
   virtual bool on_close_empty() = 0;
-  // A named end tag.
+  /// A named end tag.
   virtual bool on_end_tag(const ovk::string& name) = 0;
-  // An attribute of the element that opened last.
+  /// An attribute of the element that opened last.
   virtual bool on_attribute(const ovk::string& name, const ovk::string& value) = 0;
-  // One byte of character data. The result is not looked at where a "]" that ends no CDATA section was held
-  // back.
+  /// One byte of character data. The result is not looked at for a "]" that turns out to end no CDATA
+  /// section, nor for the byte behind it.
   virtual bool on_char(char c) = 0;
-  // Forgets all that was received.
+  /// Forgets all that was received.
   virtual void reset() {}
-  // The replacement of a named reference; `name` is as it was written, "&" and ";" included. False leaves the
-  // reference to the parser, true means that `out` is filled.
+  /// The replacement of a named reference; `name` is as it was written, "&" and ";" included. True if it
+  /// filled `out`; false leaves the reference to the parser.
   virtual bool resolve_entity(const ovk::string& name, ovk::string& out);
-  // The same for the number of a numeric reference.
+  /// The same for the number of a numeric reference.
   virtual bool resolve_char(uint32_t code, ovk::string& out);
 };
 
-// Builds the tree. Says false to what has no place in one: an attribute, text or an end outside of an
-// element, an end tag with another name than its start, a second root.
+/// Builds the tree. Says false to what has no place in one: an attribute, text or an end outside of an
+/// element, an end tag with another name than its start, a second root.
+///
+/// A tree takes its memory from a pool of its builder's, which it outlives: the parts of one document belong
+/// to one thread at a time, also where they were moved apart.
 class tree_builder final : public observer {
  public:
   bool on_start_tag(const ovk::string& name) override;
   bool on_close_empty() override;
   bool on_end_tag(const ovk::string& name) override;
-  // Of two attributes with one name the last wins, at the place of the first.
+  /// Of two attributes with one name the last wins, at the place of the first.
   bool on_attribute(const ovk::string& name, const ovk::string& value) override;
   bool on_char(char c) override;
   void reset() override;
 
-  // The same from text that stands in no string yet.
+  /// The same from text that stands in no string yet, and any number of characters.
   bool add_element(std::string_view name);
   bool end_element(std::string_view name);
   bool add_attribute(std::string_view name, std::string_view value);
   bool add_text(std::string_view text);
 
-  // The finished root element; null until it has closed.
+  /// The finished root element; null until it has closed.
   std::unique_ptr<element> root;
-  // The elements whose end has not been seen, the innermost last.
+  /// The elements whose end has not been seen, the innermost last.
   array<std::unique_ptr<element>> open;
 
  private:
-  void forget_places() {
-    if (!places_.empty()) places_.clear();
-  }
-  int32_t find_in_top(std::string_view name);
+  // Up to here a walk through the attributes is faster than an index of them.
+  static constexpr int32_t kFewAttributes = 16;
+
   int32_t find_among_many(std::string_view name);
+  void forget_places() {
+    if (!places_.empty()) [[unlikely]]
+      places_.clear();
+  }
 
   pool nodes_;
-  // Where the attributes of the top element are, once they are too many to walk through for every new one. A
+  // Where the innermost element has its attributes, if it has too many to walk through for every new one. A
   // map and not a hash table: no choice of names makes it slow.
   std::map<std::string, int32_t, std::less<>> places_;
 };
 
-// The parser for one document. Receiver is `observer`, whatever stands behind it, or `tree_builder`, to which
-// calls go straight and text in whole runs. The observer must outlive the parser.
+/// The parser of one document. Receiver is `observer`, whatever stands behind it, or `tree_builder`, which is
+/// called straight and takes text in whole runs. The observer must outlive the parser.
 template <class Receiver>
 class parser {
  public:
@@ -92,23 +98,26 @@ class parser {
   parser(const parser&) = delete;
   parser& operator=(const parser&) = delete;
 
-  // Takes one byte through the state table. This defines what the parser does.
+  /// Takes one byte through the state table. This is what defines the parser.
   void step(char byte);
-  // Takes bytes until the parser has stopped or there are no more. The outcome, and what the observer is
-  // told, is that of step() on each of them.
+  /// Takes bytes until the parser has stopped or there are no more. What the observer is told, and where the
+  /// parser then stands, is as with step() for each of them.
   void run(std::string_view data);
-  // Nothing that follows matters any more: the root has closed, or the document is malformed.
+  /// Whatever follows does not matter: the root has closed, or the document is malformed.
   bool stopped() const { return state == states::done || state == states::error; }
 
   Receiver& observer;
   int32_t state = states::prolog;
-  array<int32_t> stack;  // states to come back to
-  ovk::string
-      name;  // of the tag or attribute that is being read; in character data, what a reference stands for
-  ovk::string value;   // of the attribute that is being read
-  ovk::string entity;  // the reference that is being read, from its "&" on
-  ovk::string* target =
-      nullptr;  // what takes the reference's replacement: `name`, `value`, or null outside of one
+  /// States to come back to.
+  array<int32_t> stack;
+  /// Of the tag or attribute that is being read; in character data, what a reference stands for.
+  ovk::string name;
+  /// Of the attribute that is being read.
+  ovk::string value;
+  /// The reference that is being read, from its "&" on.
+  ovk::string entity;
+  /// What takes the reference's replacement: `name`, `value`, or null outside of a reference.
+  ovk::string* target = nullptr;
 
  private:
   int32_t pop();
@@ -119,19 +128,46 @@ class parser {
   void end_reference(std::string_view replacement);
   void resolve_name();
   void resolve_number();
-  void pass_reference();
   void take_run(states::action does, std::string_view bytes);
+  const char* take_content(const char* next, const char* end);
+  inline const char* take_start_tag(const char* tag, const char* end);
+  inline const char* take_end_tag(const char* tag, const char* end);
   const char* take_attributes(const char* next, const char* end);
-  const char* take_tag(const char* begin, const char* end);
-  void pass_start_tag(std::string_view);
-  bool pass_end_tag(std::string_view);
-  bool pass_attribute(std::string_view attributeName, std::string_view attributeValue);
 };
 
 extern template class parser<observer>;
 extern template class parser<tree_builder>;
 
-// Parses a document. True if its root element has closed; `root` then holds it. On false `root` is as it was.
+/// Parses a document. True if its root element has closed; `root` then holds it. On false `root` is as it
+/// was.
 bool parse(element& root, const char* data, size_t length);
+
+// The parser's speed rests on these, which stand here to be compiled into it.
+
+inline bool tree_builder::add_element(std::string_view name) {
+  forget_places();
+  open.emplace_back(new (nodes_) element(name, nodes_));
+  return true;
+}
+
+inline bool tree_builder::add_attribute(std::string_view name, std::string_view value) {
+  if (open.empty()) return false;
+  array<attribute>& present = open.back()->attributes;
+  const int32_t place =
+      present.count() < kFewAttributes ? open.back()->find_attribute(name) : find_among_many(name);
+  if (place >= 0) [[unlikely]] {
+    present[place].value = ovk::string(value, nodes_);
+  } else {
+    present.make_room(nodes_);
+    present.emplace_back(name, value, nodes_);
+  }
+  return true;
+}
+
+inline bool tree_builder::add_text(std::string_view text) {
+  if (open.empty()) return false;
+  open.back()->text.append(text, nodes_);
+  return true;
+}
 
 }  // namespace ovk::xml

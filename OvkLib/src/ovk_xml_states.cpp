@@ -141,15 +141,15 @@ constexpr line kLines[] = {
 };
 // clang-format on
 
-constexpr transition TransitionOf(const line& from) {
-  const bool prolongs = from.to == from.from && from.push == error && from.does <= kText;
-  return {from.to, from.push, from.does, prolongs};
+constexpr bool Prolongs(int8_t state, const transition& what) {
+  return what.to == state && what.push == error && what.does <= kText;
 }
 
-constexpr void FindStops(row& in) {
+constexpr void FindRun(row& in, int8_t state) {
   size_t stops = 0;
   for (size_t byte = 0; byte < in.transitions.size(); ++byte) {
-    if (in.transitions[byte].prolongs) {
+    if (Prolongs(state, in.transitions[byte])) {
+      in.prolongs[byte] = true;
       in.run = in.transitions[byte].does;
     } else if (stops++ < 2) {
       in.stops[stops - 1] = static_cast<char>(byte);
@@ -164,13 +164,14 @@ constexpr std::array<row, count> Spread() {
   std::array<std::array<bool, 256>, count> told{};
   const auto tell = [&](const line& from, size_t byte) {
     const auto state = static_cast<size_t>(from.from);
-    if (!std::exchange(told[state][byte], true)) spread[state].transitions[byte] = TransitionOf(from);
+    if (std::exchange(told[state][byte], true)) return;
+    spread[state].transitions[byte] = {from.to, from.push, from.does};
   };
   for (const line& each : kLines) {
     for (const char byte : each.bytes) tell(each, static_cast<unsigned char>(byte));
     for (size_t byte = 0; each.bytes == kElse && byte < 256; ++byte) tell(each, byte);
   }
-  for (row& each : spread) FindStops(each);
+  for (int8_t state = 0; state < count; ++state) FindRun(spread[static_cast<size_t>(state)], state);
   return spread;
 }
 

@@ -85,9 +85,6 @@ struct transition {
   int8_t to = error;    // the state that follows, or `popped`
   int8_t push = error;  // goes on the stack, if it is a state to come back to
   action does = kGo;
-  // The state stays, and the byte is only dropped, appended to something or passed on: a run of such bytes
-  // may be taken in one stroke.
-  bool prolongs = false;
 };
 
 // As the state that follows: the one on top of the stack, which is taken off. An empty stack gives `error`.
@@ -97,9 +94,12 @@ struct row {
   const transition& operator[](char byte) const { return transitions[static_cast<unsigned char>(byte)]; }
 
   std::array<transition, 256> transitions{};
-  // What all transitions of the row that prolong the state do.
+  // The bytes that prolong the state: it stays, and they are only dropped, appended to something or passed
+  // on. A run of them may be taken in one stroke.
+  std::array<bool, 256> prolongs{};
+  // What happens to each byte of such a run.
   action run = kGo;
-  // All bytes but at most these two prolong the state.
+  // All bytes but these two prolong the state; or these, which are the same then.
   bool few_stops = false;
   char stops[2] = {};
 };

@@ -1,8 +1,9 @@
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 
+#include "OvkLib/src/ovk_scan.h"
+#include "OvkLib/src/ovk_short_text.h"
 #include "OvkLib/src/ovk_xml.h"
 
 namespace ovk::xml {
@@ -31,13 +32,6 @@ constexpr std::string_view EscapeOf(char byte) {
   }
 }
 
-constexpr std::array<bool, 256> kEscaped = [] {
-  std::array<bool, 256> escaped{};
-  for (size_t byte = 0; byte < escaped.size(); ++byte)
-    escaped[byte] = !EscapeOf(static_cast<char>(byte)).empty();
-  return escaped;
-}();
-
 // Collects the many short pieces and hands them to the string in large ones.
 class writer {
  public:
@@ -48,19 +42,20 @@ class writer {
       flush();
       if (text.size() > sizeof(buffer_)) return out_.append(text);
     }
-    std::memcpy(buffer_ + used_, text.data(), text.size());
+    move_bytes(buffer_ + used_, text.data(), text.size());
     used_ += text.size();
   }
 
   void put_escaped(std::string_view text) {
-    size_t begin = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-      if (!kEscaped[static_cast<unsigned char>(text[i])]) continue;
-      put(text.substr(begin, i - begin));
-      put(EscapeOf(text[i]));
-      begin = i + 1;
+    const char* const end = text.data() + text.size();
+    const char* begin = text.data();
+    while (true) {
+      const char* const special = find_escaped(begin, end);
+      put(std::string_view(begin, static_cast<size_t>(special - begin)));
+      if (special == end) return;
+      put(EscapeOf(*special));
+      begin = special + 1;
     }
-    put(text.substr(begin));
   }
 
   void put_blanks(int64_t count) {

@@ -1,4 +1,4 @@
-// The memory below the XML tree: pools, arrays, and the moving of short text.
+// The memory below the XML tree: pools, and the arrays and strings that take it from them.
 
 #include "OvkLib/src/ovk_pool.h"
 
@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "OvkLib/src/ovk_array.h"
-#include "OvkLib/src/ovk_short_text.h"
 #include "OvkLib/src/ovk_string.h"
 
 namespace {
@@ -110,33 +109,6 @@ TEST(Array, ItemsGoFromTheLastToTheFirst) {
     for (int i = 0; i < 3; ++i) items.push_back(std::make_unique<Noted>(i, gone));
   }
   EXPECT_EQ(gone, (std::vector<int>{2, 1, 0}));
-}
-
-TEST(ShortText, MovesLikeMemmove) {
-  const std::string bytes = "0123456789abcdefghijABCDEFGHIJ!?";
-  for (size_t length = 0; length <= 20; ++length) {
-    for (size_t from = 0; from < 12; ++from) {
-      for (size_t to = 0; to < 12; ++to) {
-        std::string moved = bytes;
-        std::string expected = bytes;
-        ovk::move_bytes(moved.data() + to, moved.data() + from, length);
-        std::memmove(expected.data() + to, expected.data() + from, length);
-        ASSERT_EQ(moved, expected) << length << " bytes from " << from << " to " << to;
-      }
-    }
-  }
-}
-
-TEST(ShortText, ComparesLikeMemcmp) {
-  const std::string bytes = "0123456789abcdefghij";
-  for (size_t length = 0; length <= bytes.size(); ++length) {
-    ASSERT_TRUE(ovk::same_bytes(bytes.data(), std::string(bytes).data(), length));
-    for (size_t place = 0; place < length; ++place) {
-      std::string other = bytes;
-      other[place] ^= 1;
-      ASSERT_FALSE(ovk::same_bytes(bytes.data(), other.data(), length)) << place << " of " << length;
-    }
-  }
 }
 
 TEST(PooledString, TakesItsBlockFromAPoolAndSharesItAsAnyOther) {
