@@ -1,0 +1,249 @@
+#include "program/settings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "common/files.h"
+#include "common/platform.h"
+#include "tests/program/program_fixture.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using program_test::StatusLines;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class SettingsFile : public testing::Test {
+ protected:
+  void Write(std::string_view text) { ASSERT_TRUE(WriteFileBytes(file_, text)); }
+  std::string Text() const {
+    std::string text;
+    EXPECT_TRUE(ReadFileBytes(file_, text));
+    return text;
+  }
+
+  void ExpectDefaults() {
+    StatusLines lines;
+    Settings settings(file_);
+    EXPECT_EQ(settings.DemoSpeed(), 60);
+    EXPECT_FALSE(settings.LoggingEnabled());
+    EXPECT_EQ(settings.GetValue("locale"), "");
+    EXPECT_EQ(settings.GetValue("last_open_file"), "");
+    EXPECT_EQ(settings.GetDeviceValue("device", "TC421-1", "TC421-1"), "TC421-1");
+    EXPECT_THAT(lines.Take(), IsEmpty());
+  }
+
+  const TemporaryFolder folder_;
+  const fs::path file_ = folder_ / "LumarineConfig.xml";
+};
+
+// What stands in for settings.
+
+TEST_F(SettingsFile, WithoutAFileTheDefaultsHold) {
+  ExpectDefaults();
+}
+
+TEST_F(SettingsFile, OfAFolderGivesTheDefaults) {
+  fs::create_directory(file_);
+  ExpectDefaults();
+}
+
+TEST_F(SettingsFile, OfAHundredMegabytesGivesTheDefaults) {
+  std::ofstream(file_).put('<');
+  fs::resize_file(file_, 100 * 1024 * 1024);
+  ExpectDefaults();
+}
+
+TEST_F(SettingsFile, ThatIsNoXmlGivesTheDefaults) {
+  for (const std::string_view text :
+       {std::string_view(""), std::string_view("no xml"), std::string_view("<config>"),
+        std::string_view("<config><locale>de</config>"), std::string_view("\0\xFF\xFE", 3)}) {
+    SCOPED_TRACE(text);
+    Write(text);
+    ExpectDefaults();
+  }
+}
+
+TEST_F(SettingsFile, OfAnyDepthIsReadAndWrittenBackInItsOwnSize) {
+  constexpr int kDepth = 200'000;
+  std::string text = "<config><locale>de";
+  for (int i = 0; i < kDepth; ++i) text += "<a>";
+  for (int i = 0; i < kDepth; ++i) text += "</a>";
+  Write(text + "</locale></config>");
+  Settings settings(file_);
+  EXPECT_EQ(settings.GetValue("locale"), "de");
+  EXPECT_TRUE(settings.Save());
+  EXPECT_THAT(Text(), testing::SizeIs(testing::Lt(100U)));
+}
+
+TEST_F(SettingsFile, MayHaveARootOfAnyName) {
+  Write("<other><locale>de</locale></other>");
+  Settings settings(file_);
+  EXPECT_EQ(settings.GetValue("locale"), "de");
+}
+
+TEST_F(SettingsFile, IsWrittenInTheFormThatIsRead) {
+  Settings settings(file_);
+  settings.SetValue("locale", "de");
+  settings.SetDeviceValue("device", "TC421-1", "Riff");
+  ASSERT_TRUE(settings.Save());
+  EXPECT_EQ(Text(),
+            "<config>\r\n"
+            "  <locale>de</locale>\r\n"
+            "  <device id='TC421-1'>Riff</device>\r\n"
+            "</config>\r\n");
+}
+
+TEST_F(SettingsFile, HoldsAnEmptyElementForEachKeyThatWasRead) {
+  Settings settings(file_);
+  settings.GetValue("locale");
+  settings.DemoSpeed();
+  ASSERT_TRUE(settings.Save());
+  EXPECT_THAT(Text(), testing::AllOf(HasSubstr("<locale/>"), HasSubstr("<demo_speed/>")));
+  Settings again(file_);
+  EXPECT_EQ(again.GetValue("locale"), "");
+  EXPECT_EQ(again.DemoSpeed(), 60);
+}
+
+TEST_F(SettingsFile, KeepsWhatItDoesNotKnow) {
+  Write("<config><from_a_later_version kind='x'>y</from_a_later_version></config>");
+  Settings settings(file_);
+  ASSERT_TRUE(settings.Save());
+  EXPECT_THAT(Text(), HasSubstr("<from_a_later_version kind='x'>y</from_a_later_version>"));
+}
+
+TEST_F(SettingsFile, OfAChangedLanguageIsTheOldOneWhereTheProcessWasKilled) {
+  Write("<config><locale>de</locale></config>");
+  {
+    Settings killed(file_);
+    killed.SetValue("locale", "zh");
+  }
+  Settings next(file_);
+  EXPECT_EQ(next.GetValue("locale"), "de");
+}
+
+TEST_F(SettingsFile, ThatCannotBeWrittenIsTold) {
+  fs::create_directory(file_);
+  StatusLines lines;
+  Settings settings(file_);
+  EXPECT_FALSE(settings.Save());
+  EXPECT_THAT(lines.Take(), ElementsAre(HasSubstr("Error creating file " + Utf8FromPath(file_))));
+}
+
+TEST_F(SettingsFile, OfTwoRunningCopiesIsThatOfTheLastToExit) {
+  Settings first(file_);
+  Settings second(file_);
+  first.SetValue("locale", "de");
+  second.SetValue("logging", "on");
+  EXPECT_TRUE(second.Save());
+  EXPECT_TRUE(first.Save());
+  Settings next(file_);
+  EXPECT_EQ(next.GetValue("locale"), "de");
+  EXPECT_FALSE(next.LoggingEnabled());
+}
+
+// The values.
+
+struct DemoSpeedCase {
+  const char* text;
+  std::int32_t seconds;
+};
+
+class DemoSpeedSetting : public testing::TestWithParam<DemoSpeedCase> {};
+
+TEST_P(DemoSpeedSetting, IsReadAs) {
+  Settings settings("");
+  settings.SetValue("demo_speed", GetParam().text);
+  EXPECT_EQ(settings.DemoSpeed(), GetParam().seconds);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, DemoSpeedSetting,
+                         testing::Values(DemoSpeedCase{"", 60}, DemoSpeedCase{"180", 180},
+                                         DemoSpeedCase{"5", 10}, DemoSpeedCase{"10", 10},
+                                         DemoSpeedCase{"86400", 86400}, DemoSpeedCase{"100000", 86400},
+                                         DemoSpeedCase{"12x", 12}, DemoSpeedCase{" 30", 30},
+                                         DemoSpeedCase{"+30", 30}, DemoSpeedCase{"-30", 10},
+                                         DemoSpeedCase{"fast", 10},
+                                         DemoSpeedCase{"99999999999999999999", 86400},
+                                         DemoSpeedCase{"-99999999999999999999", 10}));
+
+TEST_F(SettingsFile, DemoSpeedIsSetAndTold) {
+  StatusLines lines;
+  Settings settings(file_);
+  settings.SetDemoSpeed(300);
+  EXPECT_EQ(settings.DemoSpeed(), 300);
+  EXPECT_EQ(settings.GetValue("demo_speed"), "300");
+  EXPECT_THAT(lines.Take(), ElementsAre("Demo playback speed set to 300 seconds"));
+}
+
+TEST_F(SettingsFile, LoggingIsOnForExactlyThatWord) {
+  Settings settings(file_);
+  for (const char* off : {"", "ON", "On", "on ", "1", "true", "off"}) {
+    settings.SetValue("logging", off);
+    EXPECT_FALSE(settings.LoggingEnabled()) << off;
+  }
+  settings.SetValue("logging", "on");
+  EXPECT_TRUE(settings.LoggingEnabled());
+}
+
+TEST_F(SettingsFile, ShowsADevicesOwnNameUntilItIsRenamed) {
+  Settings settings(file_);
+  EXPECT_EQ(settings.GetDeviceValue("device", "TC421-1", "its own"), "its own");
+  settings.SetDeviceValue("device", "TC421-1", "Riff");
+  settings.SetDeviceValue("device", "TC421-2", "Moos");
+  settings.SetDeviceValue("device", "TC421-1", "Riff links");
+  settings.SetDeviceValue("device_description", "TC421-1", "im Keller");
+  EXPECT_EQ(settings.GetDeviceValue("device", "TC421-1", "its own"), "Riff links");
+  EXPECT_EQ(settings.GetDeviceValue("device", "TC421-2", "its own"), "Moos");
+  EXPECT_EQ(settings.GetDeviceValue("device_description", "TC421-2", ""), "");
+  ASSERT_TRUE(settings.Save());
+  EXPECT_THAT(Text(), HasSubstr("<device id='TC421-1'>Riff links</device>"));
+}
+
+TEST_F(SettingsFile, ANameWithAnAmpersandComesBackThroughItsEntity) {
+  Settings settings(file_);
+  settings.SetDeviceValue("device", "A & B", "Sonne & Mond <'\">");
+  ASSERT_TRUE(settings.Save());
+  EXPECT_THAT(Text(), HasSubstr("Sonne &amp; Mond"));
+  Settings next(file_);
+  EXPECT_EQ(next.GetDeviceValue("device", "A & B", ""), "Sonne & Mond <'\">");
+}
+
+TEST_F(SettingsFile, MayBeUsedByTheWindowAndTheWorkerAtOnce) {
+  Settings settings(file_);
+  settings.SetValue("demo_speed", "10");
+  std::vector<std::thread> threads;
+  for (int thread = 0; thread < 4; ++thread) {
+    threads.emplace_back([&settings, thread] {
+      const std::string id = std::to_string(thread);
+      for (int i = 0; i < 300; ++i) {
+        settings.SetValue("demo_speed", i % 2 == 0 ? "100" : "1000");
+        const std::int32_t speed = settings.DemoSpeed();
+        EXPECT_TRUE(speed == 100 || speed == 1000) << speed;
+        settings.SetDeviceValue("device", id, std::to_string(i));
+        EXPECT_EQ(settings.GetDeviceValue("device", id, ""), std::to_string(i));
+        settings.GetValue("key " + id);
+      }
+    });
+  }
+  EXPECT_TRUE(settings.Save());
+  for (std::thread& thread : threads) thread.join();
+}
+
+// The Documents folder.
+
+TEST(DocumentPath, IsTheNameInTheDocumentsFolder) {
+  EXPECT_EQ(DocumentPath(u"Licht \u706F.txt"),
+            *platform::DocumentsFolder() / PathFromUtf8("Licht \xE7\x81\xAF.txt"));
+}
+
+}  // namespace
