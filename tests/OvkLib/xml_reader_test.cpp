@@ -15,6 +15,7 @@ using ovk::xml::observer;
 using ovk::xml::parse;
 using ovk::xml::parser;
 using ovk::xml::tree_builder;
+using xml_trees::Numbered;
 using xml_trees::Parsed;
 using xml_trees::Serialized;
 
@@ -167,12 +168,13 @@ TEST(XmlReader, OfTwoEqualAttributesTheLastOneWins) {
 
 TEST(XmlReader, OfTwoEqualAttributesAmongHundredsTheLastOneWinsAtThePlaceOfTheFirst) {
   std::string document = "<a";
-  for (int i = 0; i < 300; ++i) document += " n" + std::to_string(i % 200) + "='" + std::to_string(i) + "'";
+  for (int i = 0; i < 300; ++i)
+    document.append(" ").append(Numbered(i % 200)).append("='" + std::to_string(i) + "'");
   const auto root = Parsed(document + "><b n0='own'/></a>");
   ASSERT_TRUE(root);
   ASSERT_EQ(root->attributes.count(), 200);
   for (int i = 0; i < 200; ++i) {
-    EXPECT_EQ(root->attributes[i].name.view(), "n" + std::to_string(i));
+    EXPECT_EQ(root->attributes[i].name.view(), Numbered(i));
     EXPECT_EQ(root->attributes[i].value.view(), std::to_string(i < 100 ? i + 200 : i));
   }
   EXPECT_EQ(root->children[0]->attribute_or_empty("n0"), "own");
@@ -424,11 +426,11 @@ TEST(TreeBuilder, ReplacesTheValueOfAnAttributeItHas) {
 TEST(TreeBuilder, TakesFurtherAttributesOfAnElementBehindItsChildren) {
   tree_builder builder;
   builder.on_start_tag("a");
-  for (int i = 0; i < 40; ++i) builder.add_attribute("n" + std::to_string(i), "1");
+  for (int i = 0; i < 40; ++i) builder.add_attribute(Numbered(i), "1");
   builder.on_start_tag("b");
-  for (int i = 20; i < 60; ++i) builder.add_attribute("n" + std::to_string(i), "2");
+  for (int i = 20; i < 60; ++i) builder.add_attribute(Numbered(i), "2");
   builder.on_close_empty();
-  for (int i = 30; i < 50; ++i) builder.add_attribute("n" + std::to_string(i), "3");
+  for (int i = 30; i < 50; ++i) builder.add_attribute(Numbered(i), "3");
   builder.on_end_tag("a");
   const element& a = *builder.root;
   EXPECT_EQ(a.attributes.count(), 50);

@@ -216,7 +216,7 @@ struct Seen {
   friend bool operator==(const Seen&, const Seen&) = default;
   friend std::ostream& operator<<(std::ostream& out, const Seen& seen) {
     out << "state " << seen.state << ", stack";
-    for (const int state : seen.stack) out << ' ' << state;
+    for (const int back : seen.stack) out << ' ' << back;
     return out << ", name '" << seen.name << "', value '" << seen.value << "', entity '" << seen.entity
                << "', target " << seen.target << ", told '" << seen.told << "'";
   }

@@ -15,6 +15,13 @@
 
 namespace xml_trees {
 
+/// n0, n1 and so on.
+inline std::string Numbered(int number) {
+  std::string name("n");
+  name += std::to_string(number);
+  return name;
+}
+
 inline std::optional<ovk::xml::element> Parsed(std::string_view document) {
   ovk::xml::element root;
   if (!ovk::xml::parse(root, document.data(), document.size())) return std::nullopt;

@@ -168,10 +168,13 @@ class RandomTree {
     return text;
   }
 
-  std::string Name() { return "n" + Text("abcXYZ019-._:", 12); }
+  std::string Name() {
+    std::string name("n");
+    return name += Text("abcXYZ019-._:", 12);
+  }
 
   void Fill(element& to, int depth) {
-    static constexpr std::string_view kAny("ab01 \r\n\t<>&'\"![]-?/=;#\xC3\xA4\xFF\0x", 28);
+    static constexpr std::string_view kAny("ab01 \r\n\t<>&'\"![]-?/=;#\xC3\xA4\xFF\0x", 27);
     to.assign(Name());
     if (Number(2) == 0) to.text = ovk::string(Text(kAny, 24));
     for (int i = Number(5); i > 0; --i) to.attribute(Name()).value = ovk::string(Text(kAny, 24));
