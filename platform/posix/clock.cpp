@@ -12,7 +12,9 @@ constexpr int kMillisecondsPerSecond = 1000;
 constexpr long kNanosecondsPerMillisecond = 1'000'000;
 }  // namespace
 
-std::int64_t ClockFrequency() { return kNanosecondsPerSecond; }
+std::int64_t ClockFrequency() {
+  return kNanosecondsPerSecond;
+}
 
 std::int64_t ClockTicks() {
   timespec now{};
@@ -34,8 +36,12 @@ DateTime LocalTime() {
   clock_gettime(CLOCK_REALTIME, &now);
   tm local{};
   localtime_r(&now.tv_sec, &local);
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-          local.tm_hour,        local.tm_min,     local.tm_sec,
+  return {local.tm_year + 1900,
+          local.tm_mon + 1,
+          local.tm_mday,
+          local.tm_hour,
+          local.tm_min,
+          local.tm_sec,
           static_cast<int>(now.tv_nsec / kNanosecondsPerMillisecond)};
 }
 

@@ -9,7 +9,8 @@ namespace {
 
 // A folder may include from itself and from the ones before it.
 constexpr std::array<std::string_view, 10> kLayers = {
-    "OvkLib/", "common/", "program/", "localisation/", "devices/", "chart/", "dialogs/", "app/", "platform/", "cli/",
+    "OvkLib/", "common/",  "program/", "localisation/", "devices/",
+    "chart/",  "dialogs/", "app/",     "platform/",     "cli/",
 };
 
 // Not layers: they look at all of the above, and none of the above looks at them.
@@ -34,7 +35,8 @@ bool IsPlatformHeader(const std::string& header) {
       R"((windows|winsock2?|ws2tcpip|wlanapi|d2d1.*|dwrite.*|gdiplus|commctrl|commdlg|shlobj.*|objbase|combaseapi)\.h)"
       R"(|sys/socket\.h|netinet/.*|arpa/.*|netdb\.h|net/if\.h|ifaddrs\.h|Q[A-Z].*|Qt.*/.*)",
       std::regex::icase);
-  // Qt's class headers start with a capital Q; the rest of the list is told apart by its name whatever the case.
+  // Qt's class headers start with a capital Q; the rest of the list is told apart by its name whatever the
+  // case.
   if (header.starts_with('q')) return false;
   return std::regex_match(header, platform);
 }

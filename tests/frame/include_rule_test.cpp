@@ -25,10 +25,11 @@ TEST(IncludeRule, HoldsForEveryFileOfTheProject) {
 }
 
 TEST(IncludeRule, AFolderMayIncludeItselfAndTheOnesAboveIt) {
-  EXPECT_THAT(IncludeFaults("devices/worker.cpp", "#include \"devices/worker.h\"\n"
-                                                  "#include <vector>\n"
-                                                  "#include \"program/program.h\"\n"
-                                                  "#include \"OvkLib/src/ovk_text.h\"\n"),
+  EXPECT_THAT(IncludeFaults("devices/worker.cpp",
+                            "#include \"devices/worker.h\"\n"
+                            "#include <vector>\n"
+                            "#include \"program/program.h\"\n"
+                            "#include \"OvkLib/src/ovk_text.h\"\n"),
               IsEmpty());
 }
 
@@ -53,7 +54,8 @@ class PlatformHeaders : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(PlatformHeaders, StayInTheirRooms) {
   const std::string line = std::string("  #  include <") + GetParam() + ">";
-  EXPECT_THAT(IncludeFaults("app/main_loop.cpp", line), ElementsAre(HasSubstr("outside the platform's rooms")));
+  EXPECT_THAT(IncludeFaults("app/main_loop.cpp", line),
+              ElementsAre(HasSubstr("outside the platform's rooms")));
   EXPECT_THAT(IncludeFaults("tests/devices/worker_test.cpp", line),
               ElementsAre(HasSubstr("outside the platform's rooms")));
   EXPECT_THAT(IncludeFaults("platform/win32/clock.cpp", line), IsEmpty());
@@ -61,9 +63,9 @@ TEST_P(PlatformHeaders, StayInTheirRooms) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, PlatformHeaders,
-                         ::testing::Values("windows.h", "Windows.h", "winsock2.h", "ws2tcpip.h", "d2d1.h", "d2d1_1.h",
-                                           "dwrite.h", "commctrl.h", "wlanapi.h", "sys/socket.h", "netinet/in.h",
-                                           "arpa/inet.h", "QWidget", "QtGui/QPainter"));
+                         ::testing::Values("windows.h", "Windows.h", "winsock2.h", "ws2tcpip.h", "d2d1.h",
+                                           "d2d1_1.h", "dwrite.h", "commctrl.h", "wlanapi.h", "sys/socket.h",
+                                           "netinet/in.h", "arpa/inet.h", "QWidget", "QtGui/QPainter"));
 
 TEST(IncludeRule, StandardHeadersWithLikeNamesAreNotThePlatforms) {
   EXPECT_THAT(IncludeFaults("common/log.cpp", "#include <queue>\n#include <hidapi/hidapi.h>\n"), IsEmpty());

@@ -56,7 +56,9 @@ double Seconds() {
   return static_cast<double>(platform::ClockTicks()) / static_cast<double>(kTicksPerSecond);
 }
 
-void Advance(double seconds) { AdvanceTicks(ToTicks(seconds)); }
+void Advance(double seconds) {
+  AdvanceTicks(ToTicks(seconds));
+}
 
 void At(double seconds, std::function<void()> action) {
   Clock& clock = TheClock();
@@ -74,7 +76,9 @@ void SetLocalTime(const DateTime& time) {
 
 namespace platform {
 
-std::int64_t ClockFrequency() { return kTicksPerSecond; }
+std::int64_t ClockFrequency() {
+  return kTicksPerSecond;
+}
 
 std::int64_t ClockTicks() {
   Clock& clock = TheClock();

@@ -9,7 +9,8 @@
 
 namespace virtual_clock {
 
-/// Starts over: the counter at zero, the local time as below, no appointments. Call it at the start of a test.
+/// Starts over: the counter at zero, the local time as below, no appointments. Call it at the start of a
+/// test.
 void Reset();
 
 /// Seconds since Reset(). Any thread.
@@ -18,8 +19,8 @@ double Seconds();
 /// Lets time pass without anybody sleeping.
 void Advance(double seconds);
 
-/// Runs `action` on the thread whose sleep reaches `seconds` since Reset(), at exactly that moment. Actions may
-/// call anything but SleepMilliseconds. Appointments of one moment run in the order they were made.
+/// Runs `action` on the thread whose sleep reaches `seconds` since Reset(), at exactly that moment. Actions
+/// may call anything but SleepMilliseconds. Appointments of one moment run in the order they were made.
 void At(double seconds, std::function<void()> action);
 
 /// What platform::LocalTime() answers at Reset() and onward; it moves with the clock, within one day.
