@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "common/file_replace.h"
 #include "common/log.h"
 #include "common/platform.h"
 
@@ -48,7 +49,8 @@ bool ReadFileBytes(const std::filesystem::path& path, std::string& out) {
 }
 
 bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bool append) {
-  const int error = append ? AppendToFile(path, data) : platform::ReplaceFileBytes(path, data);
+  const int error =
+      append ? AppendToFile(path, data) : ReplaceFileBytes(*platform::SystemFileCalls(), path, data);
   if (error == 0) return true;
   LogStatus(Message("Error creating file {1}, error: {2}", path, std::generic_category().message(error)));
   return false;

@@ -36,10 +36,4 @@ std::optional<std::filesystem::path> DocumentsFolder();
 /// until the process ends. An absent or empty resource gives nothing.
 std::optional<std::string_view> FindResourceBytes(int id, std::string_view type);
 
-/// Makes `bytes` the content of a file, all or nothing: it is written beside the old one, which gives way
-/// when the new one is complete on disk. Permissions and links of an old file stay. In a folder that takes no
-/// new file, and for what is no regular file (a device, a pipe), it is written in place. Returns 0, or the C
-/// library's number of the error.
-int ReplaceFileBytes(const std::filesystem::path& path, std::string_view bytes);
-
 }  // namespace platform

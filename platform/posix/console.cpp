@@ -19,6 +19,8 @@ constexpr int kDefaultWidth = 80;
 constexpr int kInterruptedStatus = 128 + SIGINT;
 /// A closing terminal and timeout(1) signal the process and its group: two signals that are one request.
 constexpr std::chrono::milliseconds kOneRequest{250};
+/// Sent to the watching thread alone, to end it.
+constexpr int kWake = SIGUSR1;
 
 bool IsIgnored(int signal) {
   struct sigaction current {};
@@ -31,6 +33,7 @@ class SignalWatch : public Console::InterruptWatch {
  public:
   explicit SignalWatch(std::function<void()> action) {
     sigemptyset(&signals_);
+    sigaddset(&signals_, kWake);
     sigaddset(&signals_, SIGTERM);
     // A script's background job, or one under nohup, is told to ignore these.
     for (const int signal : {SIGINT, SIGHUP})
@@ -41,27 +44,29 @@ class SignalWatch : public Console::InterruptWatch {
 
   ~SignalWatch() override {
     stopping_ = true;
-    pthread_kill(thread_.native_handle(), SIGTERM);
+    pthread_kill(thread_.native_handle(), kWake);
     thread_.join();
     pthread_sigmask(SIG_SETMASK, &before_, nullptr);
   }
 
  private:
-  void Watch(const std::function<void()>& action) {
-    Wait();
-    if (stopping_) return;
+  void Watch(const std::function<void()>& action) const {
+    if (!AwaitRequest()) return;
     const auto first = std::chrono::steady_clock::now();
     action();
     do {
-      Wait();
-      if (stopping_) return;
+      if (!AwaitRequest()) return;
     } while (std::chrono::steady_clock::now() - first < kOneRequest);
     _exit(kInterruptedStatus);
   }
 
-  void Wait() const {
+  /// False once the watch is to end.
+  bool AwaitRequest() const {
     int signal = 0;
-    sigwait(&signals_, &signal);
+    do {
+      sigwait(&signals_, &signal);
+    } while (signal == kWake && !stopping_);
+    return !stopping_;
   }
 
   sigset_t signals_{};

@@ -1,4 +1,4 @@
-// common/platform.h, the system, on POSIX: folders and resources. Files are in files.cpp.
+// common/platform.h, the system, on POSIX: folders and resources. Files are in file_replace.cpp.
 
 #include <pwd.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-// common/platform.h, the system, on Windows: folders and resources. Files are in files.cpp.
+// common/platform.h, the system, on Windows: folders and resources. Files are in file_replace.cpp.
 
 #include <memory>
 #include <string>
@@ -12,7 +12,7 @@ namespace platform {
 
 std::optional<std::filesystem::path> DocumentsFolder() {
   PWSTR folder = nullptr;
-  const HRESULT result = SHGetKnownFolderPath(FOLDERID_Documents, 0, nullptr, &folder);
+  const HRESULT result = SHGetKnownFolderPath(FOLDERID_Documents, KF_FLAG_CREATE, nullptr, &folder);
   // The buffer is to be freed after a failure too.
   const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> held(folder, &CoTaskMemFree);
   if (FAILED(result)) return std::nullopt;

@@ -1,0 +1,26 @@
+#include "platform/win32/desktop_shell.h"
+
+#include <memory>
+
+#include "platform/win32/white_renderer.h"
+
+namespace win32 {
+
+DesktopShell::DesktopShell(HINSTANCE instance, int showCommand)
+    : mainWindow_(showCommand, controls_, logo_),
+      platform_(instance, {mainWindow_, controls_, menu_, events_, logo_}) {}
+
+app::Shell DesktopShell::Ports() {
+  const auto makeRenderer = [this](const UX::ChartScene& scene) {
+    return std::make_unique<WhiteRenderer>(scene, chartWindow_);
+  };
+  return {platform_, mainWindow_, chartWindow_, controls_,   logPane_,
+          menu_,     questions_,  events_,      makeRenderer};
+}
+
+void DesktopShell::Connect(app::Application& application) {
+  mainWindow_.Connect(application.mainWindow);
+  chartWindow_.Connect(application.chartWindow);
+}
+
+}  // namespace win32

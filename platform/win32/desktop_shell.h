@@ -1,0 +1,42 @@
+#pragma once
+
+// All pieces of the Windows shell, wired together.
+
+#include "app/application.h"
+#include "app/ports.h"
+#include "platform/win32/chart_window.h"
+#include "platform/win32/controls.h"
+#include "platform/win32/event_queue.h"
+#include "platform/win32/log_pane.h"
+#include "platform/win32/logo.h"
+#include "platform/win32/main_window.h"
+#include "platform/win32/menu.h"
+#include "platform/win32/platform_steps.h"
+#include "platform/win32/questions.h"
+
+namespace win32 {
+
+class DesktopShell {
+ public:
+  /// What the process was started with. The shell outlives the application.
+  DesktopShell(HINSTANCE instance, int showCommand);
+  DesktopShell(const DesktopShell&) = delete;
+  DesktopShell& operator=(const DesktopShell&) = delete;
+
+  app::Shell Ports();
+  /// Lets the windows' events go to the application. Before it runs.
+  void Connect(app::Application& application);
+
+ private:
+  Logo logo_;
+  ChartWindow chartWindow_;
+  Controls controls_{chartWindow_};
+  MainWindow mainWindow_;
+  LogPane logPane_{controls_};
+  Menu menu_;
+  Questions questions_{mainWindow_};
+  EventQueue events_;
+  PlatformSteps platform_;
+};
+
+}  // namespace win32

@@ -1,0 +1,52 @@
+#include "platform/win32/log_pane.h"
+
+// after windows.h
+#include <richedit.h>
+
+#include "platform/win32/text.h"
+
+namespace win32 {
+
+LRESULT LogPane::Send(UINT message, WPARAM first, LPARAM second) const {
+  return SendMessageW(controls_.HandleOf(app::Control::LogPane), message, first, second);
+}
+
+void LogPane::Select(std::int32_t begin, std::int32_t end) {
+  CHARRANGE range{begin, end};
+  Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
+}
+
+std::size_t LogPane::Length() const {
+  return static_cast<std::size_t>(Send(WM_GETTEXTLENGTH, 0, 0));
+}
+
+void LogPane::Clear() {
+  Select(0, -1);
+  // Not WM_CLEAR, which a read-only control does not obey.
+  ReplaceSelection({});
+}
+
+void LogPane::SetSelectionColor(std::uint32_t color) {
+  CHARFORMATW format{};
+  format.cbSize = sizeof format;
+  format.dwMask = CFM_COLOR;
+  format.crTextColor = color;
+  Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+}
+
+void LogPane::MoveCaret(std::size_t position) {
+  // The control counts a line's end as one character here and as two in its length: a position taken from
+  // the length lies behind the end and comes out at it.
+  const auto at = static_cast<std::int32_t>(position);
+  Select(at, at);
+}
+
+void LogPane::ReplaceSelection(std::u16string_view text) {
+  Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(WideText(text).c_str()));
+}
+
+void LogPane::ScrollToBottom() {
+  Send(WM_VSCROLL, SB_BOTTOM, 0);
+}
+
+}  // namespace win32

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "app/ports.h"
+#include "platform/win32/controls.h"
+
+namespace win32 {
+
+/// The rich text control Control::LogPane.
+class LogPane final : public app::LogPanePort {
+ public:
+  explicit LogPane(const Controls& controls) : controls_(controls) {}
+
+  std::size_t Length() const override;
+  void Clear() override;
+  void SetSelectionColor(std::uint32_t color) override;
+  void MoveCaret(std::size_t position) override;
+  void ReplaceSelection(std::u16string_view text) override;
+  void ScrollToBottom() override;
+
+ private:
+  LRESULT Send(UINT message, WPARAM first, LPARAM second) const;
+  void Select(std::int32_t begin, std::int32_t end);
+
+  const Controls& controls_;
+};
+
+}  // namespace win32

@@ -1,0 +1,63 @@
+#include "platform/win32/questions.h"
+
+#include "platform/win32/file_dialogs.h"
+#include "platform/win32/text.h"
+
+namespace win32 {
+
+namespace {
+
+UINT ButtonsOf(app::Buttons buttons) {
+  switch (buttons) {
+    case app::Buttons::YesNo:
+      return MB_YESNO;
+    case app::Buttons::YesNoCancel:
+      return MB_YESNOCANCEL;
+    case app::Buttons::Ok:
+      break;
+  }
+  return MB_OK;
+}
+
+UINT IconOf(app::Icon icon) {
+  switch (icon) {
+    case app::Icon::Information:
+      return MB_ICONINFORMATION;
+    case app::Icon::Warning:
+      return MB_ICONWARNING;
+    case app::Icon::None:
+      break;
+  }
+  return 0;
+}
+
+app::Answer AnswerOf(int button) {
+  switch (button) {
+    case IDYES:
+      return app::Answer::Yes;
+    case IDNO:
+      return app::Answer::No;
+    case IDOK:
+      return app::Answer::Ok;
+    default:
+      return app::Answer::Cancel;
+  }
+}
+
+}  // namespace
+
+app::Answer Questions::Ask(const app::Question& question) {
+  return AnswerOf(MessageBoxW(owner_.Handle(), WideText(question.text).c_str(),
+                              WideText(question.title).c_str(),
+                              ButtonsOf(question.buttons) | IconOf(question.icon)));
+}
+
+std::vector<std::filesystem::path> Questions::AskOpenFiles(const app::FileFilter& filter, bool multiple) {
+  return win32::AskOpenFiles(owner_.Handle(), filter, multiple);
+}
+
+bool Questions::AskSaveFile(const app::FileFilter& filter, std::filesystem::path& path) {
+  return win32::AskSaveFile(owner_.Handle(), filter, path);
+}
+
+}  // namespace win32

@@ -1,0 +1,52 @@
+#include "platform/win32/window_classes.h"
+
+#include <string>
+
+#include "app/control_table.h"
+#include "platform/win32/chart_window.h"
+#include "platform/win32/main_window.h"
+#include "platform/win32/resource_ids.h"
+#include "platform/win32/text.h"
+#include "platform/win32/window_events.h"
+
+namespace win32 {
+
+namespace {
+
+/// What both classes have in common: painted anew when their size changes.
+WNDCLASSEXW ClassOf(HINSTANCE instance, const wchar_t* name, WNDPROC procedure) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.style = CS_HREDRAW | CS_VREDRAW;
+  description.lpfnWndProc = procedure;
+  description.hInstance = instance;
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.lpszClassName = name;
+  return description;
+}
+
+/// An icon in the size that the system shows it in; its resource holds several.
+HICON IconOf(HINSTANCE instance, int id, int widthMetric, int heightMetric) {
+  return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(id), IMAGE_ICON,
+                                       GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric),
+                                       LR_SHARED));
+}
+
+}  // namespace
+
+void RegisterMainClass(HINSTANCE instance, const wchar_t* name) {
+  WNDCLASSEXW description = ClassOf(instance, name, &WindowProcedure<MainWindow>);
+  description.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+  description.lpszMenuName = MAKEINTRESOURCEW(resource::kMenu);
+  description.hIcon = IconOf(instance, resource::kLargeIcon, SM_CXICON, SM_CYICON);
+  description.hIconSm = IconOf(instance, resource::kSmallIcon, SM_CXSMICON, SM_CYSMICON);
+  RegisterClassExW(&description);
+}
+
+void RegisterChartClass(HINSTANCE instance) {
+  const std::wstring name = WideText(app::RowOf(app::Control::ChartWindow).className);
+  const WNDCLASSEXW description = ClassOf(instance, name.c_str(), &WindowProcedure<ChartWindow>);
+  RegisterClassExW(&description);
+}
+
+}  // namespace win32
