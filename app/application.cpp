@@ -56,7 +56,7 @@ bool Application::StartUp() {
       Message("Loaded program contains {1} modes", static_cast<std::int32_t>(state.program.modes.size())));
   const TCBase::Program::Mode& mode = state.CurrentMode();
   LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
-  platform.Do(PlatformStep::LoadAccelerators);
+  platform.Do(PlatformStep::TakeAccelerators);
   return true;
 }
 

@@ -185,7 +185,7 @@ enum class PlatformStep {
   SetDefaultFont,    // on all child controls
   LoadLogo,          // the picture 134, "PNG"
   TakeMenu,          // of the main window: MenuPort works from here on
-  LoadAccelerators,
+  TakeAccelerators,
   // On the way down.
   DeleteLogo,
   StopGraphics,
