@@ -1,0 +1,187 @@
+// What is built into Lumarine.exe, held against the application's tables.
+
+#include "platform/win32/resource_ids.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "app/menu_table.h"
+#include "platform/win32/windows_headers.h"
+
+namespace {
+
+using testing::HasSubstr;
+namespace resource = win32::resource;
+
+std::filesystem::path ProgramFile() {
+  std::array<wchar_t, 1024> own{};
+  GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size()));
+  return std::filesystem::path(own.data()).parent_path() / L"Lumarine.exe";
+}
+
+std::string Ascii(std::wstring_view text) {
+  std::string result;
+  for (const wchar_t character : text) result += static_cast<char>(character < 128 ? character : L'?');
+  return result;
+}
+
+class Resources : public testing::Test {
+ protected:
+  void SetUp() override {
+    program_ = LoadLibraryExW(ProgramFile().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    ASSERT_NE(program_, nullptr) << ProgramFile();
+  }
+  ~Resources() override { FreeLibrary(program_); }
+
+  std::string String(int id) const {
+    std::array<wchar_t, 200> text{};
+    LoadStringW(program_, static_cast<UINT>(id), text.data(), static_cast<int>(text.size()));
+    return Ascii(text.data());
+  }
+
+  std::string_view Bytes(int id, const wchar_t* type) const {
+    const HRSRC found = FindResourceW(program_, MAKEINTRESOURCEW(id), type);
+    if (found == nullptr) return {};
+    return {static_cast<const char*>(LockResource(LoadResource(program_, found))),
+            SizeofResource(program_, found)};
+  }
+
+  /// Side lengths of the pictures of an icon.
+  std::multiset<int> IconSizes(int id) const;
+
+  HMODULE program_ = nullptr;
+};
+
+std::multiset<int> Resources::IconSizes(int id) const {
+  // A group begins with two zero-or-kind words and a count; its entries of 14 bytes begin with the width,
+  // where 0 stands for 256.
+  const std::string_view group = Bytes(id, MAKEINTRESOURCEW(14));
+  std::multiset<int> sizes;
+  for (std::size_t at = 6; at + 14 <= group.size(); at += 14) {
+    const int width = static_cast<unsigned char>(group[at]);
+    sizes.insert(width == 0 ? 256 : width);
+  }
+  return sizes;
+}
+
+std::string TextOf(HMENU menu, int position) {
+  std::array<wchar_t, 200> text{};
+  GetMenuStringW(menu, static_cast<UINT>(position), text.data(), static_cast<int>(text.size()),
+                 MF_BYPOSITION);
+  return Ascii(text.data());
+}
+
+UINT TypeOf(HMENU menu, int position) {
+  MENUITEMINFOW info{};
+  info.cbSize = sizeof info;
+  info.fMask = MIIM_FTYPE;
+  GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info);
+  return info.fType;
+}
+
+void ExpectEntries(HMENU menu, std::span<const app::MenuEntry> entries, const std::string& name) {
+  SCOPED_TRACE(name);
+  ASSERT_NE(menu, nullptr);
+  ASSERT_EQ(GetMenuItemCount(menu), static_cast<int>(entries.size()));
+  int position = 0;
+  for (const app::MenuEntry& entry : entries) {
+    SCOPED_TRACE(position);
+    using Kind = app::MenuEntry::Kind;
+    EXPECT_EQ(TypeOf(menu, position) == MFT_SEPARATOR, entry.kind == Kind::Separator);
+    EXPECT_EQ(TextOf(menu, position), std::string(entry.text) + std::string(entry.suffix));
+    if (entry.kind == Kind::Command) {
+      EXPECT_EQ(static_cast<int>(GetMenuItemID(menu, position)), entry.command);
+    }
+    if (entry.kind == Kind::Submenu) {
+      ExpectEntries(GetSubMenu(menu, position), entry.entries, std::string(entry.text));
+    }
+    ++position;
+  }
+}
+
+TEST_F(Resources, MenuIsTheApplicationsTable) {
+  const HMENU bar = LoadMenuW(program_, MAKEINTRESOURCEW(resource::kMenu));
+  ASSERT_NE(bar, nullptr);
+  ASSERT_EQ(GetMenuItemCount(bar), static_cast<int>(app::MenuTable().size()));
+  int position = 0;
+  for (const app::MenuPopup& popup : app::MenuTable()) {
+    EXPECT_EQ(TextOf(bar, position), popup.text);
+    // MF_HELP in the resource, which is the same bit as this.
+    EXPECT_EQ((TypeOf(bar, position) & MFT_RIGHTJUSTIFY) != 0, popup.rightJustified) << popup.text;
+    ExpectEntries(GetSubMenu(bar, position), popup.entries, std::string(popup.text));
+    ++position;
+  }
+  DestroyMenu(bar);
+}
+
+TEST_F(Resources, AcceleratorsAreTheApplicationsTable) {
+  const HACCEL table = LoadAcceleratorsW(program_, MAKEINTRESOURCEW(resource::kAccelerators));
+  ASSERT_NE(table, nullptr);
+  std::array<ACCEL, 100> rows{};
+  const int count = CopyAcceleratorTableW(table, rows.data(), static_cast<int>(rows.size()));
+  ASSERT_EQ(count, static_cast<int>(app::AcceleratorTable().size()));
+  int index = 0;
+  for (const app::Accelerator& expected : app::AcceleratorTable()) {
+    const ACCEL& row = rows[static_cast<std::size_t>(index++)];
+    SCOPED_TRACE(index);
+    using Kind = app::Accelerator::Kind;
+    EXPECT_EQ(row.cmd, expected.command);
+    EXPECT_EQ(row.key, expected.key);
+    EXPECT_EQ((row.fVirt & FVIRTKEY) != 0, expected.kind == Kind::VirtualKey);
+    EXPECT_EQ((row.fVirt & FALT) != 0, expected.kind == Kind::AltCharacter);
+    EXPECT_EQ(row.fVirt & (FCONTROL | FSHIFT), 0);
+  }
+}
+
+TEST_F(Resources, NamesOfTheWindowAndItsClass) {
+  EXPECT_EQ(String(resource::kTitle), "Lumarine");
+  EXPECT_EQ(String(resource::kWindowClass), "LUMARINE");
+}
+
+TEST_F(Resources, IconsComeInTheSizesThatWindowsShows) {
+  EXPECT_EQ(IconSizes(resource::kLargeIcon), (std::multiset<int>{16, 20, 24, 32, 40, 48, 64, 128, 256}));
+  EXPECT_EQ(IconSizes(resource::kSmallIcon), (std::multiset<int>{16, 20, 24, 32}));
+}
+
+TEST_F(Resources, LogoIsAPictureOfTwiceTheSizeItIsShownIn) {
+  const std::string_view png = Bytes(resource::kLogo, L"PNG");
+  ASSERT_GT(png.size(), 24U);
+  EXPECT_EQ(png.substr(1, 3), "PNG");
+  const auto number = [&](std::size_t at) {
+    return static_cast<unsigned char>(png[at + 2]) * 256 + static_cast<unsigned char>(png[at + 3]);
+  };
+  EXPECT_EQ(number(16), 512);
+  EXPECT_EQ(number(20), 200);
+}
+
+TEST_F(Resources, ManifestAsksForTodaysControlsAndScreens) {
+  const std::string manifest(Bytes(1, MAKEINTRESOURCEW(24)));
+  EXPECT_THAT(manifest, HasSubstr("Microsoft.Windows.Common-Controls"));
+  EXPECT_THAT(manifest, HasSubstr("PerMonitorV2"));
+  EXPECT_THAT(manifest, HasSubstr("longPathAware"));
+}
+
+TEST_F(Resources, VersionIsTheOneThatExplorerShows) {
+  const std::wstring file = ProgramFile().native();
+  DWORD ignored = 0;
+  std::vector<char> block(GetFileVersionInfoSizeW(file.c_str(), &ignored));
+  ASSERT_FALSE(block.empty());
+  ASSERT_TRUE(GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
+  void* value = nullptr;
+  UINT length = 0;
+  ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &value, &length));
+  const auto* const numbers = static_cast<const VS_FIXEDFILEINFO*>(value);
+  EXPECT_EQ(numbers->dwFileVersionMS, MAKELONG(7U, 4U));
+  EXPECT_EQ(numbers->dwFileVersionLS, MAKELONG(496U, 0U));
+  ASSERT_TRUE(VerQueryValueW(block.data(), L"\\StringFileInfo\\040904B0\\FileDescription", &value, &length));
+  EXPECT_EQ(Ascii(static_cast<const wchar_t*>(value)), "Lumarine 4.7 build 496");
+}
+
+}  // namespace
