@@ -1,0 +1,344 @@
+// Commands that the worker carries out, the questions before an upload, the demo and the device log.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/demo_control.h"
+#include "app/device_log.h"
+#include "app/upload_check.h"
+#include "common/files.h"
+#include "common/log.h"
+#include "devices/demo_state.h"
+#include "tests/app/app_test.h"
+#include "tests/program/program_fixture.h"
+#include "tests/support/sim_hidapi.h"
+#include "tests/support/virtual_clock.h"
+
+namespace {
+
+using app::Answer;
+using app::Control;
+using program_test::GivenModeOfMergedSteps;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+namespace command = app::command;
+
+class Devices : public AppTest {
+ protected:
+  void SetUp() override {
+    AppTest::SetUp();
+    GivenTheProgramRuns();
+  }
+
+  // A program of one mode with that many merged steps.
+  void GivenModeOf(int steps) {
+    Program().modes = {GivenModeOfMergedSteps(steps, 10)};
+    Program().modes.front().name = "Reef";
+  }
+  // Waits until all jobs queued so far are done.
+  void WaitForWorker() {
+    std::atomic<bool> done{false};
+    user.State().worker.AddJob([&done] { done = true; });
+    while (!done) user.Turn();
+    user.Settle();
+  }
+};
+
+TEST_F(Devices, TheEmulatorIsAddedOnce) {
+  GivenDevices({"TC421-1*", "TC421-2"});
+  user.Choose(command::kAddEmulator);
+  EXPECT_THAT(user.List(Control::DeviceList), ElementsAre("TC420_Emulator"));
+  EXPECT_THAT(user.SelectedRows(Control::DeviceList), ElementsAre(0));
+  user.State().devices.front().selected = false;
+  user.Choose(command::kAddEmulator);
+  EXPECT_FALSE(user.State().devices.front().selected) << "there was nothing to add";
+}
+
+TEST_F(Devices, TheTimeOfThisComputerIsSent) {
+  user.Choose(command::kAddEmulator);
+  user.Choose(command::kSyncTime);
+  WaitForWorker();
+  EXPECT_EQ(NewLog(),
+            "Configuring device TC420_Emulator\nSyncing time\nFinished configuring device TC420_Emulator\n");
+}
+
+TEST_F(Devices, ClearingAsksNothing) {
+  user.Choose(command::kAddEmulator);
+  user.Choose(command::kClearAll);
+  WaitForWorker();
+  EXPECT_EQ(
+      NewLog(),
+      "Configuring device TC420_Emulator\nClearing all modes\nFinished configuring device TC420_Emulator\n");
+  EXPECT_THAT(user.Questions(), IsEmpty());
+}
+
+TEST_F(Devices, AnUploadCarriesTheProgramAsItWasAtTheCommand) {
+  user.Choose(command::kAddEmulator);
+  user.Choose(command::kUploadProgram);
+  Program().modes.front().name = "Later";
+  WaitForWorker();
+  EXPECT_EQ(NewLog(),
+            "Configuring device TC420_Emulator\nUploading started\nUploading mode: Normal\nUploading mode: "
+            "AlwaysOn\nUploading finished\nFinished configuring device TC420_Emulator\n");
+}
+
+// Upload check
+
+TEST_F(Devices, TheReportTellsEachMode) {
+  const app::ModeReport report = app::BuildModeReport(Program());
+  EXPECT_EQ(report.text, "\"Normal\" (12 steps)\r\n\"AlwaysOn\" (2 steps)\r\n");
+  EXPECT_FALSE(report.manySteps);
+}
+
+TEST_F(Devices, MoreThanTwentyStepsAreMany) {
+  GivenModeOf(20);
+  EXPECT_FALSE(app::BuildModeReport(Program()).manySteps);
+  GivenModeOf(21);
+  EXPECT_TRUE(app::BuildModeReport(Program()).manySteps);
+}
+
+TEST_F(Devices, ManyStepsForATC420AreAskedAbout) {
+  GivenModeOf(21);
+  user.Choose(command::kAddEmulator);
+  user.WillAnswer(Answer::No);
+  user.Choose(command::kUploadProgram);
+  const std::vector<app::Question> asked = user.Questions();
+  ASSERT_THAT(asked, SizeIs(1));
+  EXPECT_EQ(asked[0].title, u"Higher step count for some TC420 devices");
+  EXPECT_EQ(
+      asked[0].text,
+      u"Some TC420 devices have problems with modes containing higher number of steps.\r\n\r\n"
+      u"If the program uploaded to your TC420 device does not work the same way as during the demo playback, "
+      u"please check \"Help / Known Issues\" for more troubleshooting details.\r\n\r\n"
+      u"List of all modes with their number of steps:\r\n\r\n"
+      u"\"Reef\" (21 steps)\r\n\r\n"
+      u"Proceed with uploading the current program? (It is a safe operation)");
+  EXPECT_EQ(asked[0].buttons, app::Buttons::YesNo);
+  EXPECT_EQ(asked[0].icon, app::Icon::Warning);
+  WaitForWorker();
+  EXPECT_EQ(NewLog(), "") << "no job was queued";
+}
+
+TEST_F(Devices, YesUploadsManySteps) {
+  GivenModeOf(21);
+  user.Choose(command::kAddEmulator);
+  user.WillAnswer(Answer::Yes);
+  user.Choose(command::kUploadProgram);
+  WaitForWorker();
+  EXPECT_THAT(NewLog(), HasSubstr("Uploading mode: Reef\n"));
+}
+
+struct AskingRow {
+  TCBase::DeviceModel model;
+  bool asks;
+};
+
+TEST_F(Devices, OnlyTC420sAreAskedAboutTickedOrNot) {
+  const AskingRow rows[] = {{TCBase::ModelTC420, true},
+                            {TCBase::ModelEmulator, true},
+                            {TCBase::ModelTC421USB, false},
+                            {TCBase::ModelTC421UDP, false}};
+  GivenModeOf(21);
+  for (const AskingRow& row : rows) {
+    GivenDevices({"A", "B"}, row.model);
+    if (row.asks) user.WillAnswer(Answer::No);
+    user.Choose(command::kUploadProgram);
+    EXPECT_EQ(user.Questions().size(), row.asks ? 1U : 0U) << row.model;
+  }
+}
+
+TEST_F(Devices, AnUploadBringsModesWithinTheLimit) {
+  GivenModeOf(60);
+  GivenDevices({"A"});
+  user.Choose(command::kUploadProgram);
+  EXPECT_LE(CountModeSteps(Mode()), 48);
+  EXPECT_THAT(NewLog(), HasSubstr("Mode Reef has more than 48 steps, optimizing...\n"));
+  EXPECT_EQ(UndoDepth(), 0);
+}
+
+TEST_F(Devices, KnownIssuesTellTheStepsOfThisProgram) {
+  user.WillAnswer(Answer::Ok);
+  user.Choose(command::kKnownIssues);
+  const std::vector<app::Question> asked = user.Questions();
+  ASSERT_THAT(asked, SizeIs(1));
+  EXPECT_EQ(asked[0].title, u"Known issues with some TC420 devices");
+  EXPECT_EQ(asked[0].buttons, app::Buttons::Ok);
+  EXPECT_EQ(asked[0].icon, app::Icon::Information);
+  EXPECT_EQ(
+      asked[0].text,
+      u"Some TC420 devices do not properly support a higher number of steps in the program.\r\n\r\n"
+      u"If the program uploaded to your TC420 device does not work the same way as during the demo playback, "
+      u"it is "
+      u"possible that your device must be configured with a low number of steps to work properly.\r\n\r\n"
+      u"Usually, these devices will ignore anything beyond the first 20 steps and keep the same intensity as "
+      u"is set "
+      u"at step no. 20 until the end of the day.\r\n\r\n"
+      u"To overcome this problem, please consider using the \"Mode / Align Steps\" function to snap steps in "
+      u"all "
+      u"channels to specific intervals. This may reduce and merge some steps with similar times. You can "
+      u"delete "
+      u"some steps manually as well. Or you can also try to add endpoint steps to the start or end of the "
+      u"mode.\r\n\r\n"
+      u"If you want to explore more, you can try using PLED software, but it was not working for me "
+      u"either.\r\n"
+      u"(Please let me know if PLED with the same program works or if you find out more details about this "
+      u"problem.)\r\n\r\n"
+      u"Here is the list showing the current number of steps for each mode in your program:\r\n\r\n"
+      u"\"Normal\" (12 steps)\r\n\"AlwaysOn\" (2 steps)\r\n\r\n");
+}
+
+// Demo
+
+TEST_F(Devices, ADemoPlaysAndComesToRest) {
+  user.Choose(command::kAddEmulator);
+  user.GetSettings().SetDemoSpeed(10);
+  NewLog();
+  user.Choose(command::kPlayDemo);
+  WaitForWorker();
+  EXPECT_THAT(NewLog(), HasSubstr("Demo finished\n"));
+  EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (10s)");
+  EXPECT_TRUE(user.MenuItem(command::kUploadProgram).enabled);
+}
+
+TEST_F(Devices, PlayGreysTheMenuAtOnceAndIsOneEntryInTheJournal) {
+  NewJournal();
+  user.Choose(command::kPlayDemo);
+  EXPECT_THAT(NewJournal(), testing::Contains("redraw menu"));
+  WaitForWorker();
+}
+
+TEST_F(Devices, WithNobodyThereADemoComesToRestAllTheSame) {
+  GivenDevices({"TC420*"}, TCBase::ModelTC420);
+  user.Choose(command::kPlayDemo);
+  const double before = virtual_clock::Seconds();
+  WaitForWorker();
+  EXPECT_THAT(NewLog(), HasSubstr("Connect error\n"));
+  EXPECT_GE(virtual_clock::Seconds() - before, 0.5);
+  EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (60s)");
+}
+
+TEST_F(Devices, TheSameButtonPausesAndResumes) {
+  GivenDemoAt(100, TCBase::StatePlaying);
+  user.Press(Control::PlayButton);
+  auto posted = TCBase::TakeCommand();
+  ASSERT_NE(posted, nullptr);
+  EXPECT_EQ(posted->type, TCBase::CommandPause);
+  GivenDemoAt(100, TCBase::StatePaused);
+  user.Press(Control::PlayButton);
+  posted = TCBase::TakeCommand();
+  ASSERT_NE(posted, nullptr);
+  EXPECT_EQ(posted->type, TCBase::CommandResume);
+  GivenDemoAt(-1);
+  EXPECT_EQ(NewLog(), "") << "it logs nothing";
+}
+
+TEST_F(Devices, SpaceOnTheChartPausesAndResumes) {
+  auto& chart = user.GetDesktop().application->chartWindow;
+  chart.OnKeyDown(app::key::kSpace);
+  EXPECT_EQ(TCBase::TakeCommand(), nullptr) << "only while a demo runs";
+  GivenDemoAt(3725, TCBase::StatePlaying);
+  chart.OnKeyDown(app::key::kSpace);
+  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandPause);
+  GivenDemoAt(3725, TCBase::StatePaused);
+  chart.OnKeyDown(app::key::kSpace);
+  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandResume);
+  GivenDemoAt(-1);
+  EXPECT_EQ(NewLog(), "Demo playback paused at 01:02:05\nDemo playback resumed\n");
+}
+
+TEST_F(Devices, StopIsPostedWithoutTouchingTheDisplay) {
+  GivenDemoAt(100);
+  user.GetDesktop().application->mainWindow.OnTimer(app::kDemoTimer);
+  user.Press(Control::StopButton);
+  const auto posted = TCBase::TakeCommand();
+  ASSERT_NE(posted, nullptr);
+  EXPECT_EQ(posted->type, TCBase::CommandStop);
+  EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Playing");
+  EXPECT_TRUE(user.GetDesktop().menu.IsEnabled(command::kUploadProgram));
+  GivenDemoAt(-1);
+}
+
+TEST_F(Devices, SpeedsAreStoredAndShownAfterHalfASecond) {
+  const std::pair<int, const char*> rows[] = {
+      {command::kSpeedNormal, "180"}, {command::kSpeedSlow, "300"}, {command::kSpeedFast, "60"}};
+  for (const auto& [number, seconds] : rows) {
+    const double before = virtual_clock::Seconds();
+    user.Choose(number);
+    EXPECT_GE(virtual_clock::Seconds() - before, 0.5);
+    EXPECT_EQ(user.GetSettings().GetValue("demo_speed"), seconds);
+    EXPECT_EQ(NewLog(), std::string("Demo playback speed set to ") + seconds + " seconds\n");
+    EXPECT_EQ(user.Text(Control::DemoStatusLabel), std::string("Ready (") + seconds + "s)");
+  }
+}
+
+// Device log
+
+class DeviceLog : public AppTest {
+ protected:
+  void SetUp() override {
+    AppTest::SetUp();
+    GivenTheProgramRuns();
+  }
+  std::string File() {
+    std::string bytes;
+    ReadFileBytes(folder / "LumarineLog.txt", bytes);
+    return bytes;
+  }
+  static void Line(const std::string& text) {
+    deviceLog.Append(text);
+    deviceLog.EndLine();
+  }
+};
+
+TEST_F(DeviceLog, IsSwitchedByTheCommand) {
+  user.Choose(command::kLogging);
+  EXPECT_EQ(user.GetSettings().GetValue("logging"), "on");
+  Line("one");
+  EXPECT_EQ(File(), "one\r\n");
+  user.Choose(command::kLogging);
+  EXPECT_EQ(user.GetSettings().GetValue("logging"), "off");
+  Line("two");
+  EXPECT_EQ(File(), "one\r\n");
+  EXPECT_EQ(NewLog(), "Device communication logging ON.\nDevice communication logging OFF.\n");
+}
+
+TEST_F(DeviceLog, WhatQueuedUpWhileOffIsWrittenWithTheNextLine) {
+  std::string expected;
+  for (int i = 0; i < 1000; ++i) {
+    Line("line " + std::to_string(i));
+    expected += "line " + std::to_string(i) + "\r\n";
+  }
+  user.Choose(command::kLogging);
+  EXPECT_EQ(File(), "");
+  Line("the last");
+  EXPECT_EQ(File(), expected + "the last\r\n");
+}
+
+TEST_F(DeviceLog, IsAppendedTo) {
+  ASSERT_TRUE(WriteFileBytes(folder / "LumarineLog.txt", "of yesterday\r\n"));
+  user.Choose(command::kLogging);
+  Line("of today");
+  EXPECT_EQ(File(), "of yesterday\r\nof today\r\n");
+}
+
+TEST_F(DeviceLog, WithoutADocumentsFolderEachItemIsAnError) {
+  // What DocumentPath answers then: the working folder alone, which is no file.
+  const std::filesystem::path nowhere = std::filesystem::path(".") / "";
+  user.GetSettings().SetValue("logging", "on");
+  app::ConfigureDeviceLog(user.GetSettings(), nowhere);
+  Line("lost");
+  const std::string log = NewLog();
+  const std::string error = "Error creating file " + Utf8FromPath(nowhere) + ", error: ";
+  EXPECT_THAT(log, testing::StartsWith(error));
+  EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 2) << "one for the text, one for the line end";
+  user.GetSettings().SetValue("logging", "off");
+  app::ConfigureDeviceLog(user.GetSettings(), nowhere);
+}
+
+}  // namespace
