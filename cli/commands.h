@@ -17,8 +17,10 @@ extern const Command kEdit;
 // frames.cpp
 extern const Command kFrames;
 
-// device_commands.cpp
+// device_list.cpp
 extern const Command kDevices;
+
+// device_commands.cpp
 extern const Command kUpload;
 extern const Command kDemo;
 extern const Command kSyncTime;

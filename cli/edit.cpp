@@ -1,177 +1,27 @@
 // Making and changing programs: new and edit.
 
-#include <algorithm>
 #include <charconv>
 #include <memory>
 #include <optional>
-#include <sstream>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "cli/changes.h"
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/program_argument.h"
 #include "cli/text.h"
 #include "common/files.h"
 #include "program/builtin_modes.h"
-#include "program/channel_edit.h"
-#include "program/endpoint.h"
-#include "program/mode_commands.h"
-#include "program/optimize.h"
 #include "program/program_file.h"
-#include "program/steps_text.h"
 
 namespace cli {
 
 namespace {
 
-using TCBase::Program::Channel;
 using TCBase::Program::kChannelCount;
-using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
-using TCBase::Program::StepSelection;
 
-/// A change of the document's current mode. Anything but Success has been explained, and nothing is to be
-/// written.
-using Change = std::function<ExitStatus(const Session&, ModeListView&)>;
-
-Mode& CurrentMode(ModeListView& document) {
-  return document.modes[static_cast<std::size_t>(document.currentMode)];
-}
-
-Channel& CurrentChannel(ModeListView& document, int channel) {
-  return CurrentMode(document).channels[static_cast<std::size_t>(channel)];
-}
-
-void TellStepCount(const Session& session, ModeListView& document) {
-  const Mode& mode = CurrentMode(document);
-  session.status.Print("Mode " + mode.name + " has " + std::to_string(CountModeSteps(mode)) + " steps.");
-}
-
-ExitStatus Refused(const Session& session) {
-  return session.Fail(ExitStatus::WrongUsage, "nothing was written");
-}
-
-// The changes.
-
-ExitStatus Optimize(const Session& session, ModeListView& document) {
-  if (!OptimizeMode(CurrentMode(document))) return Refused(session);
-  TellStepCount(session, document);
-  return ExitStatus::Success;
-}
-
-ExitStatus OptimizeTC421(const Session& session, ModeListView& document) {
-  OptimizeForTC421(document);
-  TellStepCount(session, document);
-  return ExitStatus::Success;
-}
-
-Change Align(int minutes) {
-  return [minutes](const Session&, ModeListView& document) {
-    AlignCurrentMode(document, minutes);
-    return ExitStatus::Success;
-  };
-}
-
-Change AddEndpoint(const std::string& end) {
-  return [end](const Session& session, ModeListView& document) {
-    const int second = end == "start" ? TCBase::Program::kDayStart : TCBase::Program::kDayEnd;
-    return AddEndpointSteps(document, second) ? ExitStatus::Success : Refused(session);
-  };
-}
-
-/// Longest text of steps that is looked at: a thousand times what a channel can use.
-constexpr std::size_t kMostStepsText = 1024 * 1024;
-
-/// With every kind of line end as the carriage return that steps text ends its lines with, and without the
-/// mark that some editors put in front of a file.
-std::string ToStepsText(std::string_view text) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  std::string result(text);
-  std::replace(result.begin(), result.end(), '\n', '\r');
-  return result;
-}
-
-int CountFilledLines(const std::string& text) {
-  std::istringstream lines(text);
-  int count = 0;
-  for (std::string line; std::getline(lines, line, '\r');)
-    if (line.find_first_not_of(" \t") != std::string::npos) ++count;
-  return count;
-}
-
-Change ReplaceSteps(const ChannelValue& argument) {
-  return [argument](const Session& session, ModeListView& document) {
-    const std::string& file = argument.value;
-    std::string text;
-    if (!ReadFileBytes(PathFromUtf8(file), text))
-      return session.Fail(ExitStatus::FileFailed, file + " cannot be read");
-    if (text.size() > kMostStepsText)
-      return session.Fail(ExitStatus::WrongUsage, file + " is too long to be a text of steps");
-    text = ToStepsText(text);
-
-    std::vector<TCBase::Program::Step> steps;
-    ParseStepsText(text, steps);
-    if (steps.empty())
-      return session.Fail(ExitStatus::WrongUsage,
-                          file + " holds no steps; a line reads hh:mm value, or hh:mm value J");
-    if (!ReplaceManualSteps(document, argument.channel, text)) return Refused(session);
-    const int passedOver = CountFilledLines(text) - static_cast<int>(steps.size());
-    if (passedOver > 0)
-      session.status.Print(std::to_string(passedOver) + " lines of " + file +
-                           " are no steps and were passed over.");
-    TellStepCount(session, document);
-    return ExitStatus::Success;
-  };
-}
-
-Change Scale(int channel, float percent) {
-  return [channel, percent](const Session& session, ModeListView& document) {
-    Channel& steps = CurrentChannel(document, channel);
-    if (!(TCBase::Program::ChannelPower(steps) > 0.0F))
-      return session.Fail(ExitStatus::WrongUsage, "channel " + std::to_string(channel + 1) +
-                                                      " is dark all day, there is nothing to scale");
-    ScaleChannel(steps, percent);
-    return ExitStatus::Success;
-  };
-}
-
-Change Clear(int channel) {
-  return [channel](const Session&, ModeListView& document) {
-    StepSelection selection{document, channel};
-    ClearChannel(selection);
-    return ExitStatus::Success;
-  };
-}
-
-Change Move(const ChannelValue& argument) {
-  return [argument](const Session& session, ModeListView& document) {
-    const bool up = argument.value == "up";
-    if (argument.channel == (up ? 0 : kChannelCount - 1))
-      return session.Fail(ExitStatus::WrongUsage, "channel " + std::to_string(argument.channel + 1) +
-                                                      " is the " + (up ? "first" : "last") + " one already");
-    StepSelection selection{document, argument.channel};
-    (up ? TCBase::Program::MoveChannelUp : TCBase::Program::MoveChannelDown)(selection);
-    return ExitStatus::Success;
-  };
-}
-
-ExitStatus Remove(const Session& session, ModeListView& document) {
-  const std::string name = CurrentMode(document).name;
-  if (!RemoveCurrentMode(document))
-    return session.Fail(ExitStatus::WrongUsage, "it is the only mode, and a program has at least one");
-  session.status.Print("Removed mode " + name + ".");
-  return ExitStatus::Success;
-}
-
-Change Rename(const std::string& name) {
-  return [name](const Session&, ModeListView& document) {
-    CurrentMode(document).name = name;
-    return ExitStatus::Success;
-  };
-}
-
-// What the options may say: the text of a fault, or nothing.
+// What the options may say: checks that answer the text of a fault, or nothing.
 
 std::string CheckChannel(const std::string& text) {
   const bool good = text.size() == 1 && text[0] >= '1' && text[0] <= '0' + kChannelCount;

@@ -1,3 +1,5 @@
+#include <regex>
+
 #include "program/builtin_modes.h"
 #include "tests/cli/command_fixture.h"
 
@@ -122,7 +124,7 @@ TEST_F(EditTest, EndpointOnAFullModeIsRefused) {
 
 TEST_F(EditTest, StepsReplacesAChannelWhateverTheLineEnds) {
   for (const std::string end : {"\n", "\r", "\r\n"}) {
-    GivenFile("blue.txt", "08:00 0" + end + "9:30 80 J" + end + end + "18:00 5.9" + end);
+    GivenFile("blue.txt", std::regex_replace("08:00 0\n9:30 80 J\n\n18:00 5.9\n", std::regex("\n"), end));
     const Outcome outcome = Edit({"--steps", "2=@blue.txt"});
     EXPECT_EQ(outcome.status, kSuccess);
     EXPECT_EQ(outcome.err,
@@ -155,7 +157,11 @@ TEST_F(EditTest, LinesThatAreNoStepsArePassedOverAndCounted) {
 TEST_F(EditTest, StepsBeyondTheLimitAreThinnedOut) {
   std::string text;
   for (int minute = 0; minute < 60; ++minute)
-    text += "10:" + std::to_string(minute) + " " + std::to_string(minute * minute % 101) + "\n";
+    text.append("10:")
+        .append(std::to_string(minute))
+        .append(" ")
+        .append(std::to_string(minute * minute % 101))
+        .append("\n");
   GivenFile("blue.txt", text);
   const Outcome outcome = Edit({"--steps", "1=@blue.txt"});
   EXPECT_EQ(outcome.status, kSuccess);
