@@ -1,0 +1,316 @@
+#include "tests/desktop/desktop_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <utility>
+
+// after windows.h
+#include <commctrl.h>
+
+#include "app/numbers.h"
+#include "common/files.h"
+#include "tests/desktop/dialogs.h"
+#include "tests/desktop/input.h"
+#include "tests/desktop/screen_picture.h"
+#include "tests/desktop/window_text.h"
+
+namespace desktop {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kPatience = 60s;
+constexpr auto kGlance = 5ms;
+constexpr int kWheelNotch = 120;
+
+POINT OnScreen(HWND window, POINT point) {
+  ClientToScreen(window, &point);
+  return point;
+}
+
+POINT Middle(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return OnScreen(window, {client.right / 2, client.bottom / 2});
+}
+
+}  // namespace
+
+DesktopUser::~DesktopUser() {
+  EXPECT_TRUE(answers_.empty()) << "a question that was expected did not come up";
+  EXPECT_TRUE(picks_.empty()) << "a file dialog that was expected did not come up";
+}
+
+// The program's life
+
+void DesktopUser::Start() {
+  program_.reset();
+  program_.emplace();
+  Settle();
+}
+
+bool DesktopUser::IsRunning() {
+  return program_ && !program_->HasEnded();
+}
+
+void DesktopUser::Close() {
+  PostMessageW(program_->mainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  Settle();
+  if (!IsWindow(program_->mainWindow())) program_->ExpectEnd();
+}
+
+bool DesktopUser::WaitUntil(const std::function<bool()>& reached) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  while (!reached()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(kGlance);
+  }
+  return true;
+}
+
+void DesktopUser::Settle() {
+  // Twice: what was worked off may have posted more.
+  for (int round = 0; round < 2; ++round) {
+    program_->PostMark();
+    const auto metMark = [this] { return program_->HasMetMark() || !IsWindow(program_->mainWindow()); };
+    ASSERT_TRUE(WaitUntil(metMark)) << "the program does not answer";
+    // The mark is met within the dialog's own loop, too: what opened it goes on after the answer.
+    if (const HWND dialog = program_->Dialog()) {
+      AnswerDialog(dialog);
+      ASSERT_TRUE(WaitUntil([dialog] { return !IsWindow(dialog); })) << "the dialog stays";
+      round = -1;
+    }
+  }
+}
+
+void DesktopUser::SettleInput() {
+  program_->PressInputMark();
+  EXPECT_TRUE(WaitUntil([this] { return program_->HasMetInputMark() || !IsWindow(program_->mainWindow()); }))
+      << "the program does not take the input";
+  Settle();
+}
+
+// Questions
+
+std::vector<app::Question> DesktopUser::Questions() {
+  return std::exchange(asked_, {});
+}
+
+void DesktopUser::AnswerDialog(HWND dialog) {
+  if (dialogs::IsFileDialog(dialog)) {
+    AnswerFileDialog(dialog);
+  } else {
+    AnswerMessageBox(dialog);
+  }
+}
+
+void DesktopUser::AnswerMessageBox(HWND box) {
+  asked_.push_back(dialogs::ReadMessageBox(box));
+  if (answers_.empty()) {
+    ADD_FAILURE() << "nobody answers \"" << WindowText(box) << "\"";
+    dialogs::Answer(box,
+                    asked_.back().buttons == app::Buttons::YesNo ? app::Answer::No : app::Answer::Cancel);
+    return;
+  }
+  dialogs::Answer(box, answers_.front());
+  answers_.pop_front();
+}
+
+void DesktopUser::AnswerFileDialog(HWND dialog) {
+  if (picks_.empty()) {
+    ADD_FAILURE() << "nobody picks a file in \"" << WindowText(dialog) << "\"";
+    dialogs::Pick(dialog, {});
+    return;
+  }
+  dialogs::Pick(dialog, picks_.front());
+  picks_.pop_front();
+}
+
+// Doing
+
+HWND DesktopUser::Handle(app::Control control) {
+  return program_->Child(control);
+}
+
+bool DesktopUser::Choose(int command) {
+  const Item item = MenuItem(command);
+  if (!item.exists || !item.enabled) return false;
+  PostMessageW(program_->mainWindow(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+  Settle();
+  return true;
+}
+
+void DesktopUser::PressKey(int key, bool ctrl) {
+  if (ctrl) input::HoldKey(VK_CONTROL);
+  input::PressKey(static_cast<WORD>(key));
+  if (ctrl) input::ReleaseKey(VK_CONTROL);
+  SettleInput();
+}
+
+void DesktopUser::Press(app::Control button) {
+  input::Click(Middle(Handle(button)));
+  SettleInput();
+}
+
+POINT DesktopUser::RowPoint(app::Control list, int row) {
+  RECT place{};
+  SendMessageW(Handle(list), LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+  return OnScreen(Handle(list), {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+}
+
+void DesktopUser::ClickRow(app::Control list, int row) {
+  input::Click(RowPoint(list, row));
+  SettleInput();
+}
+
+void DesktopUser::CtrlClickRow(app::Control list, int row) {
+  input::HoldKey(VK_CONTROL);
+  input::Click(RowPoint(list, row));
+  input::ReleaseKey(VK_CONTROL);
+  SettleInput();
+}
+
+void DesktopUser::Scroll(app::Control bar, int code, int position) {
+  PostMessageW(program_->mainWindow(), WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, position)),
+               reinterpret_cast<LPARAM>(Handle(bar)));
+  Settle();
+}
+
+void DesktopUser::ClickChart(int x, int y) {
+  DragOnChart(x, y, x, y);
+}
+
+void DesktopUser::DragOnChart(int fromX, int fromY, int toX, int toY) {
+  const HWND chart = Handle(app::Control::ChartWindow);
+  input::MoveMouse(OnScreen(chart, {fromX, fromY}));
+  input::HoldButton(input::Button::Left);
+  if (fromX != toX || fromY != toY) input::MoveMouse(OnScreen(chart, {toX, toY}));
+  input::ReleaseButton(input::Button::Left);
+  SettleInput();
+}
+
+void DesktopUser::RightClickChart(int x, int y) {
+  input::Click(OnScreen(Handle(app::Control::ChartWindow), {x, y}), input::Button::Right);
+  SettleInput();
+}
+
+void DesktopUser::TurnWheel(int x, int y, int notches, bool ctrl, bool shift) {
+  if (ctrl) input::HoldKey(VK_CONTROL);
+  if (shift) input::HoldKey(VK_SHIFT);
+  input::MoveMouse(OnScreen(Handle(app::Control::ChartWindow), {x, y}));
+  input::TurnWheel(notches * kWheelNotch);
+  if (shift) input::ReleaseKey(VK_SHIFT);
+  if (ctrl) input::ReleaseKey(VK_CONTROL);
+  SettleInput();
+}
+
+void DesktopUser::ClickBackground() {
+  input::Click(OnScreen(program_->mainWindow(), {4, 4}));
+  SettleInput();
+}
+
+void DesktopUser::Resize(int width, int height) {
+  RECT place{0, 0, width, height};
+  AdjustWindowRectEx(&place, WS_OVERLAPPEDWINDOW, TRUE, 0);
+  SetWindowPos(program_->mainWindow(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  PostMessageW(program_->mainWindow(), WM_EXITSIZEMOVE, 0, 0);
+  Settle();
+}
+
+void DesktopUser::Maximize() {
+  ShowWindow(program_->mainWindow(), SW_MAXIMIZE);
+  Settle();
+}
+
+void DesktopUser::Minimize() {
+  ShowWindow(program_->mainWindow(), SW_MINIMIZE);
+  Settle();
+}
+
+void DesktopUser::Restore() {
+  ShowWindow(program_->mainWindow(), SW_RESTORE);
+  Settle();
+}
+
+void DesktopUser::Wait(double seconds) {
+  std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+  Settle();
+}
+
+bool DesktopUser::WaitForLog(const std::string& text) {
+  return WaitUntil([&] { return Log().find(text) != std::string::npos; });
+}
+
+// Seeing
+
+User::Item DesktopUser::MenuItem(int command) {
+  SendMessageW(program_->mainWindow(), WM_INITMENUPOPUP, 0, 0);
+  const probe::Findings& found = program_->LookAtMenu(command);
+  if (found.exists == 0) return {};
+  return {Utf8(found.text), true, found.enabled != 0, found.checked != 0};
+}
+
+std::vector<std::string> DesktopUser::List(app::Control list) {
+  std::vector<std::string> rows;
+  const HWND window = Handle(list);
+  const LRESULT count = SendMessageW(window, LB_GETCOUNT, 0, 0);
+  for (WPARAM row = 0; row < static_cast<WPARAM>(count); ++row) {
+    std::wstring text(static_cast<std::size_t>(SendMessageW(window, LB_GETTEXTLEN, row, 0)) + 1, L'\0');
+    SendMessageW(window, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text.data()));
+    rows.push_back(Utf8(text.c_str()));
+  }
+  return rows;
+}
+
+std::vector<int> DesktopUser::SelectedRows(app::Control list) {
+  std::vector<int> rows;
+  const HWND window = Handle(list);
+  const LRESULT count = SendMessageW(window, LB_GETCOUNT, 0, 0);
+  for (int row = 0; row < count; ++row) {
+    if (SendMessageW(window, LB_GETSEL, static_cast<WPARAM>(row), 0) > 0) rows.push_back(row);
+  }
+  return rows;
+}
+
+std::string DesktopUser::Text(app::Control control) {
+  return WindowText(Handle(control));
+}
+
+bool DesktopUser::IsEnabled(app::Control control) {
+  return IsWindowEnabled(Handle(control)) != 0;
+}
+
+int DesktopUser::SliderPosition(app::Control slider) {
+  return static_cast<int>(SendMessageW(Handle(slider), TBM_GETPOS, 0, 0));
+}
+
+UX::Rect DesktopUser::Place(app::Control control) {
+  RECT place{};
+  GetWindowRect(Handle(control), &place);
+  POINT corner{0, 0};
+  ClientToScreen(program_->mainWindow(), &corner);
+  return {place.left - corner.x, place.top - corner.y, place.right - place.left, place.bottom - place.top};
+}
+
+app::Size DesktopUser::ClientSize() {
+  RECT client{};
+  GetClientRect(program_->mainWindow(), &client);
+  return {client.right, client.bottom};
+}
+
+std::string DesktopUser::Title() {
+  return WindowText(program_->mainWindow());
+}
+
+std::string DesktopUser::Log() {
+  return WindowText(Handle(app::Control::LogPane));
+}
+
+bool DesktopUser::TakePicture(const std::filesystem::path& file) {
+  return WriteScreenPicture(file);
+}
+
+}  // namespace desktop

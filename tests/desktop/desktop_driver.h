@@ -1,0 +1,84 @@
+#pragma once
+
+// A user in front of the real program: Lumarine.exe in a process of its own, driven by input events and
+// window messages. Dialogs are answered while a step waits for the program. The icon of a question is not
+// seen.
+
+#include <chrono>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/desktop/program_under_test.h"
+#include "tests/support/user.h"
+
+namespace desktop {
+
+class DesktopUser final : public User {
+ public:
+  DesktopUser() = default;
+  /// Fails the test if a question that was expected did not come up.
+  ~DesktopUser() override;
+
+  void Start() override;
+  bool IsRunning() override;
+  void Close() override;
+
+  void WillAnswer(app::Answer answer) override { answers_.push_back(answer); }
+  void WillPick(std::vector<std::filesystem::path> files) override { picks_.push_back(std::move(files)); }
+  std::vector<app::Question> Questions() override;
+
+  bool Choose(int command) override;
+  void PressKey(int key, bool ctrl) override;
+  void Press(app::Control button) override;
+  void ClickRow(app::Control list, int row) override;
+  void CtrlClickRow(app::Control list, int row) override;
+  void Scroll(app::Control bar, int code, int position) override;
+  void ClickChart(int x, int y) override;
+  void DragOnChart(int fromX, int fromY, int toX, int toY) override;
+  void RightClickChart(int x, int y) override;
+  void TurnWheel(int x, int y, int notches, bool ctrl, bool shift) override;
+  void ClickBackground() override;
+  void Resize(int width, int height) override;
+  void Maximize() override;
+  void Minimize() override;
+  void Restore() override;
+  void Wait(double seconds) override;
+  bool WaitForLog(const std::string& text) override;
+
+  Item MenuItem(int command) override;
+  std::vector<std::string> List(app::Control list) override;
+  std::vector<int> SelectedRows(app::Control list) override;
+  std::string Text(app::Control control) override;
+  bool IsEnabled(app::Control control) override;
+  int SliderPosition(app::Control slider) override;
+  UX::Rect Place(app::Control control) override;
+  app::Size ClientSize() override;
+  std::string Title() override;
+  std::string Log() override;
+  bool TakePicture(const std::filesystem::path& file) override;
+
+ private:
+  HWND Handle(app::Control control);
+  /// The middle of a row, in the list's coordinates.
+  POINT RowPoint(app::Control list, int row);
+  /// Waits until the program has taken the input and done what came of it.
+  void SettleInput();
+  /// Waits until the program has worked off its queue, and answers what it asks meanwhile.
+  void Settle();
+  /// False if that took too long.
+  bool WaitUntil(const std::function<bool()>& reached);
+  void AnswerDialog(HWND dialog);
+  void AnswerMessageBox(HWND box);
+  void AnswerFileDialog(HWND dialog);
+
+  std::optional<ProgramUnderTest> program_;
+  std::deque<app::Answer> answers_;
+  std::deque<std::vector<std::filesystem::path>> picks_;
+  std::vector<app::Question> asked_;
+};
+
+}  // namespace desktop

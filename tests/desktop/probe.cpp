@@ -1,0 +1,63 @@
+// Runs inside the program under test, on its user interface thread.
+
+#include "tests/desktop/probe.h"
+
+namespace {
+
+probe::Findings* OpenFindings() {
+  // Not closed: it lasts as long as the program.
+  const HANDLE memory = OpenFileMappingW(FILE_MAP_WRITE, FALSE, probe::kMemory);
+  if (memory == nullptr) return nullptr;
+  return static_cast<probe::Findings*>(MapViewOfFile(memory, FILE_MAP_WRITE, 0, 0, sizeof(probe::Findings)));
+}
+
+probe::Findings* Shared() {
+  static probe::Findings* const findings = OpenFindings();
+  return findings;
+}
+
+/// Looks for a command in a menu and the ones below it. `enabled` tells of the menus above.
+bool LookIn(HMENU menu, UINT command, bool enabled, probe::Findings& findings) {
+  for (int position = 0; position < GetMenuItemCount(menu); ++position) {
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_STRING;
+    info.dwTypeData = findings.text;
+    info.cch = ARRAYSIZE(findings.text);
+    if (!GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info)) continue;
+    const bool itself = enabled && (info.fState & MFS_DISABLED) == 0;
+    if (info.hSubMenu != nullptr) {
+      if (LookIn(info.hSubMenu, command, itself, findings)) return true;
+    } else if (info.wID == command) {
+      findings.enabled = itself;
+      findings.checked = (info.fState & MFS_CHECKED) != 0;
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+extern "C" __declspec(dllexport) LRESULT CALLBACK OnSent(int code, WPARAM first, LPARAM second) {
+  static const UINT lookAtMenu = RegisterWindowMessageW(probe::kLookAtMenu);
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(second);
+  if (code >= 0 && sent.message == lookAtMenu && Shared() != nullptr) {
+    Shared()->exists = LookIn(GetMenu(sent.hwnd), static_cast<UINT>(sent.wParam), true, *Shared());
+  }
+  return CallNextHookEx(nullptr, code, first, second);
+}
+
+extern "C" __declspec(dllexport) LRESULT CALLBACK OnTaken(int code, WPARAM first, LPARAM second) {
+  static const UINT mark = RegisterWindowMessageW(probe::kMark);
+  auto& taken = *reinterpret_cast<MSG*>(second);
+  if (code >= 0 && first == PM_REMOVE && Shared() != nullptr) {
+    const bool isKey = taken.message == WM_KEYDOWN || taken.message == WM_KEYUP;
+    if (taken.message == mark) InterlockedExchange(&Shared()->mark, static_cast<LONG>(taken.wParam));
+    if (isKey && taken.wParam == probe::kInputMark) {
+      if (taken.message == WM_KEYUP) InterlockedIncrement(&Shared()->inputMarks);
+      taken.message = WM_NULL;
+    }
+  }
+  return CallNextHookEx(nullptr, code, first, second);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+// What the driver and its probe agree on. The probe is a library that the driver has loaded into the program
+// under test, by hooks, for what Windows tells to the program's own process only: the menu, and how far it
+// has come with its queue. It changes nothing in the program.
+
+#include "platform/win32/windows_headers.h"
+
+namespace probe {
+
+inline constexpr wchar_t kLibrary[] = L"desktop_probe.dll";
+inline constexpr char kSentHook[] = "OnSent";    // of kind WH_CALLWNDPROC
+inline constexpr char kTakenHook[] = "OnTaken";  // of kind WH_GETMESSAGE
+
+/// Registered messages to the main window. Sent: look at the menu item of a command number, the first
+/// parameter.
+inline constexpr wchar_t kLookAtMenu[] = L"LumarineProbeLookAtMenu";
+/// Posted: note that the program has come this far; the first parameter is the mark.
+inline constexpr wchar_t kMark[] = L"LumarineProbeMark";
+
+/// A key that no keyboard has and the program never sees. Pressed behind input, it marks that the input was
+/// taken.
+inline constexpr WORD kInputMark = VK_F24;
+
+/// In shared memory of this name.
+inline constexpr wchar_t kMemory[] = L"Local\\LumarineProbe";
+struct Findings {
+  volatile LONG mark;        // the last one met
+  volatile LONG inputMarks;  // met so far
+  // Of the menu item looked at last.
+  LONG exists;
+  LONG enabled;  // by itself and by the menus that it stands in
+  LONG checked;
+  wchar_t text[256];
+};
+
+}  // namespace probe

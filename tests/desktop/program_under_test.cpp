@@ -1,0 +1,160 @@
+#include "tests/desktop/program_under_test.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <filesystem>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "tests/desktop/input.h"
+
+namespace desktop {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kPatience = 60s;
+constexpr wchar_t kMainClass[] = L"LUMARINE";
+
+std::filesystem::path Folder() {
+  std::array<wchar_t, 1024> own{};
+  GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size()));
+  return std::filesystem::path(own.data()).parent_path();
+}
+
+std::wstring ClassOf(HWND window) {
+  std::array<wchar_t, 100> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return name.data();
+}
+
+std::vector<HWND> WindowsOf(DWORD process) {
+  struct Search {
+    DWORD process;
+    std::vector<HWND> found;
+  } search{process, {}};
+  const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+    auto& to = *reinterpret_cast<Search*>(parameter);
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner == to.process && IsWindowVisible(window)) to.found.push_back(window);
+    return TRUE;
+  };
+  EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+std::vector<HWND> ChildrenOf(HWND window) {
+  std::vector<HWND> children;
+  const auto collect = [](HWND child, LPARAM parameter) -> BOOL {
+    reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(child);
+    return TRUE;
+  };
+  EnumChildWindows(window, collect, reinterpret_cast<LPARAM>(&children));
+  return children;
+}
+
+}  // namespace
+
+ProgramUnderTest::ProgramUnderTest() {
+  memory_.reset(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(probe::Findings),
+                                   probe::kMemory));
+  findings_ = static_cast<probe::Findings*>(MapViewOfFile(memory_.get(), FILE_MAP_WRITE, 0, 0, 0));
+  *findings_ = {};
+
+  std::wstring command = L"\"" + (Folder() / L"Lumarine.exe").native() + L"\"";
+  STARTUPINFOW how{};
+  how.cb = sizeof how;
+  PROCESS_INFORMATION started{};
+  if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how,
+                      &started)) {
+    ADD_FAILURE() << "Lumarine.exe does not start";
+    return;
+  }
+  process_.reset(started.hProcess);
+  processId_ = started.dwProcessId;
+  CloseHandle(started.hThread);
+  FindMainWindow();
+  InstallProbe();
+  SetForegroundWindow(mainWindow_);
+}
+
+ProgramUnderTest::~ProgramUnderTest() {
+  if (!HasEnded()) TerminateProcess(process_.get(), 1);
+  UnmapViewOfFile(findings_);
+}
+
+void ProgramUnderTest::FindMainWindow() {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  // The title tells of the program from the last step of the start on.
+  while (mainWindow_ == nullptr || GetWindowTextLengthW(mainWindow_) <= 8) {
+    if (HasEnded() || std::chrono::steady_clock::now() > end) {
+      ADD_FAILURE() << "Lumarine.exe has no window";
+      return;
+    }
+    std::this_thread::sleep_for(10ms);
+    for (const HWND window : WindowsOf(processId_)) {
+      if (ClassOf(window) == kMainClass) mainWindow_ = window;
+    }
+  }
+}
+
+void ProgramUnderTest::InstallProbe() {
+  const HMODULE library = LoadLibraryW((Folder() / probe::kLibrary).c_str());
+  ASSERT_NE(library, nullptr) << "the probe is not there";
+  const auto find = [library](const char* name) {
+    return reinterpret_cast<HOOKPROC>(reinterpret_cast<void (*)()>(GetProcAddress(library, name)));
+  };
+  const DWORD thread = GetWindowThreadProcessId(mainWindow_, nullptr);
+  sentHook_.reset(SetWindowsHookExW(WH_CALLWNDPROC, find(probe::kSentHook), library, thread));
+  takenHook_.reset(SetWindowsHookExW(WH_GETMESSAGE, find(probe::kTakenHook), library, thread));
+  ASSERT_TRUE(sentHook_ && takenHook_) << "the probe does not get into the program";
+}
+
+HWND ProgramUnderTest::Child(app::Control control) const {
+  // The rows of the table are made in its order, and each new child is the last one.
+  const std::vector<HWND> children = ChildrenOf(mainWindow_);
+  const auto index = static_cast<std::size_t>(control);
+  return index < children.size() ? children[index] : nullptr;
+}
+
+HWND ProgramUnderTest::Dialog() const {
+  for (const HWND window : WindowsOf(processId_)) {
+    if (window != mainWindow_ && ClassOf(window) == L"#32770") return window;
+  }
+  return nullptr;
+}
+
+bool ProgramUnderTest::HasEnded() const {
+  return process_ == nullptr || WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0;
+}
+
+void ProgramUnderTest::ExpectEnd() {
+  const auto patience = static_cast<DWORD>(std::chrono::milliseconds(kPatience).count());
+  ASSERT_EQ(WaitForSingleObject(process_.get(), patience), WAIT_OBJECT_0) << "the program does not end";
+  DWORD code = 0;
+  GetExitCodeProcess(process_.get(), &code);
+  EXPECT_EQ(code, 0U) << "the exit code";
+}
+
+void ProgramUnderTest::PostMark() {
+  static const UINT message = RegisterWindowMessageW(probe::kMark);
+  PostMessageW(mainWindow_, message, static_cast<WPARAM>(++mark_), 0);
+}
+
+void ProgramUnderTest::PressInputMark() {
+  ++inputMarks_;
+  input::PressKey(probe::kInputMark);
+}
+
+const probe::Findings& ProgramUnderTest::LookAtMenu(int command) const {
+  static const UINT message = RegisterWindowMessageW(probe::kLookAtMenu);
+  SendMessageW(mainWindow_, message, static_cast<WPARAM>(command), 0);
+  return *findings_;
+}
+
+}  // namespace desktop
