@@ -15,8 +15,8 @@
 
 namespace ovk {
 
-// Values of T in one block. Adding a value may move the others: a reference to one is good until the next is
-// added. Indices are not checked. Raises xout_of_memory when a block cannot be had.
+/// Values of T in one block. Adding a value may move the others: a reference to one is good until the next is
+/// added. Indices are not checked. Raises xout_of_memory when a block cannot be had.
 template <class T>
 class array {
   static_assert(std::is_nothrow_move_constructible_v<T>);
@@ -24,7 +24,7 @@ class array {
 
  public:
   array() noexcept = default;
-  array(const array& other) {
+  array(const array& other) : array() {
     reserve(other.count_);
     for (const T& item : other) emplace_back(item);
   }
@@ -33,7 +33,7 @@ class array {
     swap(other);
     return *this;
   }
-  // The items go from the last to the first.
+  /// The items go from the last to the first.
   ~array() {
     clear();
     release();
@@ -53,7 +53,7 @@ class array {
   const T* begin() const noexcept { return items_; }
   const T* end() const noexcept { return items_ + count_; }
 
-  // The arguments must not refer into the array itself.
+  /// The arguments must not refer into the array itself.
   template <class... Arguments>
   T& emplace_back(Arguments&&... arguments) {
     if (count_ == capacity_) [[unlikely]]
@@ -64,8 +64,8 @@ class array {
   }
   void push_back(T item) { emplace_back(std::move(item)); }
 
-  // Makes room for one more, if need be with memory from a pool. What the array grows into otherwise is from
-  // none.
+  /// Makes room for one more, if need be with memory from a pool. What the array grows into otherwise is from
+  /// none.
   void make_room(pool& from) {
     if (count_ == capacity_) [[unlikely]]
       grow_to(larger_capacity(), &from);
@@ -77,7 +77,7 @@ class array {
     while (count_ > 0) pop_back();
   }
 
-  // Makes room for `wanted` items in all.
+  /// Makes room for `wanted` items in all.
   void reserve(int32_t wanted) {
     if (wanted > capacity_) grow_to(wanted, nullptr);
   }

@@ -7,13 +7,14 @@
 
 namespace ovk {
 
-// What stands in front of every block, at the slab's beginning and in the slab's place for a block from none.
+// The beginning of a slab. In front of every block stands a pointer to its slab, null for a block from no
+// pool.
 struct pool_slab {
   size_t holders;  // blocks that were not released yet, and the pool while it cuts from this slab
 };
 
-// Blocks are aligned as pointers are. They may outlive the pool; their slab goes with the last of them. A
-// pool and all blocks from it belong to one thread at a time. Running out of memory raises xout_of_memory.
+/// Blocks are aligned as pointers are. They may outlive the pool; their slab goes with the last of them. A
+/// pool and all blocks from it belong to one thread at a time. Running out of memory raises xout_of_memory.
 class pool {
  public:
   pool() = default;
@@ -21,7 +22,7 @@ class pool {
   pool& operator=(const pool&) = delete;
   ~pool() { leave_slab(); }
 
-  // Each block goes back by release_block().
+  /// A block of at least `size` bytes, to be given back by release().
   void* take(size_t size) {
     const size_t room = block_head + (size + block_head - 1) / block_head * block_head;
     if (room > static_cast<size_t>(end_ - next_) && !enter_slab(room)) return take_alone(size);
@@ -31,9 +32,10 @@ class pool {
     return put_head(head, slab_);
   }
 
-  // A block from no pool.
+  /// A block from no pool, which belongs to no thread.
   static void* take_alone(size_t size);
 
+  /// Takes back a block, whether it is from a pool or not. Not null.
   static void release(void* block) noexcept {
     void* const head = static_cast<char*>(block) - block_head;
     pool_slab* const slab = *static_cast<pool_slab**>(head);

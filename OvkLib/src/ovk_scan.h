@@ -13,8 +13,8 @@
 namespace ovk {
 
 #ifdef OVK_SCAN_SSE2
-// Calls `find` with sixteen bytes after the other, for the mask of those that are looked for. Moves `at`
-// behind all of the bytes that were looked at in vain; true if it stands on the first one found.
+// Asks `find` which of sixteen bytes are looked for, and so on. Moves `at` to the first of them and is true,
+// or behind the last whole sixteen.
 template <class Find>
 inline bool scan_sixteens(const char*& at, const char* const end, Find find) {
   for (; end - at >= 16; at += 16) {
@@ -28,7 +28,7 @@ inline bool scan_sixteens(const char*& at, const char* const end, Find find) {
 }
 #endif
 
-// The first `a` or `b` from `at` on, or `end`.
+/// The first `a` or `b` from `at` on, or `end`.
 inline const char* find_either(char a, char b, const char* at, const char* const end) {
 #ifdef OVK_SCAN_SSE2
   const __m128i all_a = _mm_set1_epi8(a);
@@ -42,7 +42,7 @@ inline const char* find_either(char a, char b, const char* at, const char* const
   return at;
 }
 
-// The first quotation mark, ampersand, apostrophe, less-than or greater-than sign from `at` on, or `end`.
+/// The first quotation mark, ampersand, apostrophe, less-than or greater-than sign from `at` on, or `end`.
 inline const char* find_escaped(const char* at, const char* const end) {
 #ifdef OVK_SCAN_SSE2
   // A quotation mark and an ampersand differ in one bit only, and so do the two signs.
@@ -62,3 +62,5 @@ inline const char* find_escaped(const char* at, const char* const end) {
 }
 
 }  // namespace ovk
+
+#undef OVK_SCAN_SSE2

@@ -42,6 +42,7 @@ bool same_ends(const char* a, const char* b, std::size_t bytes) {
 
 }  // namespace detail
 
+/// memmove.
 inline void move_bytes(void* to, const void* from, std::size_t bytes) {
   char* const target = static_cast<char*>(to);
   const char* const source = static_cast<const char*>(from);
@@ -61,6 +62,7 @@ inline void move_bytes(void* to, const void* from, std::size_t bytes) {
   }
 }
 
+/// Whether memcmp finds no difference.
 inline bool same_bytes(const void* a, const void* b, std::size_t bytes) {
   const char* const one = static_cast<const char*>(a);
   const char* const other = static_cast<const char*>(b);

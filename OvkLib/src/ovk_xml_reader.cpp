@@ -1,7 +1,6 @@
 #include "OvkLib/src/ovk_xml_reader.h"
 
 #include <optional>
-#include <type_traits>
 #include <utility>
 
 #include "OvkLib/src/ovk_scan.h"

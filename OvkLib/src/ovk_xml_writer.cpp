@@ -1,5 +1,4 @@
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 #include "OvkLib/src/ovk_scan.h"
@@ -106,7 +105,7 @@ void PutBeforeChildren(writer& to, const element& from, int64_t indent) {
   if (childless && text.empty()) return to.put(kLineEnd);
   if (!childless) to.put(kLineEnd);
   // The one way to get a CDATA section out is to bring it in as a text.
-  if (text.starts_with(kCDataMark)) {
+  if (text.size() >= kCDataMark.size() && same_bytes(text.data(), kCDataMark.data(), kCDataMark.size())) {
     to.put(text);
   } else {
     to.put_escaped(text);

@@ -81,8 +81,9 @@ class Recorder : public ovk::xml::observer {
 /// All that a parser remembers.
 template <class Receiver>
 std::string Remembered(const ovk::xml::parser<Receiver>& parser) {
-  std::string all = "state " + std::to_string(parser.state) + ", stack";
-  for (const int32_t state : parser.stack) all += " " + std::to_string(state);
+  std::string all("state ");
+  all.append(std::to_string(parser.state)).append(", stack");
+  for (const int32_t state : parser.stack) all.append(" ").append(std::to_string(state));
   for (const ovk::string* text : {&parser.name, &parser.value, &parser.entity}) {
     all.append(", '").append(text->view()).append("'");
   }
