@@ -8,7 +8,7 @@
 #include <string_view>
 
 /// Longest file that ReadFileBytes takes. The program's own files are far below a megabyte.
-inline constexpr std::size_t kMostFileBytes = 64 * 1024 * 1024;
+inline constexpr std::size_t kMostFileBytes = std::size_t{64} * 1024 * 1024;
 
 /// Reads a whole file. False, with `out` as it was, if it is no regular file, cannot be read or is longer
 /// than kMostFileBytes. Logs nothing.

@@ -144,7 +144,7 @@ class WindowsFileCalls : public FileCalls {
   }
 
   FileCallResult Write(std::string_view bytes, std::size_t& written) override {
-    constexpr std::size_t kMostAtOnce = 64 * 1024 * 1024;  // the call counts in 32 bits
+    constexpr std::size_t kMostAtOnce = std::size_t{64} * 1024 * 1024;  // the call counts in 32 bits
     DWORD count = 0;
     const auto size = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
     if (!WriteFile(file_.value(), bytes.data(), size, &count, nullptr)) return ResultOf(FALSE);

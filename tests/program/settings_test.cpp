@@ -59,7 +59,7 @@ TEST_F(SettingsFile, OfAFolderGivesTheDefaults) {
 
 TEST_F(SettingsFile, OfAHundredMegabytesGivesTheDefaults) {
   std::ofstream(file_).put('<');
-  fs::resize_file(file_, 100 * 1024 * 1024);
+  fs::resize_file(file_, 100'000'000);
   ExpectDefaults();
 }
 
@@ -222,7 +222,9 @@ TEST_F(SettingsFile, MayBeUsedByTheWindowAndTheWorkerAtOnce) {
   Settings settings(file_);
   settings.SetValue("demo_speed", "10");
   std::vector<std::thread> threads;
-  for (int thread = 0; thread < 4; ++thread) {
+  constexpr int kThreads = 4;
+  threads.reserve(kThreads);
+  for (int thread = 0; thread < kThreads; ++thread) {
     threads.emplace_back([&settings, thread] {
       const std::string id = std::to_string(thread);
       for (int i = 0; i < 300; ++i) {
