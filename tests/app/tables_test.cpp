@@ -83,7 +83,7 @@ std::string ToText(std::span<const MenuEntry> entries) {
     if (entry.kind == MenuEntry::Kind::Separator) text += '-';
     if (entry.kind == MenuEntry::Kind::Command) text += std::to_string(entry.command);
     if (entry.kind == MenuEntry::Kind::Submenu) {
-      text += "[" + std::string(entry.text) + ": " + ToText(entry.entries) + "]";
+      text.append("[").append(entry.text).append(": ").append(ToText(entry.entries)).append("]");
     }
   }
   return text;

@@ -1,8 +1,7 @@
 #include "tests/support/headless_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <stdexcept>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/numbers.h"
@@ -262,20 +261,14 @@ void Menu::OpenAtChart(int position, std::int32_t, std::int32_t) {
 
 app::Answer Questions::Ask(const app::Question& question) {
   asked.push_back(question);
-  if (answers.empty()) {
-    ADD_FAILURE() << "nobody answers \"" << Utf8FromWide(question.title) << "\"";
-    return question.buttons == app::Buttons::Ok ? app::Answer::Ok : app::Answer::Cancel;
-  }
+  if (answers.empty()) throw std::logic_error("nobody answers \"" + Utf8FromWide(question.title) + "\"");
   const app::Answer answer = answers.front();
   answers.pop_front();
   return answer;
 }
 
 std::vector<std::filesystem::path> Questions::NextPick() {
-  if (picks.empty()) {
-    ADD_FAILURE() << "nobody picks a file";
-    return {};
-  }
+  if (picks.empty()) throw std::logic_error("nobody picks a file");
   std::vector<std::filesystem::path> pick = std::move(picks.front());
   picks.pop_front();
   return pick;

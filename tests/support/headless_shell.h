@@ -162,6 +162,7 @@ class Menu final : public app::MenuPort {
   Journal& journal_;
 };
 
+/// A question without an answer is a mistake of the test: std::logic_error.
 class Questions final : public app::QuestionsPort {
  public:
   app::Answer Ask(const app::Question& question) override;
