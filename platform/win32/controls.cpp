@@ -16,12 +16,19 @@ struct StyleRow {
   DWORD style;
 };
 
+// One line, cut off with dots, and an "&" in a mode's name is an "&".
+constexpr DWORD kLabel = SS_SUNKEN | SS_ENDELLIPSIS | SS_NOPREFIX;
+
 // Each trait goes with the class that has it.
 constexpr StyleRow kStyles[] = {
-    {app::style::kNotifies, LBS_NOTIFY},       {app::style::kMultiSelection, LBS_EXTENDEDSEL},
-    {app::style::kVerticalScroll, WS_VSCROLL}, {app::style::kBorder, WS_BORDER},
-    {app::style::kSunken, SS_SUNKEN},          {app::style::kDisabledAtFirst, WS_DISABLED},
-    {app::style::kAutoTicks, TBS_AUTOTICKS},   {app::style::kMultiLine, ES_MULTILINE},
+    {app::style::kNotifies, LBS_NOTIFY},
+    {app::style::kMultiSelection, LBS_EXTENDEDSEL},
+    {app::style::kVerticalScroll, WS_VSCROLL},
+    {app::style::kBorder, WS_BORDER},
+    {app::style::kSunken, kLabel},
+    {app::style::kDisabledAtFirst, WS_DISABLED},
+    {app::style::kAutoTicks, TBS_AUTOTICKS},
+    {app::style::kMultiLine, ES_MULTILINE},
     {app::style::kReadOnly, ES_READONLY},
 };
 
