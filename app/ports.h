@@ -67,12 +67,10 @@ class ControlsPort {
 
   // Lists. No call makes a list emit anything.
   virtual void SetRows(Control list, const std::vector<ListRow>& rows) = 0;
-  virtual void SelectRow(Control list, std::int32_t row, bool selected) = 0;
   /// The selected rows in a list of several, ascending.
   virtual std::vector<std::int32_t> SelectedRows(Control list) const = 0;
   /// The current row, which is the selected one in a list of one; -1 if there is none.
   virtual std::int32_t CurrentRow(Control list) const = 0;
-  virtual std::int32_t RowCount(Control list) const = 0;
   /// `data` of a row; -1 if there is no such row.
   virtual std::int32_t RowData(Control list, std::int32_t row) const = 0;
 

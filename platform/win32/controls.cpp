@@ -120,17 +120,17 @@ void Controls::SetRows(app::Control list, const std::vector<app::ListRow>& rows)
     const std::wstring text = WideText(row.text);
     const auto index = Send(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
     Send(list, LB_SETITEMDATA, static_cast<WPARAM>(index), row.data);
-    if (row.selected) SelectRow(list, static_cast<std::int32_t>(index), true);
+    if (row.selected) SelectRow(list, static_cast<std::int32_t>(index));
   }
   Send(list, WM_SETREDRAW, TRUE);
   InvalidateRect(HandleOf(list), nullptr, TRUE);
 }
 
-void Controls::SelectRow(app::Control list, std::int32_t row, bool selected) {
+void Controls::SelectRow(app::Control list, std::int32_t row) {
   if (AllowsSeveral(list)) {
-    Send(list, LB_SETSEL, selected ? TRUE : FALSE, row);
+    Send(list, LB_SETSEL, TRUE, row);
   } else {
-    Send(list, LB_SETCURSEL, static_cast<WPARAM>(selected ? row : -1));
+    Send(list, LB_SETCURSEL, static_cast<WPARAM>(row));
   }
 }
 

@@ -35,10 +35,8 @@ class Controls final : public app::ControlsPort {
   void SetText(app::Control control, std::u16string_view text) override;
   void SetEnabled(app::Control control, bool enabled) override;
   void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
-  void SelectRow(app::Control list, std::int32_t row, bool selected) override;
   std::vector<std::int32_t> SelectedRows(app::Control list) const override;
   std::int32_t CurrentRow(app::Control list) const override;
-  std::int32_t RowCount(app::Control list) const override;
   std::int32_t RowData(app::Control list, std::int32_t row) const override;
   void SetScrollBar(const TCBase::Program::ViewScrollInfo& info) override;
   void SetSliderRange(app::Control slider, std::int32_t maximum, std::int32_t page,
@@ -52,6 +50,8 @@ class Controls final : public app::ControlsPort {
     UX::Rect place;  // in units
   };
 
+  void SelectRow(app::Control list, std::int32_t row);
+  std::int32_t RowCount(app::Control list) const;
   LRESULT Send(app::Control control, UINT message, WPARAM first = 0, LPARAM second = 0) const;
 
   ChartWindow& chart_;

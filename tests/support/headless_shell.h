@@ -83,10 +83,8 @@ class Controls final : public app::ControlsPort {
   void SetText(app::Control control, std::u16string_view text) override;
   void SetEnabled(app::Control control, bool enabled) override;
   void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
-  void SelectRow(app::Control list, std::int32_t row, bool selected) override;
   std::vector<std::int32_t> SelectedRows(app::Control list) const override;
   std::int32_t CurrentRow(app::Control list) const override;
-  std::int32_t RowCount(app::Control list) const override;
   std::int32_t RowData(app::Control list, std::int32_t row) const override;
   void SetScrollBar(const TCBase::Program::ViewScrollInfo& info) override { scrollBar = info; }
   void SetSliderRange(app::Control slider, std::int32_t maximum, std::int32_t page,
@@ -94,6 +92,9 @@ class Controls final : public app::ControlsPort {
   void SetSliderPosition(app::Control slider, std::int32_t position) override;
   std::int32_t SliderPosition(app::Control slider) const override;
 
+  /// What a user's click does.
+  void SelectRow(app::Control list, std::int32_t row, bool selected);
+  std::int32_t RowCount(app::Control list) const;
   const ControlState& At(app::Control control) const { return states_.at(control); }
   bool Exists(app::Control control) const { return states_.contains(control); }
   /// Controls moved since the start, in order.
