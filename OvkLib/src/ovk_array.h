@@ -98,7 +98,7 @@ class array {
   }
 
   void grow_to(int32_t capacity, pool* from) {
-    const size_t bytes = sizeof(T) * static_cast<size_t>(capacity);
+    const size_t bytes = sizeof(T) * static_cast<size_t>(capacity);  // NOLINT(bugprone-sizeof-expression)
     T* const items = static_cast<T*>(from != nullptr ? from->take(bytes) : pool::take_alone(bytes));
     std::uninitialized_move_n(items_, count_, items);
     std::destroy_n(items_, count_);

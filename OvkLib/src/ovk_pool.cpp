@@ -10,7 +10,7 @@ namespace {
 
 // Small enough that one block that stays does not keep much, and that allocators do not ask the system for
 // each.
-constexpr size_t kLargestSlab = 32 * 1024;
+constexpr size_t kLargestSlab = size_t{32} * 1024;
 
 void* Allocate(size_t size) {
   void* const memory = ::operator new(size, std::nothrow);

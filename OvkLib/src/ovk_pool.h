@@ -47,8 +47,9 @@ class pool {
   }
 
  private:
-  static constexpr size_t block_head = sizeof(pool_slab*);
+  static constexpr size_t block_head = sizeof(void*);
 
+  // Writes the pointer to the slab; the block begins behind it.
   static void* put_head(void* head, pool_slab* slab) { return ::new (head) pool_slab*(slab) + 1; }
   static void let_go(pool_slab* slab) noexcept {
     if (--slab->holders == 0) ::operator delete(slab);
@@ -56,6 +57,7 @@ class pool {
   // A new slab with at least `room`; false if the block is too large to share one.
   bool enter_slab(size_t room);
   void leave_slab() noexcept {
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): the analyzer does not follow the count
     if (slab_ != nullptr) let_go(slab_);
   }
 

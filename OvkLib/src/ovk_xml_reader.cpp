@@ -312,7 +312,7 @@ void parser<Receiver>::start_reference(ovk::string& to) {
 
 template <class Receiver>
 void parser<Receiver>::end_reference(std::string_view replacement) {
-  target->append(replacement);
+  if (target != nullptr) target->append(replacement);
   entity.clear();
   target = nullptr;
 }

@@ -10,7 +10,7 @@ namespace {
 
 // One line of the table: in the state `from`, each of `bytes` leads to the state `to`, by `does`; `push`, if
 // there is one, goes on the stack. The first line that fits counts. What no line has leads to `error`.
-struct line {
+struct line {  // NOLINT(clang-analyzer-optin.performance.Padding): in the order in which a line reads
   int8_t from;
   std::string_view bytes;
   int8_t to;
@@ -163,7 +163,7 @@ constexpr std::array<row, count> Spread() {
   std::array<row, count> spread{};
   std::array<std::array<bool, 256>, count> told{};
   const auto tell = [&](const line& from, size_t byte) {
-    const auto state = static_cast<size_t>(from.from);
+    const auto state = static_cast<unsigned char>(from.from);
     if (std::exchange(told[state][byte], true)) return;
     spread[state].transitions[byte] = {from.to, from.push, from.does};
   };
@@ -171,7 +171,7 @@ constexpr std::array<row, count> Spread() {
     for (const char byte : each.bytes) tell(each, static_cast<unsigned char>(byte));
     for (size_t byte = 0; each.bytes == kElse && byte < 256; ++byte) tell(each, byte);
   }
-  for (int8_t state = 0; state < count; ++state) FindRun(spread[static_cast<size_t>(state)], state);
+  for (size_t state = 0; state < count; ++state) FindRun(spread[state], static_cast<int8_t>(state));
   return spread;
 }
 
