@@ -11,7 +11,6 @@
 
 namespace app {
 
-// clang-format off: a table
 const Commands::Row Commands::kRows[] = {
     // File
     {command::kNewProgram, Undo::None, &Commands::NewProgram},
@@ -93,7 +92,6 @@ const Commands::ControlCommand Commands::kControlCommands[] = {
     {control_id::kPlay, kAnyCode, &Commands::PlayDemo},
     {control_id::kStop, kAnyCode, &Commands::StopDemo},
 };
-// clang-format on
 
 void Commands::Dispatch(int id, int code) {
   for (const ControlCommand& row : kControlCommands) {

@@ -1,5 +1,6 @@
 #include "app/ctrls.h"
 
+#include <algorithm>
 #include <mutex>
 #include <string>
 #include <utility>

@@ -14,6 +14,7 @@ using namespace TCBase::Program;
 void AppTest::SetUp() {
   virtual_clock::Reset();
   sim_hidapi::Reset();
+  headless::BeginProcess();
 }
 
 void AppTest::GivenTheProgramRuns() {

@@ -147,9 +147,9 @@ TEST_F(StartUp, MarksLoggingFromTheSettings) {
   EXPECT_TRUE(user.GetDesktop().menu.Find(command::kLogging)->checked);
 }
 
-TEST_F(StartUp, AControllerThatIsPluggedInIsListedAfterFiveSeconds) {
-  sim_hidapi::PlugIn(sim_hidapi::Family::TC420);
+TEST_F(StartUp, FromThenOnControllersThatComeAndGoAreListed) {
   GivenTheProgramRuns();
+  sim_hidapi::PlugIn(sim_hidapi::Family::TC420);
   ASSERT_TRUE(user.WaitForLog("TC420 Device connected\r\n"));
   user.Settle();
   EXPECT_THAT(user.List(Control::DeviceList), ElementsAre("TC420"));

@@ -21,7 +21,8 @@ constexpr int kWheelNotch = 120;
 constexpr int kNotified = 0;  // the code of a button that was pressed
 constexpr std::chrono::seconds kPatience{60};
 
-// What a process finds as nobody has used it yet.
+}  // namespace
+
 void BeginProcess() {
   for (LogChannel* log : {&statusLog, &warningLog, &deviceLog}) {
     log->wakeHandler = nullptr;
@@ -35,8 +36,6 @@ void BeginProcess() {
   idleTimer.Reset();
   now = 0.0;
 }
-
-}  // namespace
 
 HeadlessUser::HeadlessUser(std::filesystem::path documents) : documents_(std::move(documents)) {}
 

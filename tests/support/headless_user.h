@@ -14,6 +14,9 @@
 
 namespace headless {
 
+/// Brings logs, clocks, demo and clipboard back to what a process begins with.
+void BeginProcess();
+
 class HeadlessUser final : public User {
  public:
   /// Settings and device log are kept in the folder `documents`.
