@@ -1,6 +1,7 @@
 #include "tests/app/app_test.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "common/log.h"
 #include "devices/demo_state.h"
@@ -68,6 +69,15 @@ std::filesystem::path AppTest::GivenFile(const std::string& name) {
   EXPECT_TRUE(SaveProgram(program, path));
   statusLog.Drain();
   return path;
+}
+
+bool AppTest::WaitUntil(const std::function<bool()>& isSo) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+  while (!isSo()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    user.Turn();
+  }
+  return true;
 }
 
 std::string AppTest::NewLog() {

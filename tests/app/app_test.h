@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include "app/numbers.h"
@@ -33,6 +34,9 @@ class AppTest : public testing::Test {
                     TCBase::DeviceModel model = TCBase::ModelTC421UDP);
   /// A program file of the test's folder.
   std::filesystem::path GivenFile(const std::string& name);
+
+  /// Turns the main loop until something is so; false if it is not within a minute.
+  bool WaitUntil(const std::function<bool()>& isSo);
 
   // Seeing
 

@@ -206,17 +206,20 @@ TEST_F(Devices, ADemoPlaysAndComesToRest) {
   EXPECT_TRUE(user.MenuItem(command::kUploadProgram).enabled);
 }
 
-TEST_F(Devices, PlayGreysTheMenuAtOnceAndIsOneEntryInTheJournal) {
-  NewJournal();
-  user.Choose(command::kPlayDemo);
-  EXPECT_THAT(NewJournal(), testing::Contains("redraw menu"));
+TEST_F(Devices, PlayGreysTheMenuAtOnce) {
+  headless::Desktop& desktop = user.GetDesktop();
+  desktop.journal.clear();
+  desktop.application->mainWindow.OnCommand(command::kPlayDemo, 0);
+  EXPECT_FALSE(desktop.menu.IsEnabled(command::kUploadProgram)) << "before the worker has seen the job";
+  EXPECT_TRUE(desktop.menu.IsEnabled(command::kStopDemo));
+  EXPECT_THAT(desktop.journal, ElementsAre("redraw menu"));
   WaitForWorker();
 }
 
 TEST_F(Devices, WithNobodyThereADemoComesToRestAllTheSame) {
   GivenDevices({"TC420*"}, TCBase::ModelTC420);
-  user.Choose(command::kPlayDemo);
   const double before = virtual_clock::Seconds();
+  user.Choose(command::kPlayDemo);
   WaitForWorker();
   EXPECT_THAT(NewLog(), HasSubstr("Connect error\n"));
   EXPECT_GE(virtual_clock::Seconds() - before, 0.5);

@@ -150,14 +150,14 @@ TEST_F(StartUp, MarksLoggingFromTheSettings) {
 TEST_F(StartUp, FromThenOnControllersThatComeAndGoAreListed) {
   GivenTheProgramRuns();
   sim_hidapi::PlugIn(sim_hidapi::Family::TC420);
+  // The line comes first, the list with an event behind it.
   ASSERT_TRUE(user.WaitForLog("TC420 Device connected\r\n"));
-  user.Settle();
+  ASSERT_TRUE(WaitUntil([this] { return !user.List(Control::DeviceList).empty(); }));
   EXPECT_THAT(user.List(Control::DeviceList), ElementsAre("TC420"));
   EXPECT_THAT(user.SelectedRows(Control::DeviceList), ElementsAre(0));
   sim_hidapi::PullOut(sim_hidapi::Family::TC420);
   ASSERT_TRUE(user.WaitForLog("TC420 Device disconnected\r\n"));
-  user.Settle();
-  EXPECT_THAT(user.List(Control::DeviceList), IsEmpty());
+  EXPECT_TRUE(WaitUntil([this] { return user.List(Control::DeviceList).empty(); }));
 }
 
 TEST_F(ShutDown, GoesDownInOrder) {
