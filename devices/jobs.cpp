@@ -31,8 +31,4 @@ Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView progr
   };
 }
 
-Worker::Job AfterDemoJob(EventTarget& target, std::uint32_t message) {
-  return [&target, message] { target.Post(message, 0, 0); };
-}
-
 }  // namespace TCBase

@@ -3,11 +3,9 @@
 // What the user interface queues at the worker. Each job carries its own copies of the list and the program
 // as they were at the moment of the command.
 
-#include <cstdint>
 #include <vector>
 
 #include "common/date_time.h"
-#include "common/event_target.h"
 #include "devices/device_info.h"
 #include "devices/worker.h"
 #include "program/program.h"
@@ -18,8 +16,5 @@ Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView p
 Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
 Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
 Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds);
-
-/// Queued behind a demo: posts `message` with 0 and 0 to `target`, which must outlive the worker.
-Worker::Job AfterDemoJob(EventTarget& target, std::uint32_t message);
 
 }  // namespace TCBase

@@ -189,7 +189,7 @@ TEST_F(WorkerTest, AJobHasItsOwnCopies) {
 TEST_F(WorkerTest, AfterADemoWithNoDeviceSelectedThePlaybackStateIsShownAllTheSame) {
   Start();
   AddJob(TCBase::DemoJob({}, GivenProgram({GivenRamp("Ramp")}), 60));
-  AddJob(TCBase::AfterDemoJob(window_, kDemoState));
+  AddJob([this] { window_.Post(kDemoState, 0, 0); });
   EXPECT_EQ(RunToTheEnd(), "");
   EXPECT_THAT(window_.Messages(), ElementsAre("0.2: 1027 0 0"));
 }
@@ -199,7 +199,7 @@ TEST_F(WorkerTest, AfterADemoWithNoDeviceSelectedThePlaybackStateIsShownAllTheSa
 TEST_F(WorkerTest, ADemoIsPausedSoughtResumedAndStoppedFromTheUserInterface) {
   Start();
   AddJob(TCBase::DemoJob({SelectedEmulator()}, GivenProgram({GivenRamp("Ramp")}), kLongDemo));
-  AddJob(TCBase::AfterDemoJob(window_, kDemoState));
+  AddJob([this] { window_.Post(kDemoState, 0, 0); });
   Go();
   WaitUntil([] { return demoState.state == TCBase::StatePlaying && demoState.position > 0; });
   TCBase::PostCommand(TCBase::CommandPause);
