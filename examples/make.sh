@@ -54,7 +54,7 @@ channels() {
     blue=${row##* }; row=${row% *}
     green=${row##* }; row=${row% *}
     red=${row##* }; name=${row% *}
-    sed -i "0,/<channel_info r=/s|<channel_info r=.*|<channel_info name='$name' r='$red' g='$green' b='$blue'/>|" "$program"
+    sed -i "0,/<channel_info r=/s|<channel_info r=.*|<channel_info name='$name' r='$red' g='$green' b='$blue'/>\r|" "$program"
   done
 }
 
