@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "common/files.h"
@@ -126,15 +129,31 @@ TEST_F(StartUp, AFileThatIsGoneGivesANewProgram) {
 }
 
 TEST_F(StartUp, AFileThatIsNoProgramGivesANewProgram) {
-  ASSERT_TRUE(WriteFileBytes(folder / "noise.xml", "<modelist"));
-  {
-    Settings settings(folder / "LumarineConfig.xml");
-    settings.SetValue("last_open_file", Utf8FromPath(folder / "noise.xml"));
-    settings.Save();
+  const std::filesystem::path file = folder / "last.xml";
+  const std::vector<std::function<void()>> faults = {
+      [&] { ASSERT_TRUE(WriteFileBytes(file, "<modelist")); },
+      [&] { ASSERT_TRUE(WriteFileBytes(file, "")); },
+      [&] { ASSERT_TRUE(WriteFileBytes(file, std::string_view("\x89PNG\r\n\x1A\n\0\0", 10))); },
+      [&] { std::filesystem::create_directory(file); },
+      [&] {  // as large as a film, and nothing but zeros
+        ASSERT_TRUE(WriteFileBytes(file, "<"));
+        std::filesystem::resize_file(file, 100'000'000);
+      },
+  };
+  for (const auto& fault : faults) {
+    std::filesystem::remove_all(file);
+    fault();
+    {
+      Settings settings(folder / "LumarineConfig.xml");
+      settings.SetValue("last_open_file", Utf8FromPath(file));
+      settings.Save();
+    }
+    user.Start();
+    EXPECT_EQ(user.Title(), "Lumarine - New program");
+    EXPECT_EQ(user.GetSettings().GetValue("last_open_file"), "");
+    user.Close();
+    EXPECT_FALSE(user.IsRunning());
   }
-  user.Start();
-  EXPECT_EQ(user.Title(), "Lumarine - New program");
-  EXPECT_EQ(user.GetSettings().GetValue("last_open_file"), "");
 }
 
 TEST_F(StartUp, MarksLoggingFromTheSettings) {

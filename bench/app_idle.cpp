@@ -1,0 +1,34 @@
+// What the desktop program costs while nothing moves: the headless shell on the real clock, left alone for
+// ten seconds. Prints the share of one core that the process took, the worker's polling included.
+
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+
+#include "common/platform.h"
+#include "tests/support/headless_user.h"
+#include "tests/support/virtual_clock.h"
+
+// The shell in memory asks the tests' clock; here that is the platform's.
+double virtual_clock::Seconds() {
+  return static_cast<double>(platform::ClockTicks()) / static_cast<double>(platform::ClockFrequency());
+}
+
+int main() {
+  constexpr double kSettleSeconds = 2.0;  // the chart is drawn for a second after the last input
+  constexpr double kIdleSeconds = 10.0;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / "lumarine-idle";
+  std::filesystem::create_directories(folder);
+  {
+    headless::HeadlessUser user(folder);
+    user.Start();
+    user.Wait(kSettleSeconds);
+    const std::clock_t before = std::clock();
+    user.Wait(kIdleSeconds);
+    const double used = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    std::printf("%.2f %% of a core while idle\n", used / kIdleSeconds * 100.0);
+    user.Close();
+  }
+  std::filesystem::remove_all(folder);
+}
