@@ -3,12 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "common/file_replace.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "platform/win32/windows_headers.h"
+#include "tests/common/file_calls_between.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/virtual_clock.h"
 
@@ -83,6 +88,58 @@ TEST_F(WindowsFileReplace, IsNotHinderedByAReaderThatAllowsRemoval) {
   EXPECT_TRUE(WriteFileBytes(file_, "new"));
   CloseHandle(reader);
   EXPECT_EQ(Content(), "new");
+}
+
+// A process is killed by starting this program anew, which comes here once more: the folder must be the same
+// in both, and what is written before a kill the same each time.
+class WindowsFileReplaceDeathTest : public testing::Test {
+ protected:
+  static constexpr std::string_view kOld = "the old content, which is longer";
+  static constexpr std::string_view kNew = "the new content";
+  static constexpr int kKilled = 1;
+
+  void SetUp() override { fs::create_directories(folder_); }
+  void TearDown() override {
+    std::error_code inUse;  // by the other process, which removes it then
+    fs::remove_all(folder_, inUse);
+  }
+
+  /// Saves, and does not come back if there is an n-th call to the system. Answers the number of calls.
+  int SaveAndDieBefore(int n) {
+    int call = 0;
+    FileCallsBetween calls([&](std::string_view) {
+      if (++call == n) std::_Exit(kKilled);
+      return platform::FileCallResult();
+    });
+    calls.mostAtOnce = 4;  // several writes, to be killed between them
+    EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew), 0);
+    return call;
+  }
+  std::string Content() {
+    std::string bytes;
+    EXPECT_TRUE(ReadFileBytes(file_, bytes));
+    return bytes;
+  }
+
+  const fs::path folder_ = fs::temp_directory_path() / "lumarine-killed";
+  const fs::path file_ = folder_ / "program.xml";
+};
+
+TEST_F(WindowsFileReplaceDeathTest, BeforeAnyCallHasLeftTheOldFileOrTheNewOne) {
+  constexpr int kCalls = 12;
+  constexpr int kBehindTheSwap = 2;
+  std::vector<std::string> found;
+  for (int n = 1; n <= kCalls; ++n) {
+    ASSERT_TRUE(WriteFileBytes(file_, kOld));
+    EXPECT_EXIT(SaveAndDieBefore(n), testing::ExitedWithCode(kKilled), "") << n;
+    found.push_back(Content());
+  }
+  std::vector<std::string> expected(kCalls - kBehindTheSwap, std::string(kOld));
+  expected.insert(expected.end(), kBehindTheSwap, std::string(kNew));
+  EXPECT_EQ(found, expected);
+  ASSERT_TRUE(WriteFileBytes(file_, kOld));
+  EXPECT_EQ(SaveAndDieBefore(0), kCalls);
+  EXPECT_EQ(Content(), kNew);
 }
 
 }  // namespace
