@@ -33,7 +33,7 @@ bool ReadFileBytes(const std::filesystem::path& path, std::string& out) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return false;
 
-  constexpr std::size_t kPieceBytes = 64 * 1024;
+  constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
   std::string bytes;
   // In pieces until the end, since the size that is told beforehand can be wrong (files that grow, /proc).
   while (file) {

@@ -25,8 +25,10 @@ struct ResourceRecord {
 
 extern "C" {
 // The linker's names for the ends of a section; both are null in a program without resources.
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker makes them of the section's name.
 [[gnu::weak, gnu::visibility("hidden")]] extern const ResourceRecord __start_lumarine_resources[];
 [[gnu::weak, gnu::visibility("hidden")]] extern const ResourceRecord __stop_lumarine_resources[];
+// NOLINTEND(bugprone-reserved-identifier)
 }
 
 namespace platform {

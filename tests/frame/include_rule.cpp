@@ -73,9 +73,10 @@ std::vector<std::string> IncludeFaults(std::string_view path, std::string_view s
     std::smatch match;
     if (!std::regex_search(line, match, include)) continue;
     const std::string header = match[2];
-    const std::string where = std::string(path) + ":" + std::to_string(number) + " ";
+    std::string where(path);
+    where.append(":").append(std::to_string(number)).append(" ");
     if (IsPlatformHeader(header) && !StartsWithAny(path, kPlatformRooms)) {
-      faults.push_back(where + "includes " + header + " outside the platform's rooms");
+      faults.push_back(where.append("includes ").append(header).append(" outside the platform's rooms"));
     } else if (match[1] == "\"") {
       JudgeProjectInclude(path, header, where, faults);
     }
