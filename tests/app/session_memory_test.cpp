@@ -2,58 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <new>
 
 #include "app/undo_stack.h"
 #include "tests/app/app_test.h"
-
-namespace {
-
-std::atomic<std::int64_t> liveBlocks = 0;
-
-void* Take(std::size_t size) {
-  void* const block = std::malloc(size != 0 ? size : 1);
-  if (block == nullptr) std::abort();
-  ++liveBlocks;
-  return block;
-}
-
-void GiveBack(void* block) {
-  if (block == nullptr) return;
-  --liveBlocks;
-  std::free(block);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  return Take(size);
-}
-void* operator new[](std::size_t size) {
-  return Take(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return Take(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return Take(size);
-}
-void operator delete(void* block) noexcept {
-  GiveBack(block);
-}
-void operator delete[](void* block) noexcept {
-  GiveBack(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-  GiveBack(block);
-}
-void operator delete[](void* block, std::size_t) noexcept {
-  GiveBack(block);
-}
+#include "tests/support/heap_count.h"
 
 namespace {
 
@@ -84,12 +38,12 @@ TEST_F(Session, TenThousandLoadsEditsUndosAndSavesDoNotGrow) {
   const std::filesystem::path file = GivenFile("Tank");
   // Buffers and queues have found their sizes after a while.
   for (int i = 0; i < 100; ++i) Work(file);
-  const std::int64_t before = liveBlocks;
+  const std::int64_t before = heap_count::blocks;
   for (int i = 0; i < 10000; ++i) Work(file);
   EXPECT_EQ(user.Title(), "Lumarine - " + file.string());
   EXPECT_FALSE(HasFailure());
   // A block leaked in each round, or in one of a hundred, would be a hundred or more.
-  EXPECT_LT(liveBlocks - before, 50);
+  EXPECT_LT(heap_count::blocks - before, 50);
 }
 
 }  // namespace

@@ -4,54 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <new>
 
 #include "app/undo_stack.h"
 #include "program/program.h"
-
-namespace {
-
-std::int64_t heapBytes = 0;  // of one thread
-
-/// What allocators take for themselves, and the room to remember the size in.
-constexpr std::size_t kHeadBytes = 16;
-
-void* Take(std::size_t size) {
-  auto* const head = static_cast<std::size_t*>(std::malloc(size + kHeadBytes));
-  if (head == nullptr) throw std::bad_alloc();
-  *head = size + kHeadBytes;
-  heapBytes += static_cast<std::int64_t>(*head);
-  return reinterpret_cast<char*>(head) + kHeadBytes;
-}
-
-void GiveBack(void* block) {
-  if (block == nullptr) return;
-  auto* const head = reinterpret_cast<std::size_t*>(static_cast<char*>(block) - kHeadBytes);
-  heapBytes -= static_cast<std::int64_t>(*head);
-  std::free(head);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  return Take(size);
-}
-void* operator new[](std::size_t size) {
-  return Take(size);
-}
-void operator delete(void* block) noexcept {
-  GiveBack(block);
-}
-void operator delete[](void* block) noexcept {
-  GiveBack(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-  GiveBack(block);
-}
-void operator delete[](void* block, std::size_t) noexcept {
-  GiveBack(block);
-}
+#include "tests/support/heap_count.h"
 
 namespace {
 
@@ -75,29 +31,29 @@ ModeListView GivenFullDocument() {
 
 TEST(UndoMemory, TenThousandEditsOfAStepTakeLessThanTwentyMegabytes) {
   ModeListView document = GivenFullDocument();
-  const std::int64_t before = heapBytes;
+  const std::int64_t before = heap_count::bytes;
   app::UndoStack undoStack(document);
   for (std::size_t i = 0; i < kSnapshots; ++i) {
     undoStack.Snapshot();
     document.modes[i % 64].channels[i / 64 % kChannelCount][i % 48].value += 1.0F;
   }
   EXPECT_EQ(undoStack.size(), static_cast<std::int32_t>(kSnapshots));
-  EXPECT_LT(heapBytes - before, 20 * kMegabyte);
-  RecordProperty("bytes", std::to_string(heapBytes - before));
+  EXPECT_LT(heap_count::bytes - before, 20 * kMegabyte);
+  RecordProperty("bytes", std::to_string(heap_count::bytes - before));
 }
 
 TEST(UndoMemory, AnUndoAndACommandInTurnTakeNoMoreThanTheEdits) {
   ModeListView document = GivenFullDocument();
   app::UndoStack undoStack(document);
   undoStack.Snapshot();
-  const std::int64_t before = heapBytes;
+  const std::int64_t before = heap_count::bytes;
   for (std::size_t i = 0; i < 1000; ++i) {
     undoStack.Snapshot();
     document.modes[i % 64].channels[2][3].value += 1.0F;
     undoStack.Undo();
     undoStack.Redo();
   }
-  EXPECT_LT(heapBytes - before, 2 * kMegabyte);
+  EXPECT_LT(heap_count::bytes - before, 2 * kMegabyte);
 }
 
 TEST(UndoMemory, AModeThatWentTakesNoMemoryForTheModesBehindIt) {
@@ -105,18 +61,18 @@ TEST(UndoMemory, AModeThatWentTakesNoMemoryForTheModesBehindIt) {
   app::UndoStack undoStack(document);
   undoStack.Snapshot();
   document.modes.erase(document.modes.begin() + 5);
-  const std::int64_t before = heapBytes;
+  const std::int64_t before = heap_count::bytes;
   undoStack.Snapshot();
-  EXPECT_LT(heapBytes - before, 3000);
+  EXPECT_LT(heap_count::bytes - before, 3000);
 }
 
 TEST(UndoMemory, AClearedHistoryTakesNone) {
   ModeListView document = GivenFullDocument();
-  const std::int64_t before = heapBytes;
+  const std::int64_t before = heap_count::bytes;
   app::UndoStack undoStack(document);
   for (std::size_t i = 0; i < 10; ++i) undoStack.Snapshot();
   undoStack.Clear();
-  EXPECT_LT(heapBytes - before, 2000);  // the room for the entries
+  EXPECT_LT(heap_count::bytes - before, 2000);  // the room for the entries
 }
 
 }  // namespace

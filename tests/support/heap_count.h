@@ -1,0 +1,15 @@
+#pragma once
+
+// Counts what a whole process holds on the heap. It takes the place of operator new, so a test that links it
+// is a program of its own.
+
+#include <atomic>
+#include <cstdint>
+
+namespace heap_count {
+
+/// Blocks that are allocated now, and their bytes, with what an allocator takes for itself.
+extern std::atomic<std::int64_t> blocks;
+extern std::atomic<std::int64_t> bytes;
+
+}  // namespace heap_count
