@@ -1,0 +1,63 @@
+#pragma once
+
+// A shape of straight lines. Kept from frame to frame, it keeps its memory too.
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace UX {
+
+/// Pixels.
+struct Point {
+  float x = 0.0F;
+  float y = 0.0F;
+
+  friend bool operator==(const Point&, const Point&) = default;
+};
+
+/// Coordinates that are handed to a canvas go this far from the origin, either way: well past every screen
+/// and every zoom of the day, well within what the platforms' own fixed-point numbers hold.
+inline constexpr float kFarthest = 1.0e6F;
+
+/// One or more contours, each a row of points that is open or closed.
+class Figure {
+ public:
+  struct Contour {
+    std::size_t begin = 0;  // of `Points()`
+    std::size_t end = 0;
+    bool closed = false;
+  };
+
+  void Clear() {
+    points_.clear();
+    contours_.clear();
+  }
+  /// Begins a contour at a point.
+  void Begin(Point point) {
+    contours_.push_back({points_.size(), points_.size(), false});
+    LineTo(point);
+  }
+  void LineTo(Point point) {
+    points_.push_back(point);
+    contours_.back().end = points_.size();
+  }
+  /// The last point of the contour is joined to its first.
+  void Close() { contours_.back().closed = true; }
+  void AddLine(Point from, Point to) {
+    Begin(from);
+    LineTo(to);
+  }
+
+  std::span<const Point> Points() const { return points_; }
+  std::span<const Contour> Contours() const { return contours_; }
+  std::span<const Point> PointsOf(const Contour& contour) const {
+    return Points().subspan(contour.begin, contour.end - contour.begin);
+  }
+
+ private:
+  std::vector<Point> points_;
+  std::vector<Contour> contours_;
+};
+
+}  // namespace UX
