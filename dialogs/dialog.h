@@ -26,9 +26,11 @@ inline constexpr int kTextChanged = 768;
 enum class Icon { None, Information, Error };
 
 /// A dialog that stands open. Controls go by the ids of the template; texts are UTF-16, finished and
-/// translated. Events posted to it arrive at DlgBase::OnEvent, or are lost when the dialog has gone.
-class DialogWindow : public EventTarget {
+/// translated.
+class DialogWindow {
  public:
+  virtual ~DialogWindow() = default;
+
   /// Left top of the dialog, in the client area of the main window.
   virtual void MoveTo(std::int32_t x, std::int32_t y) = 0;
   virtual void SetTitle(std::u16string_view title) = 0;
