@@ -20,6 +20,15 @@ struct Point {
 /// and every zoom of the day, well within what the platforms' own fixed-point numbers hold.
 inline constexpr float kFarthest = 1.0e6F;
 
+/// Brings a coordinate that any nonsense may have made within kFarthest.
+constexpr float Bounded(float coordinate) {
+  if (!(coordinate > -kFarthest)) return -kFarthest;  // and what is not a number
+  return coordinate < kFarthest ? coordinate : kFarthest;
+}
+constexpr Point Bounded(Point point) {
+  return {Bounded(point.x), Bounded(point.y)};
+}
+
 /// One or more contours, each a row of points that is open or closed.
 class Figure {
  public:

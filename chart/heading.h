@@ -1,0 +1,18 @@
+#pragma once
+
+// Directions on the screen, in radians from 0 to 2 pi, clockwise from the right. 32-bit floats that are the
+// same on every platform.
+
+#include "chart/figure.h"
+
+namespace UX {
+
+float DistanceBetween(Point from, Point to);
+/// The direction from `from` to `to`; along the x axis for two points that are one.
+float AngleTo(Point from, Point to);
+/// As AngleTo, but 0 for points so near that their direction is chance.
+float HeadingTo(Point from, Point to);
+/// The point `distance` away in a direction.
+Point Along(Point from, float heading, float distance);
+
+}  // namespace UX

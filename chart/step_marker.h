@@ -1,0 +1,23 @@
+#pragma once
+
+// Where a step's marker stands.
+
+#include <cstdint>
+
+#include "chart/chart_layout.h"
+#include "program/program.h"
+
+namespace UX {
+
+/// The step that a selection names, or null.
+const TCBase::Program::Step* NamedStep(const TCBase::Program::StepSelection& selection);
+
+struct MarkerCenter {
+  std::int32_t x = 0;
+  std::int32_t y = 0;
+};
+/// The step's point in a lane, within kFarthest whatever the step holds.
+MarkerCenter GetMarkerCenter(const Rect& lane, const TCBase::Program::ModeListView& view,
+                             const TCBase::Program::Step& step);
+
+}  // namespace UX
