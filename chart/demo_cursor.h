@@ -4,6 +4,7 @@
 // brightens with the light. User interface thread.
 
 #include <array>
+#include <cstdint>
 
 #include "chart/bumper.h"
 #include "chart/canvas.h"
@@ -16,10 +17,15 @@ class DemoCursor {
   /// What the scene refers to outlives the cursor.
   explicit DemoCursor(const ChartScene& scene) : scene_(scene) {}
 
-  /// Nothing while no demo plays. Leaves the channels' brushes with opacities of its own.
-  void Draw(Canvas& canvas);
+  /// Draws what the worker shows at this moment (TCBase::demoState); nothing while no demo runs. All of it is
+  /// sent to its place anew by each frame, a tenth of a second away. Leaves the channels' brushes with
+  /// opacities of its own.
+  void DrawDemoCursor(Canvas& canvas);
 
  private:
+  void DrawBand(Canvas& canvas, float x) const;
+  void DrawDot(Canvas& canvas, float x, int lane, std::int32_t intensity);
+
   const ChartScene scene_;
   bumper_base::CounterBumper demoCursorX_;
   std::array<bumper_base::CounterBumper, TCBase::Program::kChannelCount> demoDotY_;
