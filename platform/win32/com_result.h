@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/win32/windows_headers.h"
+// after windows.h
+#include <comdef.h>
+
+namespace win32 {
+
+/// For calls without which there is no going on.
+inline void ThrowIfFailed(HRESULT result) {
+  if (FAILED(result)) throw _com_error(result);
+}
+
+}  // namespace win32
