@@ -7,8 +7,9 @@
 
 #include "chart/canvas.h"
 #include "chart/cursor_follower.h"
+#include "chart/cursor_labels.h"
 #include "chart/demo_cursor.h"
-#include "chart/figure.h"
+#include "chart/lane_drawing.h"
 #include "chart/renderer_base.h"
 #include "chart/step_popups.h"
 
@@ -35,7 +36,9 @@ class ChartDrawing {
 
  private:
   const ChartScene scene_;
+  LaneDrawing lanes_;
   CursorFollower follower_;
+  CursorLabels cursorLabels_;
   StepPopups popups_;
   DemoCursor demoCursor_;
 };

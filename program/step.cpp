@@ -3,13 +3,22 @@
 #include <algorithm>
 #include <atomic>
 
-#include "OvkLib/src/ovk_format.h"
 #include "OvkLib/src/ovk_text.h"
 #include "common/message.h"
 #include "common/truncate.h"
 #include "program/program.h"
 
 namespace TCBase::Program {
+
+namespace {
+
+void AppendTwoDigits(std::string& text, std::int32_t number) {
+  const std::string digits = ToDecimal(number);
+  if (digits.size() < 2) text += '0';
+  text += digits;
+}
+
+}  // namespace
 
 std::uint32_t NextStepId() {
   // Atomic, since the worker numbers the steps of its own copies. Only uniqueness is asked of it, no order.
@@ -25,19 +34,23 @@ void Normalize(Step& step) {
   step.minute = static_cast<std::int32_t>(second % 3600 / 60);
 }
 
+// Written digit by digit and not through a format, since the chart shows these texts in every frame: so they
+// fit into the string itself, and take no memory.
+
 std::string ToTimeText(const Step& step) {
-  ovk::format text("{1}:{2}");
-  text.arg(step.hour, 2);
-  text.arg(step.minute, 2);
-  return text.c_str();
+  std::string text;
+  AppendTwoDigits(text, step.hour);
+  text += ':';
+  AppendTwoDigits(text, step.minute);
+  return text;
 }
 
 std::string ToChartLabel(const Step& step) {
-  ovk::format label("{1}:{2}\n{3}%");
-  label.arg(step.hour, 2);
-  label.arg(step.minute, 2);
-  label.arg(TruncateToInt(step.value), 0);
-  return label.c_str();
+  std::string label = ToTimeText(step);
+  label += '\n';
+  label += ToDecimal(TruncateToInt(step.value));
+  label += '%';
+  return label;
 }
 
 std::string ToDescription(const Step& step) {

@@ -1,0 +1,90 @@
+#include "chart/cursor_labels.h"
+
+#include <string_view>
+
+#include "OvkLib/src/ovk_text.h"
+#include "chart/scene_queries.h"
+#include "chart/step_marker.h"
+#include "common/truncate.h"
+#include "program/program.h"
+
+namespace UX {
+
+namespace {
+
+using namespace TCBase::Program;
+
+constexpr TextSize kLabelLimits{100.0F, 50.0F};
+constexpr std::int32_t kLabelMargin = 3;
+constexpr float kLabelRadius = 5.0F;
+constexpr float kCursorLabelDistance = 4.0F;
+constexpr float kCursorLabelOpacity = 0.5F;
+constexpr float kValueLabelOpacity = 0.7F;
+constexpr float kCrosshairLine = 1.0F;
+
+// The crosshair ends at the lanes' right edge and at the chart window's lower one; of the main window.
+constexpr std::int32_t kCrosshairLeft = 10;
+constexpr std::int32_t kBesideCrosshair = 130;
+constexpr std::int32_t kBelowCrosshair = 166;
+
+enum class Side { Left, Right };  // of the point
+
+/// A label whose bottom stands on y. Does not put white's opacity back.
+void DrawLabel(Canvas& canvas, std::int32_t x, std::int32_t y, std::string_view text, Side side,
+               float backgroundOpacity, Brush brush) {
+  const TextSize size = canvas.LayOutText(TextFormat::Small, text, kLabelLimits);
+  const float top = WithinReach(TruncateToInt(static_cast<float>(y) - size.height));
+  const float left = WithinReach(side == Side::Left ? TruncateToInt(static_cast<float>(x) - size.width) : x);
+  const auto extent = [](float length) {
+    return static_cast<float>(TruncateToInt(length) + 2 * kLabelMargin);
+  };
+  canvas.SetOpacity(Brush::White, backgroundOpacity);
+  canvas.Fill(
+      RoundedRectangle{{left - kLabelMargin, top - kLabelMargin, extent(size.width), extent(size.height)},
+                       kLabelRadius},
+      Brush::White);
+  canvas.SetTransform(Translation(left, top));
+  canvas.DrawLayout(brush);
+  canvas.SetTransform(kIdentity);
+}
+
+}  // namespace
+
+std::int32_t CursorLabels::TimeAt(std::int32_t lane, Point at) {
+  return XToTime(scene_.layout.LaneRect(lane), scene_.program, TruncateToInt(at.x));
+}
+
+void CursorLabels::DrawCursorLabels(Canvas& canvas, Point at) {
+  const std::int32_t second = TimeAt(0, at);
+  if (NamedStep(scene_.hoverStep) != nullptr || !IsOnDay(second)) return;
+
+  const std::int32_t y = TruncateToInt(at.y);
+  DrawLabel(canvas, TruncateToInt(at.x - kCursorLabelDistance), y,
+            ToTimeText({second / 3600, second % 3600 / 60}), Side::Left, kCursorLabelOpacity,
+            Brush::DarkGray);
+  const std::int32_t lane = scene_.layout.LaneAt(TruncateToInt(at.x), y);
+  if (lane < 0 || !IsOnDay(TimeAt(lane, at))) return;
+  const std::int32_t percent = TruncateToInt(YToPercent(scene_.layout.LaneRect(lane), y));
+  DrawLabel(canvas, TruncateToInt(at.x + kCursorLabelDistance), y, ToDecimal(percent) + "%", Side::Right,
+            kCursorLabelOpacity, Brush::DarkGray);
+}
+
+void CursorLabels::DrawValueLabel(Canvas& canvas, std::int32_t lane, Point at) {
+  const std::int32_t second = TimeAt(lane, at);
+  if (!IsOnDay(second)) return;
+  const Rect area = scene_.layout.LaneRect(lane);
+  const float value = ChannelValueAt(ChannelOfLane(scene_.program, lane), second);
+  DrawLabel(canvas, TimeToX(area, scene_.program, second), PercentToY(area, value),
+            ToDecimal(TruncateToInt(value)) + "%", Side::Right, kValueLabelOpacity, Brush::Gray);
+}
+
+void CursorLabels::DrawCrosshair(Canvas& canvas, Point at) {
+  if (!IsOnDay(TimeAt(0, at))) return;
+  const Rect& client = scene_.layout.clientRect;
+  const auto width = static_cast<float>(client.width - kBesideCrosshair - kCrosshairLeft);
+  const auto height = static_cast<float>(client.height - kBelowCrosshair);
+  canvas.Stroke(Rectangle{kCrosshairLeft, at.y, width, 0.0F}, Brush::DarkGray, kCrosshairLine);
+  canvas.Stroke(Rectangle{at.x, 0.0F, 0.0F, height}, Brush::DarkGray, kCrosshairLine);
+}
+
+}  // namespace UX
