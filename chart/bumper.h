@@ -98,16 +98,15 @@ class BumperSequenceBase {
   /// The value of the active item, or of the last one when all are through. Zero if there are no items.
   virtual float Value();
   virtual bool IsFinished();
+  /// The first item that still runs, or null. An item with no duration is passed over, one that repeats never
+  /// ends.
+  Bumper* FindActive();
 
  protected:
   BumperSequenceBase() = default;
 
   /// Makes `items` the sequence. They must outlive it.
   void SetItems(std::initializer_list<Bumper*> items);
-
-  /// The first item that still runs, or null. An item with no duration is passed over, one that repeats never
-  /// ends.
-  Bumper* FindActive();
 
  private:
   std::int64_t count_ = 0;

@@ -89,7 +89,7 @@ void ChartDrawing::Draw(Canvas& canvas) {
     if (!isHovered) cursorLabels_.DrawValueLabel(canvas, lane, follower_.Position());
     lanes_.DrawSteps(canvas, lane);
   }
-  for (std::int32_t lane = 0; lane < kChannelCount; ++lane) popups_.Draw(canvas, lane);
+  for (std::int32_t lane = 0; lane < kChannelCount; ++lane) popups_.DrawPopups(canvas, lane);
   demoCursor_.DrawDemoCursor(canvas);
   cursorLabels_.DrawCrosshair(canvas, follower_.Position());
 }

@@ -7,7 +7,6 @@ namespace UX {
 
 namespace {
 
-constexpr float kFullTurn = 6.28318F;
 constexpr float kNear = 0.0001F;  // pixels, along both axes
 
 // The platforms' single-precision functions differ in the last bit. Their double-precision ones, rounded to
@@ -30,13 +29,13 @@ float DistanceBetween(Point from, Point to) {
   return std::sqrt(x * x + y * y);
 }
 
-float AngleTo(Point from, Point to) {
+float AngleTo(Point from, Point to, float fullTurn) {
   const float distance = DistanceBetween(from, to);
   const bool upwards = from.y > to.y;
-  if (!(distance > 0.0F)) return upwards ? kFullTurn : 0.0F;
+  if (!(distance > 0.0F)) return upwards ? fullTurn : 0.0F;
   // Squares of tiny numbers lose what keeps a cosine within 1.
   const float angle = ArcCosine(std::clamp((to.x - from.x) / distance, -1.0F, 1.0F));
-  return upwards ? kFullTurn - angle : angle;
+  return upwards ? fullTurn - angle : angle;
 }
 
 float HeadingTo(Point from, Point to) {
