@@ -1,0 +1,178 @@
+#include "tests/support/recording_canvas.h"
+
+#include <charconv>
+#include <cstddef>
+#include <variant>
+
+#include "tests/support/text_metric.h"
+
+namespace chart_test {
+
+namespace {
+
+using namespace UX;
+
+/// At most two places. Not by printf: its rounding is the platform's.
+std::string Told(float number) {
+  char digits[64];
+  std::string text(digits, std::to_chars(digits, digits + sizeof digits, static_cast<double>(number),
+                                         std::chars_format::fixed, 2)
+                               .ptr);
+  if (text.find('.') != std::string::npos) {
+    while (text.back() == '0') text.pop_back();
+    if (text.back() == '.') text.pop_back();
+  }
+  return text == "-0" ? "0" : text;
+}
+
+std::string Told(Point point) {
+  return Told(point.x) + "," + Told(point.y);
+}
+
+std::string Told(const Rectangle& box) {
+  return Told(Point{box.x, box.y}) + " " + Told(box.width) + "x" + Told(box.height);
+}
+
+struct ShapeTeller {
+  std::string operator()(const Line& line) const { return "line " + Told(line.from) + " " + Told(line.to); }
+  std::string operator()(const Rectangle& box) const { return "box " + Told(box); }
+  std::string operator()(const RoundedRectangle& round) const {
+    return "round " + Told(round.box) + " r" + Told(round.radius);
+  }
+  std::string operator()(const Circle& circle) const {
+    return "circle " + Told(circle.center) + " r" + Told(circle.radius);
+  }
+};
+
+std::string Told(const Shape& shape) {
+  return std::visit(ShapeTeller(), shape);
+}
+
+std::string Told(const Figure& figure) {
+  std::string text;
+  for (const Figure::Contour& contour : figure.Contours()) {
+    if (!text.empty()) text += " |";
+    for (const Point point : figure.PointsOf(contour)) text += " " + Told(point);
+    if (contour.closed) text += " close";
+  }
+  return text;
+}
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text) quoted += c == '\n' ? std::string("\\n") : std::string(1, c);
+  return quoted + "\"";
+}
+
+}  // namespace
+
+std::string NameOf(Brush brush) {
+  static constexpr const char* kNames[] = {"black",  "white",  "darkGray",     "gray",          "lightSalmon",
+                                           "orange", "salmon", "lightSkyBlue", "cornflowerBlue"};
+  if (brush >= Brush::FirstChannel)
+    return "channel" + std::to_string(static_cast<int>(brush) - static_cast<int>(Brush::FirstChannel) + 1);
+  return kNames[static_cast<std::size_t>(brush)];
+}
+
+std::string NameOf(Label label) {
+  const int index = static_cast<int>(label);
+  constexpr int kFirstPercent = static_cast<int>(Label::FirstPercent);
+  constexpr int kFirstName = static_cast<int>(Label::FirstChannelName);
+  if (index >= kFirstName) return "name" + std::to_string(index - kFirstName + 1);
+  if (index >= kFirstPercent) return std::to_string((index - kFirstPercent + 1) * 10) + "%";
+  return "hours";
+}
+
+std::string NameOf(TextFormat format) {
+  static constexpr const char* kNames[] = {"small", "medium", "large"};
+  return kNames[static_cast<std::size_t>(format)];
+}
+
+std::string RecordingCanvas::Text(std::string_view part) const {
+  std::string text;
+  for (const std::string& line : lines_) {
+    if (line.find(part) != std::string::npos) text += line + "\n";
+  }
+  return text;
+}
+
+void RecordingCanvas::Write(const std::string& line) {
+  lines_.push_back(inLabel_ ? "  " + line : line);
+}
+
+std::string RecordingCanvas::Told(Brush brush) const {
+  const float opacity = opacities_[static_cast<std::size_t>(brush)];
+  return NameOf(brush) + (opacity == 1.0F ? "" : " " + chart_test::Told(opacity * 100.0F) + "%");
+}
+
+std::string RecordingCanvas::ToldTransform() const {
+  std::string text;
+  if (transform_.scale != 1.0F) text += " x" + chart_test::Told(transform_.scale);
+  if (transform_.offset != Point()) text += " at " + chart_test::Told(transform_.offset);
+  return text;
+}
+
+void RecordingCanvas::SetBrush(Brush brush, Color color, float opacity) {
+  constexpr const char* kDigits = "0123456789abcdef";
+  opacities_[static_cast<std::size_t>(brush)] = opacity;
+  std::string line = "brush " + NameOf(brush) + " #";
+  for (const unsigned part : {color.red, color.green, color.blue}) {
+    line += kDigits[part / 16];
+    line += kDigits[part % 16];
+  }
+  Write(line + (opacity == 1.0F ? "" : " " + chart_test::Told(opacity * 100.0F) + "%"));
+}
+
+void RecordingCanvas::SetOpacity(Brush brush, float opacity) {
+  opacities_[static_cast<std::size_t>(brush)] = opacity;
+}
+
+void RecordingCanvas::SetFont(TextFormat format, const Font& font) {
+  fonts_[static_cast<std::size_t>(format)] = font;
+  Write("font " + NameOf(format) + " " + chart_test::Told(font.size) + (font.bold ? " bold" : ""));
+}
+
+void RecordingCanvas::Fill(const Shape& shape, Brush brush) {
+  Write("fill " + chart_test::Told(shape) + " " + Told(brush) + ToldTransform());
+}
+
+void RecordingCanvas::Stroke(const Shape& shape, Brush brush, float width) {
+  Write("stroke " + chart_test::Told(shape) + " " + Told(brush) + " w" + chart_test::Told(width) +
+        ToldTransform());
+}
+
+void RecordingCanvas::FillFigure(const Figure& figure, Brush brush) {
+  Write("fill figure " + Told(brush) + ToldTransform() + ":" + chart_test::Told(figure));
+}
+
+void RecordingCanvas::StrokeFigure(const Figure& figure, Brush brush, float width) {
+  Write("stroke figure " + Told(brush) + " w" + chart_test::Told(width) + ToldTransform() + ":" +
+        chart_test::Told(figure));
+}
+
+TextSize RecordingCanvas::LayOutText(TextFormat format, std::string_view text, const TextSize& limits) {
+  layout_ = "text " + NameOf(format) + " " + Quoted(text) + " within " + chart_test::Told(limits.width) +
+            "x" + chart_test::Told(limits.height);
+  return MeasureText(fonts_[static_cast<std::size_t>(format)], text, limits);
+}
+
+void RecordingCanvas::DrawLayout(Brush brush) {
+  Write(layout_ + " " + Told(brush) + ToldTransform());
+}
+
+void RecordingCanvas::BeginLabel(Label label, std::int32_t width, std::int32_t height) {
+  Write("label " + NameOf(label) + " " + std::to_string(width) + "x" + std::to_string(height));
+  inLabel_ = true;
+  transform_ = kIdentity;
+}
+
+void RecordingCanvas::EndLabel() {
+  inLabel_ = false;
+  Write("end");
+}
+
+void RecordingCanvas::DrawLabel(Label label) {
+  Write("draw " + NameOf(label) + ToldTransform());
+}
+
+}  // namespace chart_test
