@@ -310,7 +310,7 @@ std::string DesktopUser::Log() {
 }
 
 bool DesktopUser::TakePicture(const std::filesystem::path& file) {
-  return WriteScreenPicture(file);
+  return ScreenPicture::Take().Write(file);
 }
 
 }  // namespace desktop
