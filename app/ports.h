@@ -17,6 +17,7 @@
 #include "chart/chart_window.h"
 #include "chart/renderer_base.h"
 #include "common/event_target.h"
+#include "dialogs/dialog.h"
 #include "program/settings.h"
 #include "program/view.h"
 
@@ -208,6 +209,7 @@ struct Shell {
   LogPanePort& logPane;
   MenuPort& menu;
   QuestionsPort& questions;
+  dialogs::DialogsPort& dialogs;
   EventSource& events;
   std::function<std::unique_ptr<UX::RendererBase>(const UX::ChartScene&)> makeRenderer;
 

@@ -8,14 +8,15 @@ namespace win32 {
 
 DesktopShell::DesktopShell(HINSTANCE instance, int showCommand)
     : mainWindow_(showCommand, controls_, logo_),
+      dialogs_(instance, mainWindow_),
       platform_(instance, {mainWindow_, controls_, menu_, events_, logo_}) {}
 
 app::Shell DesktopShell::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
     return std::make_unique<WhiteRenderer>(scene, chartWindow_);
   };
-  return {platform_, mainWindow_, chartWindow_, controls_,   logPane_,
-          menu_,     questions_,  events_,      makeRenderer};
+  return {platform_, mainWindow_, chartWindow_, controls_, logPane_,
+          menu_,     questions_,  dialogs_,     events_,   makeRenderer};
 }
 
 void DesktopShell::Connect(app::Application& application) {

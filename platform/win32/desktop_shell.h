@@ -6,6 +6,7 @@
 #include "app/ports.h"
 #include "platform/win32/chart_window.h"
 #include "platform/win32/controls.h"
+#include "platform/win32/dialog_windows.h"
 #include "platform/win32/event_queue.h"
 #include "platform/win32/log_pane.h"
 #include "platform/win32/logo.h"
@@ -35,6 +36,7 @@ class DesktopShell {
   LogPane logPane_{controls_};
   Menu menu_;
   Questions questions_{mainWindow_};
+  DialogWindows dialogs_;
   EventQueue events_;
   PlatformSteps platform_;
 };

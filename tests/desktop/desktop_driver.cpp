@@ -172,6 +172,13 @@ void DesktopUser::CtrlClickRow(app::Control list, int row) {
   SettleInput();
 }
 
+void DesktopUser::DoubleClickRow(app::Control list, int row) {
+  const POINT point = RowPoint(list, row);
+  input::Click(point);
+  input::Click(point);
+  SettleInput();
+}
+
 void DesktopUser::Scroll(app::Control bar, int code, int position) {
   PostMessageW(program_->mainWindow(), WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, position)),
                reinterpret_cast<LPARAM>(Handle(bar)));

@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/desktop/program_under_test.h"
@@ -30,12 +31,15 @@ class DesktopUser final : public User {
   void WillAnswer(app::Answer answer) override { answers_.push_back(answer); }
   void WillPick(std::vector<std::filesystem::path> files) override { picks_.push_back(std::move(files)); }
   std::vector<app::Question> Questions() override;
+  void WillFill(DialogScript script) override { fills_.push_back(std::move(script)); }
+  std::vector<SeenDialog> Dialogs() override { return std::exchange(seenDialogs_, {}); }
 
   bool Choose(int command) override;
   void PressKey(int key, bool ctrl) override;
   void Press(app::Control button) override;
   void ClickRow(app::Control list, int row) override;
   void CtrlClickRow(app::Control list, int row) override;
+  void DoubleClickRow(app::Control list, int row) override;
   void Scroll(app::Control bar, int code, int position) override;
   void ClickChart(int x, int y) override;
   void DragOnChart(int fromX, int fromY, int toX, int toY) override;
@@ -79,6 +83,8 @@ class DesktopUser final : public User {
   std::deque<app::Answer> answers_;
   std::deque<std::vector<std::filesystem::path>> picks_;
   std::vector<app::Question> asked_;
+  std::deque<DialogScript> fills_;
+  std::vector<SeenDialog> seenDialogs_;
 };
 
 }  // namespace desktop

@@ -302,6 +302,7 @@ Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile)
     application->mainWindow.OnInitMenuPopup();
     if (!menu.HasItem(command) || menu.IsEnabled(command)) application->mainWindow.OnCommand(command, 1);
   };
+  dialogs.meanwhile = [this] { DeliverPosted(); };
   application.emplace(Ports());
 }
 
@@ -313,8 +314,8 @@ app::Shell Desktop::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
     return std::make_unique<RecordingRenderer>(scene, journal);
   };
-  return {*this,     *this, chart,        controls,  logPane,       menu,
-          questions, queue, makeRenderer, settings_, deviceLogFile_};
+  return {*this,     *this,   chart, controls,     logPane,   menu,
+          questions, dialogs, queue, makeRenderer, settings_, deviceLogFile_};
 }
 
 RecordingRenderer& Desktop::Renderer() {
@@ -366,6 +367,13 @@ void Desktop::Destroy() {
 void Desktop::PostQuit(int exitCode) {
   journal.push_back("quit " + std::to_string(exitCode));
   queue.Push({Event::Kind::Quit, exitCode, false, nullptr});
+}
+
+void Desktop::DeliverPosted() {
+  while (queue.HasPosted()) {
+    queue.Take();
+    queue.Dispatch();
+  }
 }
 
 std::optional<Event> Desktop::NextTimerOrPaint() {

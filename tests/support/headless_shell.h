@@ -18,6 +18,7 @@
 #include "app/menu_table.h"
 #include "app/ports.h"
 #include "chart/renderer_base.h"
+#include "tests/support/headless_dialogs.h"
 
 namespace headless {
 
@@ -261,6 +262,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   LogPane logPane;
   Menu menu{journal};
   Questions questions;
+  Dialogs dialogs;
 
   std::u16string title;
   app::Size size{app::kWindowWidth, app::kWindowHeight};
@@ -274,6 +276,8 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
  private:
   app::Shell Ports();
   std::optional<Event> NextTimerOrPaint();
+  /// What goes on while a dialog stands open: events posted to the main window arrive, input does not.
+  void DeliverPosted();
 
   Settings& settings_;
   const std::filesystem::path deviceLogFile_;

@@ -63,10 +63,11 @@ void HeadlessUser::End() {
 void HeadlessUser::Turn() {
   if (desktop_->application->Turn()) return;
   desktop_->application->ShutDown();
-  const bool allAsked = desktop_->questions.answers.empty() && desktop_->questions.picks.empty();
+  const bool allAsked = desktop_->questions.answers.empty() && desktop_->questions.picks.empty() &&
+                        desktop_->dialogs.scripts.empty();
   lastJournal = desktop_->journal;
   End();
-  if (!allAsked) throw std::logic_error("a question that was expected did not come up");
+  if (!allAsked) throw std::logic_error("a question or dialog that was expected did not come up");
 }
 
 void HeadlessUser::Settle() {
@@ -147,6 +148,12 @@ void HeadlessUser::CtrlClickRow(app::Control list, int row) {
   controls.SelectRow(list, row, !wasSelected);
   desktop_->focus = Focus::Control;
   Notify(list, app::kListSelectionChanged);
+}
+
+void HeadlessUser::DoubleClickRow(app::Control list, int row) {
+  if (!IsEnabled(list)) return;
+  ClickRow(list, row);
+  Notify(list, app::kListDoubleClick);
 }
 
 void HeadlessUser::Scroll(app::Control bar, int code, int position) {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/headless_shell.h"
@@ -30,12 +31,15 @@ class HeadlessUser final : public User {
   void WillAnswer(app::Answer answer) override { desktop_->questions.answers.push_back(answer); }
   void WillPick(std::vector<std::filesystem::path> files) override;
   std::vector<app::Question> Questions() override;
+  void WillFill(DialogScript script) override { desktop_->dialogs.scripts.push_back(std::move(script)); }
+  std::vector<SeenDialog> Dialogs() override { return std::exchange(desktop_->dialogs.seen, {}); }
 
   bool Choose(int command) override;
   void PressKey(int key, bool ctrl = false) override;
   void Press(app::Control button) override;
   void ClickRow(app::Control list, int row) override;
   void CtrlClickRow(app::Control list, int row) override;
+  void DoubleClickRow(app::Control list, int row) override;
   void Scroll(app::Control bar, int code, int position = 0) override;
   void ClickChart(int x, int y) override;
   void DragOnChart(int fromX, int fromY, int toX, int toY) override;

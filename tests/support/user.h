@@ -10,6 +10,7 @@
 
 #include "app/control_table.h"
 #include "app/ports.h"
+#include "tests/support/dialog_script.h"
 
 class User {
  public:
@@ -31,6 +32,13 @@ class User {
   /// All questions that came up since the last call, in order.
   virtual std::vector<app::Question> Questions() = 0;
 
+  // Dialogs. What is done in them is told before they come up too.
+
+  /// What the user will do in the next dialog.
+  virtual void WillFill(DialogScript script) = 0;
+  /// What was seen of dialogs since the last call: each as it came up, and again at every Look().
+  virtual std::vector<SeenDialog> Dialogs() = 0;
+
   // Doing. Each waits until the program has nothing more to do but for the worker's jobs.
 
   /// Chooses a menu item; false if it is greyed or absent.
@@ -43,6 +51,7 @@ class User {
   virtual void ClickRow(app::Control list, int row) = 0;
   /// The same with Ctrl held: the row's own selection turns round, if the list allows of several.
   virtual void CtrlClickRow(app::Control list, int row) = 0;
+  virtual void DoubleClickRow(app::Control list, int row) = 0;
   /// An event of a scroll bar or slider; codes of app::scroll.
   virtual void Scroll(app::Control bar, int code, int position = 0) = 0;
   /// Clicks with the left button, in the chart window's coordinates.

@@ -1,0 +1,88 @@
+#include "dialogs/dialog_template.h"
+
+#include <algorithm>
+
+#include "dialogs/dialog.h"
+
+namespace dialogs {
+
+namespace {
+
+using Kind = ControlKind;
+
+constexpr ControlTemplate kAboutControls[] = {
+    {kNoControl, Kind::ProgramIcon, {14, 14, 20, 20}, ""},
+    {about_control::kProgram, Kind::Label, {42, 14, 160, 8}, ""},
+    {about_control::kCopyright, Kind::Label, {42, 28, 160, 8}, ""},
+    {about_control::kNoteButton, Kind::Button, {7, 44, 228, 14}, "", trait::kHidden},
+    {about_control::kFirstTerms, Kind::Label, {9, 55, 160, 8}, ""},
+    {about_control::kSecondTerms, Kind::Label, {9, 68, 160, 8}, ""},
+    {about_control::kNote, Kind::Label, {9, 101, 160, 8}, "", trait::kHidden},
+    {about_control::kEmailLink, Kind::Button, {7, 112, 228, 14}, "", trait::kLink},
+    {about_control::kWebLink, Kind::Button, {7, 128, 228, 14}, "", trait::kLink},
+    {about_control::kGroupLink, Kind::Button, {7, 144, 228, 14}, "", trait::kLink},
+    {kOk, Kind::Button, {186, 178, 50, 14}, "OK", trait::kDefault},
+};
+
+constexpr ControlTemplate kModeNameControls[] = {
+    {mode_name_control::kNameLabel, Kind::Label, {7, 7, 237, 8}, "Mode name (max 6 characters)"},
+    {mode_name_control::kName, Kind::Edit, {7, 18, 237, 14}, "", trait::kAutoScroll},
+    {mode_name_control::kDescriptionLabel, Kind::Label, {7, 37, 237, 8}, "Mode description"},
+    {mode_name_control::kDescription, Kind::Edit, {7, 47, 237, 49}, "", trait::kMultiLine},
+    {mode_name_control::kCopyLabel, Kind::Label, {7, 100, 237, 8}, "Copy from"},
+    {mode_name_control::kCopyFrom, Kind::DropDownList, {7, 110, 123, 93}, "", trait::kVerticalScrollBar},
+    {kOk, Kind::Button, {143, 109, 50, 14}, "OK", trait::kDefault},
+    {kCancel, Kind::Button, {195, 109, 50, 14}, "Cancel"},
+};
+
+constexpr ControlTemplate kGetValueControls[] = {
+    {get_value_control::kPrompt, Kind::Label, {7, 7, 286, 8}, "Value (max 20 characters)"},
+    {get_value_control::kValue, Kind::Edit, {7, 18, 286, 14}, "", trait::kAutoScroll},
+    {kOk, Kind::Button, {191, 37, 50, 14}, "OK", trait::kDefault},
+    {kCancel, Kind::Button, {243, 37, 50, 14}, "Cancel"},
+};
+
+constexpr ControlTemplate kAddStepsControls[] = {
+    {add_steps_control::kSteps,
+     Kind::Edit,
+     {7, 7, 170, 138},
+     "",
+     trait::kMultiLine | trait::kVerticalScrollBar | trait::kWantsReturn},
+    {add_steps_control::kHelp,
+     Kind::Edit,
+     {182, 7, 120, 138},
+     "",
+     trait::kMultiLine | trait::kReadOnly | trait::kNoTabStop},
+    {add_steps_control::kCount, Kind::Label, {7, 155, 170, 8}, " "},
+    {kOk, Kind::Button, {198, 155, 50, 14}, "OK", trait::kDefault},
+    {kCancel, Kind::Button, {252, 155, 50, 14}, "Cancel"},
+};
+
+constexpr ControlTemplate kGetDateTimeControls[] = {
+    {date_time_control::kPrompt, Kind::Label, {7, 7, 137, 8}, "Enter date and time"},
+    {date_time_control::kDateTime, Kind::DateTimePicker, {7, 18, 137, 15}, ""},
+    {kOk, Kind::Button, {43, 37, 50, 14}, "OK", trait::kDefault},
+    {kCancel, Kind::Button, {95, 37, 50, 14}, "Cancel"},
+};
+
+constexpr DialogTemplate kTemplates[] = {
+    {template_id::kAbout, "About Lumarine", {20, 20, 243, 199}, kAboutControls},
+    {template_id::kModeName, "Add new mode", {50, 50, 251, 130}, kModeNameControls},
+    {template_id::kGetValue, "Enter value", {50, 50, 299, 58}, kGetValueControls},
+    {template_id::kAddSteps, "Add Steps", {0, 0, 309, 176}, kAddStepsControls},
+    {template_id::kGetDateTime, "Enter date and time", {50, 50, 154, 56}, kGetDateTimeControls},
+};
+
+}  // namespace
+
+std::span<const DialogTemplate> Templates() {
+  return kTemplates;
+}
+
+const DialogTemplate* FindTemplate(int number) {
+  const auto* found =
+      std::ranges::find_if(kTemplates, [number](const auto& row) { return row.number == number; });
+  return found == std::end(kTemplates) ? nullptr : found;
+}
+
+}  // namespace dialogs
