@@ -3,7 +3,7 @@
 namespace app {
 
 AppState::AppState(const Shell& shell)
-    : chartInput(shell.chartWindow, program, selection, undoStack, chartLayout),
+    : chartInput(shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout),
       renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout})) {}
 
 void AppState::BuildControls(const Shell& shell) {

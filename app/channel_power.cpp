@@ -70,4 +70,13 @@ void ChannelPowerControl::OnSlider(int code, int position) {
   shell_.mainWindow.TakeFocus();
 }
 
+void ChannelPowerControl::OnWheel(int delta) {
+  Channel* channel = SelectedChannel(selection_);
+  if (channel == nullptr) return;
+  const float power = ChannelPower(*channel);
+  if ((delta < 0 && power < 1.0F) || (delta > 0 && power > 99.0F)) return;
+  ScaleChannel(*channel, delta < 0 ? power - 1.0F : power + 1.0F);
+  chartInput_.InvalidateChart();
+}
+
 }  // namespace app

@@ -24,6 +24,10 @@ class ChannelPowerControl {
   /// its own.
   void OnSlider(int code, int position);
 
+  /// The wheel, turned with Shift held: a percent up or down, without an entry in the history. The slider
+  /// does not show it before the next Update().
+  void OnWheel(int delta);
+
  private:
   const Shell& shell_;
   const TCBase::Program::StepSelection& selection_;

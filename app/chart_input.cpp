@@ -1,112 +1,218 @@
+// The mouse on the chart.
+
 #include "app/chart_input.h"
 
 #include <algorithm>
 #include <cstddef>
 
+#include "app/chart_hit.h"
 #include "app/demo_control.h"
-#include "app/numbers.h"
+#include "app/menu_table.h"
 #include "common/log.h"
 #include "common/message.h"
 #include "devices/demo_state.h"
 #include "program/channel_edit.h"
 #include "program/optimize.h"
+#include "program/view.h"
 
 namespace app {
 
 using namespace TCBase::Program;
 
-ChartInput::ChartInput(UX::ChartWindowPort& chartWindow, ModeListView& program, StepSelection& selection,
-                       UndoStack& undoStack, UX::ChartLayout& chartLayout)
+namespace {
+
+constexpr std::int32_t kPanSecondsPerCount = 5;  // 120 counts a notch: ten minutes
+
+// What sticks out of a lane: half a marker, and the labels of steps at its edges.
+constexpr std::int32_t kBesideLane = 9;
+constexpr std::int32_t kAboveLane = 13;
+
+/// Percent under a pixel. A lane without height has none that is a number.
+float StrengthAt(const UX::Rect& lane, std::int32_t y) {
+  const float percent = UX::YToPercent(lane, y);
+  return percent > 0.0F ? std::min(percent, 100.0F) : 0.0F;
+}
+
+void SetTime(Step& step, std::int32_t second) {
+  step.hour = second / 3600;
+  step.minute = second % 3600 / 60;
+}
+
+bool IsOnChart(const UX::Rect& window, std::int32_t x, std::int32_t y) {
+  return x >= 0 && x < window.width && y >= 0 && y < window.height;
+}
+
+}  // namespace
+
+ChartInput::ChartInput(UX::ChartWindowPort& chartWindow, MenuPort& menu, ModeListView& program,
+                       StepSelection& selection, StepSelection& hoverStep, UndoStack& undoStack,
+                       UX::ChartLayout& chartLayout)
     : chartWindow_(chartWindow),
+      menu_(menu),
       program_(program),
       selection_(selection),
+      hoverStep_(hoverStep),
       undoStack_(undoStack),
       chartLayout_(chartLayout) {}
 
-void ChartInput::OnKey(int key) {
-  switch (key) {
-    case key::kBackspace:
-    case key::kDelete:
-      return DeleteStep();
-    case key::kSpace:
-      return PauseOrResumeDemo();
-    case key::kLeft:
-      return Nudge(-1, 0.0F);
-    case key::kUp:
-      return Nudge(0, 1.0F);
-    case key::kRight:
-      return Nudge(1, 0.0F);
-    case key::kDown:
-      return Nudge(0, -1.0F);
-    case key::kJ:
-    case key::kF1:
-      return ToggleJump();
-    default:
-      return;
-  }
-}
-
-void ChartInput::OnKeyUp(int key) {
-  switch (key) {
-    case key::kBackspace:
-    case key::kLeft:
-    case key::kUp:
-    case key::kRight:
-    case key::kDown:
-    case key::kDelete:
-      OptimizeMode(program_.modes.at(static_cast<std::size_t>(program_.currentMode)));
-      undoStack_.CommitPending();
-      return;
-    default:
-      return;
-  }
-}
-
-void ChartInput::DeleteStep() {
-  if (SelectedStep(selection_) == nullptr) return;
-  if (SelectedChannel(selection_)->size() <= kMinChannelSteps) {
-    LogStatus(Message("Unable to delete step. Minimum 2 steps per channel is required."));
+void ChartInput::OnLeftDown(std::int32_t x, std::int32_t y) {
+  chartWindow_.TakeFocus();
+  if (IsDemoRunning()) {
+    dragging_ = true;
+    SeekDemo(x);
     return;
   }
-  undoStack_.BeginPending();
-  DeleteSelectedStep(selection_);
-  InvalidateChart();
-  const Mode& mode = program_.modes.at(static_cast<std::size_t>(program_.currentMode));
-  LogStatus(Message("Step deleted. Current number of steps: {1}", CountModeSteps(mode)));
-}
-
-void ChartInput::ToggleJump() {
-  undoStack_.Snapshot();
-  if (Step* step = SelectedStep(selection_)) step->jump = !step->jump;
-  InvalidateChart();
-  LogStatus(Message("Step jump toggle"));
-}
-
-void ChartInput::Nudge(int minutes, float value) {
-  undoStack_.BeginPending();
-  if (const Step* step = SelectedStep(selection_)) {
-    const std::uint32_t id = step->id;
-    NudgeSelectedStep(selection_, 0, minutes, value);
-    // The step may have come to stand before or behind others; the selection goes with it.
-    Channel& channel = *SelectedChannel(selection_);
-    SortSteps(channel);
-    const auto moved =
-        std::find_if(channel.begin(), channel.end(), [id](const Step& s) { return s.id == id; });
-    selection_.step = static_cast<std::int32_t>(moved - channel.begin());
+  if (const auto hit = HitStep(chartLayout_, program_, x, y)) {
+    Select(hit->channel, hit->step);
+    undoStack_.BeginPending();
+    Grab();
+    return;
   }
-  InvalidateChart();
-}
-
-void ChartInput::PauseOrResumeDemo() {
-  const std::int32_t position = TCBase::demoState.position;
-  if (position < 0) return;
-  if (TCBase::demoState.state == TCBase::StatePaused) {
-    TCBase::PostCommand(TCBase::CommandResume);
-    LogStatus(Message("Demo playback resumed"));
+  const std::int32_t lane = chartLayout_.LaneAt(x, y);
+  if (lane != selection_.channel) {
+    Select(lane, -1);
   } else {
-    TCBase::PostCommand(TCBase::CommandPause);
-    LogStatus(Message("Demo playback paused at {1}", DayTimeText(position)));
+    AddStep(lane, x, y);
   }
+}
+
+void ChartInput::AddStep(std::int32_t lane, std::int32_t x, std::int32_t y) {
+  // Before the lane is looked at: a press beside all lanes with none selected says so, too.
+  Mode& mode = CurrentMode();
+  if (CountModeSteps(mode) >= kMaxModeSteps) {
+    LogStatus(Message("Unable to add new step. Maximum number of {1} steps for the current mode reached",
+                      kMaxModeSteps));
+    return;
+  }
+  if (lane < 0) return;
+  const UX::Rect rect = chartLayout_.LaneRect(lane);
+  const std::int32_t second = UX::XToTime(rect, program_, x);
+  if (!UX::IsOnDay(second)) return;
+
+  Step step;
+  SetTime(step, second);
+  step.value = StrengthAt(rect, y);
+  undoStack_.Snapshot();
+  Channel& channel = mode.channels.at(static_cast<std::size_t>(lane));
+  InsertStepSorted(channel, step);
+  const int count = CountModeSteps(mode);
+  LogStatus(Message("Added new step {1}. Current number of steps: {2}", ToDescription(step), count));
+  if (count == kManyModeSteps + 1) {
+    LogWarning(Message("You have added more than {1} steps. For more information check the \"Help / Known "
+                       "issues\" information.",
+                       kManyModeSteps)
+                   .utf8());
+  }
+  const auto added = std::find_if(channel.begin(), channel.end(), [&step](const Step& other) {
+    return other.hour == step.hour && other.minute == step.minute;
+  });
+  Select(lane, added == channel.end() ? -1 : static_cast<std::int32_t>(added - channel.begin()));
+  Grab();
+}
+
+void ChartInput::OnLeftUp() {
+  if (dragging_) {
+    dragging_ = false;
+    const Step* step = SelectedStep(selection_);
+    if (!IsDemoRunning() && step != nullptr) {
+      LogStatus(Message("Step {1}", ToDescription(*step)));
+      Hint("Press DELETE or BACKSPACE to remove the selected step.");
+      Hint("You can also use keyboard ARROWS to move the step with higher accuracy.");
+      OptimizeMode(CurrentMode());
+      undoStack_.CommitPending();
+    }
+  }
+  chartWindow_.ReleaseCapture();
+}
+
+void ChartInput::OnMouseMove(std::int32_t x, std::int32_t y) {
+  UpdateHover(x, y);
+  if (!dragging_) return;
+  if (IsDemoRunning()) {
+    SeekDemo(x);
+  } else {
+    DragStep(x, y);
+  }
+}
+
+void ChartInput::DragStep(std::int32_t x, std::int32_t y) {
+  Step* step = SelectedStep(selection_);
+  if (step == nullptr) return;
+  const UX::Rect lane = chartLayout_.LaneRect(selection_.channel);
+  const std::int32_t pointed = UX::XToTime(lane, program_, x);
+  // Off the day the step stays as it is, its value too.
+  if (!UX::IsOnDay(pointed)) return;
+  // A view may begin within a minute, so that the full minute is before it.
+  const std::int32_t second =
+      std::max(std::min(FullMinute(pointed), program_.viewEnd - 1), program_.viewStart);
+  step->value = StrengthAt(lane, y);
+  SetTime(*step, second);
+  Resort(step->id);
+  InvalidateLane(selection_.channel);
+}
+
+void ChartInput::Select(std::int32_t channel, std::int32_t step) {
+  InvalidateLane(selection_.channel);
+  selection_.channel = channel;
+  selection_.step = step;
+  chartLayout_.FocusLane(channel);
+  InvalidateLane(channel);
+}
+
+void ChartInput::Grab() {
+  dragging_ = true;
+  chartWindow_.Capture();
+  InvalidateLane(selection_.channel);
+}
+
+void ChartInput::UpdateHover(std::int32_t x, std::int32_t y) {
+  const auto hovered = HoveredStep(chartLayout_, program_, x, y);
+  if (!hovered) return;
+  hoverStep_.channel = hovered->channel;
+  hoverStep_.step = hovered->step;
+}
+
+void ChartInput::Resort(std::uint32_t id) {
+  Channel& channel = *SelectedChannel(selection_);
+  SortSteps(channel);
+  const auto moved =
+      std::find_if(channel.begin(), channel.end(), [id](const Step& step) { return step.id == id; });
+  selection_.step = moved == channel.end() ? -1 : static_cast<std::int32_t>(moved - channel.begin());
+}
+
+void ChartInput::OnRightDown(std::int32_t x, std::int32_t y) {
+  chartWindow_.TakeFocus();
+  const StepPlace place =
+      HitStep(chartLayout_, program_, x, y).value_or(StepPlace{chartLayout_.LaneAt(x, y), -1});
+  if (place.channel >= 0) Select(place.channel, place.step);
+}
+
+void ChartInput::OnRightUp(std::int32_t x, std::int32_t y) {
+  if (!IsDemoRunning()) menu_.OpenAtChart(menu::kChannel, x, y);
+}
+
+WheelUse ChartInput::OnWheel(std::int32_t x, std::int32_t y, std::int32_t delta, const WheelKeys& keys) {
+  if (keys.shift || keys.other || !IsOnChart(chartLayout_.ChartWindowRect(), x, y)) {
+    return keys.shift ? WheelUse::Power : WheelUse::Nothing;
+  }
+  if (!keys.ctrl) {
+    PanView(program_, delta * kPanSecondsPerCount);
+  } else if (delta > 0) {
+    ViewZoomIn(program_);
+  } else {
+    ViewZoomOut(program_);
+  }
+  return WheelUse::View;
+}
+
+void ChartInput::SeekDemo(std::int32_t x) {
+  const std::int32_t second = TimeAt(x);
+  TCBase::PostSeek(UX::IsOnDay(second) ? second : 0);
+  InvalidateChart();
+}
+
+std::int32_t ChartInput::TimeAt(std::int32_t x) {
+  return FullMinute(UX::XToTime(chartLayout_.LaneRect(0), program_, x));
 }
 
 void ChartInput::InvalidateChart() {
@@ -114,15 +220,15 @@ void ChartInput::InvalidateChart() {
   chartWindow_.Invalidate({0, 0, chart.width, chart.height});
 }
 
-void ChartInput::InvalidateLane(int lane) {
+void ChartInput::InvalidateLane(std::int32_t lane) {
+  if (lane < 0 || lane >= kChannelCount) return;
   const UX::Rect rect = chartLayout_.LaneRect(lane);
-  chartWindow_.Invalidate({rect.x - 9, rect.y - 13, rect.width + 18, rect.height + 26});
+  chartWindow_.Invalidate({rect.x - kBesideLane, rect.y - kAboveLane, rect.width + 2 * kBesideLane,
+                           rect.height + 2 * kAboveLane});
 }
 
-Step* SelectedStep(const StepSelection& selection) {
-  Channel* channel = SelectedChannel(selection);
-  const auto index = static_cast<std::size_t>(selection.step);
-  return channel != nullptr && index < channel->size() ? &(*channel)[index] : nullptr;
+Mode& ChartInput::CurrentMode() {
+  return program_.modes.at(static_cast<std::size_t>(program_.currentMode));
 }
 
 }  // namespace app

@@ -1,6 +1,7 @@
 #include "app/main_window.h"
 
 #include "app/app_state.h"
+#include "app/chart_hit.h"
 #include "app/commands.h"
 #include "app/demo_control.h"
 #include "app/numbers.h"
@@ -143,26 +144,45 @@ void ChartWindow::OnKeyUp(int key) {
 void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y) {
   idleTimer.Restart(0.0);
   state_.renderer->MouseMoved(x, y);
+  state_.chartInput.OnMouseMove(x, y);
+  if (IsDemoRunning()) return;  // the labels show the demo's time
+  const std::int32_t second = state_.chartInput.TimeAt(x);
+  state_.ctrls->ShowTimeAndPower(second, StrengthsAt(state_.CurrentMode(), second));
 }
 
-void ChartWindow::OnLeftDown(std::int32_t, std::int32_t) {
+void ChartWindow::OnLeftDown(std::int32_t x, std::int32_t y) {
   idleTimer.Restart(0.0);
+  state_.chartInput.OnLeftDown(x, y);
 }
 
 void ChartWindow::OnLeftUp(std::int32_t, std::int32_t) {
   idleTimer.Restart(0.0);
+  state_.chartInput.OnLeftUp();
+  state_.powerControl->Update();
+  state_.ctrls->ShowModeDescription();
 }
 
-void ChartWindow::OnRightDown(std::int32_t, std::int32_t) {
+void ChartWindow::OnRightDown(std::int32_t x, std::int32_t y) {
   idleTimer.Restart(0.0);
+  state_.chartInput.OnRightDown(x, y);
 }
 
-void ChartWindow::OnRightUp(std::int32_t, std::int32_t) {
+void ChartWindow::OnRightUp(std::int32_t x, std::int32_t y) {
   idleTimer.Restart(0.0);
+  state_.chartInput.OnRightUp(x, y);
 }
 
-void ChartWindow::OnWheel(std::int32_t, std::int32_t, int, bool, bool, bool) {
+void ChartWindow::OnWheel(std::int32_t x, std::int32_t y, int delta, bool shift, bool ctrl,
+                          bool otherButtons) {
   idleTimer.Restart(0.0);
+  switch (state_.chartInput.OnWheel(x, y, delta, {shift, ctrl, otherButtons})) {
+    case WheelUse::View:
+      return state_.viewControl->OnViewTurned();
+    case WheelUse::Power:
+      return state_.powerControl->OnWheel(delta);
+    case WheelUse::Nothing:
+      return;
+  }
 }
 
 }  // namespace app

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/chart_input.h"
 #include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/message.h"
+#include "program/channel_edit.h"
 
 namespace app {
 

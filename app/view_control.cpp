@@ -72,6 +72,13 @@ void ViewControl::OnZoomSlider(int code, int position) {
   shell_.mainWindow.TakeFocus();
 }
 
+void ViewControl::OnViewTurned() {
+  ctrls_.UpdateScrollBar();
+  renderer_.Relayout();
+  ctrls_.UpdateZoomSlider();
+  chartInput_.InvalidateChart();
+}
+
 void ViewControl::ZoomIn() {
   ViewZoomIn(program_);
   RefreshView();

@@ -22,6 +22,9 @@ class ViewControl {
   void OnScrollBar(int code, int position);
   void OnZoomSlider(int code, int position);
 
+  /// The wheel has changed the view.
+  void OnViewTurned();
+
   // Commands.
   void ZoomIn();
   void ZoomOut();

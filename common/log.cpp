@@ -45,13 +45,22 @@ void AppendDumpRow(std::string& out, std::size_t offset, std::string_view row) {
   out += '\n';
 }
 
-/// True for the first call with this text.
-bool IsNewHint(std::string_view text) {
-  static std::mutex lock;
-  static std::vector<std::string> shown;  // a handful in a run
-  const std::lock_guard guard(lock);
-  if (std::find(shown.begin(), shown.end(), text) != shown.end()) return false;
-  shown.emplace_back(text);
+struct ShownHints {
+  std::mutex lock;
+  std::vector<std::string> keys;  // a handful in a run; guarded by lock
+};
+
+ShownHints& Shown() {
+  static ShownHints& shown = *new ShownHints;
+  return shown;
+}
+
+/// True for the first call with this key.
+bool IsNewHint(std::string_view key) {
+  ShownHints& shown = Shown();
+  const std::lock_guard guard(shown.lock);
+  if (std::find(shown.keys.begin(), shown.keys.end(), key) != shown.keys.end()) return false;
+  shown.keys.emplace_back(key);
   return true;
 }
 
@@ -72,6 +81,11 @@ LogChannel& log_detail::Warning() {
 LogChannel& log_detail::Device() {
   static LogChannel& channel = *new LogChannel;
   return channel;
+}
+
+void log_detail::ForgetHints() {
+  const std::lock_guard guard(Shown().lock);
+  Shown().keys.clear();
 }
 
 void LogChannel::Append(std::string text) {
@@ -126,6 +140,6 @@ void LogDeviceDump(const void* bytes, std::size_t length) {
   LogLine(log_detail::Device(), std::move(dump));
 }
 
-void Hint(std::string_view text) {
-  if (IsNewHint(text)) LogStatus(Message("Hint: {1}", text));
+void Hint(std::string_view key) {
+  if (IsNewHint(key)) LogStatus(Message("Hint: {1}", Translate(key)));
 }

@@ -74,6 +74,8 @@ namespace log_detail {
 LogChannel& Status();
 LogChannel& Warning();
 LogChannel& Device();
+/// All hints may show again: for a process that plays several runs, one after the other, as tests do.
+void ForgetHints();
 }  // namespace log_detail
 
 /// All ordinary messages.
@@ -97,5 +99,6 @@ void LogDevice(std::string_view text);
 /// but the line end for a length of 0.
 void LogDeviceDump(const void* bytes, std::size_t length);
 
-/// Logs "Hint: " and `text` on statusLog, once in a run for each text. Any thread.
-void Hint(std::string_view text);
+/// Logs "Hint: " and the text for `key`, the English sentence, on statusLog, once in a run for each key
+/// whatever the language. Any thread.
+void Hint(std::string_view key);

@@ -7,12 +7,6 @@ namespace TCBase::Program {
 
 namespace {
 
-Step* SelectedStep(const StepSelection& selection) {
-  Channel* channel = SelectedChannel(selection);
-  const auto index = static_cast<std::size_t>(selection.step);
-  return channel != nullptr && index < channel->size() ? &(*channel)[index] : nullptr;
-}
-
 void SwapSelectedWith(StepSelection& selection, std::int32_t other) {
   Channel* channel = SelectedChannel(selection);
   Channel* neighbour = SelectedChannel({selection.document, other});
@@ -28,6 +22,12 @@ Channel* SelectedChannel(const StepSelection& selection) {
   const auto mode = static_cast<std::size_t>(selection.document.currentMode);
   const auto channel = static_cast<std::size_t>(selection.channel);
   return channel < kChannelCount && mode < modes.size() ? &modes[mode].channels[channel] : nullptr;
+}
+
+Step* SelectedStep(const StepSelection& selection) {
+  Channel* channel = SelectedChannel(selection);
+  const auto index = static_cast<std::size_t>(selection.step);
+  return channel != nullptr && index < channel->size() ? &(*channel)[index] : nullptr;
 }
 
 void DeleteSelectedStep(StepSelection& selection) {

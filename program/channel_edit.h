@@ -18,6 +18,8 @@ inline StepClipboard stepClipboard;
 
 /// The channel of the current mode that is selected, or null.
 Channel* SelectedChannel(const StepSelection& selection);
+/// The selected step, or null where channel or step are out of range.
+Step* SelectedStep(const StepSelection& selection);
 
 /// Removes all steps on the selected step's minute, if the channel has more than two. The selection stays at
 /// its index, or moves to the last step that is left (-1 if none is).

@@ -160,6 +160,14 @@ TEST_F(Log, AHintShowsOnceInARun) {
   EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: " + another, "\r\n"));
 }
 
+TEST_F(Log, AHintShowsAgainInTheNextRun) {
+  const std::string hint = FreshHint();
+  Hint(hint);
+  log_detail::ForgetHints();
+  Hint(hint);
+  EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: " + hint, "\r\n", "Hint: " + hint, "\r\n"));
+}
+
 /// Logs while the process still loads, as the worker does.
 const struct EarlyWriter {
   EarlyWriter() {

@@ -8,6 +8,7 @@
 // after windows.h
 #include <commctrl.h>
 
+#include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/files.h"
 #include "tests/desktop/dialogs.h"
@@ -34,6 +35,16 @@ POINT Middle(HWND window) {
   RECT client{};
   GetClientRect(window, &client);
   return OnScreen(window, {client.right / 2, client.bottom / 2});
+}
+
+/// How often the Down key goes to an item of the chart's menu; 0 if it is not there.
+int KeysDownTo(int command) {
+  int keys = 0;
+  for (const app::MenuEntry& entry : app::MenuTable()[app::menu::kChannel].entries) {
+    if (entry.kind != app::MenuEntry::Kind::Separator) ++keys;
+    if (entry.kind == app::MenuEntry::Kind::Command && entry.command == command) return keys;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -149,6 +160,12 @@ void DesktopUser::PressKey(int key, bool ctrl) {
   SettleInput();
 }
 
+void DesktopUser::HoldKey(int key, int times) {
+  for (int i = 0; i < times; ++i) input::HoldKey(static_cast<WORD>(key));
+  input::ReleaseKey(static_cast<WORD>(key));
+  SettleInput();
+}
+
 void DesktopUser::Press(app::Control button) {
   input::Click(Middle(Handle(button)));
   SettleInput();
@@ -185,22 +202,47 @@ void DesktopUser::Scroll(app::Control bar, int code, int position) {
   Settle();
 }
 
-void DesktopUser::ClickChart(int x, int y) {
-  DragOnChart(x, y, x, y);
+void DesktopUser::MoveMouse(int x, int y) {
+  input::MoveMouse(OnScreen(Handle(app::Control::ChartWindow), {x, y}));
+  SettleInput();
 }
 
-void DesktopUser::DragOnChart(int fromX, int fromY, int toX, int toY) {
-  const HWND chart = Handle(app::Control::ChartWindow);
-  input::MoveMouse(OnScreen(chart, {fromX, fromY}));
+void DesktopUser::HoldButton() {
   input::HoldButton(input::Button::Left);
-  if (fromX != toX || fromY != toY) input::MoveMouse(OnScreen(chart, {toX, toY}));
+  SettleInput();
+}
+
+void DesktopUser::ReleaseButton() {
   input::ReleaseButton(input::Button::Left);
   SettleInput();
+}
+
+bool DesktopUser::HasOpenMenu() {
+  GUITHREADINFO thread{};
+  thread.cbSize = sizeof thread;
+  GetGUIThreadInfo(GetWindowThreadProcessId(program_->mainWindow(), nullptr), &thread);
+  return (thread.flags & GUI_INMENUMODE) != 0;
 }
 
 void DesktopUser::RightClickChart(int x, int y) {
   input::Click(OnScreen(Handle(app::Control::ChartWindow), {x, y}), input::Button::Right);
   SettleInput();
+  if (!HasOpenMenu()) return;
+  input::PressKey(VK_ESCAPE);
+  SettleInput();
+}
+
+bool DesktopUser::ChooseAtChart(int x, int y, int command) {
+  input::Click(OnScreen(Handle(app::Control::ChartWindow), {x, y}), input::Button::Right);
+  SettleInput();
+  if (!HasOpenMenu()) return false;
+  const int downs = KeysDownTo(command);
+  const bool canBeChosen = downs > 0 && MenuItem(command).enabled;
+  for (int i = 0; canBeChosen && i < downs; ++i) input::PressKey(VK_DOWN);
+  input::PressKey(canBeChosen ? VK_RETURN : VK_ESCAPE);
+  SettleInput();
+  EXPECT_FALSE(HasOpenMenu());
+  return canBeChosen;
 }
 
 void DesktopUser::TurnWheel(int x, int y, int notches, bool ctrl, bool shift) {

@@ -36,14 +36,17 @@ class DesktopUser final : public User {
 
   bool Choose(int command) override;
   void PressKey(int key, bool ctrl) override;
+  void HoldKey(int key, int times) override;
   void Press(app::Control button) override;
   void ClickRow(app::Control list, int row) override;
   void CtrlClickRow(app::Control list, int row) override;
   void DoubleClickRow(app::Control list, int row) override;
   void Scroll(app::Control bar, int code, int position) override;
-  void ClickChart(int x, int y) override;
-  void DragOnChart(int fromX, int fromY, int toX, int toY) override;
+  void MoveMouse(int x, int y) override;
+  void HoldButton() override;
+  void ReleaseButton() override;
   void RightClickChart(int x, int y) override;
+  bool ChooseAtChart(int x, int y, int command) override;
   void TurnWheel(int x, int y, int notches, bool ctrl, bool shift) override;
   void ClickBackground() override;
   void Resize(int width, int height) override;
@@ -69,6 +72,8 @@ class DesktopUser final : public User {
   HWND Handle(app::Control control);
   /// The middle of a row, in the list's coordinates.
   POINT RowPoint(app::Control list, int row);
+  /// A menu has been opened over the chart and waits.
+  bool HasOpenMenu();
   /// Waits until the program has taken the input and done what came of it.
   void SettleInput();
   /// Waits until the program has worked off its queue, and answers what it asks meanwhile.

@@ -226,6 +226,11 @@ bool Menu::IsEnabled(int command) const {
   return false;
 }
 
+bool Menu::IsIn(int position, int command) const {
+  auto items = bar.at(static_cast<std::size_t>(position)).items;
+  return FindIn(items, command) != nullptr;
+}
+
 void Menu::SetItemText(int command, std::u16string_view text) {
   Get(command).text = text;
 }
@@ -253,8 +258,8 @@ void Menu::SetPopupEnabled(int position, bool enabled) {
   bar.at(static_cast<std::size_t>(position)).enabled = enabled;
 }
 
-void Menu::OpenAtChart(int position, std::int32_t, std::int32_t) {
-  openedAtChart = position;
+void Menu::OpenAtChart(int position, std::int32_t x, std::int32_t y) {
+  openedAtChart = {position, x, y};
 }
 
 // Questions

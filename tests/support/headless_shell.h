@@ -155,8 +155,18 @@ class Menu final : public app::MenuPort {
   const MenuItem* Find(int command) const;
   /// By itself and by the menu of the bar that it stands in.
   bool IsEnabled(int command) const;
+  /// In the menu of the bar at `position`.
+  bool IsIn(int position, int command) const;
   std::vector<MenuItem> bar;
-  std::optional<int> openedAtChart;
+
+  struct Opened {
+    int position = -1;  // in the bar
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+
+    friend bool operator==(const Opened&, const Opened&) = default;
+  };
+  std::optional<Opened> openedAtChart;
 
  private:
   MenuItem& Get(int command);

@@ -29,6 +29,7 @@ void BeginProcess() {
     log->textHandler = nullptr;
     log->Drain();
   }
+  log_detail::ForgetHints();
   TCBase::demoState.SetIdle();
   TCBase::TakeCommand();
   TCBase::Program::stepClipboard = {};
@@ -110,15 +111,26 @@ void HeadlessUser::SendCommand(int id, int code) {
 }
 
 void HeadlessUser::PressKey(int key, bool ctrl) {
+  PushKey(key, ctrl, 1);
+  Settle();
+}
+
+void HeadlessUser::HoldKey(int key, int times) {
+  PushKey(key, false, times);
+  Settle();
+}
+
+void HeadlessUser::PushKey(int key, bool ctrl, int times) {
   const bool toChart = desktop_->focus == Focus::Chart;
   const auto deliver = [this, toChart](void (app::ChartWindow::*handler)(int), int number) {
     return [this, toChart, handler, number] {
       if (toChart) (desktop_->application->chartWindow.*handler)(number);
     };
   };
-  desktop_->queue.Push({Event::Kind::KeyDown, key, ctrl, deliver(&app::ChartWindow::OnKeyDown, key)});
+  for (int i = 0; i < times; ++i) {
+    desktop_->queue.Push({Event::Kind::KeyDown, key, ctrl, deliver(&app::ChartWindow::OnKeyDown, key)});
+  }
   desktop_->queue.Push({Event::Kind::Other, 0, false, deliver(&app::ChartWindow::OnKeyUp, key)});
-  Settle();
 }
 
 void HeadlessUser::Notify(app::Control control, int code) {
@@ -163,26 +175,44 @@ void HeadlessUser::Scroll(app::Control bar, int code, int position) {
   Settle();
 }
 
-void HeadlessUser::ClickChart(int x, int y) {
-  DragOnChart(x, y, x, y);
+void HeadlessUser::PushMouse(void (app::ChartWindow::*handler)(std::int32_t, std::int32_t)) {
+  desktop_->queue.Push({Event::Kind::Other, 0, false, [this, handler, x = mouseX_, y = mouseY_] {
+                          const UX::Rect chart = Place(app::Control::ChartWindow);
+                          const bool isOver = x >= 0 && x < chart.width && y >= 0 && y < chart.height;
+                          if (!isOver && !desktop_->chart.captured) return;
+                          (desktop_->application->chartWindow.*handler)(x, y);
+                        }});
 }
 
-void HeadlessUser::DragOnChart(int fromX, int fromY, int toX, int toY) {
-  Push([=](app::Application& application) {
-    application.chartWindow.OnMouseMove(fromX, fromY);
-    application.chartWindow.OnLeftDown(fromX, fromY);
-    if (fromX != toX || fromY != toY) application.chartWindow.OnMouseMove(toX, toY);
-    application.chartWindow.OnLeftUp(toX, toY);
-  });
+void HeadlessUser::MoveMouse(int x, int y) {
+  mouseX_ = x;
+  mouseY_ = y;
+  PushMouse(&app::ChartWindow::OnMouseMove);
+  Settle();
+}
+
+void HeadlessUser::HoldButton() {
+  PushMouse(&app::ChartWindow::OnLeftDown);
+  Settle();
+}
+
+void HeadlessUser::ReleaseButton() {
+  PushMouse(&app::ChartWindow::OnLeftUp);
   Settle();
 }
 
 void HeadlessUser::RightClickChart(int x, int y) {
-  Push([=](app::Application& application) {
-    application.chartWindow.OnRightDown(x, y);
-    application.chartWindow.OnRightUp(x, y);
-  });
+  desktop_->menu.openedAtChart.reset();
+  MoveMouse(x, y);
+  PushMouse(&app::ChartWindow::OnRightDown);
+  PushMouse(&app::ChartWindow::OnRightUp);
   Settle();
+}
+
+bool HeadlessUser::ChooseAtChart(int x, int y, int command) {
+  RightClickChart(x, y);
+  const auto& opened = desktop_->menu.openedAtChart;
+  return opened && desktop_->menu.IsIn(opened->position, command) && Choose(command);
 }
 
 void HeadlessUser::TurnWheel(int x, int y, int notches, bool ctrl, bool shift) {

@@ -36,14 +36,17 @@ class HeadlessUser final : public User {
 
   bool Choose(int command) override;
   void PressKey(int key, bool ctrl = false) override;
+  void HoldKey(int key, int times) override;
   void Press(app::Control button) override;
   void ClickRow(app::Control list, int row) override;
   void CtrlClickRow(app::Control list, int row) override;
   void DoubleClickRow(app::Control list, int row) override;
   void Scroll(app::Control bar, int code, int position = 0) override;
-  void ClickChart(int x, int y) override;
-  void DragOnChart(int fromX, int fromY, int toX, int toY) override;
+  void MoveMouse(int x, int y) override;
+  void HoldButton() override;
+  void ReleaseButton() override;
   void RightClickChart(int x, int y) override;
+  bool ChooseAtChart(int x, int y, int command) override;
   void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) override;
   void ClickBackground() override;
   void Resize(int width, int height) override;
@@ -84,6 +87,9 @@ class HeadlessUser final : public User {
  private:
   /// Puts an event for one of the windows into the queue.
   void Push(std::function<void(app::Application&)> deliver);
+  /// The same for the mouse, which is the chart's while it is over it or captured.
+  void PushMouse(void (app::ChartWindow::*handler)(std::int32_t, std::int32_t));
+  void PushKey(int key, bool ctrl, int times);
   void SetSize(app::Size size, app::SizeKind kind);
   void Notify(app::Control control, int code);
 
@@ -93,6 +99,8 @@ class HeadlessUser final : public User {
   std::optional<Settings> settings_;
   std::unique_ptr<Desktop> desktop_;  // null while the program does not run
   app::Size restored_;                // what Restore() goes back to
+  int mouseX_ = 0;                    // in the chart window
+  int mouseY_ = 0;
   std::size_t questionsSeen_ = 0;
 };
 

@@ -45,6 +45,8 @@ class User {
   virtual bool Choose(int command) = 0;
   /// Presses and releases a key where the focus is; numbers of app::key, letters in capitals.
   virtual void PressKey(int key, bool ctrl = false) = 0;
+  /// Holds a key until it has come that many times, and releases it.
+  virtual void HoldKey(int key, int times) = 0;
   /// Presses a button.
   virtual void Press(app::Control button) = 0;
   /// Clicks on a row of a list, which takes the selection from all others.
@@ -54,12 +56,33 @@ class User {
   virtual void DoubleClickRow(app::Control list, int row) = 0;
   /// An event of a scroll bar or slider; codes of app::scroll.
   virtual void Scroll(app::Control bar, int code, int position = 0) = 0;
-  /// Clicks with the left button, in the chart window's coordinates.
-  virtual void ClickChart(int x, int y) = 0;
-  virtual void DragOnChart(int fromX, int fromY, int toX, int toY) = 0;
+
+  // The mouse on the chart, in the chart window's coordinates; points may lie beside it.
+
+  virtual void MoveMouse(int x, int y) = 0;
+  /// The left button, where the mouse is.
+  virtual void HoldButton() = 0;
+  virtual void ReleaseButton() = 0;
+  void ClickChart(int x, int y) {
+    MoveMouse(x, y);
+    HoldButton();
+    ReleaseButton();
+  }
+  void DragOnChart(int fromX, int fromY, int toX, int toY) {
+    MoveMouse(fromX, fromY);
+    HoldButton();
+    MoveMouse((fromX + toX) / 2, (fromY + toY) / 2);
+    MoveMouse(toX, toY);
+    ReleaseButton();
+  }
+  /// Leaves the menu that comes up, if one does, with Escape.
   virtual void RightClickChart(int x, int y) = 0;
+  /// Clicks with the right button and chooses from the menu that comes up; false if none does, or if the item
+  /// is greyed or absent.
+  virtual bool ChooseAtChart(int x, int y, int command) = 0;
   /// Positive notches turn away from the user.
   virtual void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) = 0;
+
   /// Clicks on the main window beside all controls.
   virtual void ClickBackground() = 0;
   virtual void Resize(int width, int height) = 0;
