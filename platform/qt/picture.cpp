@@ -1,0 +1,162 @@
+#include "platform/qt/picture.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImage>
+#include <QMarginsF>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+
+#include "chart/bumper.h"
+#include "chart/chart_drawing.h"
+#include "chart/chart_layout.h"
+#include "common/platform.h"
+#include "common/truncate.h"
+#include "devices/demo_state.h"
+#include "platform/qt/qt_canvas.h"
+
+namespace qt {
+
+namespace {
+
+using TCBase::Program::ModeListView;
+
+// Of the main window, around the chart's.
+constexpr std::int32_t kBesideChart = 120;
+constexpr std::int32_t kAroundChart = 166;
+
+/// Longer than anything on the chart moves.
+constexpr int kRestMilliseconds = 2000;
+
+/// Shows a demo at one moment, for as long as this lives.
+class StandingDemo {
+ public:
+  StandingDemo(const TCBase::Program::Mode& mode, std::int32_t minuteOfDay) {
+    const std::int32_t second = minuteOfDay * 60;
+    TCBase::Program::ModeStep step;
+    step.hour = minuteOfDay / 60;
+    step.minute = minuteOfDay % 60;
+    std::ranges::transform(mode.channels, step.values.begin(), [second](const auto& channel) {
+      return TruncateToInt(TCBase::Program::ChannelValueAt(channel, second));
+    });
+    {
+      const std::lock_guard lock(TCBase::demoState.stepMutex);
+      TCBase::demoState.step = step;
+    }
+    TCBase::demoState.SetRunning(second, TCBase::StatePaused);
+  }
+  ~StandingDemo() { TCBase::demoState.SetIdle(); }
+  StandingDemo(const StandingDemo&) = delete;
+  StandingDemo& operator=(const StandingDemo&) = delete;
+};
+
+void AwaitRest() {
+  platform::SleepMilliseconds(kRestMilliseconds);
+  now = frameClock.Now();
+}
+
+/// A chart window of the picture's size, with nobody at the mouse.
+class Chart {
+ public:
+  Chart(const ModeListView& document, const PictureRequest& request) : document_(document) {
+    layout_.Update(request.width + kBesideChart, request.height + kAroundChart);
+    AwaitRest();
+  }
+
+  void DrawOn(QPaintDevice& device, Surface surface, double scale) {
+    QtCanvas canvas(surface, scale);
+    drawing_.Rebuild(canvas);
+    Rehearse(canvas);
+    QPainter painter(&device);
+    const UX::Rect area = layout_.ChartWindowRect();
+    painter.fillRect(0, 0, area.width, area.height, Qt::white);
+    canvas.Begin(painter);
+    drawing_.Draw(canvas);
+    canvas.End();
+  }
+
+ private:
+  /// What moves starts with a frame, and is where it belongs in the next one.
+  void Rehearse(QtCanvas& canvas) {
+    QImage nowhere(1, 1, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&nowhere);
+    canvas.Begin(painter);
+    drawing_.Draw(canvas);
+    canvas.End();
+    AwaitRest();
+  }
+
+  ModeListView document_;
+  TCBase::Program::StepSelection selection_{document_};
+  TCBase::Program::StepSelection hoverStep_{document_};
+  UX::ChartLayout layout_;
+  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_}};
+};
+
+int PixelsOf(std::int32_t units, double scale) {
+  return std::max(1, static_cast<int>(std::lround(units * scale)));
+}
+
+bool DrawPng(Chart& chart, const PictureRequest& request, QBuffer& file) {
+  QImage image(PixelsOf(request.width, request.scale), PixelsOf(request.height, request.scale),
+               QImage::Format_RGB32);
+  if (image.isNull()) return false;
+  // A last pixel that the size does not quite reach.
+  image.fill(Qt::white);
+  image.setDevicePixelRatio(request.scale);
+  chart.DrawOn(image, Surface::Pixels, request.scale);
+  return image.save(&file, "PNG");
+}
+
+bool DrawSvg(Chart& chart, const PictureRequest& request, QBuffer& file) {
+  // Pixels of the web, so that a browser shows it in the size asked for.
+  constexpr int kPixelsPerInch = 96;
+  QSvgGenerator svg;
+  svg.setOutputDevice(&file);
+  svg.setResolution(kPixelsPerInch);
+  svg.setSize({request.width, request.height});
+  svg.setViewBox(QRect(0, 0, request.width, request.height));
+  svg.setTitle(QStringLiteral("Light program"));
+  svg.setDescription(QStringLiteral("Five channels over a day, drawn by Lumarine"));
+  chart.DrawOn(svg, Surface::Vectors, 1.0);
+  return true;
+}
+
+bool DrawPdf(Chart& chart, const PictureRequest& request, QBuffer& file) {
+  // A point for a pixel: Qt knows page sizes in whole points only.
+  constexpr int kPointsPerInch = 72;
+  QPdfWriter pdf(&file);
+  pdf.setCreator(QStringLiteral("Lumarine"));
+  pdf.setTitle(QStringLiteral("Light program"));
+  pdf.setResolution(kPointsPerInch);
+  pdf.setPageSize(
+      QPageSize(QSizeF(request.width, request.height), QPageSize::Point, QString(), QPageSize::ExactMatch));
+  pdf.setPageMargins({});
+  chart.DrawOn(pdf, Surface::Vectors, 1.0);
+  return true;
+}
+
+}  // namespace
+
+std::string DrawPicture(const ModeListView& document, const PictureRequest& request) {
+  std::optional<StandingDemo> demo;
+  if (request.minuteOfDay)
+    demo.emplace(document.modes[static_cast<std::size_t>(document.currentMode)], *request.minuteOfDay);
+  Chart chart(document, request);
+  QByteArray bytes;
+  QBuffer file(&bytes);
+  file.open(QIODevice::WriteOnly);
+  const bool drawn = request.format == PictureFormat::Png   ? DrawPng(chart, request, file)
+                     : request.format == PictureFormat::Svg ? DrawSvg(chart, request, file)
+                                                            : DrawPdf(chart, request, file);
+  file.close();
+  return drawn ? std::string(bytes.constData(), static_cast<std::size_t>(bytes.size())) : std::string();
+}
+
+}  // namespace qt

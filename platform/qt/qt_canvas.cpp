@@ -1,0 +1,215 @@
+#include "platform/qt/qt_canvas.h"
+
+#include <QPen>
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+#include <variant>
+
+namespace qt {
+
+namespace {
+
+/// Pixels; what of a label is beyond is on no screen.
+constexpr int kLargestLabel = 16384;
+
+// Flat ends and sharp corners, as Direct2D draws them.
+QPen PenOf(const QColor& color, float width) {
+  QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+  // Qt measures the limit from the end of the stroke, Direct2D from its middle: 10 there.
+  pen.setMiterLimit(5.0);
+  return pen;
+}
+
+int LabelPixels(std::int32_t units, double scale) {
+  return static_cast<int>(std::clamp(std::ceil(units * scale), 1.0, double{kLargestLabel}));
+}
+
+bool IsSingleLine(const UX::Figure::Contour& contour) {
+  return !contour.closed && contour.end - contour.begin == 2;
+}
+
+}  // namespace
+
+QtCanvas::QtCanvas(Surface surface, double scale) : surface_(surface), scale_(scale), sprites_(scale) {}
+
+void QtCanvas::Begin(QPainter& painter) {
+  UseStage(painter);
+}
+
+void QtCanvas::End() {
+  stage_ = {};
+}
+
+void QtCanvas::UseStage(QPainter& painter) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  stage_ = {&painter, painter.worldTransform(), UX::kIdentity, {}, false};
+}
+
+void QtCanvas::SetBrush(UX::Brush brush, UX::Color color, float opacity) {
+  colors_[static_cast<std::size_t>(brush)] = QColor(color.red, color.green, color.blue);
+  SetOpacity(brush, opacity);
+}
+
+void QtCanvas::SetOpacity(UX::Brush brush, float opacity) {
+  // std::max last, so that not-a-number is 0.
+  colors_[static_cast<std::size_t>(brush)].setAlphaF(std::max(0.0F, std::min(opacity, 1.0F)));
+}
+
+void QtCanvas::SetFont(UX::TextFormat format, const UX::Font& font) {
+  text_ = nullptr;
+  texts_.SetFont(format, font);
+}
+
+void QtCanvas::SetTransform(const UX::Transform& transform) {
+  if (transform == stage_.transform) return;
+  stage_.transform = transform;
+  const bool moved = transform.scale != 1.0F;
+  stage_.offset = moved ? UX::Point{} : transform.offset;
+  if (moved) {
+    const QTransform placed(transform.scale, 0.0, 0.0, transform.scale, transform.offset.x,
+                            transform.offset.y);
+    stage_.painter->setWorldTransform(placed * stage_.base);
+  } else if (stage_.moved) {
+    stage_.painter->setWorldTransform(stage_.base);
+  }
+  stage_.moved = moved;
+}
+
+void QtCanvas::MakePath(const UX::Shape& shape) {
+  path_.clear();
+  if (const auto* const line = std::get_if<UX::Line>(&shape)) {
+    path_.moveTo(At(line->from));
+    path_.lineTo(At(line->to));
+  } else if (const auto* const box = std::get_if<UX::Rectangle>(&shape)) {
+    const QPointF corner = At({box->x, box->y});
+    if (box->width > 0.0F && box->height > 0.0F) {
+      path_.addRect({corner, QSizeF(box->width, box->height)});
+    } else {
+      path_.moveTo(corner);
+      path_.lineTo(corner + QPointF(box->width, box->height));
+    }
+  } else if (const auto* const rounded = std::get_if<UX::RoundedRectangle>(&shape)) {
+    const QSizeF size(rounded->box.width, rounded->box.height);
+    path_.addRoundedRect({At({rounded->box.x, rounded->box.y}), size}, rounded->radius, rounded->radius);
+  } else if (const auto* const circle = std::get_if<UX::Circle>(&shape)) {
+    path_.addEllipse(At(circle->center), circle->radius, circle->radius);
+  }
+}
+
+void QtCanvas::Fill(const UX::Shape& shape, UX::Brush brush) {
+  const QColor& color = ColorOf(brush);
+  if (HasSprites() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, 0.0F)) return;
+  if (const auto* const box = std::get_if<UX::Rectangle>(&shape)) {
+    stage_.painter->fillRect({At({box->x, box->y}), QSizeF(box->width, box->height)}, color);
+    return;
+  }
+  if (std::holds_alternative<UX::Line>(shape)) return;
+  MakePath(shape);
+  stage_.painter->fillPath(path_, color);
+}
+
+void QtCanvas::Stroke(const UX::Shape& shape, UX::Brush brush, float width) {
+  const QColor& color = ColorOf(brush);
+  if (HasSprites() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, width)) return;
+  MakePath(shape);
+  stage_.painter->strokePath(path_, PenOf(color, width));
+}
+
+// Points of one column that follow each other are at most four in the path: the first, the farthest up and
+// down, and the last cover the same pixels. So a figure costs no more than the columns that it runs through,
+// however many points it has.
+void QtCanvas::AddContour(const UX::Figure& figure, const UX::Figure::Contour& contour) {
+  const std::span<const UX::Point> points = figure.PointsOf(contour);
+  path_.moveTo(At(points.front()));
+  for (auto begin = points.begin(); begin != points.end();) {
+    const auto end = std::find_if(begin, points.end(), [x = begin->x](UX::Point p) { return p.x != x; });
+    const auto [top, bottom] =
+        std::minmax_element(begin, end, [](UX::Point a, UX::Point b) { return a.y < b.y; });
+    const auto last = std::prev(end);
+    const auto add = [&](auto point) {
+      if (point != points.begin()) path_.lineTo(At(*point));
+    };
+    add(begin);
+    const auto [earlier, later] = std::minmax(top, bottom);
+    if (earlier != begin && earlier != last) add(earlier);
+    if (later != begin && later != last && later != earlier) add(later);
+    if (last != begin) add(last);
+    begin = end;
+  }
+  if (contour.closed) path_.closeSubpath();
+}
+
+void QtCanvas::FillFigure(const UX::Figure& figure, UX::Brush brush) {
+  path_.clear();
+  for (const auto& contour : figure.Contours()) AddContour(figure, contour);
+  stage_.painter->fillPath(path_, ColorOf(brush));
+}
+
+void QtCanvas::StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) {
+  path_.clear();
+  lines_.clear();
+  for (const auto& contour : figure.Contours()) {
+    if (IsSingleLine(contour)) {
+      const auto points = figure.PointsOf(contour);
+      lines_.emplace_back(At(points.front()), At(points.back()));
+    } else {
+      AddContour(figure, contour);
+    }
+  }
+  const QPen pen = PenOf(ColorOf(brush), width);
+  if (!lines_.empty()) {
+    stage_.painter->setPen(pen);
+    stage_.painter->drawLines(lines_.data(), static_cast<int>(lines_.size()));
+  }
+  if (!path_.isEmpty()) stage_.painter->strokePath(path_, pen);
+}
+
+UX::TextSize QtCanvas::LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) {
+  text_ = &texts_.LayOut(format, text, limits);
+  return text_->size;
+}
+
+void QtCanvas::DrawLayout(UX::Brush brush) {
+  if (text_ == nullptr) return;
+  if (!stage_.moved) stage_.painter->translate(stage_.offset.x, stage_.offset.y);
+  DrawText(*stage_.painter, *text_, ColorOf(brush));
+  if (!stage_.moved) stage_.painter->setWorldTransform(stage_.base);
+}
+
+void QtCanvas::BeginLabel(UX::Label label, std::int32_t width, std::int32_t height) {
+  stageBefore_ = stage_;
+  label_ = &labels_[static_cast<std::size_t>(label)];
+  if (surface_ == Surface::Pixels) {
+    QImage& pixels = label_->pixels;
+    pixels =
+        QImage(LabelPixels(width, scale_), LabelPixels(height, scale_), QImage::Format_ARGB32_Premultiplied);
+    pixels.setDevicePixelRatio(scale_);
+    pixels.fill(Qt::transparent);
+    labelPainter_.emplace(&pixels);
+  } else {
+    label_->vectors = QPicture();
+    labelPainter_.emplace(&label_->vectors);
+    labelPainter_->setClipRect(0, 0, width, height);
+  }
+  UseStage(*labelPainter_);
+}
+
+void QtCanvas::EndLabel() {
+  labelPainter_.reset();
+  label_ = nullptr;
+  stage_ = stageBefore_;
+}
+
+void QtCanvas::DrawLabel(UX::Label label) {
+  LabelPicture& picture = labels_[static_cast<std::size_t>(label)];
+  const QPointF origin = At({});
+  if (surface_ == Surface::Vectors) {
+    if (!picture.vectors.isNull()) stage_.painter->drawPicture(origin, picture.vectors);
+  } else if (!picture.pixels.isNull()) {
+    stage_.painter->drawImage(origin, picture.pixels);
+  }
+}
+
+}  // namespace qt

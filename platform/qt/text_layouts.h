@@ -1,0 +1,54 @@
+#pragma once
+
+// Texts as Qt sets them, at any fraction of a pixel. User interface thread.
+
+#include <QTextLayout>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "chart/canvas.h"
+
+class QColor;
+class QPainter;
+
+namespace qt {
+
+/// A text that has been set.
+struct SetText {
+  UX::TextFormat format;
+  std::string text;  // UTF-8
+  UX::TextSize limits;
+  std::unique_ptr<QTextLayout> layout;  // in the units of the design
+  float scale = 1.0F;                   // pixels of one of them
+  UX::TextSize size;                    // pixels
+  std::uint64_t lastUse = 0;
+};
+
+/// Sets texts, and knows those that were set lately: most come again in the next frame, and setting one takes
+/// as long as drawing ten.
+class TextLayouts {
+ public:
+  TextLayouts();
+
+  void SetFont(UX::TextFormat format, const UX::Font& font);
+  /// As UX::Canvas::LayOutText tells. Valid until the next call.
+  const SetText& LayOut(UX::TextFormat format, std::string_view text, const UX::TextSize& limits);
+
+ private:
+  void Set(SetText& set) const;
+
+  std::array<UX::Font, UX::kTextFormatCount> fonts_;
+  std::vector<SetText> sets_;
+  std::uint64_t uses_ = 0;
+};
+
+/// With its left top at the painter's origin.
+void DrawText(QPainter& painter, const SetText& set, const QColor& color);
+
+}  // namespace qt
