@@ -17,6 +17,9 @@ extern const Command kEdit;
 // frames.cpp
 extern const Command kFrames;
 
+// render.cpp
+extern const Command kRender;
+
 // device_list.cpp
 extern const Command kDevices;
 

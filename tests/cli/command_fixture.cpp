@@ -9,6 +9,7 @@
 #include "common/log.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
+#include "tests/support/fake_helper.h"
 
 namespace {
 
@@ -80,6 +81,7 @@ bool FakeConsole::Interrupt() const {
 void CommandTest::SetUp() {
   virtual_clock::Reset();
   sim_hidapi::Reset();
+  fake_helper::Reset();
 }
 
 void CommandTest::TearDown() {

@@ -13,7 +13,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kCommands[] = {"info",    "curve",  "new",  "edit",      "frames",
+constexpr const char* kCommands[] = {"info",    "curve",  "new",  "edit",      "render", "frames",
                                      "devices", "upload", "demo", "sync-time", "clear"};
 
 class CommandLineTest : public CommandTest {};

@@ -1,0 +1,11 @@
+// common/helper_program.h on Windows, where no program of ours has a helper.
+
+#include "common/helper_program.h"
+
+namespace platform {
+
+HelperResult RunHelper(const std::string&, const std::vector<std::string>&) {
+  return {HelperResult::Unsupported, 0};
+}
+
+}  // namespace platform
