@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/win32/white_renderer.h"
+#include "platform/win32/renderer_dx.h"
 
 namespace win32 {
 
@@ -13,7 +13,7 @@ DesktopShell::DesktopShell(HINSTANCE instance, int showCommand)
 
 app::Shell DesktopShell::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
-    return std::make_unique<WhiteRenderer>(scene, chartWindow_);
+    return std::make_unique<UX::RendererDX>(scene, chartWindow_);
   };
   return {platform_, mainWindow_, chartWindow_, controls_, logPane_,
           menu_,     questions_,  dialogs_,     events_,   makeRenderer};

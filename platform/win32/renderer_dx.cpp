@@ -1,5 +1,7 @@
 #include "platform/win32/renderer_dx.h"
 
+#include "chart/lane_drawing.h"
+
 namespace UX {
 
 RendererDX::RendererDX(const ChartScene& scene, const win32::ChartWindow& chart)
@@ -19,11 +21,13 @@ void RendererDX::Rebuild() {
   GetClientRect(chart_.Handle(), &client);
   if (client.right <= 0 || client.bottom <= 0) return;
   canvas_.MakeTarget(chart_.Handle());
+  MakeGrid();
   drawing_.Rebuild(canvas_);
 }
 
 void RendererDX::Relayout() {
   if (!canvas_.HasTarget()) return;
+  MakeGrid();
   drawing_.Relayout(canvas_);
 }
 
@@ -39,6 +43,13 @@ void RendererDX::Render() {
 
 void RendererDX::AfterDraw(HRESULT result) {
   if (result == static_cast<HRESULT>(D2DERR_RECREATE_TARGET)) Rebuild();
+}
+
+void RendererDX::MakeGrid() {
+  const Rect lane = layout.LaneRect(0);
+  Figure grid;
+  BuildGrid(grid, lane.width, lane.height, program);
+  gridGeometry_ = canvas_.MakeGeometry(grid);
 }
 
 }  // namespace UX

@@ -32,9 +32,13 @@ class RendererDX final : public RendererBase {
   void AfterDraw(HRESULT result);
 
  private:
+  void MakeGrid();
+
   const win32::ChartWindow& chart_;
   win32::D2DCanvas canvas_;
   ChartDrawing drawing_;
+  // Of the first lane as of the last Relayout. Kept and not drawn: lanes glide, so each frame builds its own.
+  win32::ComPtr<ID2D1PathGeometry> gridGeometry_;
   std::uint64_t frameCount_ = 0;
 };
 
