@@ -1,0 +1,64 @@
+#include "dialogs/dlg_about.h"
+
+#include <string>
+#include <string_view>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "OvkLib/src/ovk_format.h"
+#include "common/message.h"
+#include "dialogs/dialog_template.h"
+#include "dialogs/product.h"
+
+namespace dialogs {
+
+namespace id = about_control;
+
+namespace {
+
+struct Link {
+  int control;
+  std::string_view caption;
+  std::string_view target;
+};
+constexpr Link kLinks[] = {
+    {id::kEmailLink, product::kEmailCaption, product::kEmailTarget},
+    {id::kWebLink, product::kWebCaption, product::kWebTarget},
+    {id::kGroupLink, product::kGroupCaption, product::kGroupTarget},
+};
+
+std::u16string ProgramText() {
+  const std::string_view arguments[] = {product::kName, product::kMajor, product::kMinor, product::kBuild};
+  std::string text;
+  ovk::fill(text, Translate("{1}, Version {2}.{3}, Build {4}"), arguments);
+  return WideFromUtf8(text + " (64-bit)");
+}
+
+}  // namespace
+
+DlgAbout::DlgAbout(DialogsPort& port) : DlgBase(port, template_id::kAbout) {}
+
+void DlgAbout::OnInit(DialogWindow& window) {
+  window.SetTitle(Message("About...").ToWide());
+  window.SetText(id::kProgram, ProgramText());
+  window.Hide(id::kNote);
+  window.Hide(id::kNoteButton);
+  window.SetText(id::kCopyright, WideFromUtf8(product::kCopyright));
+  window.SetText(id::kFirstTerms, Message(product::kFirstTerms).ToWide());
+  window.SetText(id::kSecondTerms, Message(product::kSecondTerms).ToWide());
+  for (const Link& link : kLinks) window.SetText(link.control, Message(link.caption).ToWide());
+}
+
+bool DlgAbout::OnCommand(DialogWindow& window, int control, int) {
+  if (control == kOk || control == kCancel) {
+    window.End(control);
+    return true;
+  }
+  for (const Link& link : kLinks) {
+    if (link.control != control) continue;
+    window.OpenLink(WideFromUtf8(link.target));
+    return true;
+  }
+  return false;
+}
+
+}  // namespace dialogs

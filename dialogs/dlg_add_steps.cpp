@@ -1,0 +1,67 @@
+#include "dialogs/dlg_add_steps.h"
+
+#include <vector>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "common/message.h"
+#include "dialogs/dialog_template.h"
+#include "dialogs/read_text.h"
+#include "program/steps_text.h"
+
+namespace dialogs {
+
+namespace id = add_steps_control;
+
+namespace {
+
+constexpr char kHelp[] =
+    "Enter steps in this format:\r\n\r\nhh:mm value [J]\r\n\r\nExample:\r\n\r\n08:00 0\r\n10:00 80 J\r\n"
+    "12:00 0\r\n13:40 50\r\n15:00 0\r\n\r\nUse \"J\" to make step\r\n\"jump\" instead of \"fade\"";
+
+}  // namespace
+
+DlgAddSteps::DlgAddSteps(DialogsPort& port, AddStepsParams& params)
+    : DlgBase(port, template_id::kAddSteps), params_(params) {}
+
+void DlgAddSteps::OnInit(DialogWindow& window) {
+  window.MoveTo(params_.x, params_.y);
+  window.SetTitle(params_.title);
+  window.SetText(id::kSteps, params_.text);
+  window.SetText(id::kHelp, Message(kHelp).ToWide());
+  window.SetText(kOk, Message("OK").ToWide());
+  window.SetText(kCancel, Message("Cancel").ToWide());
+  UpdateStepCount(window);
+}
+
+bool DlgAddSteps::OnCommand(DialogWindow& window, int control, int code) {
+  switch (control) {
+    case id::kSteps:
+      if (code != kTextChanged) return false;
+      UpdateStepCount(window);
+      return true;
+    case kOk:
+      return OnOk(window);
+    case kCancel:
+      window.End(kCancel);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void DlgAddSteps::UpdateStepCount(DialogWindow& window) {
+  const std::u16string text = ReadText(window, id::kSteps);
+  if (text.empty()) return;
+  std::vector<TCBase::Program::Step> steps;
+  TCBase::Program::ParseStepsText(Utf8FromWide(text), steps);
+  window.SetText(id::kCount,
+                 Message("Text contains {1} steps", static_cast<std::int32_t>(steps.size())).ToWide());
+}
+
+bool DlgAddSteps::OnOk(DialogWindow& window) {
+  if (StoreText(window, id::kSteps, params_.text) == Stored::Empty) return false;
+  window.End(kOk);
+  return true;
+}
+
+}  // namespace dialogs
