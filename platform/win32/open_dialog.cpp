@@ -146,7 +146,9 @@ int OpenDialog::RowCount(int control) const {
 }
 
 void OpenDialog::SelectRow(int control, int row) {
-  Send(control, MessagesOf(Item(control)).select, static_cast<WPARAM>(row));
+  // Left to themselves, not all lists give up their choice for a row that is not there.
+  const int found = row < RowCount(control) ? row : -1;
+  Send(control, MessagesOf(Item(control)).select, static_cast<WPARAM>(found));
 }
 
 void OpenDialog::SelectText(int control, std::u16string_view text) {

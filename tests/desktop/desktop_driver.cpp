@@ -11,6 +11,7 @@
 #include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/files.h"
+#include "tests/desktop/dialog_user.h"
 #include "tests/desktop/dialogs.h"
 #include "tests/desktop/input.h"
 #include "tests/desktop/screen_picture.h"
@@ -52,6 +53,7 @@ int KeysDownTo(int command) {
 DesktopUser::~DesktopUser() {
   EXPECT_TRUE(answers_.empty()) << "a question that was expected did not come up";
   EXPECT_TRUE(picks_.empty()) << "a file dialog that was expected did not come up";
+  EXPECT_TRUE(fills_.empty()) << "a dialog that was expected did not come up";
 }
 
 // The program's life
@@ -96,10 +98,14 @@ void DesktopUser::Settle() {
   }
 }
 
-void DesktopUser::SettleInput() {
+void DesktopUser::WaitForInput() {
   program_->PressInputMark();
   EXPECT_TRUE(WaitUntil([this] { return program_->HasMetInputMark() || !IsWindow(program_->mainWindow()); }))
       << "the program does not take the input";
+}
+
+void DesktopUser::SettleInput() {
+  WaitForInput();
   Settle();
 }
 
@@ -112,8 +118,30 @@ std::vector<app::Question> DesktopUser::Questions() {
 void DesktopUser::AnswerDialog(HWND dialog) {
   if (dialogs::IsFileDialog(dialog)) {
     AnswerFileDialog(dialog);
+  } else if (IsProgramDialog(dialog)) {
+    FillDialog(dialog);
   } else {
     AnswerMessageBox(dialog);
+  }
+}
+
+void DesktopUser::FillDialog(HWND dialog) {
+  DialogUser user(*program_, dialog, [this] { WaitForInput(); });
+  seenDialogs_.push_back(user.See());
+  DialogScript script = {in_dialog::PressEscape()};
+  if (fills_.empty()) {
+    ADD_FAILURE() << "nobody fills \"" << seenDialogs_.back().title << '"';
+  } else {
+    script = std::move(fills_.front());
+    fills_.pop_front();
+  }
+  for (const DialogStep& step : script) {
+    ASSERT_TRUE(IsWindow(dialog)) << "closed before the script's end";
+    if (step.kind == DialogStep::Kind::Look) {
+      seenDialogs_.push_back(user.See());
+    } else {
+      user.Do(step);
+    }
   }
 }
 

@@ -74,13 +74,16 @@ class DesktopUser final : public User {
   POINT RowPoint(app::Control list, int row);
   /// A menu has been opened over the chart and waits.
   bool HasOpenMenu();
-  /// Waits until the program has taken the input and done what came of it.
+  /// Waits until the program has taken the input.
+  void WaitForInput();
+  /// The same, and until it has done what came of it.
   void SettleInput();
   /// Waits until the program has worked off its queue, and answers what it asks meanwhile.
   void Settle();
   /// False if that took too long.
   bool WaitUntil(const std::function<bool()>& reached);
   void AnswerDialog(HWND dialog);
+  void FillDialog(HWND dialog);
   void AnswerMessageBox(HWND box);
   void AnswerFileDialog(HWND dialog);
 

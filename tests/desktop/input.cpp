@@ -4,10 +4,11 @@ namespace input {
 
 namespace {
 
-void SendKey(WORD key, DWORD flags) {
+void SendKey(WORD key, DWORD flags, WORD unit = 0) {
   INPUT event{};
   event.type = INPUT_KEYBOARD;
   event.ki.wVk = key;
+  event.ki.wScan = unit;
   event.ki.dwFlags = flags;
   SendInput(1, &event, sizeof event);
 }
@@ -40,6 +41,11 @@ void ReleaseKey(WORD key) {
 void PressKey(WORD key) {
   HoldKey(key);
   ReleaseKey(key);
+}
+
+void TypeUnit(char16_t unit) {
+  SendKey(0, KEYEVENTF_UNICODE, unit);
+  SendKey(0, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP, unit);
 }
 
 void MoveMouse(POINT point) {

@@ -9,6 +9,8 @@ namespace input {
 void HoldKey(WORD key);
 void ReleaseKey(WORD key);
 void PressKey(WORD key);
+/// Types a unit of UTF-16, whatever keys the keyboard has.
+void TypeUnit(char16_t unit);
 
 enum class Button { Left, Right };
 

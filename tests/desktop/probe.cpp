@@ -2,6 +2,9 @@
 
 #include "tests/desktop/probe.h"
 
+// after windows.h
+#include <commctrl.h>
+
 namespace {
 
 probe::Findings* OpenFindings() {
@@ -41,9 +44,13 @@ bool LookIn(HMENU menu, UINT command, bool enabled, probe::Findings& findings) {
 
 extern "C" __declspec(dllexport) LRESULT CALLBACK OnSent(int code, WPARAM first, LPARAM second) {
   static const UINT lookAtMenu = RegisterWindowMessageW(probe::kLookAtMenu);
+  static const UINT lookAtPicker = RegisterWindowMessageW(probe::kLookAtPicker);
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(second);
   if (code >= 0 && sent.message == lookAtMenu && Shared() != nullptr) {
     Shared()->exists = LookIn(GetMenu(sent.hwnd), static_cast<UINT>(sent.wParam), true, *Shared());
+  }
+  if (code >= 0 && sent.message == lookAtPicker && Shared() != nullptr) {
+    SendMessageW(sent.hwnd, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&Shared()->time));
   }
   return CallNextHookEx(nullptr, code, first, second);
 }

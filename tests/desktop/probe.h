@@ -1,8 +1,8 @@
 #pragma once
 
 // What the driver and its probe agree on. The probe is a library that the driver has loaded into the program
-// under test, by hooks, for what Windows tells to the program's own process only: the menu, and how far it
-// has come with its queue. It changes nothing in the program.
+// under test, by hooks, for what Windows tells to the program's own process only: the menu, the time of a
+// picker, and how far it has come with its queue. It changes nothing in the program.
 
 #include "platform/win32/windows_headers.h"
 
@@ -15,6 +15,8 @@ inline constexpr char kTakenHook[] = "OnTaken";  // of kind WH_GETMESSAGE
 /// Registered messages to the main window. Sent: look at the menu item of a command number, the first
 /// parameter.
 inline constexpr wchar_t kLookAtMenu[] = L"LumarineProbeLookAtMenu";
+/// Sent to a date and time picker: look at its time.
+inline constexpr wchar_t kLookAtPicker[] = L"LumarineProbeLookAtPicker";
 /// Posted: note that the program has come this far; the first parameter is the mark.
 inline constexpr wchar_t kMark[] = L"LumarineProbeMark";
 
@@ -32,6 +34,8 @@ struct Findings {
   LONG enabled;  // by itself and by the menus that it stands in
   LONG checked;
   wchar_t text[256];
+  // Of the picker looked at last.
+  SYSTEMTIME time;
 };
 
 }  // namespace probe

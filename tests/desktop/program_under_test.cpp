@@ -157,4 +157,11 @@ const probe::Findings& ProgramUnderTest::LookAtMenu(int command) const {
   return *findings_;
 }
 
+DateTime ProgramUnderTest::LookAtPicker(HWND picker) const {
+  static const UINT message = RegisterWindowMessageW(probe::kLookAtPicker);
+  SendMessageW(picker, message, 0, 0);
+  const SYSTEMTIME& time = findings_->time;
+  return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond, time.wMilliseconds};
+}
+
 }  // namespace desktop

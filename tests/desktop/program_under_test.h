@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "app/control_table.h"
+#include "common/date_time.h"
 #include "tests/desktop/probe.h"
 
 namespace desktop {
@@ -49,6 +50,8 @@ class ProgramUnderTest {
 
   /// The menu item as it is now.
   const probe::Findings& LookAtMenu(int command) const;
+  /// The time in a date and time picker.
+  DateTime LookAtPicker(HWND picker) const;
 
  private:
   void FindMainWindow();

@@ -6,57 +6,30 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <filesystem>
 #include <set>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "app/menu_table.h"
-#include "platform/win32/windows_headers.h"
+#include "tests/desktop/program_resources.h"
 
 namespace {
 
+using desktop::Ascii;
 using testing::HasSubstr;
 namespace resource = win32::resource;
 
-std::filesystem::path ProgramFile() {
-  std::array<wchar_t, 1024> own{};
-  GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size()));
-  return std::filesystem::path(own.data()).parent_path() / L"Lumarine.exe";
-}
-
-std::string Ascii(std::wstring_view text) {
-  std::string result;
-  for (const wchar_t character : text) result += static_cast<char>(character < 128 ? character : L'?');
-  return result;
-}
-
-class Resources : public testing::Test {
+class Resources : public desktop::ProgramResources {
  protected:
-  void SetUp() override {
-    program_ = LoadLibraryExW(ProgramFile().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    ASSERT_NE(program_, nullptr) << ProgramFile();
-  }
-  ~Resources() override { FreeLibrary(program_); }
-
   std::string String(int id) const {
     std::array<wchar_t, 200> text{};
     LoadStringW(program_, static_cast<UINT>(id), text.data(), static_cast<int>(text.size()));
     return Ascii(text.data());
   }
 
-  std::string_view Bytes(int id, const wchar_t* type) const {
-    const HRSRC found = FindResourceW(program_, MAKEINTRESOURCEW(id), type);
-    if (found == nullptr) return {};
-    return {static_cast<const char*>(LockResource(LoadResource(program_, found))),
-            SizeofResource(program_, found)};
-  }
-
   /// Side lengths of the pictures of an icon.
   std::multiset<int> IconSizes(int id) const;
-
-  HMODULE program_ = nullptr;
 };
 
 std::multiset<int> Resources::IconSizes(int id) const {
@@ -169,7 +142,7 @@ TEST_F(Resources, ManifestAsksForTodaysControlsAndScreens) {
 }
 
 TEST_F(Resources, VersionIsTheOneThatExplorerShows) {
-  const std::wstring file = ProgramFile().native();
+  const std::wstring file = desktop::ProgramFile().native();
   DWORD ignored = 0;
   std::vector<char> block(GetFileVersionInfoSizeW(file.c_str(), &ignored));
   ASSERT_FALSE(block.empty());

@@ -1,0 +1,183 @@
+#include "tests/desktop/dialog_user.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "tests/desktop/clipboard.h"
+#include "tests/desktop/input.h"
+#include "tests/desktop/program_under_test.h"
+#include "tests/desktop/window_text.h"
+
+namespace desktop {
+
+namespace {
+
+// More than any dialog has controls.
+constexpr int kMostTabs = 20;
+constexpr int kFirstControl = 1000;
+constexpr int kLastControl = 1099;
+
+std::wstring ClassOf(HWND window) {
+  std::array<wchar_t, 100> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return name.data();
+}
+
+std::vector<HWND> ControlsOf(HWND dialog) {
+  std::vector<HWND> controls;
+  for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
+       control = GetWindow(control, GW_HWNDNEXT)) {
+    controls.push_back(control);
+  }
+  return controls;
+}
+
+std::vector<std::string> RowsOf(HWND list) {
+  std::vector<std::string> rows;
+  const auto count = static_cast<WPARAM>(SendMessageW(list, CB_GETCOUNT, 0, 0));
+  for (WPARAM row = 0; row < count; ++row) {
+    std::wstring text(static_cast<std::size_t>(SendMessageW(list, CB_GETLBTEXTLEN, row, 0)) + 1, L'\0');
+    SendMessageW(list, CB_GETLBTEXT, row, reinterpret_cast<LPARAM>(text.data()));
+    rows.push_back(Utf8(text.c_str()));
+  }
+  return rows;
+}
+
+}  // namespace
+
+bool IsProgramDialog(HWND dialog) {
+  for (const HWND control : ControlsOf(dialog)) {
+    const int id = GetDlgCtrlID(control);
+    if (id >= kFirstControl && id <= kLastControl) return true;
+  }
+  return false;
+}
+
+SeenDialog DialogUser::See() const {
+  SeenDialog seen;
+  seen.title = WindowText(dialog_);
+  RECT place{};
+  GetWindowRect(dialog_, &place);
+  POINT corner{place.left, place.top};
+  ScreenToClient(program_.mainWindow(), &corner);
+  seen.x = corner.x;
+  seen.y = corner.y;
+  for (const HWND control : ControlsOf(dialog_)) {
+    SeenControl& entry = seen.controls[GetDlgCtrlID(control)];
+    entry.text = WindowText(control);
+    entry.visible = IsWindowVisible(control) != 0;
+    entry.enabled = IsWindowEnabled(control) != 0;
+    const std::wstring className = ClassOf(control);
+    if (className == L"ComboBox") {
+      entry.rows = RowsOf(control);
+      entry.row = static_cast<int>(SendMessageW(control, CB_GETCURSEL, 0, 0));
+    }
+    if (className == L"SysDateTimePick32") entry.time = program_.LookAtPicker(control);
+  }
+  return seen;
+}
+
+void DialogUser::Do(const DialogStep& step) {
+  using Kind = DialogStep::Kind;
+  switch (step.kind) {
+    case Kind::Type:
+      return Type(step);
+    case Kind::Paste:
+      return Paste(step);
+    case Kind::Pick:
+      return Pick(step);
+    case Kind::SetDateTime:
+      return SetDateTime(step);
+    case Kind::Press:
+      if (GoTo(step.control)) PressKey(VK_SPACE);
+      return;
+    case Kind::PressEnter:
+      return PressKey(VK_RETURN);
+    case Kind::PressEscape:
+      return PressKey(VK_ESCAPE);
+    case Kind::Look:
+      break;
+  }
+}
+
+bool DialogUser::HasFocus(int control) const {
+  GUITHREADINFO thread{};
+  thread.cbSize = sizeof thread;
+  GetGUIThreadInfo(GetWindowThreadProcessId(dialog_, nullptr), &thread);
+  const HWND wanted = GetDlgItem(dialog_, control);
+  // The field of a list that one can type into is a window of its own.
+  return wanted != nullptr && (thread.hwndFocus == wanted || GetParent(thread.hwndFocus) == wanted);
+}
+
+bool DialogUser::GoTo(int control) {
+  for (int tabs = 0; tabs < kMostTabs; ++tabs) {
+    if (HasFocus(control)) return true;
+    PressKey(VK_TAB);
+  }
+  ADD_FAILURE() << "the Tab key does not get to control " << control << " of \"" << WindowText(dialog_)
+                << '"';
+  return false;
+}
+
+void DialogUser::PressKey(int key) {
+  input::PressKey(static_cast<WORD>(key));
+  takeInput_();
+}
+
+void DialogUser::SelectAll() {
+  input::HoldKey(VK_CONTROL);
+  input::PressKey(VK_HOME);
+  input::HoldKey(VK_SHIFT);
+  input::PressKey(VK_END);
+  input::ReleaseKey(VK_SHIFT);
+  input::ReleaseKey(VK_CONTROL);
+}
+
+void DialogUser::Type(const DialogStep& step) {
+  if (!GoTo(step.control)) return;
+  SelectAll();
+  input::PressKey(VK_DELETE);
+  for (const char16_t unit : WideFromUtf8(step.text)) {
+    if (unit == u'\n') {
+      input::PressKey(VK_RETURN);
+    } else {
+      input::TypeUnit(unit);
+    }
+  }
+  takeInput_();
+}
+
+void DialogUser::Paste(const DialogStep& step) {
+  if (!GoTo(step.control)) return;
+  ASSERT_TRUE(PutOnClipboard(step.text));
+  SelectAll();
+  input::HoldKey(VK_CONTROL);
+  input::PressKey('V');
+  input::ReleaseKey(VK_CONTROL);
+  takeInput_();
+}
+
+void DialogUser::Pick(const DialogStep& step) {
+  if (!GoTo(step.control)) return;
+  input::PressKey(VK_HOME);
+  for (int row = 0; row < step.row; ++row) input::PressKey(VK_DOWN);
+  takeInput_();
+}
+
+void DialogUser::SetDateTime(const DialogStep& step) {
+  if (!GoTo(step.control)) return;
+  const DateTime& time = step.time;
+  // From part to part, in the order of the format.
+  input::PressKey(VK_HOME);
+  for (const int part : {time.year, time.month, time.day, time.hour, time.minute, time.second}) {
+    for (const char digit : std::to_string(part)) input::PressKey(static_cast<WORD>(digit));
+    input::PressKey(VK_RIGHT);
+  }
+  takeInput_();
+}
+
+}  // namespace desktop
