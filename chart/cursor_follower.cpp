@@ -23,7 +23,7 @@ void CursorFollower::MouseMoved(std::int32_t x, std::int32_t y) {
 }
 
 Point CursorFollower::Position() {
-  return Along(followerPosition_, followerHeading_, followerTravel_.Value());
+  return Bounded(Along(followerPosition_, followerHeading_, followerTravel_.Value()));
 }
 
 }  // namespace UX

@@ -15,7 +15,7 @@ class CursorFollower {
  public:
   /// Sends it to a point of the chart window, from where it is now.
   void MouseMoved(std::int32_t x, std::int32_t y);
-  /// Where it is now.
+  /// Where it is now; within kFarthest.
   Point Position();
 
  private:

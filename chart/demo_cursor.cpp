@@ -20,6 +20,10 @@ using TCBase::Program::ModeStep;
 constexpr float kApproachSeconds = 0.1F;
 constexpr std::int32_t kBelowChart = 166;  // of the main window
 
+float Middle(std::int32_t pixel) {
+  return std::clamp(static_cast<float>(pixel), -kFarthestMiddle, kFarthestMiddle);
+}
+
 // The demo goes by the second, its cursor by the whole minute.
 std::int32_t SecondOfWholeMinute(std::int32_t position) {
   const std::int32_t minute = position / 3600 % 24 * 60 + position % 3600 / 60;
@@ -31,7 +35,7 @@ float CursorGoal(const ChartLayout& layout, const ModeListView& view, std::int32
   const auto width = static_cast<float>(layout.chartRect.width);
   const auto seconds = static_cast<float>(view.viewEnd - view.viewStart);
   const auto left = static_cast<float>(layout.chartRect.x);
-  return Bounded(static_cast<float>(TruncateToInt(second * width / seconds + left)));
+  return Middle(TruncateToInt(second * width / seconds + left));
 }
 
 ModeStep StepSentLast() {
@@ -65,7 +69,7 @@ void DemoCursor::DrawDot(Canvas& canvas, float x, int lane, std::int32_t intensi
   bumper_base::CounterBumper& dotY = demoDotY_[static_cast<std::size_t>(lane)];
   // A focused lane is still on its way to its height, so the dot's place in it is asked anew by each frame.
   const std::int32_t goal = PercentToY(scene_.layout.LaneRect(lane), percent);
-  Retarget(dotY, Bounded(static_cast<float>(goal)), kApproachSeconds, BumperCurve::Linear);
+  Retarget(dotY, Middle(goal), kApproachSeconds, BumperCurve::Linear);
 
   const float radius = GetMarkerSize(scene_.layout).plainDiameter;
   const float part = percent / 100.0F;

@@ -19,6 +19,8 @@ struct Point {
 /// Coordinates that are handed to a canvas go this far from the origin, either way: well past every screen
 /// and every zoom of the day, well within what the platforms' own fixed-point numbers hold.
 inline constexpr float kFarthest = 1.0e6F;
+/// And this far goes the middle of a thing with an extent, so that all of it is within kFarthest.
+inline constexpr float kFarthestMiddle = 0.9e6F;
 
 /// Brings a coordinate that any nonsense may have made within kFarthest.
 constexpr float Bounded(float coordinate) {

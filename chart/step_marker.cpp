@@ -10,7 +10,7 @@ namespace UX {
 
 namespace {
 
-constexpr auto kFarthestPixel = static_cast<std::int32_t>(kFarthest);
+constexpr auto kFarthestMarker = static_cast<std::int32_t>(kFarthestMiddle);
 
 }  // namespace
 
@@ -22,8 +22,8 @@ const TCBase::Program::Step* NamedStep(const TCBase::Program::StepSelection& sel
 
 MarkerCenter GetMarkerCenter(const Rect& lane, const TCBase::Program::ModeListView& view,
                              const TCBase::Program::Step& step) {
-  return {std::clamp(TimeToX(lane, view, step), -kFarthestPixel, kFarthestPixel),
-          std::clamp(PercentToY(lane, step.value), -kFarthestPixel, kFarthestPixel)};
+  return {std::clamp(TimeToX(lane, view, step), -kFarthestMarker, kFarthestMarker),
+          std::clamp(PercentToY(lane, step.value), -kFarthestMarker, kFarthestMarker)};
 }
 
 }  // namespace UX

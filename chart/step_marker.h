@@ -16,7 +16,7 @@ struct MarkerCenter {
   std::int32_t x = 0;
   std::int32_t y = 0;
 };
-/// The step's point in a lane, within kFarthest whatever the step holds.
+/// The step's point in a lane, within kFarthestMiddle whatever the step holds.
 MarkerCenter GetMarkerCenter(const Rect& lane, const TCBase::Program::ModeListView& view,
                              const TCBase::Program::Step& step);
 

@@ -51,20 +51,19 @@ Transform ScaledAbout(Point center, float scale, Point origin = {}) {
 /// From the rim of the step's marker to the centre of the balloon.
 void DrawLeader(Canvas& canvas, Point marker, float markerRadius, Point center) {
   const Point rim = Along(marker, AngleTo(marker, center, kTwoPi), markerRadius);
-  canvas.Stroke(Line{Bounded(rim), center}, Brush::Gray, kLeaderLine);
+  canvas.Stroke(Line{rim, center}, Brush::Gray, kLeaderLine);
 }
 
 /// A balloon about the text that was laid out last, whose left top is `box`'s.
 void DrawBalloon(Canvas& canvas, const Rect& box, Point center, float scale) {
-  const Point corner = Bounded({static_cast<float>(box.x - kBorder), static_cast<float>(box.y - kBorder)});
-  const RoundedRectangle balloon{{corner.x, corner.y, static_cast<float>(box.width + 2 * kBorder),
-                                  static_cast<float>(box.height + 2 * kBorder)},
-                                 kBalloonRadius};
+  const Point text{static_cast<float>(box.x), static_cast<float>(box.y)};
+  const RoundedRectangle balloon{
+      {text.x - kBorder, text.y - kBorder, static_cast<float>(box.width + 2 * kBorder),
+       static_cast<float>(box.height + 2 * kBorder)},
+      kBalloonRadius};
   canvas.SetTransform(ScaledAbout(center, scale));
   canvas.Fill(balloon, Brush::White);
   canvas.Stroke(balloon, Brush::Black, kBalloonLine);
-
-  const Point text = Bounded({static_cast<float>(box.x), static_cast<float>(box.y)});
   canvas.SetTransform(ScaledAbout(center, scale, text));
   canvas.DrawLayout(Brush::Black);
   canvas.SetTransform(kIdentity);
@@ -197,7 +196,7 @@ void StepPopups::DrawPopup(Canvas& canvas, StepPopup& popup, const Step& step, c
 
   box.x = TruncateToInt(present.x - static_cast<float>(box.width) / 2.0F);
   box.y = TruncateToInt(present.y - static_cast<float>(box.height) / 2.0F);
-  const Point center = Bounded(CenterOf(box));
+  const Point center = CenterOf(box);
   DrawLeader(canvas, {static_cast<float>(anchor.x), static_cast<float>(anchor.y)}, sizes.plainRadius, center);
   DrawBalloon(canvas, box, center, popup.size.Value());
   canvas.SetOpacity(Brush::White, 1.0F);

@@ -55,8 +55,6 @@ class StepPopups {
   /// the identity for the canvas's transform; takes white as it is. Each popup leaves white and black opaque.
   void DrawPopups(Canvas& canvas, std::int32_t lane);
 
-  const std::list<StepPopup>& Popups() const { return popups_; }
-
  private:
   void Touch(const TCBase::Program::StepSelection& stepRef);
   Point StartPoint(const TCBase::Program::StepSelection& stepRef, const TCBase::Program::Step& step);
