@@ -1,5 +1,5 @@
-// The table of commands and what looks into it. The handlers stand in file_commands.cpp, device_commands.cpp
-// and edit_commands.cpp.
+// The table of commands and what looks into it. The handlers stand in file_commands.cpp, edit_commands.cpp,
+// device_commands.cpp, channel_commands.cpp and mode_commands.cpp.
 
 #include "app/commands.h"
 
@@ -29,7 +29,7 @@ const Commands::Row Commands::kRows[] = {
     {command::kRedo, Undo::None, &Commands::RedoChange},
     // Device
     {command::kSyncTime, Undo::None, &Commands::SyncTime},
-    {command::kSetTime, Undo::None, nullptr},
+    {command::kSetTime, Undo::None, &Commands::SetTime},
     {command::kUploadProgram, Undo::None, &Commands::UploadProgram},
     {command::kClearAll, Undo::None, &Commands::ClearAll},
     {command::kPlayDemo, Undo::None, &Commands::PlayDemo},
@@ -37,7 +37,7 @@ const Commands::Row Commands::kRows[] = {
     {command::kSpeedFast, Undo::None, &Commands::SetDemoSpeed, 60},
     {command::kSpeedNormal, Undo::None, &Commands::SetDemoSpeed, 180},
     {command::kSpeedSlow, Undo::None, &Commands::SetDemoSpeed, 300},
-    {command::kSpeedCustom, Undo::None, nullptr},
+    {command::kSpeedCustom, Undo::None, &Commands::AskDemoSpeed},
     {command::kScanWifi, Undo::None, nullptr},
     {command::kSetupWifi, Undo::None, nullptr},
     {command::kAddEmulator, Undo::None, &Commands::AddEmulator},
@@ -49,9 +49,9 @@ const Commands::Row Commands::kRows[] = {
     {command::kMoveStepsUp, Undo::Snapshot, &Commands::MoveSteps, false},
     {command::kMoveStepsDown, Undo::Snapshot, &Commands::MoveSteps, true},
     {command::kClearSteps, Undo::Snapshot, &Commands::ClearSteps},
-    {command::kManualStepsAdd, Undo::None, nullptr},
-    {command::kManualStepsEdit, Undo::None, nullptr},
-    {command::kRenameChannel, Undo::None, nullptr},
+    {command::kManualStepsAdd, Undo::None, &Commands::AddManualSteps},
+    {command::kManualStepsEdit, Undo::None, &Commands::EditManualSteps},
+    {command::kRenameChannel, Undo::None, &Commands::EditChannel},
     {command::kChannelColor, Undo::Snapshot, &Commands::NextColor},
     // Mode
     {command::kOptimizeForTC421, Undo::Snapshot, &Commands::OptimizeForTC421},
@@ -68,7 +68,7 @@ const Commands::Row Commands::kRows[] = {
     {command::kKnownIssues, Undo::None, &Commands::ShowKnownIssues},
     {command::kExportTranslation, Undo::None, nullptr},
     {command::kTestTranslation, Undo::None, nullptr},
-    {command::kAbout, Undo::None, nullptr},
+    {command::kAbout, Undo::None, &Commands::ShowAbout},
     // No menu item
     {command::kZoomIn, Undo::None, &Commands::ZoomIn},
     {command::kZoomOut, Undo::None, &Commands::ZoomOut},
@@ -84,11 +84,11 @@ const Commands::Row Commands::kRows[] = {
 
 const Commands::ControlCommand Commands::kControlCommands[] = {
     {control_id::kModeList, kListSelectionChanged, &Commands::SelectMode},
-    {control_id::kModeList, kListDoubleClick, nullptr},
-    {control_id::kAddMode, kAnyCode, nullptr},
+    {control_id::kModeList, kListDoubleClick, &Commands::EditMode},
+    {control_id::kAddMode, kAnyCode, &Commands::AddMode},
     {control_id::kDeleteMode, kAnyCode, &Commands::DeleteMode},
     {control_id::kDeviceList, kListSelectionChanged, &Commands::ReadDeviceSelection},
-    {control_id::kDeviceList, kListDoubleClick, nullptr},
+    {control_id::kDeviceList, kListDoubleClick, &Commands::RenameDevice},
     {control_id::kPlay, kAnyCode, &Commands::PlayDemo},
     {control_id::kStop, kAnyCode, &Commands::StopDemo},
 };
@@ -96,8 +96,7 @@ const Commands::ControlCommand Commands::kControlCommands[] = {
 void Commands::Dispatch(int id, int code) {
   for (const ControlCommand& row : kControlCommands) {
     if (row.id != id || (row.code != code && row.code != kAnyCode)) continue;
-    if (row.handler != nullptr) (this->*row.handler)(row.argument);
-    return;
+    return (this->*row.handler)(row.argument);
   }
   const Row* row = Find(id);
   if (row == nullptr || row->handler == nullptr) return;

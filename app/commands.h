@@ -3,8 +3,12 @@
 // The one place where commands are carried out, whether they come from a menu item, a key, a button or a
 // list. User interface thread.
 
+#include <string>
+#include <string_view>
+
 #include "app/app_state.h"
 #include "app/ports.h"
+#include "dialogs/dlg_mode_name.h"
 
 namespace app {
 
@@ -64,8 +68,12 @@ class Commands {
   void PlayDemo(int);
   void StopDemo(int);
   void SetDemoSpeed(int seconds);
+  void AskDemoSpeed(int);
+  void SetTime(int);
   void AddEmulator(int);
   void ReadDeviceSelection(int);
+  void RenameDevice(int);
+  void AskDeviceName(const std::string& device);
   // Channel
   void ChartKey(int key);
   void CopySteps(int);
@@ -73,11 +81,20 @@ class Commands {
   void MoveSteps(int down);
   void ClearSteps(int);
   void NextColor(int);
+  void EditChannel(int);
+  void AddManualSteps(int);
+  void EditManualSteps(int);
+  enum class TypedSteps { Added, InPlaceOfAll };
+  void TypeSteps(std::string_view title, TypedSteps use);
   // Mode
   void OptimizeForTC421(int);
   void AddEndpoint(int second);
   void Align(int minutes);
   void SelectMode(int);
+  void AddMode(int);
+  void AppendMode(const dialogs::ModeNameParams& params);
+  void EditMode(int);
+  dialogs::ModeNameParams ModeDialog(std::string_view title);
   void DeleteMode(int);
   // View
   void ZoomIn(int);
@@ -87,6 +104,7 @@ class Commands {
   // Help
   void ToggleLogging(int);
   void ShowKnownIssues(int);
+  void ShowAbout(int);
 
   AppState& state_;
   const Shell& shell_;

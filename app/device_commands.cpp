@@ -1,18 +1,61 @@
 // Commands of the Device menu. What takes time is a job for the worker, which gets copies of the device list
 // and the program as they are at this moment.
 
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
 #include "app/demo_control.h"
+#include "app/name_dialog.h"
 #include "app/upload_check.h"
+#include "common/log.h"
+#include "common/message.h"
 #include "common/platform.h"
 #include "devices/demo_state.h"
 #include "devices/device_list.h"
 #include "devices/jobs.h"
+#include "dialogs/dlg_get_date_time.h"
+#include "dialogs/dlg_get_value.h"
+#include "dialogs/dlg_mode_name.h"
 
 namespace app {
 
+namespace {
+
+// Of the dialogs of this menu that belong to no part of the window.
+constexpr Point kDialogPlace{60, 50};
+constexpr std::int32_t kSpeedLength = 20;
+
+/// A text without a number is 0; one too large is the largest.
+std::int32_t ReadNumber(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  std::int32_t number = 0;
+  const std::from_chars_result read = std::from_chars(text.data(), text.data() + text.size(), number);
+  return read.ec == std::errc::result_out_of_range ? std::numeric_limits<std::int32_t>::max() : number;
+}
+
+}  // namespace
+
 void Commands::SyncTime(int) {
   state_.worker.AddJob(TCBase::TimeSyncJob(state_.devices, state_.program, platform::LocalTime()));
+}
+
+void Commands::SetTime(int) {
+  dialogs::DateTimeParams params{kDialogPlace.x,
+                                 kDialogPlace.y,
+                                 Message("Set custom date and time").ToWide(),
+                                 Message("Enter date and time").ToWide(),
+                                 platform::LocalTime(),
+                                 Message("OK").ToWide(),
+                                 Message("Cancel").ToWide()};
+  if (dialogs::DlgGetDateTime(shell_.dialogs, params).DoModal() != dialogs::kOk) return;
+  state_.worker.AddJob(TCBase::TimeSyncJob(state_.devices, state_.program, params.dateTime));
 }
 
 void Commands::UploadProgram(int) {
@@ -40,6 +83,26 @@ void Commands::SetDemoSpeed(int seconds) {
   NotifyDemoIdle(shell_.mainWindow);
 }
 
+void Commands::AskDemoSpeed(int) {
+  dialogs::GetValueParams params{true,
+                                 kSpeedLength,
+                                 kDialogPlace.x,
+                                 kDialogPlace.y,
+                                 Message("Enter playback speed").ToWide(),
+                                 Message("Seconds to play whole demo (min 10, max 86400)").ToWide(),
+                                 {},
+                                 Message("OK").ToWide(),
+                                 Message("Cancel").ToWide()};
+  if (dialogs::DlgGetValue(shell_.dialogs, params).DoModal() != dialogs::kOk) return;
+  const std::int32_t seconds = ReadNumber(Utf8FromWide(params.value));
+  if (seconds >= Settings::kMinDemoSpeed && seconds <= Settings::kMaxDemoSpeed) {
+    SetDemoSpeed(seconds);
+  } else {
+    shell_.questions.Ask(
+        {Message("Invalid value").ToWide(), Message("Please enter value between 10 - 86400").ToWide()});
+  }
+}
+
 void Commands::AddEmulator(int) {
   if (TCBase::AddEmulator(state_.devices)) state_.ctrls->FillDeviceList();
 }
@@ -47,6 +110,33 @@ void Commands::AddEmulator(int) {
 void Commands::ReadDeviceSelection(int) {
   state_.ctrls->ReadDeviceSelection();
   shell_.mainWindow.TakeFocus();
+}
+
+void Commands::RenameDevice(int) {
+  const auto index = static_cast<std::size_t>(state_.ctrls->SelectedDeviceIndex());
+  if (index >= state_.devices.size()) return;
+  // A copy: the list may be replaced while the dialog stands open.
+  const TCBase::DeviceInfo device = state_.devices[index];
+  if (device.model == TCBase::ModelTC421UDP) {
+    AskDeviceName(device.name);
+  } else {
+    LogStatus(Message("You can rename WiFi devices only!"));
+  }
+  shell_.mainWindow.TakeFocus();
+}
+
+void Commands::AskDeviceName(const std::string& device) {
+  Settings& settings = shell_.settings;
+  dialogs::ModeNameParams params =
+      NameDialog({"Device name", "Device name (max 15 characters)", "Device description", kDeviceNameLength},
+                 DialogPlaceAbove(state_.chartLayout.DialogAnchorBottom()));
+  params.name = WideFromUtf8(settings.GetDeviceValue("device", device, device));
+  params.description = WideFromUtf8(settings.GetDeviceValue("device_description", device, {}));
+  if (dialogs::DlgModeName(shell_.dialogs, params).DoModal() != dialogs::kOk) return;
+  settings.SetDeviceValue("device", device, Utf8FromWide(params.name));
+  settings.SetDeviceValue("device_description", device, Utf8FromWide(params.description));
+  state_.ctrls->FillDeviceList();
+  state_.ctrls->ReadDeviceSelection();
 }
 
 }  // namespace app

@@ -3,6 +3,7 @@
 #include "app/commands.h"
 #include "app/device_log.h"
 #include "app/upload_check.h"
+#include "dialogs/dlg_about.h"
 #include "program/steps_text.h"
 
 namespace app {
@@ -39,6 +40,10 @@ void Commands::ToggleLogging(int) {
 
 void Commands::ShowKnownIssues(int) {
   shell_.questions.Ask(KnownIssues(state_.program));
+}
+
+void Commands::ShowAbout(int) {
+  dialogs::DlgAbout(shell_.dialogs).DoModal();
 }
 
 }  // namespace app
