@@ -1,8 +1,11 @@
 #include "chart/cursor_labels.h"
 
+#include <algorithm>
+#include <cmath>
 #include <string_view>
 
 #include "OvkLib/src/ovk_text.h"
+#include "chart/figure.h"
 #include "chart/scene_queries.h"
 #include "chart/step_marker.h"
 #include "common/truncate.h"
@@ -17,6 +20,7 @@ using namespace TCBase::Program;
 constexpr TextSize kLabelLimits{100.0F, 50.0F};
 constexpr std::int32_t kLabelMargin = 3;
 constexpr float kLabelRadius = 5.0F;
+constexpr float kFarthestLabel = kFarthest / 2.0F;  // leaves room for the label itself
 constexpr float kCursorLabelDistance = 4.0F;
 constexpr float kCursorLabelOpacity = 0.5F;
 constexpr float kValueLabelOpacity = 0.7F;
@@ -33,8 +37,11 @@ enum class Side { Left, Right };  // of the point
 void DrawLabel(Canvas& canvas, std::int32_t x, std::int32_t y, std::string_view text, Side side,
                float backgroundOpacity, Brush brush) {
   const TextSize size = canvas.LayOutText(TextFormat::Small, text, kLabelLimits);
-  const float top = WithinReach(TruncateToInt(static_cast<float>(y) - size.height));
-  const float left = WithinReach(side == Side::Left ? TruncateToInt(static_cast<float>(x) - size.width) : x);
+  const auto top = static_cast<float>(TruncateToInt(static_cast<float>(y) - size.height));
+  const auto left =
+      static_cast<float>(side == Side::Left ? TruncateToInt(static_cast<float>(x) - size.width) : x);
+  // Nowhere near a screen: the label of a curve whose value is no number, say.
+  if (std::max(std::fabs(left), std::fabs(top)) > kFarthestLabel) return;
   const auto extent = [](float length) {
     return static_cast<float>(TruncateToInt(length) + 2 * kLabelMargin);
   };

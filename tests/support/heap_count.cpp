@@ -6,6 +6,7 @@
 
 std::atomic<std::int64_t> heap_count::blocks = 0;
 std::atomic<std::int64_t> heap_count::bytes = 0;
+std::atomic<std::int64_t> heap_count::allocations = 0;
 
 namespace {
 
@@ -17,6 +18,7 @@ void* Take(std::size_t size) noexcept {
   if (head == nullptr) return nullptr;
   *head = size + kHeadBytes;
   ++heap_count::blocks;
+  ++heap_count::allocations;
   heap_count::bytes += static_cast<std::int64_t>(*head);
   return reinterpret_cast<char*>(head) + kHeadBytes;
 }

@@ -11,5 +11,7 @@ namespace heap_count {
 /// Blocks that are allocated now, and their bytes, with what an allocator takes for itself.
 extern std::atomic<std::int64_t> blocks;
 extern std::atomic<std::int64_t> bytes;
+/// Blocks that were ever allocated.
+extern std::atomic<std::int64_t> allocations;
 
 }  // namespace heap_count

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstddef>
+#include <utility>
 #include <variant>
 
 #include "tests/support/text_metric.h"
@@ -11,6 +12,14 @@ namespace chart_test {
 namespace {
 
 using namespace UX;
+
+/// One text of several. Not with +, in which GCC 12 sees copies that overlap.
+template <class... Parts>
+std::string Join(const Parts&... parts) {
+  std::string text;
+  (text.append(parts), ...);
+  return text;
+}
 
 /// At most two places. Not by printf: its rounding is the platform's.
 std::string Told(float number) {
@@ -26,21 +35,23 @@ std::string Told(float number) {
 }
 
 std::string Told(Point point) {
-  return Told(point.x) + "," + Told(point.y);
+  return Join(Told(point.x), ",", Told(point.y));
 }
 
 std::string Told(const Rectangle& box) {
-  return Told(Point{box.x, box.y}) + " " + Told(box.width) + "x" + Told(box.height);
+  return Join(Told(Point{box.x, box.y}), " ", Told(box.width), "x", Told(box.height));
 }
 
 struct ShapeTeller {
-  std::string operator()(const Line& line) const { return "line " + Told(line.from) + " " + Told(line.to); }
-  std::string operator()(const Rectangle& box) const { return "box " + Told(box); }
+  std::string operator()(const Line& line) const {
+    return Join("line ", Told(line.from), " ", Told(line.to));
+  }
+  std::string operator()(const Rectangle& box) const { return Join("box ", Told(box)); }
   std::string operator()(const RoundedRectangle& round) const {
-    return "round " + Told(round.box) + " r" + Told(round.radius);
+    return Join("round ", Told(round.box), " r", Told(round.radius));
   }
   std::string operator()(const Circle& circle) const {
-    return "circle " + Told(circle.center) + " r" + Told(circle.radius);
+    return Join("circle ", Told(circle.center), " r", Told(circle.radius));
   }
 };
 
@@ -52,7 +63,7 @@ std::string Told(const Figure& figure) {
   std::string text;
   for (const Figure::Contour& contour : figure.Contours()) {
     if (!text.empty()) text += " |";
-    for (const Point point : figure.PointsOf(contour)) text += " " + Told(point);
+    for (const Point point : figure.PointsOf(contour)) text += Join(" ", Told(point));
     if (contour.closed) text += " close";
   }
   return text;
@@ -61,7 +72,12 @@ std::string Told(const Figure& figure) {
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
   for (const char c : text) quoted += c == '\n' ? std::string("\\n") : std::string(1, c);
-  return quoted + "\"";
+  quoted += '"';
+  return quoted;
+}
+
+std::string ToldOpacity(float opacity) {
+  return opacity == 1.0F ? "" : Join(" ", Told(opacity * 100.0F), "%");
 }
 
 }  // namespace
@@ -70,7 +86,8 @@ std::string NameOf(Brush brush) {
   static constexpr const char* kNames[] = {"black",  "white",  "darkGray",     "gray",          "lightSalmon",
                                            "orange", "salmon", "lightSkyBlue", "cornflowerBlue"};
   if (brush >= Brush::FirstChannel)
-    return "channel" + std::to_string(static_cast<int>(brush) - static_cast<int>(Brush::FirstChannel) + 1);
+    return Join("channel",
+                std::to_string(static_cast<int>(brush) - static_cast<int>(Brush::FirstChannel) + 1));
   return kNames[static_cast<std::size_t>(brush)];
 }
 
@@ -78,8 +95,8 @@ std::string NameOf(Label label) {
   const int index = static_cast<int>(label);
   constexpr int kFirstPercent = static_cast<int>(Label::FirstPercent);
   constexpr int kFirstName = static_cast<int>(Label::FirstChannelName);
-  if (index >= kFirstName) return "name" + std::to_string(index - kFirstName + 1);
-  if (index >= kFirstPercent) return std::to_string((index - kFirstPercent + 1) * 10) + "%";
+  if (index >= kFirstName) return Join("name", std::to_string(index - kFirstName + 1));
+  if (index >= kFirstPercent) return Join(std::to_string((index - kFirstPercent + 1) * 10), "%");
   return "hours";
 }
 
@@ -91,36 +108,41 @@ std::string NameOf(TextFormat format) {
 std::string RecordingCanvas::Text(std::string_view part) const {
   std::string text;
   for (const std::string& line : lines_) {
-    if (line.find(part) != std::string::npos) text += line + "\n";
+    if (line.find(part) != std::string::npos) text += Join(line, "\n");
   }
   return text;
 }
 
 void RecordingCanvas::Write(const std::string& line) {
-  lines_.push_back(inLabel_ ? "  " + line : line);
+  lines_.push_back(Join(inLabel_ ? "  " : "", line));
 }
 
 std::string RecordingCanvas::Told(Brush brush) const {
-  const float opacity = opacities_[static_cast<std::size_t>(brush)];
-  return NameOf(brush) + (opacity == 1.0F ? "" : " " + chart_test::Told(opacity * 100.0F) + "%");
+  return Join(NameOf(brush), ToldOpacity(opacities_[static_cast<std::size_t>(brush)]));
 }
 
 std::string RecordingCanvas::ToldTransform() const {
   std::string text;
-  if (transform_.scale != 1.0F) text += " x" + chart_test::Told(transform_.scale);
-  if (transform_.offset != Point()) text += " at " + chart_test::Told(transform_.offset);
+  if (transform_.scale != 1.0F) text += Join(" x", chart_test::Told(transform_.scale));
+  if (transform_.offset != Point()) text += Join(" at ", chart_test::Told(transform_.offset));
   return text;
+}
+
+std::string RecordingCanvas::ToldAnew(const Figure& figure) {
+  std::string text = chart_test::Told(figure);
+  if (text == figure_) return " the same";
+  return figure_ = std::move(text);
 }
 
 void RecordingCanvas::SetBrush(Brush brush, Color color, float opacity) {
   constexpr const char* kDigits = "0123456789abcdef";
   opacities_[static_cast<std::size_t>(brush)] = opacity;
-  std::string line = "brush " + NameOf(brush) + " #";
+  std::string hex;
   for (const unsigned part : {color.red, color.green, color.blue}) {
-    line += kDigits[part / 16];
-    line += kDigits[part % 16];
+    hex += kDigits[part / 16];
+    hex += kDigits[part % 16];
   }
-  Write(line + (opacity == 1.0F ? "" : " " + chart_test::Told(opacity * 100.0F) + "%"));
+  Write(Join("brush ", NameOf(brush), " #", hex, ToldOpacity(opacity)));
 }
 
 void RecordingCanvas::SetOpacity(Brush brush, float opacity) {
@@ -129,39 +151,39 @@ void RecordingCanvas::SetOpacity(Brush brush, float opacity) {
 
 void RecordingCanvas::SetFont(TextFormat format, const Font& font) {
   fonts_[static_cast<std::size_t>(format)] = font;
-  Write("font " + NameOf(format) + " " + chart_test::Told(font.size) + (font.bold ? " bold" : ""));
+  Write(Join("font ", NameOf(format), " ", chart_test::Told(font.size), font.bold ? " bold" : ""));
 }
 
 void RecordingCanvas::Fill(const Shape& shape, Brush brush) {
-  Write("fill " + chart_test::Told(shape) + " " + Told(brush) + ToldTransform());
+  Write(Join("fill ", chart_test::Told(shape), " ", Told(brush), ToldTransform()));
 }
 
 void RecordingCanvas::Stroke(const Shape& shape, Brush brush, float width) {
-  Write("stroke " + chart_test::Told(shape) + " " + Told(brush) + " w" + chart_test::Told(width) +
-        ToldTransform());
+  Write(Join("stroke ", chart_test::Told(shape), " ", Told(brush), " w", chart_test::Told(width),
+             ToldTransform()));
 }
 
 void RecordingCanvas::FillFigure(const Figure& figure, Brush brush) {
-  Write("fill figure " + Told(brush) + ToldTransform() + ":" + chart_test::Told(figure));
+  Write(Join("fill figure ", Told(brush), ToldTransform(), ":", ToldAnew(figure)));
 }
 
 void RecordingCanvas::StrokeFigure(const Figure& figure, Brush brush, float width) {
-  Write("stroke figure " + Told(brush) + " w" + chart_test::Told(width) + ToldTransform() + ":" +
-        chart_test::Told(figure));
+  Write(Join("stroke figure ", Told(brush), " w", chart_test::Told(width), ToldTransform(), ":",
+             ToldAnew(figure)));
 }
 
 TextSize RecordingCanvas::LayOutText(TextFormat format, std::string_view text, const TextSize& limits) {
-  layout_ = "text " + NameOf(format) + " " + Quoted(text) + " within " + chart_test::Told(limits.width) +
-            "x" + chart_test::Told(limits.height);
+  layout_ = Join("text ", NameOf(format), " ", Quoted(text), " within ", chart_test::Told(limits.width), "x",
+                 chart_test::Told(limits.height));
   return MeasureText(fonts_[static_cast<std::size_t>(format)], text, limits);
 }
 
 void RecordingCanvas::DrawLayout(Brush brush) {
-  Write(layout_ + " " + Told(brush) + ToldTransform());
+  Write(Join(layout_, " ", Told(brush), ToldTransform()));
 }
 
 void RecordingCanvas::BeginLabel(Label label, std::int32_t width, std::int32_t height) {
-  Write("label " + NameOf(label) + " " + std::to_string(width) + "x" + std::to_string(height));
+  Write(Join("label ", NameOf(label), " ", std::to_string(width), "x", std::to_string(height)));
   inLabel_ = true;
   transform_ = kIdentity;
 }
@@ -172,7 +194,7 @@ void RecordingCanvas::EndLabel() {
 }
 
 void RecordingCanvas::DrawLabel(Label label) {
-  Write("draw " + NameOf(label) + ToldTransform());
+  Write(Join("draw ", NameOf(label), ToldTransform()));
 }
 
 }  // namespace chart_test

@@ -11,6 +11,7 @@
 //   fill round 20,30 34x15 r5 white 70%         the opacity that the brush has, unless it is full
 //   stroke line 1,2 3,4 gray w1
 //   stroke figure gray w0.5 at 10,10: 0,0 884,0 | 0,0 884,0 884,105 0,105 close
+//   stroke figure gray w0.5 at 10,129: the same          as the figure before
 //   text small "08:00" within 100x50 gray at 30,40
 //   draw hours at 10,101
 //
@@ -38,7 +39,10 @@ class RecordingCanvas final : public UX::Canvas {
   /// The lines, or those of them that contain `part`, each with its end.
   std::string Text(std::string_view part = "") const;
   /// Forgets the lines, but no brush, font or transform.
-  void Clear() { lines_.clear(); }
+  void Clear() {
+    lines_.clear();
+    figure_.clear();
+  }
 
   void SetBrush(UX::Brush brush, UX::Color color, float opacity) override;
   void SetOpacity(UX::Brush brush, float opacity) override;
@@ -61,12 +65,14 @@ class RecordingCanvas final : public UX::Canvas {
   void Write(const std::string& line);
   std::string Told(UX::Brush brush) const;
   std::string ToldTransform() const;
+  std::string ToldAnew(const UX::Figure& figure);
 
   std::vector<std::string> lines_;
   std::array<float, UX::kBrushCount> opacities_{};
   std::array<UX::Font, UX::kTextFormatCount> fonts_{};
   UX::Transform transform_;
   std::string layout_;  // as told; empty before the first
+  std::string figure_;  // the last one, as told
   bool inLabel_ = false;
 };
 
