@@ -13,6 +13,8 @@ DesktopShell::DesktopShell(HINSTANCE instance, int showCommand)
 
 app::Shell DesktopShell::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
+    plainRenderer_ = std::make_unique<UX::RendererGDI>(scene, chartWindow_);
+    plainRenderer_->window = &chartWindow_;
     return std::make_unique<UX::RendererDX>(scene, chartWindow_);
   };
   return {platform_, mainWindow_, chartWindow_, controls_, logPane_,

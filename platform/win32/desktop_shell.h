@@ -2,6 +2,8 @@
 
 // All pieces of the Windows shell, wired together.
 
+#include <memory>
+
 #include "app/application.h"
 #include "app/ports.h"
 #include "platform/win32/chart_window.h"
@@ -14,6 +16,7 @@
 #include "platform/win32/menu.h"
 #include "platform/win32/platform_steps.h"
 #include "platform/win32/questions.h"
+#include "platform/win32/renderer_gdi.h"
 
 namespace win32 {
 
@@ -39,6 +42,8 @@ class DesktopShell {
   DialogWindows dialogs_;
   EventQueue events_;
   PlatformSteps platform_;
+  // Stands by from start to end; the application draws with another one and never calls it.
+  std::unique_ptr<UX::RendererGDI> plainRenderer_;
 };
 
 }  // namespace win32
