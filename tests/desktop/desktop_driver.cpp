@@ -118,10 +118,10 @@ std::vector<app::Question> DesktopUser::Questions() {
 void DesktopUser::AnswerDialog(HWND dialog) {
   if (dialogs::IsFileDialog(dialog)) {
     AnswerFileDialog(dialog);
-  } else if (IsProgramDialog(dialog)) {
-    FillDialog(dialog);
-  } else {
+  } else if (dialogs::IsMessageBox(dialog)) {
     AnswerMessageBox(dialog);
+  } else {
+    FillDialog(dialog);
   }
 }
 

@@ -18,8 +18,6 @@ namespace {
 
 // More than any dialog has controls.
 constexpr int kMostTabs = 20;
-constexpr int kFirstControl = 1000;
-constexpr int kLastControl = 1099;
 
 std::wstring ClassOf(HWND window) {
   std::array<wchar_t, 100> name{};
@@ -48,14 +46,6 @@ std::vector<std::string> RowsOf(HWND list) {
 }
 
 }  // namespace
-
-bool IsProgramDialog(HWND dialog) {
-  for (const HWND control : ControlsOf(dialog)) {
-    const int id = GetDlgCtrlID(control);
-    if (id >= kFirstControl && id <= kLastControl) return true;
-  }
-  return false;
-}
 
 SeenDialog DialogUser::See() const {
   SeenDialog seen;
@@ -171,8 +161,9 @@ void DialogUser::Pick(const DialogStep& step) {
 void DialogUser::SetDateTime(const DialogStep& step) {
   if (!GoTo(step.control)) return;
   const DateTime& time = step.time;
-  // From part to part, in the order of the format.
-  input::PressKey(VK_HOME);
+  // From part to part, in the order of the format, which begins behind its end.
+  input::PressKey(VK_LEFT);
+  input::PressKey(VK_RIGHT);
   for (const int part : {time.year, time.month, time.day, time.hour, time.minute, time.second}) {
     for (const char digit : std::to_string(part)) input::PressKey(static_cast<WORD>(digit));
     input::PressKey(VK_RIGHT);

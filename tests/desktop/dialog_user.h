@@ -11,9 +11,6 @@ namespace desktop {
 
 class ProgramUnderTest;
 
-/// Whether a dialog is one of the program's own, not a message box or the system's.
-bool IsProgramDialog(HWND dialog);
-
 class DialogUser {
  public:
   /// `takeInput` waits until the program has taken the keys pressed so far.

@@ -39,6 +39,10 @@ bool IsFileDialog(HWND dialog) {
   return NameField(dialog) != nullptr;
 }
 
+bool IsMessageBox(HWND dialog) {
+  return GetDlgItem(dialog, kMessageText) != nullptr;
+}
+
 app::Question ReadMessageBox(HWND box) {
   app::Question question;
   question.title = WideFromUtf8(WindowText(box));

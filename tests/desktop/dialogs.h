@@ -11,6 +11,7 @@
 namespace desktop::dialogs {
 
 bool IsFileDialog(HWND dialog);
+bool IsMessageBox(HWND dialog);
 
 /// Without the icon.
 app::Question ReadMessageBox(HWND box);
