@@ -20,6 +20,10 @@ namespace trait = dialogs::trait;
 // What an edit field takes as long as nobody tells it a limit.
 constexpr std::size_t kFirstLimit = 30000;
 
+std::string Quoted(const std::string& text) {
+  return std::string(1, '"').append(text).append(1, '"');
+}
+
 [[noreturn]] void Mistake(const std::string& what) {
   throw std::logic_error(what);
 }
@@ -278,16 +282,16 @@ int Dialogs::Run(dialogs::DlgBase& dialog) {
   dialog.OnInit(window);
   window.TakeFirstFocus();
   seen.push_back(window.Look());
-  if (scripts.empty()) Mistake("nobody fills \"" + window.Title() + "\"");
+  if (scripts.empty()) Mistake("nobody fills " + Quoted(window.Title()));
   const DialogScript script = std::move(scripts.front());
   scripts.pop_front();
   for (const DialogStep& step : script) {
     if (meanwhile) meanwhile();
     window.DeliverPosted();
-    if (window.Result()) Mistake("\"" + window.Title() + "\" closed before all was done in it");
+    if (window.Result()) Mistake(Quoted(window.Title()) + " closed before all was done in it");
     window.Do(step);
   }
-  if (!window.Result()) Mistake("\"" + window.Title() + "\" is left open");
+  if (!window.Result()) Mistake(Quoted(window.Title()) + " is left open");
   return *window.Result();
 }
 
