@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "chart/static_labels.h"
-#include "chart/step_marker.h"
+#include "program/channel_edit.h"
 #include "program/program.h"
 
 namespace UX {
@@ -79,7 +79,7 @@ void ChartDrawing::Relayout(Canvas& canvas) {
 }
 
 void ChartDrawing::Draw(Canvas& canvas) {
-  const bool hovers = NamedStep(scene_.hoverStep) != nullptr;
+  const bool hovers = SelectedStep(scene_.hoverStep) != nullptr;
   canvas.SetTransform(kIdentity);
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) lanes_.DrawBackground(canvas, lane);
   cursorLabels_.DrawCursorLabels(canvas, follower_.Position());

@@ -7,8 +7,8 @@
 #include "OvkLib/src/ovk_text.h"
 #include "chart/figure.h"
 #include "chart/scene_queries.h"
-#include "chart/step_marker.h"
 #include "common/truncate.h"
+#include "program/channel_edit.h"
 #include "program/program.h"
 
 namespace UX {
@@ -63,7 +63,7 @@ std::int32_t CursorLabels::TimeAt(std::int32_t lane, Point at) {
 
 void CursorLabels::DrawCursorLabels(Canvas& canvas, Point at) {
   const std::int32_t second = TimeAt(0, at);
-  if (NamedStep(scene_.hoverStep) != nullptr || !IsOnDay(second)) return;
+  if (SelectedStep(scene_.hoverStep) != nullptr || !IsOnDay(second)) return;
 
   const std::int32_t y = TruncateToInt(at.y);
   DrawLabel(canvas, TruncateToInt(at.x - kCursorLabelDistance), y,

@@ -7,6 +7,7 @@
 #include "chart/static_labels.h"
 #include "chart/step_marker.h"
 #include "common/truncate.h"
+#include "program/channel_edit.h"
 
 namespace UX {
 
@@ -129,8 +130,8 @@ void LaneDrawing::DrawCurve(Canvas& canvas, std::int32_t lane) {
 void LaneDrawing::DrawSteps(Canvas& canvas, std::int32_t lane) {
   const Rect area = scene_.layout.LaneRect(lane);
   const Channel& channel = ChannelOfLane(scene_.program, lane);
-  const Step* const selected = NamedStep(scene_.selection);
-  const Step* const hovered = NamedStep(scene_.hoverStep);
+  const Step* const selected = SelectedStep(scene_.selection);
+  const Step* const hovered = SelectedStep(scene_.hoverStep);
 
   std::optional<Marker> last;
   for (const Step& step : channel) {

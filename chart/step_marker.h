@@ -9,9 +9,6 @@
 
 namespace UX {
 
-/// The step that a selection names, or null.
-const TCBase::Program::Step* NamedStep(const TCBase::Program::StepSelection& selection);
-
 struct MarkerCenter {
   std::int32_t x = 0;
   std::int32_t y = 0;

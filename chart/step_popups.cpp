@@ -9,6 +9,7 @@
 #include "chart/scene_queries.h"
 #include "chart/step_marker.h"
 #include "common/truncate.h"
+#include "program/channel_edit.h"
 
 namespace UX {
 
@@ -149,7 +150,7 @@ bool StepPopups::IsAnimating() {
 }
 
 void StepPopups::Touch(const StepSelection& stepRef) {
-  const Step* const step = NamedStep(stepRef);
+  const Step* const step = SelectedStep(stepRef);
   if (step == nullptr) return;
   StepPopup* popup = Find(step->id);
   if (popup == nullptr) popup = &popups_.emplace_back(step->id, StartPoint(stepRef, *step));
@@ -159,7 +160,7 @@ void StepPopups::Touch(const StepSelection& stepRef) {
 // The popup of a selected step, too, begins at the height of the lane under the mouse, even if its own is
 // another: it comes flying from where the user looks.
 Point StepPopups::StartPoint(const StepSelection& stepRef, const Step& step) {
-  const bool hovers = NamedStep(scene_.hoverStep) != nullptr;
+  const bool hovers = SelectedStep(scene_.hoverStep) != nullptr;
   const Rect lane = scene_.layout.LaneRect(hovers ? scene_.hoverStep.channel : stepRef.channel);
   const MarkerCenter center = GetMarkerCenter(lane, scene_.program, step);
   return {static_cast<float>(center.x), static_cast<float>(center.y)};
@@ -204,7 +205,7 @@ void StepPopups::DrawPopup(Canvas& canvas, StepPopup& popup, const Step& step, c
 }
 
 Rect StepPopups::HoveredMarker() {
-  const Step* const step = NamedStep(scene_.hoverStep);
+  const Step* const step = SelectedStep(scene_.hoverStep);
   if (step == nullptr) return {};
   const Rect lane = scene_.layout.LaneRect(scene_.hoverStep.channel);
   const MarkerCenter center = GetMarkerCenter(lane, scene_.program, *step);
