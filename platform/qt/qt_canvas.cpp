@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
 #include <variant>
 
 namespace qt {
@@ -14,11 +13,11 @@ namespace {
 /// Pixels; what of a label is beyond is on no screen.
 constexpr int kLargestLabel = 16384;
 
-// Flat ends and sharp corners, as Direct2D draws them.
-QPen PenOf(const QColor& color, float width) {
+/// Flat ends and sharp corners, as far out as Direct2D draws them. What Qt rasterizes itself it measures in
+/// whole widths of the stroke, SVG and PDF in halves.
+QPen PenOf(const QColor& color, float width, Surface surface) {
   QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
-  // Qt measures the limit from the end of the stroke, Direct2D from its middle: 10 there.
-  pen.setMiterLimit(5.0);
+  pen.setMiterLimit(surface == Surface::Pixels ? 5.0 : 10.0);
   return pen;
 }
 
@@ -32,7 +31,8 @@ bool IsSingleLine(const UX::Figure::Contour& contour) {
 
 }  // namespace
 
-QtCanvas::QtCanvas(Surface surface, double scale) : surface_(surface), scale_(scale), sprites_(scale) {}
+QtCanvas::QtCanvas(Surface surface, double scale)
+    : surface_(surface), scale_(scale), sprites_(scale), glaze_(scale) {}
 
 void QtCanvas::Begin(QPainter& painter) {
   UseStage(painter);
@@ -77,6 +77,15 @@ void QtCanvas::SetTransform(const UX::Transform& transform) {
   stage_.moved = moved;
 }
 
+template <class Draw>
+void QtCanvas::Paint(const QRectF& bounds, const QColor& color, Draw draw) {
+  if (IsOnPixels() && glaze_.IsFor(bounds, color)) {
+    glaze_.Draw(*stage_.painter, bounds, color, draw);
+  } else {
+    draw(*stage_.painter, color);
+  }
+}
+
 void QtCanvas::MakePath(const UX::Shape& shape) {
   path_.clear();
   if (const auto* const line = std::get_if<UX::Line>(&shape)) {
@@ -100,7 +109,7 @@ void QtCanvas::MakePath(const UX::Shape& shape) {
 
 void QtCanvas::Fill(const UX::Shape& shape, UX::Brush brush) {
   const QColor& color = ColorOf(brush);
-  if (HasSprites() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, 0.0F)) return;
+  if (IsOnPixels() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, 0.0F)) return;
   if (const auto* const box = std::get_if<UX::Rectangle>(&shape)) {
     stage_.painter->fillRect({At({box->x, box->y}), QSizeF(box->width, box->height)}, color);
     return;
@@ -112,58 +121,49 @@ void QtCanvas::Fill(const UX::Shape& shape, UX::Brush brush) {
 
 void QtCanvas::Stroke(const UX::Shape& shape, UX::Brush brush, float width) {
   const QColor& color = ColorOf(brush);
-  if (HasSprites() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, width)) return;
+  if (IsOnPixels() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, width)) return;
   MakePath(shape);
-  stage_.painter->strokePath(path_, PenOf(color, width));
-}
-
-// Points of one column that follow each other are at most four in the path: the first, the farthest up and
-// down, and the last cover the same pixels. So a figure costs no more than the columns that it runs through,
-// however many points it has.
-void QtCanvas::AddContour(const UX::Figure& figure, const UX::Figure::Contour& contour) {
-  const std::span<const UX::Point> points = figure.PointsOf(contour);
-  path_.moveTo(At(points.front()));
-  for (auto begin = points.begin(); begin != points.end();) {
-    const auto end = std::find_if(begin, points.end(), [x = begin->x](UX::Point p) { return p.x != x; });
-    const auto [top, bottom] =
-        std::minmax_element(begin, end, [](UX::Point a, UX::Point b) { return a.y < b.y; });
-    const auto last = std::prev(end);
-    const auto add = [&](auto point) {
-      if (point != points.begin()) path_.lineTo(At(*point));
-    };
-    add(begin);
-    const auto [earlier, later] = std::minmax(top, bottom);
-    if (earlier != begin && earlier != last) add(earlier);
-    if (later != begin && later != last && later != earlier) add(later);
-    if (last != begin) add(last);
-    begin = end;
-  }
-  if (contour.closed) path_.closeSubpath();
+  const QMarginsF margins(width, width, width, width);
+  Paint(path_.boundingRect() + margins, color, [&](QPainter& painter, const QColor& paint) {
+    painter.strokePath(path_, PenOf(paint, width, surface_));
+  });
 }
 
 void QtCanvas::FillFigure(const UX::Figure& figure, UX::Brush brush) {
+  const QColor& color = ColorOf(brush);
+  if (figure.Contours().size() == 1) {
+    outline_.SetFill(figure.Points(), stage_.offset);
+    Paint(outline_.Bounds(), color, [this](QPainter& painter, const QColor& paint) {
+      outline_.Fill(painter, paint, IsOnPixels() ? scale_ : 0.0);
+    });
+    return;
+  }
+  // Together, since where two contours overlap there is a hole.
   path_.clear();
-  for (const auto& contour : figure.Contours()) AddContour(figure, contour);
-  stage_.painter->fillPath(path_, ColorOf(brush));
+  for (const auto& contour : figure.Contours()) {
+    const auto points = figure.PointsOf(contour);
+    path_.moveTo(At(points.front()));
+    for (const UX::Point point : points.subspan(1)) path_.lineTo(At(point));
+    path_.closeSubpath();
+  }
+  stage_.painter->fillPath(path_, color);
 }
 
 void QtCanvas::StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) {
-  path_.clear();
+  const QPen pen = PenOf(ColorOf(brush), width, surface_);
   lines_.clear();
   for (const auto& contour : figure.Contours()) {
+    const auto points = figure.PointsOf(contour);
     if (IsSingleLine(contour)) {
-      const auto points = figure.PointsOf(contour);
       lines_.emplace_back(At(points.front()), At(points.back()));
     } else {
-      AddContour(figure, contour);
+      outline_.SetStroke(points, contour.closed, stage_.offset);
+      outline_.Stroke(*stage_.painter, pen);
     }
   }
-  const QPen pen = PenOf(ColorOf(brush), width);
-  if (!lines_.empty()) {
-    stage_.painter->setPen(pen);
-    stage_.painter->drawLines(lines_.data(), static_cast<int>(lines_.size()));
-  }
-  if (!path_.isEmpty()) stage_.painter->strokePath(path_, pen);
+  if (lines_.empty()) return;
+  stage_.painter->setPen(pen);
+  stage_.painter->drawLines(lines_.data(), static_cast<int>(lines_.size()));
 }
 
 UX::TextSize QtCanvas::LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) {

@@ -16,6 +16,8 @@
 #include <vector>
 
 #include "chart/canvas.h"
+#include "platform/qt/glaze.h"
+#include "platform/qt/outline.h"
 #include "platform/qt/sprites.h"
 #include "platform/qt/text_layouts.h"
 
@@ -70,11 +72,13 @@ class QtCanvas final : public UX::Canvas {
   QPointF At(UX::Point point) const {
     return {double{point.x} + stage_.offset.x, double{point.y} + stage_.offset.y};
   }
-  /// Whether small shapes can be put in place as pictures.
-  bool HasSprites() const { return surface_ == Surface::Pixels && !stage_.moved; }
+  /// Whether what is drawn on has pixels, and where they are is known.
+  bool IsOnPixels() const { return surface_ == Surface::Pixels && !stage_.moved; }
   void UseStage(QPainter& painter);
+  /// Has `draw` draw with a painter and a colour.
+  template <class Draw>
+  void Paint(const QRectF& bounds, const QColor& color, Draw draw);
   void MakePath(const UX::Shape& shape);
-  void AddContour(const UX::Figure& figure, const UX::Figure::Contour& contour);
 
   const Surface surface_;
   const double scale_;
@@ -82,6 +86,7 @@ class QtCanvas final : public UX::Canvas {
   TextLayouts texts_;
   const SetText* text_ = nullptr;  // laid out last
   Sprites sprites_;
+  Glaze glaze_;
   std::array<LabelPicture, UX::kLabelCount> labels_;
 
   Stage stage_;
@@ -92,6 +97,7 @@ class QtCanvas final : public UX::Canvas {
 
   // Kept for their memory.
   QPainterPath path_;
+  Outline outline_;
   std::vector<QLineF> lines_;
 };
 

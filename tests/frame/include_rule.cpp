@@ -17,7 +17,8 @@ constexpr std::array<std::string_view, 10> kLayers = {
 constexpr std::array<std::string_view, 3> kOnlookers = {"tests/", "bench/", "fuzz/"};
 
 // The rooms of the platform's own headers.
-constexpr std::array<std::string_view, 3> kPlatformRooms = {"platform/", "OvkLib/src/UWP/", "tests/desktop/"};
+constexpr std::array<std::string_view, 5> kPlatformRooms = {"platform/", "OvkLib/src/UWP/", "tests/desktop/",
+                                                            "tests/qt/", "bench/qt_chart_bench.cpp"};
 
 std::optional<size_t> LayerOf(std::string_view path) {
   const auto layer = std::ranges::find_if(kLayers, [&](auto name) { return path.starts_with(name); });

@@ -1,0 +1,139 @@
+// A whole frame of the chart on Qt's painter, off-screen, 900 x 600; and as the floor the five curves alone,
+// as polylines by the same painter.
+
+#include <benchmark/benchmark.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPolygonF>
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "chart/bumper.h"
+#include "chart/chart_drawing.h"
+#include "chart/chart_layout.h"
+#include "common/platform.h"
+#include "common/truncate.h"
+#include "devices/demo_state.h"
+#include "platform/qt/qt_canvas.h"
+
+namespace {
+
+using namespace TCBase::Program;
+
+constexpr int kWidth = 900;
+constexpr int kHeight = 600;
+// Of the main window, around the chart's.
+constexpr int kBesideChart = 120;
+constexpr int kAroundChart = 166;
+
+void GivenQt() {
+  static int count = 1;
+  static char name[] = "qt_chart_bench";
+  static char* arguments[] = {name, nullptr};
+  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  static const QGuiApplication application(count, arguments);
+}
+
+/// Steps all over the day, with jumps between them; where there are more steps than minutes, several share
+/// one.
+ModeListView GivenDocument(int steps) {
+  ModeListView document;
+  Mode& mode = document.modes.emplace_back();
+  for (int c = 0; c < kChannelCount; ++c) {
+    document.channelInfos[static_cast<std::size_t>(c)].name = "Channel name";
+    document.channelInfos[static_cast<std::size_t>(c)].color = 0xFF3050F0U + static_cast<unsigned>(c) * 40U;
+    for (int i = 0; i < steps; ++i) {
+      const int minute = i * kMinutesPerDay / steps;
+      const auto value = static_cast<float>((minute * (c + 7) * 13 + i * 29) % 101);
+      mode.channels[static_cast<std::size_t>(c)].push_back(
+          {minute / 60, minute % 60, value, i % 7 == 0, NextStepId()});
+    }
+  }
+  return document;
+}
+
+/// The chart of a user who has a step selected, the mouse over a lane and a demo running.
+class Chart {
+ public:
+  explicit Chart(int steps) : document_(GivenDocument(steps)) {
+    GivenQt();
+    selection_.channel = 1;
+    selection_.step = steps / 2;
+    layout_.Update(kWidth + kBesideChart, kHeight + kAroundChart);
+    Pass();
+    drawing_.Rebuild(canvas_);
+    drawing_.MouseMoved(300, 130);
+    drawing_.Update();
+    Pass();
+    drawing_.Update();
+    TCBase::demoState.step.values = {0, 25, 50, 75, 100};
+    TCBase::demoState.SetRunning(13 * 3600, TCBase::StatePlaying);
+    image_.fill(Qt::white);
+  }
+  ~Chart() { TCBase::demoState.SetIdle(); }
+
+  void DrawFrame() {
+    QPainter painter(&image_);
+    painter.fillRect(image_.rect(), Qt::white);
+    canvas_.Begin(painter);
+    drawing_.Draw(canvas_);
+    canvas_.End();
+  }
+
+  /// Nothing but the curves, with every point that they have.
+  void DrawCurves() {
+    QPainter painter(&image_);
+    painter.fillRect(image_.rect(), Qt::white);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(250, 128, 114), 4.0, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    for (int c = 0; c < kChannelCount; ++c) {
+      const UX::Rect lane = layout_.LaneRect(c);
+      QPolygonF points;
+      const Step* previous = nullptr;
+      for (const Step& step : document_.modes[0].channels[static_cast<std::size_t>(c)]) {
+        const int x = TimeToX(lane, document_, step);
+        if (previous != nullptr && previous->jump) points << QPointF(x, PercentToY(lane, previous->value));
+        points << QPointF(x, PercentToY(lane, step.value));
+        previous = &step;
+      }
+      painter.drawPolyline(points);
+    }
+  }
+
+ private:
+  /// A pass of the main loop, when all has come to rest.
+  static void Pass() {
+    platform::SleepMilliseconds(600);
+    now = frameClock.Now();
+  }
+
+  ModeListView document_;
+  StepSelection selection_{document_};
+  StepSelection hoverStep_{document_};
+  UX::ChartLayout layout_;
+  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_}};
+  qt::QtCanvas canvas_{qt::Surface::Pixels};
+  QImage image_{kWidth, kHeight, QImage::Format_ARGB32_Premultiplied};
+};
+
+void WholeFrame(benchmark::State& state) {
+  Chart chart(static_cast<int>(state.range(0)));
+  for (auto _ : state) chart.DrawFrame();
+}
+
+void CurvesAlone(benchmark::State& state) {
+  Chart chart(static_cast<int>(state.range(0)));
+  for (auto _ : state) chart.DrawCurves();
+}
+
+void Measured(benchmark::internal::Benchmark* bench) {
+  bench->Arg(48)->Arg(480)->Arg(4800)->Unit(benchmark::kMillisecond)->Repetitions(5);
+  bench->ReportAggregatesOnly()->MinTime(0.2);
+}
+BENCHMARK(WholeFrame)->Apply(Measured);
+BENCHMARK(CurvesAlone)->Apply(Measured);
+
+}  // namespace
