@@ -77,6 +77,16 @@ TEST_F(StepBalloonTest, GoesAboveAStepThatHas) {
   ExpectCenter({673.0F, 115.0F - 32.0F}, 2.0F);
 }
 
+TEST_F(StepBalloonTest, StaysWithinTheLanesAtTheirRightEnd) {
+  chart_.document.modes[0].channels[0][2] = {23, 59, 50.0F};
+  Hover(0, 2);
+  Pass();
+  for (int i = 0; i < 3; ++i) Draw(), PassFor(0.1);
+  Draw();
+  const UX::Rectangle box = canvas_.All<UX::RoundedRectangle>(Done::Fill).at(0).box;
+  EXPECT_LE(box.x + box.width, 894.0F + 3.0F) << "but for its border";
+}
+
 TEST_F(StepBalloonTest, IsOnItsWayForATenthOfASecondAfterEachFrame) {
   Hover(0, 1);
   Pass();
