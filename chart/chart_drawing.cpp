@@ -80,18 +80,20 @@ void ChartDrawing::Relayout(Canvas& canvas) {
 
 void ChartDrawing::Draw(Canvas& canvas) {
   const bool hovers = SelectedStep(scene_.hoverStep) != nullptr;
+  // Asked for once, so that all that stands at it stands together.
+  const Point follower = follower_.Position();
   canvas.SetTransform(kIdentity);
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) lanes_.DrawBackground(canvas, lane);
-  cursorLabels_.DrawCursorLabels(canvas, follower_.Position());
+  cursorLabels_.DrawCursorLabels(canvas, follower);
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) {
     lanes_.DrawCurve(canvas, lane);
     const bool isHovered = hovers && scene_.hoverStep.channel == lane;
-    if (!isHovered) cursorLabels_.DrawValueLabel(canvas, lane, follower_.Position());
+    if (!isHovered) cursorLabels_.DrawValueLabel(canvas, lane, follower);
     lanes_.DrawSteps(canvas, lane);
   }
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) popups_.DrawPopups(canvas, lane);
   demoCursor_.DrawDemoCursor(canvas);
-  cursorLabels_.DrawCrosshair(canvas, follower_.Position());
+  cursorLabels_.DrawCrosshair(canvas, follower);
 }
 
 void ChartDrawing::Update() {

@@ -26,11 +26,6 @@ constexpr float kCursorLabelOpacity = 0.5F;
 constexpr float kValueLabelOpacity = 0.7F;
 constexpr float kCrosshairLine = 1.0F;
 
-// The crosshair ends at the lanes' right edge and at the chart window's lower one; of the main window.
-constexpr std::int32_t kCrosshairLeft = 10;
-constexpr std::int32_t kBesideCrosshair = 130;
-constexpr std::int32_t kBelowCrosshair = 166;
-
 enum class Side { Left, Right };  // of the point
 
 /// A label whose bottom stands on y. Does not put white's opacity back.
@@ -87,10 +82,10 @@ void CursorLabels::DrawValueLabel(Canvas& canvas, std::int32_t lane, Point at) {
 
 void CursorLabels::DrawCrosshair(Canvas& canvas, Point at) {
   if (!IsOnDay(TimeAt(0, at))) return;
-  const Rect& client = scene_.layout.clientRect;
-  const auto width = static_cast<float>(client.width - kBesideCrosshair - kCrosshairLeft);
-  const auto height = static_cast<float>(client.height - kBelowCrosshair);
-  canvas.Stroke(Rectangle{kCrosshairLeft, at.y, width, 0.0F}, Brush::DarkGray, kCrosshairLine);
+  const Rect& lanes = scene_.layout.chartRect;
+  const auto height = static_cast<float>(scene_.layout.ChartWindowRect().height);
+  const Rectangle across{static_cast<float>(lanes.x), at.y, static_cast<float>(lanes.width), 0.0F};
+  canvas.Stroke(across, Brush::DarkGray, kCrosshairLine);
   canvas.Stroke(Rectangle{at.x, 0.0F, 0.0F, height}, Brush::DarkGray, kCrosshairLine);
 }
 

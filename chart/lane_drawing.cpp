@@ -25,10 +25,6 @@ constexpr float kMarkerLine = 3.0F;
 constexpr float kRingLine = 1.0F;
 constexpr float kRingDistance = 3.0F;
 
-// Of the main window, beside and below the chart's window.
-constexpr std::int32_t kLeftColumn = 120;
-constexpr std::int32_t kBelowChart = 166;
-
 struct Marker {
   Point center;
   bool isSquare;
@@ -45,16 +41,16 @@ Shape MarkerShape(const Marker& marker, float radius) {
 }
 
 /// Whether any of a marker of this radius, ring and lines included, is within the chart's window.
-bool IsInSight(Point center, float radius, const Rect& client) {
+bool IsInSight(Point center, float radius, const Rect& chartWindow) {
   const float reach = radius + kRingDistance + kRingLine;
-  return center.x >= -reach && center.x <= static_cast<float>(client.width - kLeftColumn) + reach &&
-         center.y >= -reach && center.y <= static_cast<float>(client.height - kBelowChart) + reach;
+  return center.x >= -reach && center.x <= static_cast<float>(chartWindow.width) + reach &&
+         center.y >= -reach && center.y <= static_cast<float>(chartWindow.height) + reach;
 }
 
 void DrawMarker(Canvas& canvas, const Marker& marker, const ChartLayout& layout) {
   const MarkerSize sizes = GetMarkerSize(layout);
   const float radius = marker.isSelected ? sizes.selectedDiameter * 0.5F : sizes.plainRadius;
-  if (!IsInSight(marker.center, radius, layout.clientRect)) return;
+  if (!IsInSight(marker.center, radius, layout.ChartWindowRect())) return;
 
   const Brush inside = marker.isSelected ? Brush::Salmon : Brush::White;
   const Shape shape = MarkerShape(marker, radius);

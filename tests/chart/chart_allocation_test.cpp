@@ -56,7 +56,7 @@ TEST(ChartAllocation, FramesInMotionTakeNoMemory) {
   TCBase::demoState.SetIdle();
   EXPECT_EQ(heap_count::allocations - before, 0);
   EXPECT_EQ(canvas.fault, "");
-  EXPECT_GT(canvas.operations, kFrames * 5 * kMaxModeSteps) << "and they did draw";
+  EXPECT_GT(canvas.operations, std::int64_t{kFrames} * 5 * kMaxModeSteps) << "and they did draw";
 }
 
 }  // namespace
