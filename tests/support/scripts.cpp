@@ -8,6 +8,7 @@
 
 #include "app/numbers.h"
 #include "common/files.h"
+#include "tests/support/chart_scripts.h"
 
 namespace scripts {
 
@@ -219,6 +220,8 @@ constexpr Script kScripts[] = {
     {"WriteTheDeviceLog", WriteTheDeviceLog},
     {"ChangeTheWindowsSize", ChangeTheWindowsSize},
     {"SecondStartBringsTheFileBack", SecondStartBringsTheFileBack},
+    {"DrawADay", DrawADay},
+    {"DeleteSteps", DeleteSteps},
 };
 
 }  // namespace

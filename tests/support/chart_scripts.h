@@ -1,0 +1,14 @@
+#pragma once
+
+// The scripts of scripts.h that are about the chart.
+
+#include "tests/support/scripts.h"
+
+namespace scripts {
+
+/// A day's curve from mouse clicks, a drag, zoomed in, nudged with the arrows, saved, and all undone.
+void DrawADay(User& user, const Folders& folders);
+/// Steps deleted with the key and from the chart's menu, and what is saved of it.
+void DeleteSteps(User& user, const Folders& folders);
+
+}  // namespace scripts
