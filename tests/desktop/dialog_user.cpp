@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,10 @@ namespace {
 
 // More than any dialog has controls.
 constexpr int kMostTabs = 20;
+
+// In the order in which they stand in pickers.
+constexpr int DateTime::*kPickerParts[] = {&DateTime::year, &DateTime::month,  &DateTime::day,
+                                           &DateTime::hour, &DateTime::minute, &DateTime::second};
 
 std::wstring ClassOf(HWND window) {
   std::array<wchar_t, 100> name{};
@@ -160,15 +165,26 @@ void DialogUser::Pick(const DialogStep& step) {
 
 void DialogUser::SetDateTime(const DialogStep& step) {
   if (!GoTo(step.control)) return;
-  const DateTime& time = step.time;
-  // From part to part, in the order of the format, which begins behind its end.
-  input::PressKey(VK_LEFT);
-  input::PressKey(VK_RIGHT);
-  for (const int part : {time.year, time.month, time.day, time.hour, time.minute, time.second}) {
-    for (const char digit : std::to_string(part)) input::PressKey(static_cast<WORD>(digit));
-    input::PressKey(VK_RIGHT);
+  const HWND picker = GetDlgItem(dialog_, step.control);
+  GoToYear(picker);
+  // With the arrow keys, since a month that is shown by its name does not take digits everywhere.
+  for (int DateTime::*const part : kPickerParts) {
+    const int distance = step.time.*part - program_.LookAtPicker(picker).*part;
+    for (int i = 0; i < std::abs(distance); ++i) input::PressKey(distance > 0 ? VK_UP : VK_DOWN);
+    PressKey(VK_RIGHT);
   }
-  takeInput_();
+}
+
+void DialogUser::GoToYear(HWND picker) {
+  // Not every picker begins with its first part. The Up key tells the year from the others, whose turn comes
+  // later.
+  for (int parts = 0; parts < kMostTabs; ++parts) {
+    const int year = program_.LookAtPicker(picker).year;
+    PressKey(VK_UP);
+    if (program_.LookAtPicker(picker).year != year) return;
+    PressKey(VK_RIGHT);
+  }
+  ADD_FAILURE() << "no part of the picker is the year";
 }
 
 }  // namespace desktop

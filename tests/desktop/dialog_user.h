@@ -32,6 +32,7 @@ class DialogUser {
   void Paste(const DialogStep& step);
   void Pick(const DialogStep& step);
   void SetDateTime(const DialogStep& step);
+  void GoToYear(HWND picker);
 
   ProgramUnderTest& program_;
   const HWND dialog_;
