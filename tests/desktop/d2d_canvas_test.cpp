@@ -273,4 +273,35 @@ TEST_F(D2DCanvas, DrawsTheSameOnANewTarget) {
   EXPECT_EQ(before.CountDifferences({window.x(), window.y(), kWidth, kHeight}, picture), 0);
 }
 
+TEST_F(D2DCanvas, KeepsNothingOfFormerTargets) {
+  // All that Direct2D makes holds its factory.
+  const auto references = [&] {
+    win32::ComPtr<ID2D1Factory> factory;
+    canvas.MakeGeometry({})->GetFactory(factory.GetAddressOf());
+    factory.Get()->AddRef();
+    return factory.Get()->Release();
+  };
+  const auto useATarget = [&] {
+    drawn->MakeTarget();
+    for (int label = 0; label < UX::kLabelCount; ++label) {
+      canvas.BeginLabel(static_cast<UX::Label>(label), 100, 20);
+      canvas.LayOutText(UX::TextFormat::Small, "08:30", kRoomy);
+      canvas.DrawLayout(Brush::Black);
+      canvas.EndLabel();
+    }
+    Frame([&] {
+      UX::Figure line;
+      line.AddLine({0, 0}, {100, 100});
+      canvas.StrokeFigure(line, Brush::Black, 2.0F);
+      canvas.LayOutText(UX::TextFormat::Large, "Day", kRoomy);
+      canvas.DrawLayout(Brush::Black);
+      canvas.DrawLabel(UX::Label::Hours);
+    });
+  };
+  useATarget();
+  const ULONG before = references();
+  for (int i = 0; i < 5; ++i) useATarget();
+  EXPECT_EQ(references(), before);
+}
+
 }  // namespace

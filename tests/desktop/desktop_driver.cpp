@@ -14,7 +14,6 @@
 #include "tests/desktop/dialog_user.h"
 #include "tests/desktop/dialogs.h"
 #include "tests/desktop/input.h"
-#include "tests/desktop/screen_picture.h"
 #include "tests/desktop/window_text.h"
 
 namespace desktop {
@@ -388,6 +387,10 @@ std::string DesktopUser::Log() {
 
 bool DesktopUser::TakePicture(const std::filesystem::path& file) {
   return ScreenPicture::Take().Write(file);
+}
+
+ScreenPicture DesktopUser::ChartPicture() {
+  return ScreenPicture::OfWindow(Handle(app::Control::ChartWindow));
 }
 
 }  // namespace desktop

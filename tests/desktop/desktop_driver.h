@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "tests/desktop/program_under_test.h"
+#include "tests/desktop/screen_picture.h"
 #include "tests/support/user.h"
 
 namespace desktop {
@@ -67,6 +68,8 @@ class DesktopUser final : public User {
   std::string Title() override;
   std::string Log() override;
   bool TakePicture(const std::filesystem::path& file) override;
+  /// What the screen shows of the chart, in the chart's coordinates.
+  ScreenPicture ChartPicture();
 
  private:
   HWND Handle(app::Control control);

@@ -4,7 +4,6 @@
 #include <memory>
 #include <type_traits>
 
-#include "platform/win32/windows_headers.h"
 // after windows.h
 #include <objidl.h>
 // after objidl.h
@@ -44,18 +43,31 @@ ScreenPicture::ScreenPicture(int width, int height)
 
 ScreenPicture ScreenPicture::Take() {
   ScreenPicture picture(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+  picture.CopyFromScreen({0, 0});
+  return picture;
+}
+
+ScreenPicture ScreenPicture::OfWindow(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  POINT corner{0, 0};
+  ClientToScreen(window, &corner);
+  ScreenPicture picture(client.right, client.bottom);
+  picture.CopyFromScreen(corner);
+  return picture;
+}
+
+void ScreenPicture::CopyFromScreen(POINT corner) {
   const HDC screen = GetDC(nullptr);
   const HDC memory = CreateCompatibleDC(screen);
-  const BitmapHandle copy(CreateCompatibleBitmap(screen, picture.width_, picture.height_));
+  const BitmapHandle copy(CreateCompatibleBitmap(screen, width_, height_));
   const HGDIOBJ before = SelectObject(memory, copy.get());
-  BitBlt(memory, 0, 0, picture.width_, picture.height_, screen, 0, 0, SRCCOPY);
+  BitBlt(memory, 0, 0, width_, height_, screen, corner.x, corner.y, SRCCOPY);
   SelectObject(memory, before);
-  BITMAPINFO format = FormatOf(picture.width_, picture.height_);
-  GetDIBits(screen, copy.get(), 0, static_cast<UINT>(picture.height_), picture.pixels_.data(), &format,
-            DIB_RGB_COLORS);
+  BITMAPINFO format = FormatOf(width_, height_);
+  GetDIBits(screen, copy.get(), 0, static_cast<UINT>(height_), pixels_.data(), &format, DIB_RGB_COLORS);
   DeleteDC(memory);
   ReleaseDC(nullptr, screen);
-  return picture;
 }
 
 UX::Color ScreenPicture::At(int x, int y) const {

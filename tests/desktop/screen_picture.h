@@ -6,6 +6,7 @@
 
 #include "chart/canvas.h"
 #include "chart/chart_layout.h"
+#include "platform/win32/windows_headers.h"
 
 namespace desktop {
 
@@ -13,6 +14,8 @@ namespace desktop {
 class ScreenPicture {
  public:
   static ScreenPicture Take();
+  /// The part that a window's client area covers, whoever owns it.
+  static ScreenPicture OfWindow(HWND window);
 
   /// Black outside the picture.
   UX::Color At(int x, int y) const;
@@ -25,6 +28,7 @@ class ScreenPicture {
 
  private:
   ScreenPicture(int width, int height);
+  void CopyFromScreen(POINT corner);
 
   int width_;
   int height_;
