@@ -47,6 +47,7 @@ struct OpenProgram {
 
   const desktop::FirstDay firstDay;
   const TemporaryFolder folder;
+  const std::filesystem::path file = folder / "reef-day.xml";
   desktop::DesktopUser driver;
 };
 
@@ -59,10 +60,10 @@ class DesktopChart : public testing::Test {
     open.reset();
   }
   void SetUp() override {
-    const std::filesystem::path example =
-        std::filesystem::absolute(LUMARINE_SOURCE_DIR) / "examples" / "reef-day.xml";
-    ASSERT_TRUE(TCBase::Program::LoadProgram(example, expected));
-    user.WillPick({example});
+    std::filesystem::copy_file(std::filesystem::absolute(LUMARINE_SOURCE_DIR) / "examples" / "reef-day.xml",
+                               open->file, std::filesystem::copy_options::overwrite_existing);
+    ASSERT_TRUE(TCBase::Program::LoadProgram(open->file, expected));
+    user.WillPick({open->file});
     ASSERT_TRUE(user.Choose(command::kLoadProgram));
     // No lane is selected, and none larger than the others.
     user.ClickRow(Control::ModeList, 1);
@@ -106,12 +107,9 @@ class DesktopChart : public testing::Test {
 
   /// What the program saves of its document.
   ModeListView Saved() {
-    std::filesystem::path file = open->folder / std::to_string(++saves);
-    file += ".xml";
-    user.WillPick({file});
-    EXPECT_TRUE(user.Choose(command::kSaveProgramAs));
+    EXPECT_TRUE(user.Choose(command::kSaveProgram));
     ModeListView saved;
-    EXPECT_TRUE(TCBase::Program::LoadProgram(file, saved));
+    EXPECT_TRUE(TCBase::Program::LoadProgram(open->file, saved));
     return saved;
   }
   /// What a file holds of the document that is expected: whole percents.
@@ -169,7 +167,6 @@ class DesktopChart : public testing::Test {
   }
 
   static std::unique_ptr<OpenProgram> open;
-  static int saves;
   desktop::DesktopUser& driver = open->driver;
   User& user = driver;
   // What the program should hold and where it should show it, by its own arithmetic.
@@ -178,7 +175,6 @@ class DesktopChart : public testing::Test {
 };
 
 std::unique_ptr<OpenProgram> DesktopChart::open;
-int DesktopChart::saves = 0;
 
 // What it shows
 
