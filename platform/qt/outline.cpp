@@ -1,10 +1,12 @@
 #include "platform/qt/outline.h"
 
+#include <QLineF>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <optional>
 
 namespace qt {
 
@@ -29,6 +31,21 @@ QPointF ShortlyBefore(QPointF from, QPointF to) {
   const QPointF way = from - to;
   const double length = std::hypot(way.x(), way.y());
   return length > kOverlap ? to + way * (kOverlap / length) : from;
+}
+
+/// The part of a line that is within `reach`, if any is.
+std::optional<QLineF> PartWithin(const QLineF& line, const QRectF& reach) {
+  double begin = 0.0;
+  double end = 1.0;
+  const auto cut = [&](double way, double room) {  // room: how far the side is off, in the way's direction
+    if (way == 0.0) return room >= 0.0;
+    (way < 0.0 ? begin : end) = way < 0.0 ? std::max(begin, room / way) : std::min(end, room / way);
+    return begin <= end;
+  };
+  const bool seen = cut(-line.dx(), line.x1() - reach.left()) && cut(line.dx(), reach.right() - line.x1()) &&
+                    cut(-line.dy(), line.y1() - reach.top()) && cut(line.dy(), reach.bottom() - line.y1());
+  if (!seen) return std::nullopt;
+  return QLineF(begin == 0.0 ? line.p1() : line.pointAt(begin), end == 1.0 ? line.p2() : line.pointAt(end));
 }
 
 /// Calls `action` with the first and the end of each row of points in one column.
@@ -73,7 +90,32 @@ QRectF Outline::Bounds() const {
   return {QPointF(left.x(), top.y()), QPointF(right.x(), bottom.y())};
 }
 
-void Outline::Stroke(QPainter& painter, const QPen& pen) {
+void Outline::Stroke(QPainter& painter, const QPen& pen, const QRectF& reach) {
+  reach.contains(Bounds()) ? StrokeRow(painter, pen) : StrokeWithin(painter, pen, reach);
+}
+
+void Outline::StrokeWithin(QPainter& painter, const QPen& pen, const QRectF& reach) {
+  if (closed_) points_.push_back(points_.front());
+  closed_ = false;
+  uncut_.swap(points_);
+  points_.clear();
+  const auto finishRow = [&] {
+    if (points_.size() > 1) StrokeRow(painter, pen);
+    points_.clear();
+  };
+  for (std::size_t i = 1; i < uncut_.size(); ++i) {
+    const auto part = PartWithin({uncut_[i - 1], uncut_[i]}, reach);
+    if (!part) continue;
+    if (points_.empty() || points_.back() != part->p1()) {
+      finishRow();
+      points_.push_back(part->p1());
+    }
+    points_.push_back(part->p2());
+  }
+  finishRow();
+}
+
+void Outline::StrokeRow(QPainter& painter, const QPen& pen) {
   // Pieces overlap a little, which would show through a brush that is not opaque.
   const bool inPieces = points_.size() > kPiece && !closed_ && pen.color().alpha() == 255;
   inPieces ? StrokeInPieces(painter, pen) : StrokeWhole(painter, pen);
@@ -97,7 +139,37 @@ void Outline::StrokeInPieces(QPainter& painter, const QPen& pen) {
   }
 }
 
-void Outline::Fill(QPainter& painter, const QColor& color, double columns) {
+// An inside is cut by one side after the other. What goes along a side is outside of what is seen.
+void Outline::CutTo(const QRectF& reach) {
+  const auto cut = [this](auto inside, auto crossing) {
+    uncut_.swap(points_);
+    points_.clear();
+    for (std::size_t i = 0; i < uncut_.size(); ++i) {
+      const QPointF from = uncut_[i == 0 ? uncut_.size() - 1 : i - 1];
+      const QPointF to = uncut_[i];
+      if (inside(from) != inside(to)) points_.push_back(crossing(from, to));
+      if (inside(to)) points_.push_back(to);
+    }
+  };
+  const auto atX = [](double x) {
+    return [x](QPointF a, QPointF b) {
+      return QPointF(x, a.y() + (b.y() - a.y()) * (x - a.x()) / (b.x() - a.x()));
+    };
+  };
+  const auto atY = [](double y) {
+    return [y](QPointF a, QPointF b) {
+      return QPointF(a.x() + (b.x() - a.x()) * (y - a.y()) / (b.y() - a.y()), y);
+    };
+  };
+  cut([&](QPointF p) { return p.x() >= reach.left(); }, atX(reach.left()));
+  cut([&](QPointF p) { return p.x() <= reach.right(); }, atX(reach.right()));
+  cut([&](QPointF p) { return p.y() >= reach.top(); }, atY(reach.top()));
+  cut([&](QPointF p) { return p.y() <= reach.bottom(); }, atY(reach.bottom()));
+}
+
+void Outline::Fill(QPainter& painter, const QColor& color, const QRectF& reach, double columns) {
+  if (!reach.contains(Bounds())) CutTo(reach);
+  if (points_.empty()) return;
   if (columns > 0.0 && points_.size() > kPiece + 2 && IsBelowACurve()) {
     FillBelowCurve(painter, color, columns);
     return;

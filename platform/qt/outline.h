@@ -32,11 +32,15 @@ class Outline {
   /// Of the points.
   QRectF Bounds() const;
 
-  void Stroke(QPainter& painter, const QPen& pen);
+  /// What is outside `reach` is left out: Qt cuts far points off too, but takes time with their square.
+  void Stroke(QPainter& painter, const QPen& pen, const QRectF& reach);
   /// `columns`: device pixels a unit, for cuts that fall between two of them; 0 for a device without pixels.
-  void Fill(QPainter& painter, const QColor& color, double columns);
+  void Fill(QPainter& painter, const QColor& color, const QRectF& reach, double columns);
 
  private:
+  void StrokeWithin(QPainter& painter, const QPen& pen, const QRectF& reach);
+  void StrokeRow(QPainter& painter, const QPen& pen);
+  void CutTo(const QRectF& reach);
   void StrokeWhole(QPainter& painter, const QPen& pen);
   void StrokeInPieces(QPainter& painter, const QPen& pen);
   bool IsBelowACurve() const;
@@ -44,6 +48,7 @@ class Outline {
 
   std::vector<QPointF> points_;
   bool closed_ = false;
+  std::vector<QPointF> uncut_;
   QPainterPath path_;
 };
 

@@ -65,6 +65,7 @@ void AwaitRest() {
 class Chart {
  public:
   Chart(const ModeListView& document, const PictureRequest& request) : document_(document) {
+    now = frameClock.Now();
     layout_.Update(request.width + kBesideChart, request.height + kAroundChart);
     AwaitRest();
   }

@@ -25,6 +25,9 @@ int LabelPixels(std::int32_t units, double scale) {
   return static_cast<int>(std::clamp(std::ceil(units * scale), 1.0, double{kLargestLabel}));
 }
 
+const QRectF kEverything(QPointF(-UX::kFarthest, -UX::kFarthest) * 4.0,
+                         QPointF(UX::kFarthest, UX::kFarthest) * 4.0);
+
 bool IsSingleLine(const UX::Figure::Contour& contour) {
   return !contour.closed && contour.end - contour.begin == 2;
 }
@@ -75,6 +78,15 @@ void QtCanvas::SetTransform(const UX::Transform& transform) {
     stage_.painter->setWorldTransform(stage_.base);
   }
   stage_.moved = moved;
+}
+
+QRectF QtCanvas::Reach() const {
+  if (surface_ == Surface::Vectors) return kEverything;
+  const QTransform& toDevice = stage_.painter->worldTransform();
+  // The room around is for strokes.
+  constexpr double kRoom = 256.0;
+  return toDevice.inverted().mapRect(
+      QRectF(stage_.painter->viewport()).marginsAdded({kRoom, kRoom, kRoom, kRoom}));
 }
 
 template <class Draw>
@@ -134,7 +146,7 @@ void QtCanvas::FillFigure(const UX::Figure& figure, UX::Brush brush) {
   if (figure.Contours().size() == 1) {
     outline_.SetFill(figure.Points(), stage_.offset);
     Paint(outline_.Bounds(), color, [this](QPainter& painter, const QColor& paint) {
-      outline_.Fill(painter, paint, IsOnPixels() ? scale_ : 0.0);
+      outline_.Fill(painter, paint, Reach(), IsOnPixels() ? scale_ : 0.0);
     });
     return;
   }
@@ -158,7 +170,7 @@ void QtCanvas::StrokeFigure(const UX::Figure& figure, UX::Brush brush, float wid
       lines_.emplace_back(At(points.front()), At(points.back()));
     } else {
       outline_.SetStroke(points, contour.closed, stage_.offset);
-      outline_.Stroke(*stage_.painter, pen);
+      outline_.Stroke(*stage_.painter, pen, Reach());
     }
   }
   if (lines_.empty()) return;

@@ -75,6 +75,8 @@ class QtCanvas final : public UX::Canvas {
   /// Whether what is drawn on has pixels, and where they are is known.
   bool IsOnPixels() const { return surface_ == Surface::Pixels && !stage_.moved; }
   void UseStage(QPainter& painter);
+  /// Beyond this nothing is seen; in the coordinates that the painter takes.
+  QRectF Reach() const;
   /// Has `draw` draw with a painter and a colour.
   template <class Draw>
   void Paint(const QRectF& bounds, const QColor& color, Draw draw);

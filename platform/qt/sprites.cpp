@@ -29,6 +29,7 @@ struct Box {
 
 std::optional<Box> BoxOf(const UX::Shape& shape) {
   if (const auto* const circle = std::get_if<UX::Circle>(&shape)) {
+    if (circle->radius <= 0.0F) return std::nullopt;
     const float side = 2.0F * circle->radius;
     return Box{circle->center.x - circle->radius, circle->center.y - circle->radius, side, side, true};
   }

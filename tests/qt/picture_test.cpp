@@ -1,0 +1,137 @@
+// Picture files: their size and kind, that they show the same, and that the same request gives the same
+// bytes.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QProcess>
+#include <QStringList>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+#include "devices/demo_state.h"
+#include "platform/qt/picture.h"
+#include "program/builtin_modes.h"
+#include "tests/qt/pictures.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/virtual_clock.h"
+
+namespace {
+
+using qt::PictureFormat;
+using qt::PictureRequest;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+class PictureTest : public testing::Test {
+ protected:
+  PictureTest() { virtual_clock::Reset(); }
+
+  std::string Draw(const PictureRequest& request) const { return DrawPicture(document_, request); }
+
+  TCBase::Program::ModeListView document_ = TCBase::Program::NewProgram();
+};
+
+std::size_t CountOf(std::string_view text, std::string_view part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+/// Runs a program over a file; the picture, or what else it prints, is its output.
+std::string Output(const char* program, const QStringList& arguments) {
+  QProcess process;
+  process.start(QString::fromLatin1(program), arguments);
+  EXPECT_TRUE(process.waitForFinished()) << program;
+  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+  return process.readAllStandardOutput().toStdString();
+}
+
+TEST_F(PictureTest, APngHasTheSizeAskedForTimesTheScale) {
+  const QImage plain = pictures::FromBytes(Draw({PictureFormat::Png, 320, 240, 1.0, {}}));
+  EXPECT_EQ(plain.size(), QSize(320, 240));
+  EXPECT_EQ(plain.pixel(0, 0), 0xFFFFFFFF) << "white around the lanes";
+  const QImage fine = pictures::FromBytes(Draw({PictureFormat::Png, 320, 240, 2.0, {}}));
+  EXPECT_EQ(fine.size(), QSize(640, 480));
+  const QImage odd = pictures::FromBytes(Draw({PictureFormat::Png, 333, 251, 1.37, {}}));
+  EXPECT_EQ(odd.size(), QSize(456, 344));
+  EXPECT_EQ(odd.pixel(455, 343), 0xFFFFFFFF) << "the last pixel too";
+}
+
+TEST_F(PictureTest, AFinePictureShowsTheSame) {
+  const QImage plain = pictures::FromBytes(Draw({PictureFormat::Png, 900, 600, 1.0, 720}));
+  const QImage fine = pictures::FromBytes(Draw({PictureFormat::Png, 900, 600, 2.0, 720}));
+  pictures::ExpectAlike(fine.scaled(plain.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation), plain,
+                        "twice as fine", {90, 0.01});
+}
+
+TEST_F(PictureTest, ThePngAndTheSvgOfOneRequestAreTheSameBytesEachTime) {
+  for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Svg}) {
+    const PictureRequest request = {format, 400, 300, 1.0, 725};
+    const bool same = Draw(request) == Draw(request);
+    EXPECT_TRUE(same);
+  }
+}
+
+TEST_F(PictureTest, AnSvgIsWellFormedAndKeepsTextAsText) {
+  document_.channelInfos[0].name = "Blau <&\"'> \xE6\xB5\xB7\x01\x1B";
+  const std::string svg = Draw({PictureFormat::Svg, 900, 600, 1.0, {}});
+  EXPECT_THAT(svg, HasSubstr("viewBox=\"0 0 900 600\""));
+  EXPECT_THAT(svg, HasSubstr(">12:00</text>"));
+  EXPECT_THAT(svg, HasSubstr("Blau &lt;&amp;"));
+  EXPECT_THAT(svg, HasSubstr("Tahoma"));
+  EXPECT_THAT(svg, Not(HasSubstr("<image"))) << "nothing that is not sharp";
+  const TemporaryFolder folder;
+  std::ofstream(folder / "a.svg", std::ios::binary) << svg;
+  Output("xmllint", {"--noout", "--nonet", QString::fromStdString((folder / "a.svg").string())});
+}
+
+TEST_F(PictureTest, AnSvgLooksLikeThePng) {
+  const TemporaryFolder folder;
+  const std::string path = (folder / "a.svg").string();
+  std::ofstream(path, std::ios::binary) << Draw({PictureFormat::Svg, 900, 600, 1.0, 720});
+  const QImage drawn = pictures::FromBytes(
+      Output("rsvg-convert", {"--width", "900", "--height", "600", QString::fromStdString(path)}));
+  pictures::ExpectAlike(drawn, pictures::FromBytes(Draw({PictureFormat::Png, 900, 600, 1.0, 720})),
+                        "another program's picture of the SVG", {80, 0.01});
+}
+
+TEST_F(PictureTest, APdfHasOnePageOfTheSizeInPointsAndKeepsTextAsText) {
+  const std::string pdf = Draw({PictureFormat::Pdf, 901, 603, 1.0, 720});
+  EXPECT_THAT(pdf, StartsWith("%PDF-1."));
+  EXPECT_EQ(CountOf(pdf, "/Type /Page\n"), 1U);
+  EXPECT_THAT(pdf, HasSubstr("/MediaBox [0 0 901.000000 603.000000]"));
+  EXPECT_GE(CountOf(pdf, "/Type /Font\n"), 1U);
+  EXPECT_EQ(CountOf(pdf, "/Subtype /Image"), 0U);
+}
+
+TEST_F(PictureTest, TheDemoIsThereIfATimeIsAskedForAndGoneAfterwards) {
+  const QImage plain = pictures::FromBytes(Draw({PictureFormat::Png, 900, 600, 1.0, {}}));
+  const QImage noon = pictures::FromBytes(Draw({PictureFormat::Png, 900, 600, 1.0, 720}));
+  // 10 + 880 / 2, between two lanes.
+  EXPECT_EQ(noon.pixel(450, 122), 0xFF000000);
+  EXPECT_EQ(plain.pixel(450, 122), 0xFFFFFFFF);
+  EXPECT_LT(TCBase::demoState.position, 0);
+}
+
+TEST_F(PictureTest, AnyModeIsDrawnInAnySize) {
+  document_.modes.emplace_back();
+  document_.currentMode = static_cast<std::int32_t>(document_.modes.size() - 1);
+  auto& channels = document_.modes.back().channels;
+  for (int i = 0; i < 10'000; ++i)
+    channels[0].push_back({i % 24, i * 7 % 60, static_cast<float>(i % 101), i % 3 == 0});
+  channels[1] = {{12, 0, 50.0F}};
+  channels[2] = {{12, 0, 10.0F}, {12, 0, 90.0F}};
+  channels[3] = {{2147483647, 2147483647, 1e30F}, {-2147483647, -2147483647, -1e30F}};
+  for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Svg, PictureFormat::Pdf}) {
+    EXPECT_FALSE(Draw({format, 1, 1, 1.0, 0}).empty());
+    EXPECT_FALSE(Draw({format, 100, 100, 0.25, 720}).empty());
+    EXPECT_FALSE(Draw({format, 2000, 150, 1.0, 1439}).empty());
+  }
+}
+
+}  // namespace
