@@ -217,9 +217,7 @@ void DesktopUser::CtrlClickRow(app::Control list, int row) {
 }
 
 void DesktopUser::DoubleClickRow(app::Control list, int row) {
-  const POINT point = RowPoint(list, row);
-  input::Click(point);
-  input::Click(point);
+  input::DoubleClick(RowPoint(list, row));
   SettleInput();
 }
 

@@ -19,6 +19,8 @@ void MoveMouse(POINT point);
 void HoldButton(Button button);
 void ReleaseButton(Button button);
 void Click(POINT point, Button button = Button::Left);
+/// With the left button.
+void DoubleClick(POINT point);
 /// 120 for a notch away from the user.
 void TurnWheel(int delta);
 
