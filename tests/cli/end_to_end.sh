@@ -157,6 +157,55 @@ refused "100,000 nested elements" nested.xml
 refused "an attribute of 50 MB" attribute.xml
 rm -f brackets.xml nested.xml attribute.xml
 
+# --- pictures, which a helper draws that only the system's own build has here
+
+exits "a picture of no known kind" 2 render reef-day.xml day.jpg
+says "it is told which there are" "ends in .png, .svg or .pdf"
+exits "a picture of a mode that is not there" 2 render reef-day.xml day.png --mode 9
+says "it is told how many there are" "there is no mode 9 in reef-day.xml, it holds"
+exits "a picture of no program" 4 render missing.xml day.png
+check "nothing was drawn" test ! -e day.png
+if $native; then
+  exits "render a PNG" 0 render reef-day.xml day.png --width 400 --height 300 --scale 2
+  silent "a picture prints no data"
+  check "a picture that is made is not talked about" test ! -s err.txt
+  check "it is a PNG of twice the size" bash -c 'file day.png | grep -q "PNG image data, 800 x 600"'
+  exits "render an SVG" 0 render reef-day.xml day.svg --mode 2 --time 12:00
+  check "the SVG is well-formed" xmllint --noout --nonet day.svg
+  check "the SVG can be drawn" rsvg-convert -o drawn.png day.svg
+  exits "render a PDF" 0 render reef-day.xml day.pdf
+  check "it is a PDF" bash -c 'head -c 8 day.pdf | grep -q "^%PDF-1"'
+  cp day.png before.png; cp day.svg before.svg
+  exits "render the PNG again" 0 render reef-day.xml day.png --width 400 --height 300 --scale 2
+  exits "render the SVG again" 0 render reef-day.xml day.svg --mode 2 --time 12:00
+  check "the same PNG has the same bytes" cmp day.png before.png
+  check "the same SVG has the same bytes" cmp day.svg before.svg
+  # Neither the language, nor the display, nor the scale of the screen.
+  check "another user's picture has the same bytes" \
+    env LC_ALL=C DISPLAY=:99 QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=2 QT_FONT_DPI=200 "${command[@]}" \
+    render reef-day.xml day.png --width 400 --height 300 --scale 2
+  check "and not just made" cmp day.png before.png
+  exits "a picture in a folder that is not there" 4 render reef-day.xml nowhere/day.png
+  says "it says why" "No such file or directory"
+  mkdir day-folder.png
+  exits "a picture in the place of a folder" 4 render reef-day.xml day-folder.png
+  exits "a picture below a file" 4 render reef-day.xml day.svg/day.png
+  exits "a picture of a hostile mode" 0 render hostile.xml hostile.svg --mode 1 --time 23:59
+  check "and it is well-formed" xmllint --noout --nonet hostile.svg
+  check "the command line does without Qt" bash -c '! ldd "$0" | grep -qi "qt"' "${command[@]: -1}"
+  mkdir alone
+  cp "${command[@]: -1}" alone/
+  check "without the helper it says what is missing" bash -c \
+    'alone/lumarinectl render reef-day.xml a.png 2>err.txt; [ $? = 1 ] && grep -q "lumarine-render.*cannot be started" err.txt'
+  mkdir -p installed/bin installed/libexec/lumarine
+  cp "${command[@]: -1}" installed/bin/
+  cp "$(dirname "${command[@]: -1}")/lumarine-render" installed/libexec/lumarine/
+  check "an installed helper is found" installed/bin/lumarinectl render reef-day.xml installed.png
+else
+  exits "pictures are made elsewhere" 2 render reef-day.xml day.png
+  says "and it is told where" "pictures are made by lumarinectl on Linux only"
+fi
+
 # --- output that goes nowhere
 
 full_disk() { ctl "$@" >/dev/full 2>err.txt; [ $? = 4 ] && grep -q "standard output cannot be written" err.txt; }
