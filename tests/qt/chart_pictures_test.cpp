@@ -57,11 +57,12 @@ class WordlessCanvas : public UX::Canvas {
   float size_ = 1.0F;
 };
 
-/// A chart window of 300 x 200 with somebody at the mouse.
+/// A chart window of 300 x 300 with somebody at the mouse.
 class ChartPicturesTest : public testing::Test {
  protected:
   ChartPicturesTest() {
     virtual_clock::Reset();
+    now = frameClock.Now();
     TCBase::demoState.SetIdle();
     document_.modes.emplace_back();
     const std::uint32_t colors[] = {0xFF2060FF, 0xFFF0F0E0, 0xFF9040FF, 0xFFFF3020, 0xFF40C070};
@@ -70,7 +71,7 @@ class ChartPicturesTest : public testing::Test {
     GivenSteps(1, {{0, 0, 20, true, 5}, {8, 0, 100, true, 6}, {20, 0, 40, true, 7}});
     GivenSteps(2, {{12, 0, 50, false, 8}});
     GivenSteps(3, {{4, 0, 100, false, 9}, {4, 0, 0, false, 10}, {23, 59, 60, true, 11}});
-    layout_.Update(300 + 120, 200 + 166);
+    layout_.Update(300 + 120, 300 + 166);
   }
   ~ChartPicturesTest() override { TCBase::demoState.SetIdle(); }
 
@@ -91,7 +92,7 @@ class ChartPicturesTest : public testing::Test {
     for (int pass = 0; pass < 3; ++pass) {
       drawing_.Update();
       Pass();
-      image = QImage(300, 200, QImage::Format_ARGB32_Premultiplied);
+      image = QImage(300, 300, QImage::Format_ARGB32_Premultiplied);
       image.fill(Qt::white);
       QPainter painter(&image);
       canvas_.Begin(painter);
