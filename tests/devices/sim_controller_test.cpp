@@ -1,7 +1,7 @@
 // The simulated controllers must object to what a real one would not understand, or the tests that lean on
 // them prove nothing.
 
-#include "tests/support/sim_controller.h"
+#include "simulator/controller.h"
 
 #include "devices/tc420.h"
 #include "devices/tc421.h"

@@ -8,9 +8,9 @@
 namespace {
 
 // A folder may include from itself and from the ones before it.
-constexpr std::array<std::string_view, 10> kLayers = {
-    "OvkLib/", "common/",  "program/", "localisation/", "devices/",
-    "chart/",  "dialogs/", "app/",     "platform/",     "cli/",
+constexpr std::array<std::string_view, 11> kLayers = {
+    "OvkLib/",  "common/", "program/",  "localisation/", "devices/",   "chart/",
+    "dialogs/", "app/",    "platform/", "cli/",          "simulator/",
 };
 
 // Not layers: they look at all of the above, and none of the above looks at them.

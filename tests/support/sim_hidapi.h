@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/sim_controller.h"
+#include "simulator/controller.h"
 
 namespace sim_hidapi {
 

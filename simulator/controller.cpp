@@ -1,6 +1,10 @@
-#include "tests/support/sim_controller.h"
+#include "simulator/controller.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <utility>
+
+#include <nlohmann/json.hpp>
 
 namespace sim {
 
@@ -12,29 +16,52 @@ int ByteAt(std::string_view text, std::size_t offset) {
   return static_cast<unsigned char>(text[offset]);
 }
 
+std::string_view Unpadded(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
+
+std::string ClockText(const TCBase::Program::ModeStep& step) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%02d:%02d", step.hour, step.minute);
+  return text;
+}
+
+std::string ValuesText(const TCBase::Program::ModeStep& step) {
+  std::string text;
+  for (const int value : step.values) {
+    if (!text.empty()) text += ' ';
+    text += std::to_string(value);
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string Controller::Receive(const std::string& frame, double seconds) {
   now_ = seconds;
   frames_.push_back({seconds, frame});
+  heard_.clear();
   std::string reply;
   if (Expect(frame.size() == 64, "it has " + std::to_string(frame.size()) + " bytes")) reply = Handle(frame);
-  last_ = seconds;
+  if (!heard_.empty()) last_ = seconds;
   return reply;
 }
 
 void Controller::BeginMode(int bank, int stepCount, std::string_view paddedName) {
+  const std::string_view name = Unpadded(paddedName);
+  Hear("mode " + std::to_string(bank + 1) + ", " + Quoted(name) + ", of " + std::to_string(stepCount) +
+       " steps");
   Expect(!openBank_, "a mode begins before the one in hand has ended");
   Expect(!memory_.playing, "a mode begins during a demo");
   Expect(bank < kBanks, "there is no bank " + std::to_string(bank));
   openBank_ = bank;
   openCount_ = stepCount;
-  const std::string_view name = paddedName.substr(0, paddedName.find('\0'));
   Expect(!name.empty(), "the mode has no name");
   memory_.banks[bank] = {std::string(name), {}, false};
 }
 
 void Controller::AddStep(const Step& step) {
+  Hear("step " + ClockText(step) + " " + ValuesText(step));
   if (!Expect(openBank_.has_value(), "a step without a mode")) return;
   std::vector<Step>& steps = memory_.banks[*openBank_].steps;
   Expect(step.hour < 24 && step.minute < 60, "a step off the day");
@@ -44,35 +71,43 @@ void Controller::AddStep(const Step& step) {
   steps.push_back(step);
 }
 
-void Controller::EndMode() {
-  if (!Expect(openBank_.has_value(), "the end of a mode that has not begun")) return;
-  StoredMode& mode = memory_.banks[*openBank_];
+bool Controller::EndMode() {
+  Hear("end of the mode");
+  if (!Expect(openBank_.has_value(), "the end of a mode that has not begun")) return false;
   const int count = OpenSteps();
-  Expect(count % 256 == openCount_,
-         std::to_string(openCount_) + " steps were announced and " + std::to_string(count) + " came");
-  mode.closed = true;
+  const bool whole =
+      Expect(count % 256 == openCount_,
+             std::to_string(openCount_) + " steps were announced and " + std::to_string(count) + " came");
+  if (!whole) return false;
+  memory_.banks[*openBank_].closed = true;
   openBank_.reset();
+  return true;
 }
 
 void Controller::BeginPlay(std::string_view paddedName) {
+  const std::string_view name = Unpadded(paddedName);
+  Hear("demo of " + Quoted(name));
   Expect(!openBank_, "a demo begins inside a mode");
   Expect(!memory_.playing, "a demo begins during another");
   memory_.playing = true;
-  memory_.playName = paddedName.substr(0, paddedName.find('\0'));
+  memory_.playName = name;
 }
 
 void Controller::SetLive(const Step& step) {
+  Hear("live " + ValuesText(step));
   Expect(memory_.playing, "live values without a demo");
   CheckValues(step);
   memory_.live = step.values;
 }
 
 void Controller::EndPlay() {
+  Hear("end of the demo");
   Expect(!openBank_, "an end before the mode in hand has ended");
   memory_.playing = false;
 }
 
 void Controller::ClearAll() {
+  Hear("clear all");
   Expect(!openBank_ && !memory_.playing, "a clear inside a mode or a demo");
   memory_.banks.clear();
   ++memory_.clears;
@@ -86,10 +121,31 @@ void Controller::SetClock(std::string_view payload) {
                       ByteAt(payload, 5),
                       ByteAt(payload, 6),
                       0};
+  Hear("clock " + MomentText(time));
   Expect(time.month >= 1 && time.month <= 12 && time.day >= 1 && time.day <= 31 && time.hour < 24 &&
              time.minute < 60 && time.second < 60,
          "a moment that does not exist");
   memory_.clock = time;
+}
+
+void Controller::SetNetwork(const Wifi& wifi) {
+  Hear("WiFi network " + Quoted(wifi.ssid) + ", security " + std::to_string(wifi.security) + ", encryption " +
+       std::to_string(wifi.encryption));
+  Expect(wifi.security == 1 || wifi.security == 2, "a protected network is WPA or WPA2");
+  Expect(wifi.encryption == 1 || wifi.encryption == 2, "the encryption is AES or TKIP");
+  memory_.wifi = wifi;
+}
+
+void Controller::SetPassword(std::string_view password) {
+  Hear("WiFi password of " + std::to_string(password.size()) + " bytes");
+  if (!Expect(memory_.wifi.has_value(), "a password without a network")) return;
+  memory_.wifi->password = password;
+  memory_.wifi->complete = true;
+}
+
+void Controller::SetOpenNetwork(std::string_view ssid) {
+  Hear("open WiFi network " + Quoted(ssid));
+  memory_.wifi = Wifi{std::string(ssid), 0, 0, "", true};
 }
 
 int Controller::OpenSteps() const {
@@ -119,6 +175,18 @@ bool Controller::ExpectByte(const std::string& frame, std::size_t offset, std::u
 void Controller::CheckValues(const Step& step) {
   Expect(std::all_of(step.values.begin(), step.values.end(), [](int value) { return value <= 100; }),
          "more than 100 percent");
+}
+
+std::string MomentText(const DateTime& time) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day,
+                time.hour, time.minute, time.second);
+  return text;
+}
+
+std::string Quoted(std::string_view text) {
+  constexpr int kNoIndent = -1;
+  return nlohmann::json(text).dump(kNoIndent, ' ', true, nlohmann::json::error_handler_t::replace);
 }
 
 std::string ToHex(std::string_view bytes) {
