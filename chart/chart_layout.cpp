@@ -120,12 +120,21 @@ std::int32_t PercentToY(const Rect& lane, float percent) {
 }
 
 std::int32_t XToTime(const Rect& lane, const ModeListView& view, std::int32_t x) {
-  return TruncateToInt(static_cast<float>(x - lane.x) / PixelsPerSecond(lane, view) +
+  return XToTime(lane, view, static_cast<float>(x));
+}
+
+std::int32_t XToTime(const Rect& lane, const ModeListView& view, float x) {
+  return TruncateToInt((x - static_cast<float>(lane.x)) / PixelsPerSecond(lane, view) +
                        static_cast<float>(view.viewStart));
 }
 
 float YToPercent(const Rect& lane, std::int32_t y) {
-  return static_cast<float>(lane.y - y + lane.height) / (static_cast<float>(lane.height) / 100.0F);
+  return YToPercent(lane, static_cast<float>(y));
+}
+
+float YToPercent(const Rect& lane, float y) {
+  const auto height = static_cast<float>(lane.height);
+  return (static_cast<float>(lane.y) - y + height) / (height / 100.0F);
 }
 
 bool IsOnDay(std::int32_t second) {

@@ -72,10 +72,13 @@ std::int32_t TimeToX(const Rect& lane, const TCBase::Program::ModeListView& view
 std::int32_t TimeToX(const Rect& lane, const TCBase::Program::ModeListView& view,
                      const TCBase::Program::Step& step);
 std::int32_t PercentToY(const Rect& lane, float percent);
-/// The second under a pixel; a pixel left or right of the day has none that is on the day (see IsOnDay).
+/// The second under a pixel, or a point between two; left and right of the day there is none that is on the
+/// day (see IsOnDay).
 std::int32_t XToTime(const Rect& lane, const TCBase::Program::ModeListView& view, std::int32_t x);
+std::int32_t XToTime(const Rect& lane, const TCBase::Program::ModeListView& view, float x);
 /// Not clamped.
 float YToPercent(const Rect& lane, std::int32_t y);
+float YToPercent(const Rect& lane, float y);
 /// From 0 to 86399.
 bool IsOnDay(std::int32_t second);
 

@@ -53,7 +53,7 @@ void DrawLabel(Canvas& canvas, std::int32_t x, std::int32_t y, std::string_view 
 }  // namespace
 
 std::int32_t CursorLabels::TimeAt(std::int32_t lane, Point at) {
-  return XToTime(scene_.layout.LaneRect(lane), scene_.program, TruncateToInt(at.x));
+  return XToTime(scene_.layout.LaneRect(lane), scene_.program, at.x);
 }
 
 void CursorLabels::DrawCursorLabels(Canvas& canvas, Point at) {
@@ -66,7 +66,7 @@ void CursorLabels::DrawCursorLabels(Canvas& canvas, Point at) {
             Brush::DarkGray);
   const std::int32_t lane = scene_.layout.LaneAt(TruncateToInt(at.x), y);
   if (lane < 0 || !IsOnDay(TimeAt(lane, at))) return;
-  const std::int32_t percent = TruncateToInt(YToPercent(scene_.layout.LaneRect(lane), y));
+  const std::int32_t percent = TruncateToInt(YToPercent(scene_.layout.LaneRect(lane), at.y));
   DrawLabel(canvas, TruncateToInt(at.x + kCursorLabelDistance), y, ToDecimal(percent) + "%", Side::Right,
             kCursorLabelOpacity, Brush::DarkGray);
 }

@@ -37,9 +37,7 @@ TEST_F(CursorFollowerTest, AtTheOriginItsTimeIsOffTheDayOnlyIfTheViewBeginsWithT
   UX::ChartLayout layout;
   layout.Update(1024, 768);
   TCBase::Program::ModeListView view;
-  const auto time = [&] {
-    return UX::XToTime(layout.LaneRect(0), view, static_cast<std::int32_t>(follower_.Position().x));
-  };
+  const auto time = [&] { return UX::XToTime(layout.LaneRect(0), view, follower_.Position().x); };
   EXPECT_FALSE(UX::IsOnDay(time()));
   view.viewStart = 6 * 3600;
   EXPECT_TRUE(UX::IsOnDay(time()));

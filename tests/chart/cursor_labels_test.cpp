@@ -41,12 +41,17 @@ TEST_F(CursorLabelsTest, TellTheTimeOnTheLeftAndThePercentageOnTheRight) {
             "text small \"50%\" within 100x50 darkGray at 456,52\n");
 }
 
-TEST_F(CursorLabelsTest, TakeWholePixelsOfAPointBetweenThem) {
+// They stand at whole pixels all the same. A point that has come to rest is a hair beside the mouse's pixel;
+// what they tell must not be that of the pixel before.
+TEST_F(CursorLabelsTest, TellTheTimeAndPercentageOfAPointBetweenPixels) {
   EXPECT_EQ(AtCursor({452.9F, 62.9F}),
             "fill round 426,49 24x15 r5 white 50%\n"
-            "text small \"12:00\" within 100x50 darkGray at 429,52\n"
+            "text small \"12:01\" within 100x50 darkGray at 429,52\n"
             "fill round 453,49 17x15 r5 white 50%\n"
-            "text small \"50%\" within 100x50 darkGray at 456,52\n");
+            "text small \"49%\" within 100x50 darkGray at 456,52\n")
+      << "442.9 pixels of 97.74 seconds are 12:01:27, 52.1 pixels of 1.05 a percent are 49.6";
+  EXPECT_NE(AtCursor({451.999F, 62}).find("\"11:59\""), std::string::npos) << "451 would be 11:58";
+  EXPECT_NE(AtCursor({9.999F, 62}), "") << "less than a second before the day";
 }
 
 TEST_F(CursorLabelsTest, TellNoPercentageBetweenTwoLanes) {
