@@ -50,11 +50,12 @@ bool IsInSight(Point center, float radius, const Rect& chartWindow) {
 void DrawMarker(Canvas& canvas, const Marker& marker, const ChartLayout& layout) {
   const MarkerSize sizes = GetMarkerSize(layout);
   const float radius = marker.isSelected ? sizes.selectedDiameter * 0.5F : sizes.plainRadius;
+  const Brush inside = marker.isSelected ? Brush::Salmon : Brush::White;
+  // A label may have left white less. Out of sight, too: it is what the balloons are drawn with.
+  canvas.SetOpacity(inside, 1.0F);
   if (!IsInSight(marker.center, radius, layout.ChartWindowRect())) return;
 
-  const Brush inside = marker.isSelected ? Brush::Salmon : Brush::White;
   const Shape shape = MarkerShape(marker, radius);
-  canvas.SetOpacity(inside, 1.0F);  // a label may have left white less
   canvas.Fill(shape, inside);
   canvas.Stroke(shape, Brush::Black, kMarkerLine);
   if (marker.isSelected || marker.isHover)

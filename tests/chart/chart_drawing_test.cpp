@@ -123,6 +123,20 @@ TEST(ChartDrawing, WhiteStaysAsTheLastLabelLeftItUntilAMarkerNeedsIt) {
             "fill round 431,12 41x34 r5 white 70%\n");
 }
 
+TEST(ChartDrawing, AMarkerOutOfSightSetsWhiteBackForTheBalloons) {
+  GivenChart chart(program_test::GivenDocument(
+      program_test::GivenMode({"06:00 0, 12:00 50", "", "", "", "01:00 0, 02:00 50"})));
+  chart.ShowHours(11, 13);
+  chart.Select(0, 1);
+  chart.PointAt(500, 200);
+  chart.drawing.Update();
+  GivenChart::Wait(0.5);
+  chart.Frame();
+  EXPECT_TRUE(Contains(chart.canvas.Text("fill round"), "white 70%")) << "the last lane's value label";
+  EXPECT_EQ(chart.canvas.Text("fill round").substr(chart.canvas.Text("fill round").rfind("fill")),
+            "fill round 431,45 41x34 r5 white\n");
+}
+
 TEST(ChartDrawing, TheAreaIsHalfTransparentWhateverTheDemoLeft) {
   GivenChart chart(GivenSteps("06:00 0, 12:00 50"));
   chart.PlayDemo(12 * 3600, {100, 0, 0, 0, 0});
@@ -206,7 +220,7 @@ TEST(ChartDrawing, ChannelColoursComeFromTheDocument) {
 
 class ChartBrushes : public TestWithParam<const char*> {};
 
-TEST_P(ChartBrushes, AreAsTold) {
+TEST_P(ChartBrushes, HaveTheirColours) {
   GivenChart chart(NewProgram());
   chart.drawing.Rebuild(chart.canvas);
   EXPECT_TRUE(Contains("\n" + chart.canvas.Text("brush"), std::string("\n") + GetParam() + "\n"));
