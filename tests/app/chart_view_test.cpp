@@ -217,8 +217,7 @@ TEST_F(ChartView, SeekFollowsTheView) {
   EXPECT_EQ(Sought(), 9 * 3600 + 59 * 60) << "left of the view, but of the day";
 }
 
-// What was held for the demo is let go of by the release only; the told order gives the selected step to the
-// mouse until then.
+// What was held for the demo is let go of by the release only; until then the mouse has the selected step.
 TEST_F(ChartView, ADemoThatEndsUnderTheMouseLeavesTheDragToTheSelectedStep) {
   GivenStepsInLane0("10:00 0, 12:00 50");
   GivenSelection(0, 1);

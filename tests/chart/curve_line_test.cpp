@@ -1,5 +1,5 @@
-// The curve's line: point by point as told for any channel that has room for its points, and the same picture
-// from fewer points for one that has not.
+// The curve's line: point by point as defined for any channel that has room for its points, and the same
+// picture from fewer points for one that has not.
 
 #include "chart/curve_line.h"
 
@@ -87,7 +87,7 @@ std::vector<ColumnRun> RunsOf(const Points& points) {
   return runs;
 }
 
-TEST(CurveLine, HasTheToldPoints) {
+TEST(CurveLine, HoldsAfterAJumpAndFadesOtherwise) {
   const ModeListView day;
   EXPECT_EQ(LineOf(program_test::GivenChannel("06:00 0, 12:00 50.9 J, 18:00 80"), kLane, day),
             (Points{{10, 73}, {231, 115}, {452, 61}, {673, 62}, {673, 31}, {893, 72}}))
@@ -110,7 +110,7 @@ TEST(CurveLine, ThinsACrowdedColumnToWhatItCovers) {
             (Points{{10, 83}, {231, 104}, {452, 62}, {452, 94}, {452, 20}, {452, 41}, {673, 62}, {893, 83}}));
 }
 
-TEST(CurveLine, AFullDocumentHasExactlyTheToldPoints) {
+TEST(CurveLine, AFullDocumentHasAllItsPoints) {
   program_test::RandomProgram random(1);
   ModeListView morning;
   morning.viewStart = 6 * 3600;

@@ -22,7 +22,7 @@ TEST_F(StepPopupsTest, WithoutAStepThereIsNone) {
   for (int lane = 0; lane < kChannelCount; ++lane) EXPECT_EQ(Scale(lane), 0.0F);
 }
 
-// As told to the fader, though nothing reads most of it.
+// Nothing reads most of it before the first frame.
 TEST_F(StepPopupsTest, BeginsWithItsTimes) {
   const StepPopup popup(7, {10.0F, 20.0F});
   EXPECT_EQ(popup.stepId, 7U);
