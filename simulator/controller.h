@@ -62,10 +62,12 @@ class Controller {
   std::string Receive(const std::string& frame, double seconds);
 
   const Memory& GetMemory() const { return memory_; }
+  /// All of them, and the first 100,000 themselves.
+  std::int64_t FrameCount() const { return frameCount_; }
   const std::vector<Received>& Frames() const { return frames_; }
   /// What the last frame asked for, in words; empty if it was not understood.
   const std::string& Heard() const { return heard_; }
-  /// Whatever was wrong, a sentence each: "frame 3: the checksum is 07, not 08".
+  /// Whatever was wrong, a sentence each, up to 100,000: "frame 3: the checksum is 07, not 08".
   const std::vector<std::string>& Violations() const { return violations_; }
 
  protected:
@@ -111,6 +113,7 @@ class Controller {
   Memory memory_;
   std::optional<int> openBank_;
   int openCount_ = 0;  // steps that were announced for it
+  std::int64_t frameCount_ = 0;
   std::vector<Received> frames_;
   std::string heard_;
   std::vector<std::string> violations_;

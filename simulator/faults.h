@@ -1,0 +1,41 @@
+#pragma once
+
+// What can befall a datagram on a bad network, by chance and seed.
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+struct FaultOptions {
+  // Chances of 0 to 1.
+  double loss = 0.0;          // of requests, and of answers
+  double repeat = 0.0;        // of answers: it comes twice
+  double shorten = 0.0;       // of answers: bytes are missing at the end
+  double corrupt = 0.0;       // of answers: one byte is another
+  int delayMilliseconds = 0;  // of every answer
+  std::uint32_t seed = 1;
+};
+
+/// The same options and the same datagrams meet the same fate, on every platform. One thread.
+class Faults {
+ public:
+  explicit Faults(const FaultOptions& options) : options_(options), random_(options.seed) {}
+
+  bool LosesRequest() { return Happens(options_.loss); }
+
+  /// What arrives of an answer, which is not empty: nothing, one datagram, or two.
+  std::vector<std::string> Befall(const std::string& answer);
+
+ private:
+  bool Happens(double chance);
+  /// From 0 up to below `count`, which is more than 0.
+  std::size_t Below(std::size_t count) { return random_() % count; }
+
+  const FaultOptions options_;
+  std::mt19937 random_;  // and no distribution, which every library makes its own way
+};
+
+}  // namespace sim
