@@ -43,7 +43,9 @@ bool Queue::OfferToAccelerators() {
     const bool isKey =
         row.kind == Kind::VirtualKey && current_.kind == Event::Kind::KeyDown && !current_.ctrl;
     const bool isCharacter = row.kind == Kind::Character && current_.kind == Event::Kind::Character;
-    if ((!isKey && !isCharacter) || row.key != current_.key) continue;
+    const bool isAltCharacter =
+        row.kind == Kind::AltCharacter && current_.kind == Event::Kind::AltCharacter;
+    if ((!isKey && !isCharacter && !isAltCharacter) || row.key != current_.key) continue;
     onAccelerator(row.command);
     return true;
   }

@@ -27,7 +27,7 @@ using Journal = std::vector<std::string>;
 
 /// An event on its way through the queue of the user interface thread.
 struct Event {
-  enum class Kind { Other, KeyDown, Character, Quit };
+  enum class Kind { Other, KeyDown, Character, AltCharacter, Quit };
 
   Kind kind = Kind::Other;
   int key = 0;  // or character, or exit code
