@@ -21,6 +21,7 @@ void Commands::RedoChange(int) {
 void Commands::RefreshAfterHistory() {
   state_.ctrls->FillModeList();
   state_.powerControl->Update();
+  state_.renderer->Rebuild();  // names, colours and view may be others now
   state_.chartInput.InvalidateChart();
 }
 

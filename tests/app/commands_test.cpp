@@ -231,6 +231,21 @@ TEST_F(Commands, ColoursFollowThePalette) {
   EXPECT_EQ(NewJournal(), headless::Journal{"renderer: rebuild"});
 }
 
+// The chart keeps colours, and names as pictures.
+TEST_F(Commands, AColourThatIsUndoneOrRedoneIsGoneFromTheChart) {
+  GivenSelection(3, -1);
+  const std::uint32_t before = Program().channelInfos[3].color;
+  user.Choose(command::kChannelColor);
+  const std::uint32_t after = Program().channelInfos[3].color;
+  NewJournal();
+  user.Choose(command::kUndo);
+  EXPECT_EQ(Program().channelInfos[3].color, before);
+  EXPECT_EQ(NewJournal(), headless::Journal{"renderer: rebuild"});
+  user.Choose(command::kRedo);
+  EXPECT_EQ(Program().channelInfos[3].color, after);
+  EXPECT_EQ(NewJournal(), headless::Journal{"renderer: rebuild"});
+}
+
 TEST_F(Commands, AColourOutsideThePaletteIsFollowedByItsFirst) {
   GivenSelection(3, -1);
   Program().channelInfos[3].color = 0xFF123456;
