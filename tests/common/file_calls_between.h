@@ -41,7 +41,7 @@ class FileCallsBetween : public platform::FileCalls {
   }
   Result Close() override {
     const Result result = before_("Close");
-    const Result real = calls_->Close();  // as told: closed after a failure, too
+    const Result real = calls_->Close();  // closed after a failure, too
     return result.outcome == Result::Done ? real : result;
   }
   Result Replace(const Path& from, const Path& to, const Path& backup) override {
