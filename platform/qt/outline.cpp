@@ -15,6 +15,10 @@ namespace {
 /// Points of a piece; the fastest of those tried (bench/qt_chart_bench.cpp).
 constexpr std::size_t kPiece = 4;
 
+/// From so many points on that go to and fro a figure is drawn without smooth edges: no edge of it can be
+/// told, and smooth ones would take seconds.
+constexpr std::size_t kTangle = 500;
+
 /// Pixels from the end of a piece that the next one begins at, so that it makes the corner between them.
 constexpr double kOverlap = 4.0;
 
@@ -130,6 +134,8 @@ void Outline::StrokeWhole(QPainter& painter, const QPen& pen) {
 }
 
 void Outline::StrokeInPieces(QPainter& painter, const QPen& pen) {
+  const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::Antialiasing, smooth && !IsTangled());
   for (std::size_t begin = 0; begin + 1 < points_.size(); begin += kPiece) {
     const std::size_t end = std::min(begin + kPiece + 1, points_.size());
     path_.clear();
@@ -137,6 +143,7 @@ void Outline::StrokeInPieces(QPainter& painter, const QPen& pen) {
     for (std::size_t i = begin == 0 ? 1 : begin; i < end; ++i) path_.lineTo(points_[i]);
     painter.strokePath(path_, pen);
   }
+  painter.setRenderHint(QPainter::Antialiasing, smooth);
 }
 
 // An inside is cut by one side after the other. What goes along a side is outside of what is seen.
@@ -178,14 +185,23 @@ void Outline::Fill(QPainter& painter, const QColor& color, const QRectF& reach, 
   path_.moveTo(points_.front());
   for (const QPointF& point : std::span(points_).subspan(1)) path_.lineTo(point);
   path_.closeSubpath();
+  const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::Antialiasing, smooth && !IsTangled());
   painter.fillPath(path_, color);
+  painter.setRenderHint(QPainter::Antialiasing, smooth);
 }
 
-/// Whether the points go from left to right, and the way back is level: then every upright cut leaves two
-/// contours like it.
+bool Outline::GoesRight() const {
+  return std::ranges::is_sorted(points_, {}, [](const QPointF& point) { return point.x(); });
+}
+
+bool Outline::IsTangled() const {
+  return points_.size() > kTangle && !GoesRight();
+}
+
+/// If the way back is level, every upright cut leaves two contours like it.
 bool Outline::IsBelowACurve() const {
-  return points_.front().y() == points_.back().y() &&
-         std::ranges::is_sorted(points_, {}, [](const QPointF& point) { return point.x(); });
+  return points_.front().y() == points_.back().y() && GoesRight();
 }
 
 void Outline::FillBelowCurve(QPainter& painter, const QColor& color, double columns) {

@@ -43,6 +43,8 @@ class Outline {
   void CutTo(const QRectF& reach);
   void StrokeWhole(QPainter& painter, const QPen& pen);
   void StrokeInPieces(QPainter& painter, const QPen& pen);
+  bool GoesRight() const;
+  bool IsTangled() const;
   bool IsBelowACurve() const;
   void FillBelowCurve(QPainter& painter, const QColor& color, double columns);
 

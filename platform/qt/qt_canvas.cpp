@@ -21,6 +21,16 @@ QPen PenOf(const QColor& color, float width, Surface surface) {
   return pen;
 }
 
+/// Inch by inch is Qt's way to carry a picture to another device; ours goes unit by unit.
+void PlayPicture(QPainter& painter, QPointF place, const QPicture& picture) {
+  painter.save();
+  painter.translate(place);
+  painter.scale(1.0 * picture.logicalDpiX() / painter.device()->logicalDpiX(),
+                1.0 * picture.logicalDpiY() / painter.device()->logicalDpiY());
+  painter.drawPicture(QPointF(), picture);
+  painter.restore();
+}
+
 int LabelPixels(std::int32_t units, double scale) {
   return static_cast<int>(std::clamp(std::ceil(units * scale), 1.0, double{kLargestLabel}));
 }
@@ -218,7 +228,7 @@ void QtCanvas::DrawLabel(UX::Label label) {
   LabelPicture& picture = labels_[static_cast<std::size_t>(label)];
   const QPointF origin = At({});
   if (surface_ == Surface::Vectors) {
-    if (!picture.vectors.isNull()) stage_.painter->drawPicture(origin, picture.vectors);
+    if (!picture.vectors.isNull()) PlayPicture(*stage_.painter, origin, picture.vectors);
   } else if (!picture.pixels.isNull()) {
     stage_.painter->drawImage(origin, picture.pixels);
   }

@@ -344,6 +344,45 @@ TEST_F(QtCanvasTest, ALabelCanBeMadeWhileNothingIsDrawn) {
   EXPECT_EQ(At(20, 10), kOrange);
 }
 
+TEST_F(QtCanvasTest, ALabelOfVectorsHasItsSizeOnEveryDevice) {
+  for (const int dotsPerInch : {72, 96, 300}) {
+    QImage image = White();
+    image.setDotsPerMeterX(static_cast<int>(std::lround(dotsPerInch / 0.0254)));
+    image.setDotsPerMeterY(image.dotsPerMeterX());
+    QPainter painter(&image);
+    qt::QtCanvas vectors(qt::Surface::Vectors);
+    vectors.SetBrush(Brush::Orange, {255, 165, 0}, 1.0F);
+    vectors.BeginLabel(Label::Hours, 40, 20);
+    vectors.Fill(Rectangle{10, 5, 20, 5}, Brush::Orange);
+    vectors.EndLabel();
+    vectors.Begin(painter);
+    vectors.SetTransform(UX::Translation(100, 100));
+    vectors.DrawLabel(Label::Hours);
+    vectors.Fill(Rectangle{0, 0, 5, 5}, Brush::Orange);
+    EXPECT_EQ(image.pixel(110, 105), kOrange) << dotsPerInch;
+    EXPECT_EQ(image.pixel(129, 109), kOrange) << dotsPerInch;
+    EXPECT_EQ(image.pixel(130, 109), kWhite) << dotsPerInch;
+    EXPECT_EQ(image.pixel(109, 105), kWhite) << dotsPerInch;
+    EXPECT_EQ(image.pixel(102, 102), kOrange) << "the transform is as before";
+  }
+}
+
+TEST_F(QtCanvasTest, ATangleOfPointsIsFilledInItsPlace) {
+  Figure figure;
+  figure.Begin({10, 190});
+  for (int i = 0; i < 20'000; ++i)
+    figure.LineTo({static_cast<float>(10 + i * 7919 % 281), static_cast<float>(20 + i * 6007 % 151)});
+  figure.LineTo({290, 190});
+  figure.Close();
+  canvas().FillFigure(figure, Brush::Black);
+  EXPECT_EQ(At(5, 100), kWhite);
+  EXPECT_EQ(At(295, 100), kWhite);
+  EXPECT_EQ(At(150, 10), kWhite);
+  int black = 0;
+  for (int x = 10; x < 290; ++x) black += At(x, 100) == kBlack ? 1 : 0;
+  EXPECT_NEAR(black, 140, 70) << "about one half is inside";
+}
+
 TEST_F(QtCanvasTest, AHugeLabelIsMadeAsFarAsScreensReach) {
   canvas().BeginLabel(Label::Hours, 2'000'000'000, 1);
   canvas().Fill(Rectangle{0, 0, 100, 1}, Brush::Orange);
