@@ -38,7 +38,7 @@ const Commands::Row Commands::kRows[] = {
     {command::kSpeedNormal, Undo::None, &Commands::SetDemoSpeed, 180},
     {command::kSpeedSlow, Undo::None, &Commands::SetDemoSpeed, 300},
     {command::kSpeedCustom, Undo::None, &Commands::AskDemoSpeed},
-    {command::kScanWifi, Undo::None, nullptr},
+    {command::kScanWifi, Undo::None, &Commands::ScanWifi},
     {command::kSetupWifi, Undo::None, nullptr},
     {command::kAddEmulator, Undo::None, &Commands::AddEmulator},
     // Channel. The first two make their own entries, as the same keys on the chart do.

@@ -70,6 +70,7 @@ class Commands {
   void SetDemoSpeed(int seconds);
   void AskDemoSpeed(int);
   void SetTime(int);
+  void ScanWifi(int);
   void AddEmulator(int);
   void ReadDeviceSelection(int);
   void RenameDevice(int);

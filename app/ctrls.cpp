@@ -11,6 +11,7 @@
 #include "common/message.h"
 #include "common/truncate.h"
 #include "devices/device_list.h"
+#include "devices/shown_name.h"
 #include "program/view.h"
 
 namespace app {
@@ -85,7 +86,8 @@ void Ctrls::FillDeviceList() {
   std::vector<ListRow> rows;
   rows.reserve(devices_.size());
   for (const TCBase::DeviceInfo& device : devices_) {
-    const std::string text = shell_.settings.GetDeviceValue("device", device.name, device.name);
+    const std::string text =
+        shell_.settings.GetDeviceValue("device", device.name, TCBase::ShownName(device.name));
     rows.push_back({WideFromUtf8(text), static_cast<std::int32_t>(rows.size()), device.selected});
   }
   shell_.controls.SetRows(Control::DeviceList, rows);

@@ -5,14 +5,17 @@
 #include <charconv>
 #include <cstddef>
 #include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
 #include "app/demo_control.h"
 #include "app/name_dialog.h"
+#include "app/numbers.h"
 #include "app/upload_check.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -20,6 +23,7 @@
 #include "devices/demo_state.h"
 #include "devices/device_list.h"
 #include "devices/jobs.h"
+#include "devices/shown_name.h"
 #include "dialogs/dlg_get_date_time.h"
 #include "dialogs/dlg_get_value.h"
 #include "dialogs/dlg_mode_name.h"
@@ -103,6 +107,12 @@ void Commands::AskDemoSpeed(int) {
   }
 }
 
+void Commands::ScanWifi(int) {
+  // Owned by nobody here: the main window outlives the worker.
+  std::shared_ptr<EventTarget> window(std::shared_ptr<EventTarget>(), &shell_.mainWindow);
+  state_.worker.AddJob(TCBase::ScanJob(state_.worker, std::move(window), WM_SCAN_FINISHED));
+}
+
 void Commands::AddEmulator(int) {
   if (TCBase::AddEmulator(state_.devices)) state_.ctrls->FillDeviceList();
 }
@@ -130,7 +140,7 @@ void Commands::AskDeviceName(const std::string& device) {
   dialogs::ModeNameParams params =
       NameDialog({"Device name", "Device name (max 15 characters)", "Device description", kDeviceNameLength},
                  DialogPlaceAbove(state_.chartLayout.DialogAnchorBottom()));
-  params.name = WideFromUtf8(settings.GetDeviceValue("device", device, device));
+  params.name = WideFromUtf8(settings.GetDeviceValue("device", device, TCBase::ShownName(device)));
   params.description = WideFromUtf8(settings.GetDeviceValue("device_description", device, {}));
   if (dialogs::DlgModeName(shell_.dialogs, params).DoModal() != dialogs::kOk) return;
   settings.SetDeviceValue("device", device, Utf8FromWide(params.name));

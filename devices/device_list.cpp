@@ -16,6 +16,12 @@ void ReplaceDevices(std::vector<DeviceInfo>& devices, std::int32_t model, const 
   SortDevices(devices);
 }
 
+void ReplaceNetworkDevices(std::vector<DeviceInfo>& devices, const std::vector<DeviceInfo>& found) {
+  std::erase_if(devices, [](const DeviceInfo& device) { return device.model == ModelTC421UDP; });
+  devices.insert(devices.end(), found.begin(), found.end());
+  SortDevices(devices);
+}
+
 std::vector<DeviceInfo> TakeOverDevices(const std::vector<DeviceInfo>& shown, std::vector<DeviceInfo> found) {
   for (const DeviceInfo& old : shown) {
     const auto same = std::find_if(found.begin(), found.end(),

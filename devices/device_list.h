@@ -16,6 +16,10 @@ namespace TCBase {
 void ReplaceDevices(std::vector<DeviceInfo>& devices, std::int32_t model, const std::string& name,
                     bool connected);
 
+/// A scan of the network found `found`: takes all network controllers out of `devices` and puts those in,
+/// sorted.
+void ReplaceNetworkDevices(std::vector<DeviceInfo>& devices, const std::vector<DeviceInfo>& found);
+
 /// The list to show after `found` was found while `shown` was shown: sorted, with the ticks of `shown`. A
 /// lone controller is always ticked.
 std::vector<DeviceInfo> TakeOverDevices(const std::vector<DeviceInfo>& shown, std::vector<DeviceInfo> found);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "devices/operations.h"
+#include "devices/scan.h"
 
 namespace TCBase {
 
@@ -29,6 +30,10 @@ Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView progr
   return [devices = std::move(devices), program = std::move(program), seconds] {
     RunOnDevices([&](const DeviceInfo& info) { return DemoOperation(info, program, seconds); }, devices);
   };
+}
+
+Worker::Job ScanJob(Worker& worker, std::shared_ptr<EventTarget> window, std::uint32_t message) {
+  return [&worker, window = std::move(window), message] { Scan(worker, *window, message); };
 }
 
 }  // namespace TCBase

@@ -3,9 +3,12 @@
 // What the user interface queues at the worker. Each job carries its own copies of the list and the program
 // as they were at the moment of the command.
 
+#include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "common/date_time.h"
+#include "common/event_target.h"
 #include "devices/device_info.h"
 #include "devices/worker.h"
 #include "program/program.h"
@@ -16,5 +19,9 @@ Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView p
 Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
 Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
 Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds);
+
+/// Looks for controllers on the network (scan.h) and hands them to `worker`, which is to run the job. Then
+/// `message` is posted to `window`, which lives for as long as the job does.
+Worker::Job ScanJob(Worker& worker, std::shared_ptr<EventTarget> window, std::uint32_t message);
 
 }  // namespace TCBase

@@ -4,6 +4,7 @@
 #include "common/message.h"
 #include "common/platform.h"
 #include "devices/demo_state.h"
+#include "devices/shown_name.h"
 #include "devices/tc420.h"
 #include "devices/tc421.h"
 #include "program/resample.h"
@@ -19,7 +20,8 @@ bool KeepsHalfHours(const DeviceInfo& info) {
   return info.model == ModelTC421USB || info.model == ModelTC421UDP;
 }
 
-// The mode as the controller keeps it.
+}  // namespace
+
 DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode) {
   DeviceBase::Steps steps;
   if (KeepsHalfHours(info)) {
@@ -32,8 +34,6 @@ DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode) {
   return steps;
 }
 
-}  // namespace
-
 std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info) {
   switch (info.model) {
     case ModelTC420:
@@ -41,8 +41,7 @@ std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info) {
     case ModelTC421USB:
       return std::make_unique<TC421::USBDevice>();
     case ModelTC421UDP:
-      // There is no UDP transport: nobody can be reached that way.
-      return nullptr;
+      return std::make_unique<TC421::UDPDevice>(info);
     default:
       return std::make_unique<TC420::Mock>();
   }
@@ -50,7 +49,7 @@ std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info) {
 
 std::unique_ptr<DeviceBase> ConnectDevice(const DeviceInfo& info) {
   std::unique_ptr<DeviceBase> device = CreateDevice(info);
-  if (device != nullptr && device->Connect()) return device;
+  if (device->Connect()) return device;
   LogStatus(Message("Connect error"));
   return nullptr;
 }
@@ -107,14 +106,14 @@ OperationResult RunOnDevices(const std::function<OperationResult(const DeviceInf
   TakeCommand();
   for (const DeviceInfo& info : devices) {
     if (!info.selected) continue;
-    LogStatus(Message("Configuring device {1}", info.name));
+    LogStatus(Message("Configuring device {1}", ShownName(info.name)));
     const OperationResult result = operation(info);
     if (first == OperationResult::Done) first = result;
     if (IsStop(TakeCommand())) {
       LogStatus(Message("Cancelled!"));
       return OperationResult::Cancelled;
     }
-    LogStatus(Message("Finished configuring device {1}", info.name));
+    LogStatus(Message("Finished configuring device {1}", ShownName(info.name)));
   }
   return first;
 }

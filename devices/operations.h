@@ -24,12 +24,14 @@ enum class OperationResult {
   Cancelled,     // by CommandStop
 };
 
-/// A device for `info`, not connected yet; any model that is not known is emulated. Null for a model that
-/// this library has no transport for (a TC421 over UDP).
+/// A device for `info`, not connected yet; any model that is not known is emulated.
 std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info);
 
 /// The same, connected; null, with "Connect error" in the status log, if that fails.
 std::unique_ptr<DeviceBase> ConnectDevice(const DeviceInfo& info);
+
+/// The steps of a mode as a controller keeps them: a TC421 those of every half hour, without jumps.
+DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode);
 
 /// Sets the clock to `time`; the computer's clock is not read. The program is not read either.
 OperationResult SyncTimeOperation(const DeviceInfo& info, const Program::ModeListView& program,

@@ -59,4 +59,24 @@ std::string DescribePlaySetChannels(const Program::ModeStep& step) {
   return "Packet_PlaySetChannels(" + DescribeValues(step) + ")";
 }
 
+std::string DescribeSetWiFi_SSID(std::string_view ssid, std::int32_t security, std::int32_t encryption) {
+  ovk::format line("Packet_SetWiFi_SSID(SSID={1}, Security={2}, Encryption={3})");
+  AddText(line, ssid);
+  line.arg(security, 0);
+  line.arg(encryption, 0);
+  return ToText(line);
+}
+
+std::string DescribeSetWiFi_Password(std::string_view password) {
+  ovk::format line("Packet_SetWiFi_Password(Password={1})");
+  AddText(line, password);
+  return ToText(line);
+}
+
+std::string DescribeSetWiFi_Open(std::string_view ssid) {
+  ovk::format line("Packet_SetWiFi_Open(SSID={1})");
+  AddText(line, ssid);
+  return ToText(line);
+}
+
 }  // namespace TCBase

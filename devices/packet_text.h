@@ -2,6 +2,7 @@
 
 // The lines of the device log that the packets of both protocols share. Untranslated.
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -20,5 +21,11 @@ std::string DescribeModeStep(const Program::ModeStep& step);
 std::string DescribePlayInit(std::string_view name);
 /// "Packet_PlaySetChannels(0 10 20 30 100)"
 std::string DescribePlaySetChannels(const Program::ModeStep& step);
+/// "Packet_SetWiFi_SSID(SSID=Reef, Security=2, Encryption=1)"
+std::string DescribeSetWiFi_SSID(std::string_view ssid, std::int32_t security, std::int32_t encryption);
+/// "Packet_SetWiFi_Password(Password=secret)", in clear.
+std::string DescribeSetWiFi_Password(std::string_view password);
+/// "Packet_SetWiFi_Open(SSID=Reef)"
+std::string DescribeSetWiFi_Open(std::string_view ssid);
 
 }  // namespace TCBase

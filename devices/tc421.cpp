@@ -1,5 +1,7 @@
 #include "devices/tc421.h"
 
+#include <utility>
+
 #include "common/platform.h"
 
 namespace TC421 {
@@ -8,11 +10,18 @@ namespace {
 
 constexpr int kAnyReply = -1;
 constexpr std::size_t kReplySize = TCBase::kFrameSize;
+constexpr std::size_t kReplyCodeOffset = 2;
 constexpr std::size_t kReplyTextOffset = 4;
 constexpr std::size_t kShownNameSize = 8;
 constexpr int kStepPauseMilliseconds = 20;
 
 }  // namespace
+
+Reply ReadReply(std::string_view block) {
+  if (block.size() < kReplySize) return {};
+  const std::string_view text = block.substr(kReplyTextOffset, kReplySize - kReplyTextOffset);
+  return {static_cast<std::uint8_t>(block[kReplyCodeOffset]), std::string(text.substr(0, text.find('\0')))};
+}
 
 bool IsGoodReply(const std::string& reply, int expected) {
   if (reply.size() < kReplySize) return false;
@@ -20,18 +29,24 @@ bool IsGoodReply(const std::string& reply, int expected) {
   return expected < 0 || static_cast<signed char>(reply[kReplyTextOffset]) == expected;
 }
 
+bool ForEachModePacket(const TCBase::DeviceInfo& info, int bank, const std::string& name,
+                       const TCBase::DeviceBase::Steps& steps,
+                       const std::function<bool(const Packet&)>& send) {
+  if (!TCBase::IsUploadable(bank, name, steps)) return false;
+  const std::string_view shownName = std::string_view(name).substr(0, kShownNameSize);
+  if (!send(Packet_ModeInit(info, bank, steps.size(), shownName))) return false;
+  // A lost step does not end the mode: the controller waits for the closing frame.
+  for (std::size_t i = 0; i < steps.size(); ++i) send(Packet_ModeStep(info, i, steps[i]));
+  return send(Packet_ModeStepsStop(info));
+}
+
 bool SendMode(TCBase::DeviceBase& device, const TCBase::DeviceInfo& info, int bank, const std::string& name,
               const TCBase::DeviceBase::Steps& steps) {
-  if (!TCBase::IsUploadable(bank, name, steps)) return false;
-  const Packet_ModeInit init(info, bank, steps.size(), std::string_view(name).substr(0, kShownNameSize));
-  if (!device.SendPacket(init, kAnyReply)) return false;
-  for (std::size_t i = 0; i < steps.size(); ++i) {
-    platform::SleepMilliseconds(kStepPauseMilliseconds);
-    // A lost step does not end the mode: the controller waits for the closing frame.
-    device.SendPacket(Packet_ModeStep(info, i, steps[i]), kAnyReply);
-  }
-  platform::SleepMilliseconds(kStepPauseMilliseconds);
-  return device.SendPacket(Packet_ModeStepsStop(info), kAnyReply);
+  bool first = true;
+  return ForEachModePacket(info, bank, name, steps, [&](const Packet& packet) {
+    if (!std::exchange(first, false)) platform::SleepMilliseconds(kStepPauseMilliseconds);
+    return device.SendPacket(packet, kAnyReply);
+  });
 }
 
 USBDevice::USBDevice() : TCBase::USBDevice(TCBase::kTC421Ids) {
@@ -68,6 +83,39 @@ void USBDevice::DoDemoSetChannels(const TCBase::Program::ModeStep& step) {
 
 void USBDevice::DoDemoFinish() {
   SendPacket(Packet_ModeStop(info_), kAnyReply);
+}
+
+bool UDPDevice::CheckReply(const std::string& reply, int expected) {
+  return IsGoodReply(reply, expected);
+}
+
+bool UDPDevice::DoClearAll() {
+  return SendPacket(Packet_ClearAll(Info()), kAnyReply);
+}
+
+bool UDPDevice::DoTimeSync(const DateTime& time) {
+  return SendPacket(Packet_TimeSync(Info(), time), kAnyReply);
+}
+
+void UDPDevice::DoUploadStart() {}
+
+bool UDPDevice::DoUploadMode(int bank, const std::string& name, const Steps& steps) {
+  return SendMode(*this, Info(), bank, name, steps);
+}
+
+void UDPDevice::DoUploadFinish() {}
+
+void UDPDevice::DoDemoStart(const std::string& name) {
+  WritePacket(Packet_PlayInit(Info(), name));
+}
+
+void UDPDevice::DoDemoSetChannels(const TCBase::Program::ModeStep& step) {
+  // A lost frame is out of date before it could be sent again.
+  WritePacket(Packet_PlaySetChannels(Info(), step));
+}
+
+void UDPDevice::DoDemoFinish() {
+  SendPacket(Packet_ModeStop(Info()), kAnyReply);
 }
 
 }  // namespace TC421

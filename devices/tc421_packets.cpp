@@ -36,8 +36,21 @@ constexpr Command kModeStepsStop{0x04, 0x0A};
 constexpr Command kClearAll{0x05, 0xFE};
 constexpr Command kPlayInit{0x06, 0x01};
 constexpr Command kPlaySetChannels{0x06, 0x02};
+constexpr Command kFind{kFindCode, 0x00};
+constexpr Command kSetWiFi{0x18, 0x00};
+
+// First payload byte of kSetWiFi.
+constexpr std::uint8_t kWiFiSsid = 0x01;
+constexpr std::uint8_t kWiFiPassword = 0x02;
+constexpr std::uint8_t kWiFiOpen = 0x03;
 
 constexpr std::size_t kModeNameSize = 7;
+constexpr std::size_t kSsidSize = 32;
+
+// Only its lowest byte is sent.
+std::int32_t LengthOf(std::string_view text) {
+  return static_cast<std::uint8_t>(text.size());
+}
 
 bool IsOnUsb(const DeviceInfo& device) {
   return device.model == TCBase::ModelTC421USB;
@@ -128,6 +141,40 @@ Packet_PlaySetChannels::Packet_PlaySetChannels(const DeviceInfo& device,
     : Packet(kPlaySetChannels.code, kPlaySetChannels.subcode, device) {
   for (const std::int32_t value : step.values) Append(TCBase::WirePercent(value));
   description = TCBase::DescribePlaySetChannels(step);
+}
+
+Packet_Find::Packet_Find() : Packet(kFind.code, kFind.subcode, {}) {
+  for (const int byte : {0xDD, 0xEE, 0xFF}) Append(byte);
+}
+
+Packet_SetWiFi_SSID::Packet_SetWiFi_SSID(const DeviceInfo& device, std::string_view ssid,
+                                         std::int32_t security, std::int32_t encryption)
+    : Packet(kSetWiFi.code, kSetWiFi.subcode, device) {
+  alternateChecksum = false;
+  length = LengthOf(ssid);
+  Append(kWiFiSsid);
+  AppendPadded(ssid, kSsidSize);
+  Append(security);
+  Append(encryption);
+  description = TCBase::DescribeSetWiFi_SSID(ssid, security, encryption);
+}
+
+Packet_SetWiFi_Password::Packet_SetWiFi_Password(const DeviceInfo& device, std::string_view password)
+    : Packet(kSetWiFi.code, kSetWiFi.subcode, device) {
+  alternateChecksum = false;
+  length = LengthOf(password);
+  Append(kWiFiPassword);
+  AppendPadded(password, password.size());
+  description = TCBase::DescribeSetWiFi_Password(password);
+}
+
+Packet_SetWiFi_Open::Packet_SetWiFi_Open(const DeviceInfo& device, std::string_view ssid)
+    : Packet(kSetWiFi.code, kSetWiFi.subcode, device) {
+  alternateChecksum = false;
+  length = LengthOf(ssid);
+  Append(kWiFiOpen);
+  AppendPadded(ssid, ssid.size());
+  description = TCBase::DescribeSetWiFi_Open(ssid);
 }
 
 }  // namespace TC421

@@ -41,6 +41,11 @@ std::vector<DeviceInfo> Worker::GetDevices() const {
   return devices;
 }
 
+void Worker::ReplaceNetworkDevices(const std::vector<DeviceInfo>& found) {
+  const std::lock_guard lock(deviceMutex);
+  TCBase::ReplaceNetworkDevices(devices, found);
+}
+
 void Worker::Attach(EventTarget* target, std::uint32_t targetMessage) {
   {
     const std::lock_guard lock(deviceMutex);

@@ -41,6 +41,10 @@ class Worker {
   /// A copy of the list of known controllers, sorted; `selected` has no meaning in it. Any thread.
   std::vector<DeviceInfo> GetDevices() const;
 
+  /// A scan of the network found these: they take the place of all network controllers in the list. Any
+  /// thread.
+  void ReplaceNetworkDevices(const std::vector<DeviceInfo>& found);
+
   /// From now on the list is kept and the user told when a USB controller comes or goes, and `target`, unless
   /// it is null, is posted `message` with 0 and whether it came. What came before is noted, but not listed.
   /// The target must outlive the worker or the next Attach. Any thread.

@@ -4,6 +4,7 @@
 
 #include "common/log.h"
 #include "devices/demo_state.h"
+#include "tests/support/sim_network.h"
 
 using TCBase::DeviceInfo;
 using TCBase::Program::Mode;
@@ -118,6 +119,7 @@ std::vector<std::string> PacketsIn(const std::string& trace) {
 void DeviceTest::SetUp() {
   virtual_clock::Reset();
   sim_hidapi::Reset();
+  sim_network::Reset();
   TCBase::TakeCommand();
   TCBase::demoState.SetIdle();
   TakeStatus();
@@ -126,6 +128,7 @@ void DeviceTest::SetUp() {
 
 void DeviceTest::TearDown() {
   EXPECT_EQ(sim_hidapi::OpenHandles(), 0);
+  EXPECT_EQ(sim_network::OpenSockets(), 0);
   virtual_clock::Reset();
 }
 

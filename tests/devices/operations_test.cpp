@@ -101,12 +101,6 @@ TEST_F(OperationsTest, AControllerThatIsNotThereIsAConnectErrorInEveryOperation)
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.0);
 }
 
-TEST_F(OperationsTest, AModelWithoutATransportIsAConnectError) {
-  EXPECT_EQ(UploadOperation(GivenDevice(TCBase::ModelTC421UDP, "Smart"), TwoModes()),
-            OperationResult::NotConnected);
-  EXPECT_EQ(TakeStatus(), "Connect error\n");
-}
-
 TEST_F(OperationsTest, AfterAConnectErrorTheNextDeviceIsServed) {
   sim_hidapi::PullOut(Family::TC420);
   TCBase::UploadJob({SelectedTC420(), SelectedTC421()}, GivenProgram({}))();

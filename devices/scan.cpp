@@ -1,0 +1,89 @@
+#include "devices/scan.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "common/log.h"
+#include "common/message.h"
+#include "common/platform.h"
+#include "common/timer.h"
+#include "devices/shown_name.h"
+#include "devices/tc421.h"
+#include "devices/udp_device.h"
+
+namespace TCBase {
+
+namespace {
+
+constexpr int kMaxRounds = 3;
+constexpr float kRoundSeconds = 1.0F;
+constexpr int kPollMilliseconds = 100;
+
+// Takes one datagram, if one has come, and lists its sender if it is an answer.
+void TakeAnswer(UDPSocket& socket, const std::string& probe, std::vector<DeviceInfo>& found) {
+  std::string bytes;
+  Ipv4Address from;
+  if (!socket.Receive(bytes, from)) return;
+  // A broadcast comes back to the computer that sent it.
+  if (bytes == probe) return;
+  TC421::Reply reply = TC421::ReadReply(bytes);
+  if (reply.code != TC421::kFindCode) return;
+  DeviceInfo device;
+  device.model = ModelTC421UDP;
+  device.name = std::move(reply.text);
+  device.address = from;
+  found.push_back(std::move(device));
+}
+
+// Names a controller after its host if the network knows one. The text that is looked up has a port behind
+// the address, and only a bare address is: so a controller keeps the name by which it reported, and which it
+// wants to see in its frames. Whoever takes the port out of the text breaks that.
+void FindHostName(DeviceInfo& device) {
+  const std::string addressText = platform::AddressText(device.address);
+  LogStatus(Message("Trying to find hostname for {1}...", addressText));
+  const std::optional<Ipv4Address> address = platform::ParseAddress(addressText);
+  std::optional<std::string> host;
+  if (address) host = platform::HostNameOf(*address);
+  if (host) {
+    LogStatus(Message("Found hostname {1}", ShownName(*host)));
+    device.name = std::move(*host);
+  } else {
+    LogStatus(Message("Hostname not found, using {1}", ShownName(device.name)));
+  }
+}
+
+}  // namespace
+
+void ScanDevices(std::vector<DeviceInfo>& found, float seconds) {
+  LogDevice("ScanDevices");
+  UDPSocket socket;
+  if (!socket.Open() || !socket.Bind()) return;
+  found.clear();
+  std::string probe;
+  TC421::Packet_Find().Serialize(probe);
+  for (int round = 0; round < kMaxRounds && found.empty(); ++round) {
+    socket.SendTo(probe, kLimitedBroadcast);
+    const timer_base::TimerFeatures<TimerCore_Counter> listened;
+    while (listened.Now() < static_cast<double>(seconds)) {
+      TakeAnswer(socket, probe, found);
+      platform::SleepMilliseconds(kPollMilliseconds);
+    }
+  }
+}
+
+std::vector<DeviceInfo> FindNetworkDevices() {
+  LogStatus(Message("Searching for network devices..."));
+  std::vector<DeviceInfo> found;
+  ScanDevices(found, kRoundSeconds);
+  LogStatus(Message("Found {1} device(s)", static_cast<std::int32_t>(found.size())));
+  for (DeviceInfo& device : found) FindHostName(device);
+  return found;
+}
+
+void Scan(Worker& worker, EventTarget& window, std::uint32_t message) {
+  worker.ReplaceNetworkDevices(FindNetworkDevices());
+  window.Post(message, 0, 0);
+}
+
+}  // namespace TCBase

@@ -1,0 +1,26 @@
+#pragma once
+
+// Who is on the network: a broadcast, and a short wait for answers.
+
+#include <cstdint>
+#include <vector>
+
+#include "common/event_target.h"
+#include "devices/device_info.h"
+#include "devices/worker.h"
+
+namespace TCBase {
+
+/// Asks up to three times, listening `seconds` after each, until somebody has answered; whoever answers in
+/// that last time is listed too, and twice if he answers twice. Does nothing, with the reason in the device
+/// log, while the port is taken.
+void ScanDevices(std::vector<DeviceInfo>& found, float seconds);
+
+/// A whole scan, which tells the user of its progress: about a second if somebody answers, three if nobody
+/// does. Nobody is selected in the answer.
+std::vector<DeviceInfo> FindNetworkDevices();
+
+/// Such a scan on the thread of `worker`, into its list; then posts `message` to `window`.
+void Scan(Worker& worker, EventTarget& window, std::uint32_t message);
+
+}  // namespace TCBase

@@ -1,0 +1,145 @@
+#include "devices/wifi.h"
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+
+#include "common/log.h"
+#include "common/message.h"
+#include "devices/operations.h"
+#include "devices/tc421.h"
+
+namespace TCBase {
+
+namespace {
+
+using platform::WifiQuery;
+
+// The first byte of the text in a controller's reply.
+constexpr int kSsidTaken = 0x70;
+constexpr int kPasswordTaken = 0x72;
+constexpr int kOpenTaken = 0x74;
+
+template <class Value>
+struct Word {
+  Value value;
+  const char* name;
+};
+constexpr Word<WifiSecurity> kSecurityWords[] = {
+    {SecurityOpen, "Open"}, {SecurityWPA, "WPA"}, {SecurityWPA2, "WPA2"}};
+constexpr Word<WifiEncryption> kEncryptionWords[] = {{EncryptionAES, "AES"}, {EncryptionTKIP, "TKIP"}};
+constexpr char kInvalid[] = "Invalid";
+
+template <class Value, std::size_t kCount>
+const char* FindName(const Word<Value> (&words)[kCount], Value value) {
+  const auto found = std::find_if(std::begin(words), std::end(words),
+                                  [value](const auto& word) { return word.value == value; });
+  return found != std::end(words) ? found->name : kInvalid;
+}
+
+template <class Value, std::size_t kCount>
+Value FindValue(const Word<Value> (&words)[kCount], std::string_view name, Value otherwise) {
+  const auto found = std::find_if(std::begin(words), std::end(words),
+                                  [name](const auto& word) { return word.name == name; });
+  return found != std::end(words) ? found->value : otherwise;
+}
+
+const char* ProblemOf(WifiQuery query) {
+  switch (query) {
+    case WifiQuery::NoService:
+      return "Can't connect Wi-Fi! Problem function: WlanOpenHandle.";
+    case WifiQuery::NoAdapterList:
+      return "Can't enumerate WLAN adapters! Problem function: WlanEnumInterfaces.";
+    case WifiQuery::NoAdapter:
+      return "No Wi-Fi adapter found.";
+    case WifiQuery::NoNetworkList:
+      return "Can't get available networks! Probably your PC in Airplane mode, and /or Wifi turned "
+             "out.Problem function : WlanGetAvailableNetworkList.";
+    case WifiQuery::Answered:
+      break;
+  }
+  return nullptr;
+}
+
+bool Send(DeviceBase& device, const PacketBase& packet, int expected, const char* problem) {
+  if (device.SendPacket(packet, expected)) return true;
+  LogStatus(Message(problem));
+  return false;
+}
+
+}  // namespace
+
+const char* NameOf(WifiSecurity security) {
+  return FindName(kSecurityWords, security);
+}
+
+const char* NameOf(WifiEncryption encryption) {
+  return FindName(kEncryptionWords, encryption);
+}
+
+WifiSecurity ParseWifiSecurity(std::string_view name) {
+  return FindValue(kSecurityWords, name, SecurityInvalid);
+}
+
+WifiEncryption ParseWifiEncryption(std::string_view name) {
+  return FindValue(kEncryptionWords, name, EncryptionInvalid);
+}
+
+WifiSecurity SecurityOf(const WifiNetwork& network) {
+  switch (network.auth) {
+    case 1:
+      return SecurityOpen;
+    case 3:
+    case 4:
+      return SecurityWPA;
+    case 6:
+    case 7:
+      return SecurityWPA2;
+    default:
+      return SecurityInvalid;
+  }
+}
+
+WifiEncryption EncryptionOf(const WifiNetwork& network) {
+  // The system's CCMP is the controller's AES.
+  switch (network.cipher) {
+    case 2:
+      return EncryptionTKIP;
+    case 4:
+      return EncryptionAES;
+    default:
+      return EncryptionInvalid;
+  }
+}
+
+bool ListWifiNetworks(std::vector<WifiNetwork>& networks) {
+  networks.clear();
+  if (const char* problem = ProblemOf(platform::QueryWifiNetworks(networks))) {
+    LogStatus(Message(problem));
+    return false;
+  }
+  std::erase_if(networks, [](const WifiNetwork& network) { return network.ssid.empty(); });
+  return true;
+}
+
+bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config) {
+  const std::unique_ptr<DeviceBase> device = ConnectDevice(info);
+  if (device == nullptr) return false;
+  LogStatus(Message("Setting up WiFi"));
+  switch (config.security) {
+    case SecurityOpen:
+      return Send(*device, TC421::Packet_SetWiFi_Open(info, config.ssid), kOpenTaken,
+                  "Error setting open WiFi");
+    case SecurityWPA:
+    case SecurityWPA2:
+      return Send(*device, TC421::Packet_SetWiFi_SSID(info, config.ssid, config.security, config.encryption),
+                  kSsidTaken, "Error setting WiFi SSID") &&
+             Send(*device, TC421::Packet_SetWiFi_Password(info, config.password), kPasswordTaken,
+                  "Error setting WiFi password");
+    default:
+      // Not an error: there is nothing that a controller could be told.
+      return true;
+  }
+}
+
+}  // namespace TCBase

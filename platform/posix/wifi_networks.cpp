@@ -1,0 +1,122 @@
+// devices/wifi_networks.h on POSIX: NetworkManager is asked through its command line.
+
+#include "devices/wifi_networks.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+
+#include "devices/network_manager.h"
+
+namespace platform {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr char kProgram[] = "nmcli";
+constexpr std::chrono::seconds kPatience{5};
+constexpr std::size_t kMaxOutput = 1 << 20;
+constexpr std::size_t kPieceSize = 4096;
+
+class FileHandle {
+ public:
+  explicit FileHandle(int file) : file_(file) {}
+  FileHandle(const FileHandle&) = delete;
+  FileHandle& operator=(const FileHandle&) = delete;
+  ~FileHandle() { Close(); }
+
+  int Get() const { return file_; }
+  void Close() {
+    if (file_ != -1) close(file_);
+    file_ = -1;
+  }
+
+ private:
+  int file_;
+};
+
+// Starts nmcli with its output going to `output`; -1 if it cannot be started. No shell comes between.
+pid_t Start(std::initializer_list<const char*> arguments, int output) {
+  // The system's interface is older than const; it changes nothing.
+  std::vector<char*> texts{const_cast<char*>(kProgram)};
+  for (const char* argument : arguments) texts.push_back(const_cast<char*>(argument));
+  texts.push_back(nullptr);
+  // Words are looked for in the answer, so it must not be translated.
+  std::string locale = "LC_ALL=C";
+  std::vector<char*> environment{locale.data()};
+  for (char** variable = environ; *variable != nullptr; ++variable)
+    if (!std::string_view(*variable).starts_with("LC_ALL=")) environment.push_back(*variable);
+  environment.push_back(nullptr);
+
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  pid_t process = -1;
+  const int error = posix_spawnp(&process, kProgram, &actions, nullptr, texts.data(), environment.data());
+  posix_spawn_file_actions_destroy(&actions);
+  return error == 0 ? process : -1;
+}
+
+// All that comes up to the end of the file; nothing if that takes too long or is too much.
+std::optional<std::string> ReadToEnd(int file) {
+  const Clock::time_point limit = Clock::now() + kPatience;
+  std::string text;
+  while (text.size() <= kMaxOutput) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(limit - Clock::now());
+    if (left.count() <= 0) return std::nullopt;
+    pollfd wanted{file, POLLIN, 0};
+    const int ready = poll(&wanted, 1, static_cast<int>(left.count()));
+    if (ready == 0 || (ready < 0 && errno == EINTR)) continue;
+    std::array<char, kPieceSize> piece{};
+    const ssize_t size = read(file, piece.data(), piece.size());
+    if (size == 0) return text;
+    if (size < 0 && errno != EINTR) return std::nullopt;
+    if (size > 0) text.append(piece.data(), static_cast<std::size_t>(size));
+  }
+  return std::nullopt;
+}
+
+// What nmcli prints; nothing if it is missing, fails or does not come to an end.
+std::optional<std::string> Ask(std::initializer_list<const char*> arguments) {
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
+  const FileHandle output(ends[0]);
+  FileHandle input(ends[1]);
+  const pid_t process = Start(arguments, input.Get());
+  if (process == -1) return std::nullopt;
+  input.Close();
+  std::optional<std::string> text = ReadToEnd(output.Get());
+  if (!text) kill(process, SIGKILL);
+  int status = 0;
+  while (waitpid(process, &status, 0) == -1)
+    if (errno != EINTR) return std::nullopt;
+  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return std::nullopt;
+  return text;
+}
+
+}  // namespace
+
+WifiQuery QueryWifiNetworks(std::vector<WifiNetwork>& networks) {
+  const std::optional<std::string> types = Ask({"--terse", "--fields", "TYPE", "device", "status"});
+  if (!types) return WifiQuery::NoService;
+  if (!TCBase::HasWifiAdapter(*types)) return WifiQuery::NoAdapter;
+  const std::optional<std::string> list =
+      Ask({"--terse", "--fields", TCBase::kNetworkManagerFields, "device", "wifi", "list", "--rescan", "no"});
+  if (!list || !TCBase::ReadNetworkManagerList(*list, networks)) return WifiQuery::NoNetworkList;
+  return WifiQuery::Answered;
+}
+
+}  // namespace platform

@@ -1,0 +1,155 @@
+// Uploads over a network that loses, delays, repeats, cuts and garbles: what the user reads against what the
+// controller holds, over many seeds.
+
+#include <set>
+
+#include "devices/jobs.h"
+#include "devices/operations.h"
+#include "tests/devices/network_test.h"
+
+namespace {
+
+using sim_network::Weather;
+using TCBase::Program::Mode;
+using TCBase::Program::ModeListView;
+using TCBase::Program::ModeStep;
+
+constexpr int kModes = 10;
+constexpr std::uint32_t kSeeds = 200;
+
+// Ten modes that differ in every step.
+ModeListView TenModes() {
+  ModeListView program;
+  for (int i = 0; i < kModes; ++i) {
+    program.modes.push_back(
+        GivenMode("Mode " + std::to_string(i), {{"00:00", {i, 2 * i, 3 * i, 4 * i, 5 * i}},
+                                                {"12:00", {90 - i, 80, 70 + i, 60, 50 - i}},
+                                                {"23:30", {i, i, i, i, i}}}));
+  }
+  return program;
+}
+
+// What a fair network brings to the controller.
+sim::Memory WholeProgram() {
+  sim_network::Reset();
+  sim_network::PlugIn(kTank, "Smart-123456");
+  TCBase::UploadOperation(SelectedTank(), TenModes());
+  TakeStatus();
+  TakeTrace();
+  return sim_network::MemoryOf(kTank);
+}
+
+bool IsWhole(const sim::Memory& memory, const sim::Memory& whole, int bank) {
+  const auto stored = memory.banks.find(bank);
+  if (stored == memory.banks.end()) return false;
+  const sim::StoredMode& wanted = whole.banks.at(bank);
+  return stored->second.closed && stored->second.name == wanted.name && stored->second.steps == wanted.steps;
+}
+
+// The banks whose "Uploading mode" is followed by "Upload error".
+std::set<int> FailedBanks(const std::string& status) {
+  std::set<int> failed;
+  int bank = -1;
+  for (std::size_t at = 0; at < status.size(); at = status.find('\n', at) + 1) {
+    const std::string_view line = std::string_view(status).substr(at, status.find('\n', at) - at);
+    if (line.starts_with("Uploading mode: ")) ++bank;
+    if (line == "Upload error") failed.insert(bank);
+  }
+  return failed;
+}
+
+// What the controller does with the end of a mode of which steps are missing.
+enum class Closing { Checked, Trusting };
+
+struct Tally {
+  int uploads = 0;         // without any error
+  int modes = 0;           // without one
+  int missed = 0;          // not whole, and reported as good: must not be
+  int reported = 0;        // not whole, and reported
+  int unacknowledged = 0;  // whole, and reported: only the last acknowledgement was lost
+};
+
+class LossyNetworkTest : public NetworkTest {
+ protected:
+  static Tally UploadOverAllSeeds(const Weather& there, const Weather& back, std::uint32_t seeds = kSeeds,
+                                  Closing closing = Closing::Checked) {
+    const sim::Memory whole = WholeProgram();
+    const ModeListView program = TenModes();
+    Tally tally;
+    for (std::uint32_t seed = 1; seed <= seeds; ++seed) {
+      virtual_clock::Reset();
+      sim_network::Reset();
+      sim_network::PlugIn(kTank, "Smart-123456");
+      if (closing == Closing::Trusting) sim_network::TrustIncompleteModes();
+      sim_network::SetWeather(there, back, seed);
+      TCBase::UploadOperation(SelectedTank(), program);
+      const std::set<int> failed = FailedBanks(TakeStatus());
+      TakeTrace();
+      const sim::Memory memory = sim_network::MemoryOf(kTank);
+      tally.uploads += failed.empty();
+      for (int bank = 0; bank < kModes; ++bank) {
+        const bool isWhole = IsWhole(memory, whole, bank);
+        const bool isReported = failed.count(bank) != 0;
+        tally.modes += !isReported;
+        tally.missed += !isWhole && !isReported;
+        tally.reported += !isWhole && isReported;
+        tally.unacknowledged += isWhole && isReported;
+      }
+    }
+    return tally;
+  }
+};
+
+constexpr int kAllModes = kModes * static_cast<int>(kSeeds);
+
+TEST_F(LossyNetworkTest, OverAFairNetworkEveryModeArrives) {
+  const Tally tally = UploadOverAllSeeds({}, {}, 1);
+  EXPECT_EQ(tally.uploads, 1);
+  EXPECT_EQ(tally.modes, kModes);
+}
+
+// Whatever is lost, nobody is told that a mode is stored which is not. A step whose three transmissions are
+// lost ends nothing by itself: the controller, which knows how many were announced, does not acknowledge the
+// end.
+TEST_F(LossyNetworkTest, WithALossOf30PercentEachWayNoDifferenceIsSilent) {
+  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {.loss = 0.3});
+  EXPECT_EQ(tally.missed, 0);
+  EXPECT_EQ(tally.modes + tally.reported + tally.unacknowledged, kAllModes);
+  EXPECT_GT(tally.modes, 0);
+  EXPECT_GT(tally.reported, 0);
+  // The other way round there is no certainty over such a network: who hears nothing of the end of a mode
+  // cannot know whether the mode or the acknowledgement was lost. It is about one mode in fifty.
+  EXPECT_LT(tally.unacknowledged, kAllModes / 25);
+}
+
+TEST_F(LossyNetworkTest, WithALossOf30PercentOnTheWayThereExactlyTheIncompleteModesAreReported) {
+  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {});
+  EXPECT_EQ(tally.missed, 0);
+  EXPECT_EQ(tally.unacknowledged, 0);
+  EXPECT_GT(tally.reported, 0);
+}
+
+TEST_F(LossyNetworkTest, WithALossOf5PercentEachWayEveryUploadSucceeds) {
+  const Tally tally = UploadOverAllSeeds({.loss = 0.05}, {.loss = 0.05}, 20);
+  EXPECT_EQ(tally.missed, 0);
+  EXPECT_GE(tally.uploads, 10);
+}
+
+// The upload looks at the replies to the first and the last frame of a mode only. With a controller that
+// acknowledges the end of any mode, most modes are incomplete here and reported as good.
+TEST_F(LossyNetworkTest, OfAControllerThatTrustsTheUploadItTellsNothing) {
+  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {.loss = 0.3}, 20, Closing::Trusting);
+  EXPECT_GT(tally.missed, 20 * kModes / 3);
+}
+
+// Late and repeated replies, and garbled ones: any block from the controller counts as the reply to the frame
+// in hand.
+TEST_F(LossyNetworkTest, PrintsTallies) {
+  const Weather foul{
+      .loss = 0.1, .repeat = 0.1, .shorten = 0.05, .corrupt = 0.05, .delay = 0.2, .longestDelay = 3.0};
+  const Tally t = UploadOverAllSeeds(foul, foul, 100);
+  std::printf("uploads %d modes %d missed %d reported %d unacknowledged %d\n", t.uploads, t.modes, t.missed,
+              t.reported, t.unacknowledged);
+}
+
+}  // namespace
