@@ -42,6 +42,61 @@ constexpr ControlTemplate kGetValueControls[] = {
     {kCancel, Kind::Button, {243, 37, 50, 14}, "Cancel"},
 };
 
+constexpr ControlTemplate kTC421InitControls[] = {
+    {tc421_init_control::kText, Kind::Label, {7, 7, 397, 237}, "", trait::kAmpersands},
+    {kOk, Kind::Button, {302, 251, 50, 14}, "Next", trait::kDefault},
+    {kCancel, Kind::Button, {354, 251, 50, 14}, "Cancel"},
+};
+
+constexpr ControlTemplate kTC421SearchControls[] = {
+    {tc421_search_control::kSearch, Kind::Button, {7, 7, 200, 14}, "Search for TC421 WiFi device"},
+    {tc421_search_control::kFoundLabel, Kind::Label, {7, 28, 397, 8}, "Found devices"},
+    {tc421_search_control::kFound,
+     Kind::ListBox,
+     {7, 38, 397, 206},
+     "",
+     trait::kSorted | trait::kVerticalScrollBar},
+    {kOk, Kind::Button, {302, 251, 50, 14}, "Next"},
+    {kCancel, Kind::Button, {354, 251, 50, 14}, "Cancel"},
+};
+
+constexpr ControlTemplate kTC421ConfigControls[] = {
+    {tc421_config_control::kDeviceGroup, Kind::GroupBox, {7, 7, 397, 36}, "Selected device"},
+    {tc421_config_control::kDevice,
+     Kind::Edit,
+     {14, 20, 383, 14},
+     "",
+     trait::kAutoScroll | trait::kReadOnly | trait::kNoTabStop},
+    {tc421_config_control::kNetworkLabel, Kind::Label, {7, 54, 397, 8}, "WiFi network"},
+    {tc421_config_control::kNetwork,
+     Kind::ComboBox,
+     {7, 64, 397, 150},
+     "",
+     trait::kAutoScroll | trait::kSorted | trait::kVerticalScrollBar},
+    {tc421_config_control::kPasswordLabel, Kind::Label, {7, 86, 397, 8}, "Password"},
+    {tc421_config_control::kPassword, Kind::Edit, {7, 96, 397, 14}, "", trait::kAutoScroll},
+    {tc421_config_control::kSecurityLabel, Kind::Label, {7, 118, 195, 8}, "Security type"},
+    {tc421_config_control::kSecurity,
+     Kind::DropDownList,
+     {7, 128, 195, 80},
+     "",
+     trait::kSorted | trait::kVerticalScrollBar},
+    {tc421_config_control::kEncryptionLabel, Kind::Label, {209, 118, 195, 8}, "Encryption method"},
+    {tc421_config_control::kEncryption,
+     Kind::DropDownList,
+     {209, 128, 195, 80},
+     "",
+     trait::kSorted | trait::kVerticalScrollBar},
+    {tc421_config_control::kSetUp, Kind::Button, {7, 154, 200, 14}, "Set device to use this WiFi network"},
+    {kOk, Kind::Button, {302, 251, 50, 14}, "Next"},
+    {kCancel, Kind::Button, {354, 251, 50, 14}, "Cancel"},
+};
+
+constexpr ControlTemplate kTC421SuccessControls[] = {
+    {tc421_success_control::kText, Kind::Label, {7, 7, 397, 237}, "", trait::kAmpersands},
+    {kOk, Kind::Button, {354, 251, 50, 14}, "Done", trait::kDefault},
+};
+
 constexpr ControlTemplate kAddStepsControls[] = {
     {add_steps_control::kSteps,
      Kind::Edit,
@@ -69,6 +124,10 @@ constexpr DialogTemplate kTemplates[] = {
     {template_id::kAbout, "About Lumarine", {20, 20, 243, 199}, kAboutControls},
     {template_id::kModeName, "Add new mode", {50, 50, 251, 130}, kModeNameControls},
     {template_id::kGetValue, "Enter value", {50, 50, 299, 58}, kGetValueControls},
+    {template_id::kTC421Init, "Setup TC421 WiFi - Initialization", {50, 50, 411, 272}, kTC421InitControls},
+    {template_id::kTC421Search, "Setup TC421 WiFi - Search", {50, 50, 411, 272}, kTC421SearchControls},
+    {template_id::kTC421Config, "Setup TC421 WiFi - Configuration", {50, 50, 411, 272}, kTC421ConfigControls},
+    {template_id::kTC421Success, "Setup TC421 WiFi - Success", {50, 50, 411, 272}, kTC421SuccessControls},
     {template_id::kAddSteps, "Add Steps", {0, 0, 309, 176}, kAddStepsControls},
     {template_id::kGetDateTime, "Enter date and time", {50, 50, 154, 56}, kGetDateTimeControls},
 };

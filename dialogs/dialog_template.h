@@ -14,6 +14,10 @@ namespace template_id {
 inline constexpr int kAbout = 103;
 inline constexpr int kModeName = 129;
 inline constexpr int kGetValue = 133;
+inline constexpr int kTC421Init = 135;
+inline constexpr int kTC421Search = 136;
+inline constexpr int kTC421Config = 137;
+inline constexpr int kTC421Success = 138;
 inline constexpr int kAddSteps = 139;
 inline constexpr int kGetDateTime = 140;
 }  // namespace template_id
@@ -56,6 +60,34 @@ inline constexpr int kPrompt = 1006;
 inline constexpr int kDateTime = 1040;
 }  // namespace date_time_control
 
+namespace tc421_init_control {
+inline constexpr int kText = 32912;
+}  // namespace tc421_init_control
+
+namespace tc421_search_control {
+inline constexpr int kFoundLabel = 1008;
+inline constexpr int kFound = 1013;
+inline constexpr int kSearch = 1014;
+}  // namespace tc421_search_control
+
+namespace tc421_config_control {
+inline constexpr int kNetwork = 1015;
+inline constexpr int kSecurity = 1016;
+inline constexpr int kEncryption = 1017;
+inline constexpr int kPassword = 1018;
+inline constexpr int kDevice = 1019;
+inline constexpr int kSetUp = 1020;
+inline constexpr int kDeviceGroup = 1021;
+inline constexpr int kNetworkLabel = 1022;
+inline constexpr int kPasswordLabel = 1023;
+inline constexpr int kSecurityLabel = 1024;
+inline constexpr int kEncryptionLabel = 1025;
+}  // namespace tc421_config_control
+
+namespace tc421_success_control {
+inline constexpr int kText = 32912;
+}  // namespace tc421_success_control
+
 /// For a control that nobody speaks to.
 inline constexpr int kNoControl = -1;
 
@@ -63,7 +95,10 @@ enum class ControlKind {
   Label,
   Edit,
   Button,
-  DropDownList,    // not sorted; nothing can be typed
+  GroupBox,  // a frame with a heading
+  ListBox,
+  DropDownList,    // nothing can be typed
+  ComboBox,        // a drop-down list that one can type into as well
   DateTimePicker,  // of class "SysDateTimePick32"
   ProgramIcon,
 };
@@ -81,6 +116,8 @@ inline constexpr unsigned kNoTabStop = 1U << 5;
 inline constexpr unsigned kDefault = 1U << 6;  // the button that Enter presses
 inline constexpr unsigned kLink = 1U << 7;     // a button that says where it leads
 inline constexpr unsigned kHidden = 1U << 8;
+inline constexpr unsigned kSorted = 1U << 9;       // rows by their texts, whatever order they are added in
+inline constexpr unsigned kAmpersands = 1U << 10;  // a label that shows them, in the place of underlining
 }  // namespace trait
 
 /// In dialog units.

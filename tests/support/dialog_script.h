@@ -4,21 +4,43 @@
 // dialogs/dialog_template.h.
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/date_time.h"
 
+/// A control of a dialog as it was seen.
+struct SeenControl {
+  std::string text;  // line ends as they stand
+  bool visible = true;
+  bool enabled = true;
+  std::vector<std::string> rows = {};  // of a list
+  int row = -1;                        // the chosen one
+  DateTime time = {};                  // of a date and time picker
+};
+
+/// A dialog as it was seen.
+struct SeenDialog {
+  std::string title;
+  // Its left top, in the client area of the main window.
+  std::int32_t x = 0;
+  std::int32_t y = 0;
+  std::map<int, SeenControl> controls;
+};
+
 /// One thing done.
 struct DialogStep {
-  enum class Kind { Type, Paste, Pick, SetDateTime, Press, PressEnter, PressEscape, Look };
+  enum class Kind { Type, Paste, Pick, SetDateTime, Press, PressEnter, PressEscape, WaitUntil, Look };
 
   Kind kind;
   int control = 0;
   std::string text = {};
   int row = 0;
   DateTime time = {};
+  std::function<bool(const SeenDialog&)> until = {};
 };
 
 /// All that is done in one dialog, in order. The last step must close it, and no earlier one may.
@@ -27,8 +49,8 @@ using DialogScript = std::vector<DialogStep>;
 /// The words of such a script: WillFill({Type(mode_name_control::kName, "Reef"), Press(kOk)}).
 namespace in_dialog {
 
-/// Types the text, key by key, in place of what stands in the field; "\n" is a new line. Keys that the field
-/// does not take are lost.
+/// Types the text, key by key, in place of what stands in the field or combo box; "\n" is a new line. Keys
+/// that the field does not take are lost.
 inline DialogStep Type(int control, std::string text) {
   return {DialogStep::Kind::Type, control, std::move(text)};
 }
@@ -55,28 +77,16 @@ inline DialogStep PressEnter() {
 inline DialogStep PressEscape() {
   return {DialogStep::Kind::PressEscape};
 }
+/// Does nothing until the dialog, or whatever else one looks at, is as it should be: up to a minute, and then
+/// that is a mistake.
+inline DialogStep WaitUntil(std::function<bool(const SeenDialog&)> isSo) {
+  DialogStep step{DialogStep::Kind::WaitUntil};
+  step.until = std::move(isSo);
+  return step;
+}
 /// Notes what the dialog shows now.
 inline DialogStep Look() {
   return {DialogStep::Kind::Look};
 }
 
 }  // namespace in_dialog
-
-/// A control of a dialog as it was seen.
-struct SeenControl {
-  std::string text;  // line ends as they stand
-  bool visible = true;
-  bool enabled = true;
-  std::vector<std::string> rows = {};  // of a list
-  int row = -1;                        // the chosen one
-  DateTime time = {};                  // of a date and time picker
-};
-
-/// A dialog as it was seen.
-struct SeenDialog {
-  std::string title;
-  // Its left top, in the client area of the main window.
-  std::int32_t x = 0;
-  std::int32_t y = 0;
-  std::map<int, SeenControl> controls;
-};

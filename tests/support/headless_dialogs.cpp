@@ -1,9 +1,11 @@
 #include "tests/support/headless_dialogs.h"
 
 #include <algorithm>
+#include <chrono>
 #include <mutex>
 #include <optional>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
@@ -19,6 +21,9 @@ namespace trait = dialogs::trait;
 
 // What an edit field takes as long as nobody tells it a limit.
 constexpr std::size_t kFirstLimit = 30000;
+constexpr std::chrono::minutes kPatience{1};
+// What a combo box says when one types into it; no dialog listens.
+constexpr int kComboTyped = 5;
 
 std::string Quoted(const std::string& text) {
   return std::string(1, '"').append(text).append(1, '"');
@@ -47,7 +52,18 @@ struct Control {
   bool Has(unsigned traits) const { return (row.traits & traits) != 0; }
   bool TakesFocus() const {
     return visible && enabled && row.kind != ControlKind::Label && row.kind != ControlKind::ProgramIcon &&
-           !Has(trait::kNoTabStop);
+           row.kind != ControlKind::GroupBox && !Has(trait::kNoTabStop);
+  }
+  bool IsField() const { return row.kind == ControlKind::Edit || row.kind == ControlKind::ComboBox; }
+  bool IsList() const {
+    return row.kind == ControlKind::ListBox || row.kind == ControlKind::DropDownList ||
+           row.kind == ControlKind::ComboBox;
+  }
+  /// A list that is let down shows its choice as its text.
+  void Choose(int choice) {
+    selected = choice;
+    if (row.kind == ControlKind::ListBox) return;
+    text = choice < 0 ? std::u16string() : rows[static_cast<std::size_t>(choice)].text;
   }
 };
 
@@ -100,21 +116,24 @@ class Window final : public dialogs::DialogWindow {
   }
   void AcceptDigitsOnly(int control) override { Expect(control, ControlKind::Edit).digitsOnly = true; }
   void ClearRows(int control) override {
-    Control& list = Expect(control, ControlKind::DropDownList);
+    Control& list = ExpectList(control);
     list.rows.clear();
     list.selected = -1;
   }
   void AddRow(int control, std::u16string_view text, std::int32_t data) override {
-    Expect(control, ControlKind::DropDownList).rows.push_back({std::u16string(text), data});
+    std::vector<Row>& rows = ExpectList(control).rows;
+    const auto place =
+        At(control).Has(trait::kSorted) ? std::ranges::upper_bound(rows, text, {}, &Row::text) : rows.end();
+    rows.insert(place, {std::u16string(text), data});
   }
   int RowCount(int control) const override { return static_cast<int>(At(control).rows.size()); }
   void SelectRow(int control, int row) override {
-    Expect(control, ControlKind::DropDownList).selected = row >= 0 && row < RowCount(control) ? row : -1;
+    ExpectList(control).Choose(row >= 0 && row < RowCount(control) ? row : -1);
   }
   void SelectText(int control, std::u16string_view text) override {
-    Control& list = Expect(control, ControlKind::DropDownList);
+    Control& list = ExpectList(control);
     const auto found = std::ranges::find(list.rows, text, &Row::text);
-    if (found != list.rows.end()) list.selected = static_cast<int>(found - list.rows.begin());
+    if (found != list.rows.end()) list.Choose(static_cast<int>(found - list.rows.begin()));
   }
   std::int32_t SelectedData(int control) const override {
     const Control& list = At(control);
@@ -158,9 +177,18 @@ class Window final : public dialogs::DialogWindow {
     if (control.row.kind != kind) Mistake(Title() + ": nothing of that kind is " + std::to_string(id));
     return control;
   }
-  /// One that the user can reach.
-  Control& Reach(int id, ControlKind kind) {
-    Control& control = Expect(id, kind);
+  Control& ExpectList(int id) {
+    if (!At(id).IsList()) Mistake(Title() + ": no list is " + std::to_string(id));
+    return At(id);
+  }
+  Control& ExpectField(int id) {
+    if (!At(id).IsField()) Mistake(Title() + ": one cannot type into " + std::to_string(id));
+    return At(id);
+  }
+  /// One that the user can get to.
+  Control& Reach(int id, ControlKind kind) { return Reach(Expect(id, kind)); }
+  Control& Reach(Control& control) {
+    const int id = control.row.id;
     if (!control.visible || !control.enabled || control.Has(trait::kReadOnly)) {
       Mistake(Title() + ": the user cannot use " + std::to_string(id));
     }
@@ -168,9 +196,14 @@ class Window final : public dialogs::DialogWindow {
     return control;
   }
   void Notify(int control, int code = dialogs::kTextChanged) { dialog_.OnCommand(*this, control, code); }
+  void NotifyTyped(const Control& field) {
+    Notify(field.row.id, field.row.kind == ControlKind::ComboBox ? kComboTyped : dialogs::kTextChanged);
+  }
   void Type(int id, const std::u16string& keys);
   void Paste(int id, std::u16string text);
   void PressEnter();
+  void Pick(int id, int row);
+  void WaitUntil(const std::function<bool(const SeenDialog&)>& isSo);
 
   Dialogs& port_;
   dialogs::DlgBase& dialog_;
@@ -201,13 +234,14 @@ void Window::TakeFirstFocus() {
 }
 
 void Window::Type(int id, const std::u16string& keys) {
-  Control& edit = Reach(id, ControlKind::Edit);
+  Control& edit = Reach(ExpectField(id));
+  edit.selected = -1;
   bool isSelected = true;  // all of it, up to the first key that the field takes
   const auto put = [&](std::u16string_view text) {
     if (isSelected) edit.text.clear();
     isSelected = false;
     edit.text += text;
-    Notify(id);
+    NotifyTyped(edit);
   };
   if (keys.empty()) put(u"");  // the Delete key
   // An edit field takes unit by unit, and so may take half a character at its limit.
@@ -223,11 +257,12 @@ void Window::Type(int id, const std::u16string& keys) {
 
 void Window::Paste(int id, std::u16string text) {
   // Not even a field for digits looks at what is pasted.
-  Control& edit = Reach(id, ControlKind::Edit);
+  Control& edit = Reach(ExpectField(id));
+  edit.selected = -1;
   if (!edit.Has(trait::kMultiLine)) text.resize(std::min(text.find_first_of(u"\r\n"), text.size()));
   text.resize(std::min(text.size(), edit.limit));
   edit.text = std::move(text);
-  Notify(id);
+  NotifyTyped(edit);
 }
 
 void Window::PressEnter() {
@@ -241,7 +276,28 @@ void Window::PressEnter() {
     if (control.row.kind == ControlKind::Button) return Notify(focus_, dialogs::kClicked);
   }
   const auto button = std::ranges::find_if(controls_, isDefault);
-  if (button != controls_.end() && button->enabled) Notify(button->row.id, dialogs::kClicked);
+  // Without a default button it is OK, whatever that button says of itself.
+  if (button == controls_.end()) return Notify(dialogs::kOk, dialogs::kClicked);
+  if (button->enabled) Notify(button->row.id, dialogs::kClicked);
+}
+
+void Window::Pick(int id, int row) {
+  Control& list = Reach(ExpectList(id));
+  if (row < 0 || row >= RowCount(id)) Mistake(Title() + ": no such row");
+  list.selected = row;
+  Notify(id, dialogs::kSelectionChanged);
+  // Not before: whoever hears of a new choice still finds the old text.
+  list.Choose(row);
+}
+
+void Window::WaitUntil(const std::function<bool(const SeenDialog&)>& isSo) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  while (!isSo(Look())) {
+    if (std::chrono::steady_clock::now() > end) Mistake(Title() + ": what is waited for does not come");
+    std::this_thread::yield();
+    if (port_.meanwhile) port_.meanwhile();
+    DeliverPosted();
+  }
 }
 
 void Window::Do(const DialogStep& step) {
@@ -251,12 +307,10 @@ void Window::Do(const DialogStep& step) {
       return Type(step.control, WideFromUtf8(step.text));
     case Kind::Paste:
       return Paste(step.control, WideFromUtf8(step.text));
-    case Kind::Pick: {
-      Control& list = Reach(step.control, ControlKind::DropDownList);
-      if (step.row < 0 || step.row >= RowCount(step.control)) Mistake(Title() + ": no such row");
-      list.selected = step.row;
-      return Notify(step.control, dialogs::kSelectionChanged);
-    }
+    case Kind::Pick:
+      return Pick(step.control, step.row);
+    case Kind::WaitUntil:
+      return WaitUntil(step.until);
     case Kind::SetDateTime:
       Reach(step.control, ControlKind::DateTimePicker).time = step.time;
       return;

@@ -1,0 +1,121 @@
+#include "dialogs/dlg_tc421_config.h"
+
+#include <cstddef>
+#include <string>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "common/message.h"
+#include "devices/shown_name.h"
+#include "dialogs/dialog_template.h"
+#include "dialogs/read_text.h"
+#include "dialogs/template_texts.h"
+
+namespace dialogs {
+
+namespace id = tc421_config_control;
+
+namespace {
+
+using TCBase::EncryptionAES;
+using TCBase::EncryptionTKIP;
+using TCBase::SecurityOpen;
+using TCBase::SecurityWPA;
+using TCBase::SecurityWPA2;
+
+constexpr std::size_t kNameUnits = 128;
+constexpr std::size_t kWordUnits = 40;
+
+// The same in every language. A row's number is of no use here: words are read back as words.
+template <class Value>
+void AddWords(DialogWindow& window, int list, std::initializer_list<Value> values) {
+  for (const Value value : values) window.AddRow(list, WideFromUtf8(NameOf(value)), value);
+}
+
+std::string ReadUtf8(const DialogWindow& window, int control, std::size_t units) {
+  return Utf8FromWide(ReadText(window, control, units));
+}
+
+void Tell(DialogWindow& window, std::string_view title, std::string_view text, Icon icon) {
+  window.Tell(Message(title).ToWide(), Message(text).ToWide(), icon);
+}
+
+}  // namespace
+
+DlgTC421_Config::DlgTC421_Config(DialogsPort& port, const TCBase::DeviceInfo& device)
+    : DlgBase(port, template_id::kTC421Config), device_(device) {}
+
+void DlgTC421_Config::OnInit(DialogWindow& window) {
+  TranslateTemplateTexts(window, templateId);
+  window.SetText(id::kDevice, WideFromUtf8(TCBase::ShownName(device_.name)));
+  AddWords(window, id::kSecurity, {SecurityOpen, SecurityWPA, SecurityWPA2});
+  AddWords(window, id::kEncryption, {EncryptionAES, EncryptionTKIP});
+  FillNetworks(window);
+  window.SetEnabled(kOk, false);
+}
+
+void DlgTC421_Config::FillNetworks(DialogWindow& window) {
+  TCBase::ListWifiNetworks(networks_);
+  for (std::size_t i = 0; i < networks_.size(); ++i) {
+    window.AddRow(id::kNetwork, WideFromUtf8(networks_[i].ssid), static_cast<std::int32_t>(i));
+  }
+  if (networks_.empty()) return;
+  window.SelectRow(id::kNetwork, 0);
+  TakeOverNetwork(window);
+}
+
+// "Invalid" is in neither list, and leaves what stands there for the user to check.
+void DlgTC421_Config::TakeOverNetwork(DialogWindow& window) const {
+  const auto chosen = static_cast<std::size_t>(window.SelectedData(id::kNetwork));
+  if (chosen >= networks_.size()) return;
+  const TCBase::WifiNetwork& network = networks_[chosen];
+  window.SelectText(id::kSecurity, WideFromUtf8(TCBase::NameOf(TCBase::SecurityOf(network))));
+  window.SelectText(id::kEncryption, WideFromUtf8(TCBase::NameOf(TCBase::EncryptionOf(network))));
+}
+
+bool DlgTC421_Config::OnCommand(DialogWindow& window, int control, int code) {
+  switch (control) {
+    case id::kNetwork:
+      if (code != kSelectionChanged) return false;
+      TakeOverNetwork(window);
+      return true;
+    case id::kSetUp:
+      SetUp(window);
+      return true;
+    case kOk:
+      // The Enter key comes here even while the button is disabled.
+      if (!isSetUp_) return false;
+      window.End(kOk);
+      return true;
+    case kCancel:
+      window.End(kCancel);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void DlgTC421_Config::ReadConfig(const DialogWindow& window) {
+  config_.ssid = ReadUtf8(window, id::kNetwork, kNameUnits);
+  config_.password = ReadUtf8(window, id::kPassword, kNameUnits);
+  config_.encryption = TCBase::ParseWifiEncryption(ReadUtf8(window, id::kEncryption, kWordUnits));
+  config_.security = TCBase::ParseWifiSecurity(ReadUtf8(window, id::kSecurity, kWordUnits));
+}
+
+void DlgTC421_Config::SetUp(DialogWindow& window) {
+  ReadConfig(window);
+  if (config_.security != SecurityOpen && config_.password.empty()) {
+    return Tell(window, "WiFi password", "WiFi password can not be empty", Icon::Error);
+  }
+  if (!TCBase::SetupWifi(device_, config_)) {
+    return Tell(window, "WiFi configuration error",
+                "Error configuring TC421 device to use selected WiFi network!", Icon::Error);
+  }
+  Tell(window, "WiFi configuration success",
+       "Successfully configured TC421 device to use selected WiFi network!", Icon::Information);
+  isSetUp_ = true;
+  // In this order, since the focus goes from the one to the other.
+  window.SetEnabled(kOk, true);
+  window.SetEnabled(id::kSetUp, false);
+}
+
+}  // namespace dialogs

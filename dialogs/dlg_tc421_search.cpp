@@ -1,0 +1,75 @@
+#include "dialogs/dlg_tc421_search.h"
+
+#include <cstddef>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "devices/jobs.h"
+#include "devices/shown_name.h"
+#include "dialogs/dialog_template.h"
+#include "dialogs/template_texts.h"
+
+namespace dialogs {
+
+namespace id = tc421_search_control;
+
+namespace {
+
+void EnableNext(DialogWindow& window) {
+  window.SetEnabled(kOk, window.SelectedData(id::kFound) >= 0);
+}
+
+}  // namespace
+
+DlgTC421_Search::DlgTC421_Search(DialogsPort& port, TCBase::Worker& worker)
+    : DlgBase(port, template_id::kTC421Search), worker_(worker) {}
+
+void DlgTC421_Search::OnInit(DialogWindow& window) {
+  TranslateTemplateTexts(window, templateId);
+  window.SetEnabled(kOk, false);
+}
+
+bool DlgTC421_Search::OnCommand(DialogWindow& window, int control, int code) {
+  switch (control) {
+    case id::kSearch:
+      worker_.AddJob(TCBase::ScanJob(worker_, window.Target(), kScanFinished));
+      return true;
+    case id::kFound:
+      if (code != kSelectionChanged) return false;
+      EnableNext(window);
+      return true;
+    case kOk:
+      return OnNext(window);
+    case kCancel:
+      window.End(kCancel);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void DlgTC421_Search::OnEvent(DialogWindow& window, std::uint32_t event) {
+  if (event == kScanFinished) ShowFound(window);
+}
+
+void DlgTC421_Search::ShowFound(DialogWindow& window) {
+  devices_ = worker_.GetDevices();
+  window.ClearRows(id::kFound);
+  for (std::size_t i = 0; i < devices_.size(); ++i) {
+    if (devices_[i].model != TCBase::ModelTC421UDP) continue;
+    window.AddRow(id::kFound, WideFromUtf8(TCBase::ShownName(devices_[i].name)),
+                  static_cast<std::int32_t>(i));
+  }
+  if (window.RowCount(id::kFound) == 1) window.SelectRow(id::kFound, 0);
+  EnableNext(window);
+}
+
+bool DlgTC421_Search::OnNext(DialogWindow& window) {
+  // The Enter key comes here even while the button is disabled.
+  const auto chosen = static_cast<std::size_t>(window.SelectedData(id::kFound));
+  if (chosen >= devices_.size()) return false;
+  device_ = devices_[chosen];
+  window.End(kOk);
+  return true;
+}
+
+}  // namespace dialogs
