@@ -99,10 +99,10 @@ class DesktopChart : public testing::Test {
   /// Gives a step the time and the strength of a point.
   void MoveTo(Step& step, int lane, POINT point) {
     const Rect place = layout.LaneRect(lane);
-    const std::int32_t second = UX::XToTime(place, expected, point.x);
+    const std::int32_t second = UX::XToTime(place, expected, static_cast<std::int32_t>(point.x));
     step.hour = second / 3600;
     step.minute = second % 3600 / 60;
-    step.value = UX::YToPercent(place, point.y);
+    step.value = UX::YToPercent(place, static_cast<std::int32_t>(point.y));
   }
 
   /// What the program saves of its document.

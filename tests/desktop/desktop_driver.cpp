@@ -89,12 +89,22 @@ void DesktopUser::Settle() {
     const auto metMark = [this] { return program_->HasMetMark() || !IsWindow(program_->mainWindow()); };
     ASSERT_TRUE(WaitUntil(metMark)) << "the program does not answer";
     // The mark is met within the dialog's own loop, too: what opened it goes on after the answer.
-    if (const HWND dialog = program_->Dialog()) {
+    if (const HWND dialog = DialogInFront()) {
       AnswerDialog(dialog);
       ASSERT_TRUE(WaitUntil([dialog] { return !IsWindow(dialog); })) << "the dialog stays";
       round = -1;
     }
   }
+}
+
+HWND DesktopUser::DialogInFront() {
+  const HWND main = program_->mainWindow();
+  // A dialog that is there but has messages to take first does not show yet; the main window is disabled
+  // already.
+  EXPECT_TRUE(WaitUntil([&] {
+    return !IsWindow(main) || IsWindowEnabled(main) || program_->Dialog() != nullptr;
+  })) << "the program waits for a dialog that does not show";
+  return program_->Dialog();
 }
 
 void DesktopUser::WaitForInput() {

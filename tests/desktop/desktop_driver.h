@@ -85,6 +85,8 @@ class DesktopUser final : public User {
   void Settle();
   /// False if that took too long.
   bool WaitUntil(const std::function<bool()>& reached);
+  /// The dialog that waits for the user; null if there is none.
+  HWND DialogInFront();
   void AnswerDialog(HWND dialog);
   void FillDialog(HWND dialog);
   void AnswerMessageBox(HWND box);

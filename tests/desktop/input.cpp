@@ -13,24 +13,20 @@ void SendKey(WORD key, DWORD flags, WORD unit = 0) {
   SendInput(1, &event, sizeof event);
 }
 
+void SendMouse(DWORD flags, LONG x = 0, LONG y = 0, DWORD data = 0, DWORD time = 0) {
+  INPUT event{};
+  event.type = INPUT_MOUSE;
+  event.mi.time = time;
+  event.mi.dx = x;
+  event.mi.dy = y;
+  event.mi.mouseData = data;
+  event.mi.dwFlags = flags;
+  SendInput(1, &event, sizeof event);
+}
+
 /// A pixel of the screen in the units of the mouse, which divide the screen into 65536.
 LONG MouseUnits(LONG pixel, int size) {
   return (pixel * 65536 + size - 1) / size;
-}
-
-POINT mouse{};
-
-/// Every event tells again where the mouse was moved to: the display has a pointer of its own, which rests
-/// elsewhere, and may report it at any moment.
-void SendMouse(DWORD flags, DWORD data = 0, DWORD time = 0) {
-  INPUT event{};
-  event.type = INPUT_MOUSE;
-  event.mi.dx = MouseUnits(mouse.x, GetSystemMetrics(SM_CXSCREEN));
-  event.mi.dy = MouseUnits(mouse.y, GetSystemMetrics(SM_CYSCREEN));
-  event.mi.mouseData = data;
-  event.mi.time = time;
-  event.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | flags;
-  SendInput(1, &event, sizeof event);
 }
 
 }  // namespace
@@ -54,8 +50,8 @@ void TypeUnit(char16_t unit) {
 }
 
 void MoveMouse(POINT point) {
-  mouse = point;
-  SendMouse(0);
+  SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, MouseUnits(point.x, GetSystemMetrics(SM_CXSCREEN)),
+            MouseUnits(point.y, GetSystemMetrics(SM_CYSCREEN)));
 }
 
 void HoldButton(Button button) {
@@ -77,13 +73,13 @@ void DoubleClick(POINT point) {
   // On a slow machine the second click may come too late, unless both are of one moment.
   const DWORD time = GetTickCount();
   for (int click = 0; click < 2; ++click) {
-    SendMouse(MOUSEEVENTF_LEFTDOWN, 0, time);
-    SendMouse(MOUSEEVENTF_LEFTUP, 0, time);
+    SendMouse(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, time);
+    SendMouse(MOUSEEVENTF_LEFTUP, 0, 0, 0, time);
   }
 }
 
 void TurnWheel(int delta) {
-  SendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(delta));
+  SendMouse(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(delta));
 }
 
 }  // namespace input
