@@ -47,8 +47,8 @@ class Commands : public AppTest {
 };
 
 const std::vector<int> kNotServedYet = {
-    command::kImportTmf,       command::kExportTmf,  command::kImportLmf,         command::kExportLmf,
-    command::kExportRaw,       command::kScanWifi,   command::kSetupWifi,         command::kExportTranslation,
+    command::kImportTmf,       command::kExportTmf,  command::kImportLmf,
+    command::kExportLmf,       command::kExportRaw,  command::kExportTranslation,
     command::kTestTranslation, command::kRandomMode, command::kMergeTranslations,
 };
 

@@ -15,6 +15,7 @@
 #include "tests/app/app_test.h"
 #include "tests/program/program_fixture.h"
 #include "tests/support/sim_hidapi.h"
+#include "tests/support/sim_network.h"
 #include "tests/support/virtual_clock.h"
 
 namespace {
@@ -58,6 +59,24 @@ TEST_F(Devices, TheEmulatorIsAddedOnce) {
   user.State().devices.front().selected = false;
   user.Choose(command::kAddEmulator);
   EXPECT_FALSE(user.State().devices.front().selected) << "there was nothing to add";
+}
+
+TEST_F(Devices, AScanListsWhatIsOnTheNetworkAndALoneControllerIsTicked) {
+  sim_network::Reset();
+  sim_network::PlugIn({192, 168, 4, 7}, "Smart-123456");
+  user.Choose(command::kScanWifi);
+  ASSERT_TRUE(WaitUntil([this] { return !user.List(Control::DeviceList).empty(); }));
+  EXPECT_THAT(user.List(Control::DeviceList), ElementsAre("Smart-123456"));
+  EXPECT_THAT(user.SelectedRows(Control::DeviceList), ElementsAre(0));
+  EXPECT_EQ(NewLog(),
+            "Searching for network devices...\nFound 1 device(s)\n"
+            "Trying to find hostname for 192.168.4.7:5000...\nHostname not found, using Smart-123456\n");
+}
+
+TEST_F(Devices, ANameFromTheNetworkIsListedHarmlesslyAndKeptAsItIs) {
+  GivenDevices({"\x1B[31m\xFFTank"});
+  EXPECT_THAT(user.List(Control::DeviceList), ElementsAre("\uFFFD[31m\uFFFDTank"));
+  EXPECT_EQ(user.State().devices.front().name, "\x1B[31m\xFFTank");
 }
 
 TEST_F(Devices, TheTimeOfThisComputerIsSent) {
