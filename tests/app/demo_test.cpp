@@ -33,10 +33,15 @@ using TCBase::demoState;
 // A moment in a job at which the worker waits for the test.
 class Gate {
  public:
-  ~Gate() { open_ = true; }
+  // The worker is past it before it goes.
+  ~Gate() {
+    open_ = true;
+    while (reached_ && !passed_) std::this_thread::yield();
+  }
   void WaitAtGate() {
     reached_ = true;
     while (!open_) std::this_thread::yield();
+    passed_ = true;
   }
   void WaitUntilReached() const {
     while (!reached_) std::this_thread::yield();
@@ -46,6 +51,7 @@ class Gate {
  private:
   std::atomic<bool> reached_{false};
   std::atomic<bool> open_{false};
+  std::atomic<bool> passed_{false};
 };
 
 int Count(const std::string& text, std::string_view part) {
