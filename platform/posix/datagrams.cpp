@@ -88,7 +88,7 @@ std::string AddressText(const Ipv4Address& address) {
   std::array<char, INET_ADDRSTRLEN> buffer{};
   if (inet_ntop(AF_INET, &system.sin_addr, buffer.data(), buffer.size()) == nullptr) return {};
   std::string text = buffer.data();
-  if (system.sin_port != 0) text += ':' + std::to_string(ntohs(system.sin_port));
+  if (system.sin_port != 0) text.append(":").append(std::to_string(ntohs(system.sin_port)));
   return text;
 }
 

@@ -1,7 +1,12 @@
 // Uploads over a network that loses, delays, repeats, cuts and garbles: what the user reads against what the
 // controller holds, over many seeds.
 
+#include <memory>
 #include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "devices/jobs.h"
 #include "devices/operations.h"
@@ -123,7 +128,7 @@ TEST_F(LossyNetworkTest, WithALossOf30PercentEachWayNoDifferenceIsSilent) {
 }
 
 TEST_F(LossyNetworkTest, WithALossOf30PercentOnTheWayThereExactlyTheIncompleteModesAreReported) {
-  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {});
+  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {}, 50);
   EXPECT_EQ(tally.missed, 0);
   EXPECT_EQ(tally.unacknowledged, 0);
   EXPECT_GT(tally.reported, 0);
@@ -142,14 +147,26 @@ TEST_F(LossyNetworkTest, OfAControllerThatTrustsTheUploadItTellsNothing) {
   EXPECT_GT(tally.missed, 20 * kModes / 3);
 }
 
-// Late and repeated replies, and garbled ones: any block from the controller counts as the reply to the frame
-// in hand.
-TEST_F(LossyNetworkTest, PrintsTallies) {
+// Repeats, delays and garbling: no promise is kept here but that it ends.
+TEST_F(LossyNetworkTest, InFoulWeatherEveryUploadComesToItsEnd) {
   const Weather foul{
       .loss = 0.1, .repeat = 0.1, .shorten = 0.05, .corrupt = 0.05, .delay = 0.2, .longestDelay = 3.0};
-  const Tally t = UploadOverAllSeeds(foul, foul, 100);
-  std::printf("uploads %d modes %d missed %d reported %d unacknowledged %d\n", t.uploads, t.modes, t.missed,
-              t.reported, t.unacknowledged);
+  const Tally tally = UploadOverAllSeeds(foul, foul, 20);
+  EXPECT_EQ(tally.modes + tally.reported + tally.unacknowledged, 20 * kModes);
+}
+
+// Frames are not numbered, and any block from the controller counts as the reply to the frame in hand: so
+// replies that come twice hide that a later frame has none.
+TEST_F(LossyNetworkTest, ARepeatedReplyIsTakenForTheReplyToTheNextFrame) {
+  sim_network::SetAnswer([first = true](const sim_network::Datagram& reply) mutable {
+    const bool isFirst = std::exchange(first, false);
+    return isFirst ? std::vector(4, reply) : std::vector<sim_network::Datagram>();
+  });
+  const std::unique_ptr<TCBase::DeviceBase> device = TCBase::ConnectDevice(SelectedTank());
+  ASSERT_NE(device, nullptr);
+  EXPECT_TRUE(device->UploadMode(0, "A", {GivenStep(0, 0, {}), GivenStep(12, 0, {})}));
+  EXPECT_EQ(SentCommands(), "0101 0102*2 040A");
+  EXPECT_FALSE(device->ClearAll());
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ std::string NetworkTest::SentCommands() {
   std::string last;
   int run = 0;
   const auto end = [&] {
-    if (run > 1) text += "*" + std::to_string(run);
+    if (run > 1) text.append("*").append(std::to_string(run));
   };
   for (const sim_network::Sent& sent : sim_network::Traffic()) {
     std::string command = sim::ToHex(sent.bytes.substr(2, 2));
@@ -49,7 +49,8 @@ std::string NetworkTest::SentCommands() {
       continue;
     }
     end();
-    text += (text.empty() ? "" : " ") + command;
+    if (!text.empty()) text += ' ';
+    text += command;
     last = command;
     run = 1;
   }

@@ -350,9 +350,13 @@ std::string NetworkErrorText() {
 std::string AddressText(const Ipv4Address& address) {
   if (address.family != TCBase::kIpv4Family) return {};
   std::string text;
-  for (const int number : address.address) text += (text.empty() ? "" : ".") + std::to_string(number);
+  for (const int number : address.address) {
+    if (!text.empty()) text += '.';
+    text += std::to_string(number);
+  }
   const int port = address.port[0] << 8 | address.port[1];
-  return port == 0 ? text : text + ":" + std::to_string(port);
+  if (port != 0) text.append(":").append(std::to_string(port));
+  return text;
 }
 
 std::optional<Ipv4Address> ParseAddress(const std::string& text) {
