@@ -39,7 +39,7 @@ const Commands::Row Commands::kRows[] = {
     {command::kSpeedSlow, Undo::None, &Commands::SetDemoSpeed, 300},
     {command::kSpeedCustom, Undo::None, &Commands::AskDemoSpeed},
     {command::kScanWifi, Undo::None, &Commands::ScanWifi},
-    {command::kSetupWifi, Undo::None, nullptr},
+    {command::kSetupWifi, Undo::None, &Commands::SetupWifi},
     {command::kAddEmulator, Undo::None, &Commands::AddEmulator},
     // Channel. The first two make their own entries, as the same keys on the chart do.
     {command::kDeleteStep, Undo::None, &Commands::ChartKey, key::kDelete},

@@ -71,6 +71,7 @@ class Commands {
   void AskDemoSpeed(int);
   void SetTime(int);
   void ScanWifi(int);
+  void SetupWifi(int);
   void AddEmulator(int);
   void ReadDeviceSelection(int);
   void RenameDevice(int);

@@ -27,6 +27,10 @@
 #include "dialogs/dlg_get_date_time.h"
 #include "dialogs/dlg_get_value.h"
 #include "dialogs/dlg_mode_name.h"
+#include "dialogs/dlg_tc421_config.h"
+#include "dialogs/dlg_tc421_init.h"
+#include "dialogs/dlg_tc421_search.h"
+#include "dialogs/dlg_tc421_success.h"
 
 namespace app {
 
@@ -111,6 +115,16 @@ void Commands::ScanWifi(int) {
   // Owned by nobody here: the main window outlives the worker.
   std::shared_ptr<EventTarget> window(std::shared_ptr<EventTarget>(), &shell_.mainWindow);
   state_.worker.AddJob(TCBase::ScanJob(state_.worker, std::move(window), WM_SCAN_FINISHED));
+}
+
+void Commands::SetupWifi(int) {
+  static_assert(dialogs::DlgTC421_Search::kScanFinished == WM_SCAN_FINISHED);
+  if (dialogs::DlgTC421_Init(shell_.dialogs).DoModal() != dialogs::kOk) return;
+  dialogs::DlgTC421_Search search(shell_.dialogs, state_.worker);
+  if (search.DoModal() != dialogs::kOk) return;
+  dialogs::DlgTC421_Config config(shell_.dialogs, search.Device());
+  if (config.DoModal() != dialogs::kOk) return;
+  dialogs::DlgTC421_Success(shell_.dialogs, search.Device(), config.Config()).DoModal();
 }
 
 void Commands::AddEmulator(int) {

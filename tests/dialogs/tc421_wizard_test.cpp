@@ -4,7 +4,6 @@
 #include <atomic>
 #include <memory>
 #include <optional>
-#include <semaphore>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +16,7 @@
 #include "dialogs/dlg_tc421_search.h"
 #include "dialogs/dlg_tc421_success.h"
 #include "tests/dialogs/dialogs_test.h"
+#include "tests/support/held_scan.h"
 #include "tests/support/sim_hidapi.h"
 #include "tests/support/sim_network.h"
 #include "tests/support/virtual_clock.h"
@@ -123,12 +123,12 @@ class TC421Search : public WizardTest {
   }
   static DialogStep Search() { return Press(search_id::kSearch); }
   static DialogStep WaitForRows(std::size_t count) {
-    return WaitUntil(
+    return Await(
         [count](const SeenDialog& seen) { return seen.controls.at(search_id::kFound).rows.size() == count; });
   }
   /// Until as many scans have ended as were begun, and the dialog has heard of it.
   DialogStep WaitForWorker() {
-    return WaitUntil(
+    return Await(
         [this, queued = false, done = std::make_shared<std::atomic<bool>>(false)](const SeenDialog&) mutable {
           if (!queued) worker_->AddJob([done] { *done = true; });
           queued = true;
@@ -191,7 +191,7 @@ TEST_F(TC421Search, UsbControllersAreNotShownAndDoNotShiftTheChoice) {
   sim_hidapi::PlugIn(sim_hidapi::Family::TC421);
   worker_.emplace(TCBase::Discovery::AtOnce);
   sim_network::PlugIn(kTank, "Zoo");
-  EXPECT_EQ(Ask({WaitUntil([this](const SeenDialog&) { return worker_->GetDevices().size() == 1; }), Search(),
+  EXPECT_EQ(Ask({Await([this](const SeenDialog&) { return worker_->GetDevices().size() == 1; }), Search(),
                  WaitForRows(1), Look(), Press(kOk)}),
             kOk);
   ASSERT_THAT(worker_->GetDevices(), SizeIs(2));
@@ -202,11 +202,9 @@ TEST_F(TC421Search, UsbControllersAreNotShownAndDoNotShiftTheChoice) {
 
 TEST_F(TC421Search, ScansMayBeQueuedAndTheLastOneCounts) {
   sim_network::PlugIn(kTank, "Smart-1");
-  EXPECT_EQ(Ask({Search(), Search(), WaitForWorker(), Look(), WaitUntil([](const SeenDialog&) {
-                   sim_network::PlugIn(kPond, "Smart-2");
-                   return true;
-                 }),
-                 Search(), WaitForRows(2), Look(), PressEscape()}),
+  EXPECT_EQ(Ask({Search(), Search(), WaitForWorker(), Look(),
+                 Meanwhile([] { sim_network::PlugIn(kPond, "Smart-2"); }), Search(), WaitForRows(2), Look(),
+                 PressEscape()}),
             kCancel);
   EXPECT_TRUE(IsNextEnabled(port.seen.at(1)));
   EXPECT_THAT(Rows(Last()), ElementsAre("Smart-1", "Smart-2"));
@@ -226,16 +224,10 @@ TEST_F(TC421Search, WhileAnotherProgramHoldsThePortNothingIsFound) {
 
 TEST_F(TC421Search, AScanThatOutlivesThePageHarmsNothing) {
   sim_network::PlugIn(kTank, "Smart-1");
-  std::binary_semaphore inScan{0};
-  std::binary_semaphore pageGone{0};
-  virtual_clock::At(0.5, [&] {
-    inScan.release();
-    pageGone.acquire();
-  });
-  EXPECT_EQ(
-      Ask({Search(), WaitUntil([&](const SeenDialog&) { return inScan.try_acquire(); }), Press(kCancel)}),
-      kCancel);
-  pageGone.release();
+  HeldScan scan;
+  EXPECT_EQ(Ask({Search(), Await([&](const SeenDialog&) { return scan.IsHeld(); }), Press(kCancel)}),
+            kCancel);
+  scan.LetGo();
   // The next page is another: what the first scan posts is lost, what it found is not.
   EXPECT_EQ(Ask({WaitForWorker(), Look(), Search(), WaitForRows(1), Press(kOk)}), kOk);
   EXPECT_THAT(Rows(Last()), IsEmpty());
@@ -443,11 +435,10 @@ TEST_F(TC421Config, AWrongAcknowledgementTellsSoAndCanBeTriedAgain) {
   for (const WrongLetter& row : rows) {
     AcknowledgeWronglyFor(row.letters);
     Taken(statusLog);
-    const DialogStep mend = WaitUntil([this](const SeenDialog&) {
+    const DialogStep mend = Meanwhile([this] {
       ExpectTold(kErrorTold, Icon::Error);
       port.told.clear();
       AcknowledgeWronglyFor("");
-      return true;
     });
     EXPECT_EQ(Ask({TypeNetwork("Reef"), TypePassword("12345678"), PickAes(), row.security, SetUpDevice(),
                    Look(), mend, SetUpDevice(), Press(kOk)}),
@@ -469,10 +460,7 @@ TEST_F(TC421Config, ASilentDeviceCostsSixSecondsAndNoMore) {
 
 TEST_F(TC421Config, AHeldPortFailsAtOnceAndCanBeTriedAgain) {
   sim_network::HoldPort(true);
-  const DialogStep release = WaitUntil([](const SeenDialog&) {
-    sim_network::HoldPort(false);
-    return true;
-  });
+  const DialogStep release = Meanwhile([] { sim_network::HoldPort(false); });
   EXPECT_EQ(Ask({TypeNetwork("Reef"), PickOpen(), SetUpDevice(), Look(), release, SetUpDevice(), Press(kOk)}),
             kOk);
   EXPECT_FALSE(Last().controls.at(kOk).enabled);

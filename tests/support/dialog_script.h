@@ -33,7 +33,7 @@ struct SeenDialog {
 
 /// One thing done.
 struct DialogStep {
-  enum class Kind { Type, Paste, Pick, SetDateTime, Press, PressEnter, PressEscape, WaitUntil, Look };
+  enum class Kind { Type, Paste, Pick, SetDateTime, Press, PressEnter, PressEscape, Await, Look };
 
   Kind kind;
   int control = 0;
@@ -79,10 +79,17 @@ inline DialogStep PressEscape() {
 }
 /// Does nothing until the dialog, or whatever else one looks at, is as it should be: up to a minute, and then
 /// that is a mistake.
-inline DialogStep WaitUntil(std::function<bool(const SeenDialog&)> isSo) {
-  DialogStep step{DialogStep::Kind::WaitUntil};
+inline DialogStep Await(std::function<bool(const SeenDialog&)> isSo) {
+  DialogStep step{DialogStep::Kind::Await};
   step.until = std::move(isSo);
   return step;
+}
+/// Something happens elsewhere.
+inline DialogStep Meanwhile(std::function<void()> happen) {
+  return Await([happen = std::move(happen)](const SeenDialog&) {
+    happen();
+    return true;
+  });
 }
 /// Notes what the dialog shows now.
 inline DialogStep Look() {

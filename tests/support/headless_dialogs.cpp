@@ -203,7 +203,7 @@ class Window final : public dialogs::DialogWindow {
   void Paste(int id, std::u16string text);
   void PressEnter();
   void Pick(int id, int row);
-  void WaitUntil(const std::function<bool(const SeenDialog&)>& isSo);
+  void Await(const std::function<bool(const SeenDialog&)>& isSo);
 
   Dialogs& port_;
   dialogs::DlgBase& dialog_;
@@ -290,7 +290,7 @@ void Window::Pick(int id, int row) {
   list.Choose(row);
 }
 
-void Window::WaitUntil(const std::function<bool(const SeenDialog&)>& isSo) {
+void Window::Await(const std::function<bool(const SeenDialog&)>& isSo) {
   const auto end = std::chrono::steady_clock::now() + kPatience;
   while (!isSo(Look())) {
     if (std::chrono::steady_clock::now() > end) Mistake(Title() + ": what is waited for does not come");
@@ -309,8 +309,8 @@ void Window::Do(const DialogStep& step) {
       return Paste(step.control, WideFromUtf8(step.text));
     case Kind::Pick:
       return Pick(step.control, step.row);
-    case Kind::WaitUntil:
-      return WaitUntil(step.until);
+    case Kind::Await:
+      return Await(step.until);
     case Kind::SetDateTime:
       Reach(step.control, ControlKind::DateTimePicker).time = step.time;
       return;
