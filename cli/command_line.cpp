@@ -28,13 +28,15 @@ constexpr char kEpilogue[] = R"(Examples:
   lumarinectl devices                                        which controllers are there
   lumarinectl demo tank.xml --device tc420                   the whole day in a minute
   lumarinectl upload tank.xml --device tc420                 hand the program over
+  lumarinectl scan                                           which are on the network
 
 "lumarinectl COMMAND --help" tells more. Data goes to standard output, messages to standard error.
 Exit status: 0 done, 1 the device operation failed or was stopped, 2 wrong usage, 3 no such device,
 4 a file that cannot be read or written.)";
 
 const Command* const kCommands[] = {
-    &kInfo, &kCurve, &kNew, &kEdit, &kRender, &kFrames, &kDevices, &kUpload, &kDemo, &kSyncTime, &kClear,
+    &kInfo, &kCurve,  &kNew,  &kEdit,     &kRender, &kFrames,    &kDevices,
+    &kScan, &kUpload, &kDemo, &kSyncTime, &kClear,  &kWifiSetup,
 };
 
 bool IsCommand(const std::string& word) {

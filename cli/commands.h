@@ -22,11 +22,15 @@ extern const Command kRender;
 
 // device_list.cpp
 extern const Command kDevices;
+extern const Command kScan;
 
 // device_commands.cpp
 extern const Command kUpload;
 extern const Command kDemo;
 extern const Command kSyncTime;
 extern const Command kClear;
+
+// wifi_setup.cpp
+extern const Command kWifiSetup;
 
 }  // namespace cli

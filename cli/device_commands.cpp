@@ -30,11 +30,10 @@ ExitStatus Upload(const Session& session, const UploadArguments& arguments) {
   if (loaded != ExitStatus::Success) return loaded;
   if (!OptimizeAllModes(document)) return ExitStatus::OperationFailed;
 
-  UploadProgress progress(document, static_cast<int>(arguments.devices.size()));
-  session.status.ListenToDeviceLog([&](const std::string& text) { progress.Listen(text); });
+  UploadProgress progress(document, DevicesOf(arguments));
   return ServeDevices(
       session, arguments, [&](const DeviceInfo& info) { return UploadOperation(info, document); },
-      [&] { return progress.Text(); });
+      [&] { return progress.Text(); }, [&](const std::string& text) { progress.Listen(text); });
 }
 
 Run DeclareUpload(CLI::App& app) {
@@ -115,6 +114,7 @@ const Command kUpload = {
 mode that is being sent, a second one at once.
 Examples:
   lumarinectl upload tank.xml --device tc420
+  lumarinectl upload tank.xml --device udp:Smart-123456@192.168.4.1
   lumarinectl upload tank.xml --device emulator --trace      see every byte, without a controller)",
     &DeclareUpload,
 };

@@ -1,13 +1,18 @@
-// Which controllers there are: devices.
+// Which controllers there are: devices and scan.
 
+#include <algorithm>
 #include <future>
 #include <memory>
 
 #include "cli/commands.h"
+#include "cli/device_word.h"
 #include "cli/json.h"
+#include "cli/network_listener.h"
 #include "cli/options.h"
 #include "cli/serve.h"
 #include "common/timer.h"
+#include "devices/scan.h"
+#include "devices/shown_name.h"
 #include "devices/worker.h"
 
 namespace cli {
@@ -18,6 +23,7 @@ using TCBase::DeviceInfo;
 
 struct ListArguments : DeviceArguments {
   double wait = 0.0;  // seconds
+  bool scan = false;
   bool json = false;
 };
 
@@ -41,37 +47,73 @@ std::vector<DeviceInfo> FindDevices(double wait) {
   return devices;
 }
 
+/// What is on the network, with a word for the user if that could not be found out.
+std::vector<DeviceInfo> ScanNetwork(const Session& session) {
+  const auto portTaken = std::make_shared<bool>(false);
+  session.status.ListenToDeviceLog(
+      [portTaken](const std::string& text) { *portTaken = *portTaken || TellsOfTakenPort(text); });
+  std::vector<DeviceInfo> devices = TCBase::FindNetworkDevices();
+  if (*portTaken) ExplainPort(session);
+  return devices;
+}
+
 void PrintDevices(std::ostream& out, const std::vector<DeviceInfo>& devices) {
-  constexpr std::size_t kColumn = 10;
+  std::size_t column = 8;
+  for (const DeviceInfo& device : devices) column = std::max(column, WordOf(device).size());
   for (const DeviceInfo& device : devices) {
     std::string word = WordOf(device);
-    if (word.empty()) word = "-";
-    word.resize(kColumn, ' ');
-    out << word << device.name << '\n';
+    word.resize(column + 2, ' ');
+    out << word << TCBase::ShownName(device.name) << '\n';
   }
 }
 
 Json JsonOf(const std::vector<DeviceInfo>& devices) {
   Json list = Json::array();
   for (const DeviceInfo& device : devices) {
-    const std::string word = WordOf(device);
-    list.push_back({{"device", word.empty() ? Json() : Json(word)}, {"name", device.name}});
+    list.push_back({{"device", WordOf(device)}, {"name", device.name}});
+    if (device.model == TCBase::ModelTC421UDP) list.back()["address"] = AddressOf(device);
   }
   return list;
 }
 
-ExitStatus List(const Session& session, const ListArguments& arguments) {
-  if (arguments.trace) session.status.Trace();
-  const std::vector<DeviceInfo> devices = FindDevices(arguments.wait);
+void Print(const Session& session, const ListArguments& arguments, const std::vector<DeviceInfo>& devices) {
   if (arguments.json) {
     PrintJson(session.out, JsonOf(devices));
   } else {
     PrintDevices(session.out, devices);
   }
+}
+
+ExitStatus List(const Session& session, const ListArguments& arguments) {
+  if (arguments.trace) session.status.Trace();
+  std::vector<DeviceInfo> devices = FindDevices(arguments.wait);
+  if (arguments.scan) {
+    const std::vector<DeviceInfo> found = ScanNetwork(session);
+    devices.insert(devices.end(), found.begin(), found.end());
+    SortDevices(devices);
+  }
+  Print(session, arguments, devices);
   if (!devices.empty()) return ExitStatus::Success;
   session.status.Print("No controller found. \"--device emulator\" works without one.");
   // A look that finds nothing has done its work; to have waited in vain is a failure.
-  return arguments.wait > 0.0 ? ExitStatus::NoDevice : ExitStatus::Success;
+  return arguments.wait > 0.0 || arguments.scan ? ExitStatus::NoDevice : ExitStatus::Success;
+}
+
+ExitStatus Scan(const Session& session, const ListArguments& arguments) {
+  if (arguments.trace) session.status.Trace();
+  const std::vector<DeviceInfo> devices = ScanNetwork(session);
+  Print(session, arguments, devices);
+  if (!devices.empty()) return ExitStatus::Success;
+  session.status.Print(
+      "No controller found on the network. Is this computer in its WiFi, and does the firewall let UDP port "
+      "5000 "
+      "in? One whose address is known needs no scan: --device udp:NAME@ADDRESS.");
+  return ExitStatus::NoDevice;
+}
+
+void DeclareOutput(CLI::App& app, ListArguments& arguments) {
+  app.add_flag("--json", arguments.json, "The same for other programs");
+  DeclareTrace(app, arguments);
 }
 
 Run DeclareList(CLI::App& app) {
@@ -79,9 +121,15 @@ Run DeclareList(CLI::App& app) {
   app.add_option("--wait", arguments->wait, "Wait this long for a controller to be plugged in")
       ->check(Unnamed(CLI::NonNegativeNumber))
       ->type_name("SECONDS");
-  app.add_flag("--json", arguments->json, "The same for other programs");
-  DeclareTrace(app, *arguments);
+  app.add_flag("--scan", arguments->scan, "Look for controllers on the network too, as scan does");
+  DeclareOutput(app, *arguments);
   return [arguments](Session& session) { return List(session, *arguments); };
+}
+
+Run DeclareScan(CLI::App& app) {
+  const auto arguments = std::make_shared<ListArguments>();
+  DeclareOutput(app, *arguments);
+  return [arguments](Session& session) { return Scan(session, *arguments); };
 }
 
 }  // namespace
@@ -93,6 +141,17 @@ const Command kDevices = {
   lumarinectl devices
   lumarinectl devices --wait 60 && lumarinectl upload tank.xml --device tc420)",
     &DeclareList,
+};
+
+const Command kScan = {
+    "scan",
+    "List the controllers that are on the network",
+    R"(Asks everybody in the network that this computer is in, and takes up to three seconds. The first word of a
+line is what --device takes.
+Examples:
+  lumarinectl scan
+  lumarinectl scan --json | jq -r '.[0].device')",
+    &DeclareScan,
 };
 
 }  // namespace cli

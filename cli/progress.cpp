@@ -10,10 +10,22 @@ namespace cli {
 
 namespace {
 
-/// A mode is its rows between an opening and a closing frame; one more ends the upload.
-int CountFrames(const TCBase::Program::ModeListView& document) {
-  int frames = 1;
-  for (const TCBase::Program::Mode& mode : document.modes) frames += CountModeSteps(mode) + 2;
+/// A mode is its rows between an opening and a closing frame. One more ends the upload to a TC420; a TC421
+/// gets a row for each half hour.
+int CountFrames(const TCBase::Program::ModeListView& document, const TCBase::DeviceInfo& controller) {
+  constexpr int kHalfHours = 48;
+  const bool halfHours =
+      controller.model == TCBase::ModelTC421USB || controller.model == TCBase::ModelTC421UDP;
+  int frames = halfHours ? 0 : 1;
+  for (const TCBase::Program::Mode& mode : document.modes)
+    frames += (halfHours ? kHalfHours : CountModeSteps(mode)) + 2;
+  return frames;
+}
+
+int CountFrames(const TCBase::Program::ModeListView& document,
+                const std::vector<TCBase::DeviceInfo>& controllers) {
+  int frames = 0;
+  for (const TCBase::DeviceInfo& controller : controllers) frames += CountFrames(document, controller);
   return frames;
 }
 
@@ -35,15 +47,17 @@ std::string DemoProgress() {
   return ProgressText(static_cast<double>(second) / TCBase::Program::kSecondsPerDay, ClockText(second));
 }
 
-UploadProgress::UploadProgress(const TCBase::Program::ModeListView& document, int controllers)
-    : total_(CountFrames(document) * controllers) {}
+UploadProgress::UploadProgress(const TCBase::Program::ModeListView& document,
+                               const std::vector<TCBase::DeviceInfo>& controllers)
+    : total_(CountFrames(document, controllers)) {}
 
 void UploadProgress::Listen(const std::string& text) {
   if (text.find("WritePacket: ") != std::string::npos) ++sent_;
 }
 
 std::string UploadProgress::Text() const {
-  const int sent = sent_;
+  // On a bad network frames are sent again, and there may be more of them than there are.
+  const int sent = std::min<int>(sent_, total_);
   if (sent == 0) return {};
   return ProgressText(static_cast<double>(sent) / total_,
                       "frame " + std::to_string(sent) + " of " + std::to_string(total_));

@@ -4,7 +4,9 @@
 
 #include <atomic>
 #include <string>
+#include <vector>
 
+#include "devices/device_info.h"
 #include "program/program.h"
 
 namespace cli {
@@ -18,7 +20,8 @@ std::string DemoProgress();
 /// An upload of one program to one or more controllers, told by the frames that leave.
 class UploadProgress {
  public:
-  UploadProgress(const TCBase::Program::ModeListView& document, int controllers);
+  UploadProgress(const TCBase::Program::ModeListView& document,
+                 const std::vector<TCBase::DeviceInfo>& controllers);
 
   /// Takes the texts of the device log, on the thread that logs them.
   void Listen(const std::string& text);

@@ -4,7 +4,10 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <memory>
 
+#include "cli/device_word.h"
+#include "cli/network_listener.h"
 #include "cli/options.h"
 #include "devices/demo_state.h"
 #include "devices/worker.h"
@@ -15,25 +18,6 @@ namespace {
 
 using TCBase::DeviceInfo;
 using TCBase::OperationResult;
-
-/// A controller as the command line calls it.
-struct KnownDevice {
-  const char* word;
-  TCBase::DeviceModel model;
-  const char* name;
-};
-constexpr KnownDevice kKnownDevices[] = {
-    {"emulator", TCBase::ModelEmulator, TCBase::kEmulatorName},
-    {"tc420", TCBase::ModelTC420, TCBase::kTC420Name},
-};
-
-std::vector<DeviceInfo> DevicesOf(const DeviceArguments& arguments) {
-  std::vector<DeviceInfo> devices;
-  for (const std::string& word : arguments.devices)
-    for (const KnownDevice& known : kKnownDevices)
-      if (word == known.word) devices.push_back({known.model, known.name, {}, true});
-  return devices;
-}
 
 ExitStatus ExitStatusOf(OperationResult result) {
   switch (result) {
@@ -55,25 +39,23 @@ void DeclareTrace(CLI::App& app, DeviceArguments& arguments) {
 }
 
 void DeclareDevices(CLI::App& app, DeviceArguments& arguments) {
-  std::vector<std::string> words;
-  for (const KnownDevice& device : kKnownDevices) words.emplace_back(device.word);
   app.add_option("--device", arguments.devices, "The controller; several are served in the order given")
       ->required()
       // Else the option would take the words behind its value too.
       ->allow_extra_args(false)
-      ->check(Unnamed(CLI::IsMember(words)))
-      ->type_name("emulator|tc420");
+      ->check(CLI::Validator(CheckDevice, ""))
+      ->type_name(kDeviceWords);
   DeclareTrace(app, arguments);
 }
 
-std::string WordOf(const DeviceInfo& device) {
-  for (const KnownDevice& known : kKnownDevices)
-    if (known.model == device.model) return known.word;
-  return {};
+std::vector<DeviceInfo> DevicesOf(const DeviceArguments& arguments) {
+  std::vector<DeviceInfo> devices;
+  for (const std::string& word : arguments.devices) devices.push_back(*ParseDevice(word));
+  return devices;
 }
 
 ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Operation& operation,
-                        const Progress& progress) {
+                        const Progress& progress, const LogListener& listener) {
   constexpr std::chrono::milliseconds kRedraw{100};
   if (arguments.trace) session.status.Trace();
 
@@ -83,13 +65,23 @@ ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments
     TCBase::PostCommand(TCBase::CommandStop);
   });
 
+  // The listener stays behind with the session.
+  const auto network = std::make_shared<NetworkListener>();
+  session.status.ListenToDeviceLog([network, listener](const std::string& text) {
+    network->Listen(text);
+    if (listener) listener(text);
+  });
   ExitStatus worst = ExitStatus::Success;
-  const auto take = [&](OperationResult result) {
-    worst = std::max(worst, ExitStatusOf(result));
+  const auto serveOne = [&](const DeviceInfo& info) {
+    network->Begin(info);
+    const OperationResult result = operation(info);
+    const bool silent = result != OperationResult::Cancelled && network->Explain(session);
+    worst = std::max(worst, silent ? ExitStatus::NoDevice : ExitStatusOf(result));
     return result;
   };
   std::packaged_task<void()> serve([&] {
-    take(RunOnDevices([&](const DeviceInfo& info) { return take(operation(info)); }, DevicesOf(arguments)));
+    // The stop itself may be found only behind the operation.
+    worst = std::max(worst, ExitStatusOf(RunOnDevices(serveOne, DevicesOf(arguments))));
   });
   std::future<void> served = serve.get_future();
   TCBase::Worker worker;

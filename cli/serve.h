@@ -20,17 +20,19 @@ struct DeviceArguments {
 void DeclareDevices(CLI::App& app, DeviceArguments& arguments);
 void DeclareTrace(CLI::App& app, DeviceArguments& arguments);
 
-/// What --device calls a controller; empty for one that it does not serve.
-std::string WordOf(const TCBase::DeviceInfo& device);
+/// The controllers, in the order given.
+std::vector<TCBase::DeviceInfo> DevicesOf(const DeviceArguments& arguments);
 
 using Operation = std::function<TCBase::OperationResult(const TCBase::DeviceInfo&)>;
 /// The line of progress at the moment; empty if there is none. Any thread.
 using Progress = std::function<std::string()>;
+/// Takes the texts of the device log, on the thread that logs them.
+using LogListener = std::function<void(const std::string&)>;
 
 /// Runs the operation on each device, on the worker's thread, while this one watches over Ctrl+C and the
 /// progress. The worst result counts: a controller that is not there is worse than one that failed or was
-/// stopped.
+/// stopped. A network controller of which nothing was heard is not there, whatever the operation made of it.
 ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Operation& operation,
-                        const Progress& progress = {});
+                        const Progress& progress = {}, const LogListener& listener = {});
 
 }  // namespace cli

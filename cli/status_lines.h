@@ -37,7 +37,7 @@ class StatusLines {
   /// Writes the device log too. Before there are other threads.
   void Trace();
 
-  /// Calls `handler` with each text of the device log, on the thread that logs. Before there are other
+  /// Calls `handler` with each text of the device log, on the thread that logs. While there are no other
   /// threads.
   void ListenToDeviceLog(TextHandler handler) { deviceListener_ = std::move(handler); }
 

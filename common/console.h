@@ -3,9 +3,12 @@
 // The console that a command line program is run from: its arguments, its terminal, and the key that stops
 // it. One filling per platform below platform/; tests bring a console of their own.
 
+#include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Where the program's output goes, and how its user stops it.
@@ -25,6 +28,13 @@ class Console {
 
   /// Columns of the terminal behind standard error; 80 if that cannot be told.
   virtual int Width() const = 0;
+
+  /// Whether a person types the input.
+  virtual bool InputIsTerminal() const = 0;
+
+  /// A line of standard input (UTF-8) without its end, or as much of it as `most` bytes hold. A person is
+  /// shown `prompt` first, and not what is typed. Nothing at the end of the input, or if the person gives up.
+  virtual std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) = 0;
 
   /// From now on the first request to stop (Ctrl+C, the terminal closed, the system asking) calls `action`,
   /// once and on a thread of the console's own, instead of ending the program; a second one ends the program

@@ -5,9 +5,11 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <thread>
 #include <utility>
@@ -75,6 +77,80 @@ class SignalWatch : public Console::InterruptWatch {
   std::thread thread_;
 };
 
+/// A terminal that hands over each key and shows none, for one scope.
+class QuietTerminal {
+ public:
+  QuietTerminal() {
+    known_ = tcgetattr(STDIN_FILENO, &before_) == 0;
+    termios quiet = before_;
+    // The keys that would stop the program come as keys too: it would leave the terminal as it is.
+    quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON | ISIG);
+    quiet.c_cc[VMIN] = 1;
+    quiet.c_cc[VTIME] = 0;
+    if (known_) tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
+  }
+  ~QuietTerminal() {
+    if (known_) tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+  }
+  QuietTerminal(const QuietTerminal&) = delete;
+  QuietTerminal& operator=(const QuietTerminal&) = delete;
+
+ private:
+  termios before_{};
+  bool known_ = false;
+};
+
+/// The next byte of standard input; nothing at its end.
+std::optional<char> ReadByte() {
+  char byte = 0;
+  ssize_t count = 0;
+  do {
+    count = read(STDIN_FILENO, &byte, 1);
+  } while (count < 0 && errno == EINTR);
+  return count == 1 ? std::optional(byte) : std::nullopt;
+}
+
+std::optional<std::string> ReadInputLine(std::size_t most) {
+  std::string line;
+  std::optional<char> byte = ReadByte();
+  if (!byte) return std::nullopt;
+  for (; byte && *byte != '\n'; byte = ReadByte()) {
+    if (line.size() == most) return line;
+    line += *byte;
+  }
+  if (line.ends_with('\r')) line.pop_back();
+  return line;
+}
+
+/// Takes back the last character: in UTF-8 several bytes, of which only the first is no follower.
+void EraseCharacter(std::string& line) {
+  while (!line.empty() && (line.back() & 0xC0) == 0x80) line.pop_back();
+  if (!line.empty()) line.pop_back();
+}
+
+/// Nothing if the person gives up.
+std::optional<std::string> TypeSecret(std::size_t most) {
+  constexpr char kInterrupt = 3;
+  constexpr char kEnd = 4;
+  constexpr char kBackspace = 8;
+  constexpr char kEraseLine = 21;
+  constexpr char kDelete = 127;
+  const QuietTerminal terminal;
+  std::string line;
+  while (const std::optional<char> byte = ReadByte()) {
+    if (*byte == '\n' || *byte == '\r') return line;
+    if (*byte == kInterrupt || *byte == kEnd) return std::nullopt;
+    if (*byte == kEraseLine) {
+      line.clear();
+    } else if (*byte == kBackspace || *byte == kDelete) {
+      EraseCharacter(line);
+    } else if (line.size() < most) {
+      line += *byte;
+    }
+  }
+  return std::nullopt;
+}
+
 class PosixConsole : public Console {
  public:
   bool OutputIsTerminal() const override { return isatty(STDOUT_FILENO) != 0; }
@@ -84,6 +160,18 @@ class PosixConsole : public Console {
     winsize size{};
     const bool known = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
     return known ? size.ws_col : kDefaultWidth;
+  }
+
+  bool InputIsTerminal() const override { return isatty(STDIN_FILENO) != 0; }
+
+  std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) override {
+    if (!InputIsTerminal()) return ReadInputLine(most);
+    const std::string shown(prompt);
+    // Nothing can be done about a prompt that does not show.
+    if (write(STDERR_FILENO, shown.data(), shown.size()) < 0) return std::nullopt;
+    std::optional<std::string> line = TypeSecret(most);
+    if (write(STDERR_FILENO, "\n", 1) < 0) return std::nullopt;
+    return line;
   }
 
   std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) override {

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <stdio.h>
+#include <wchar.h>
 
 #include <mutex>
 #include <utility>
@@ -64,6 +65,35 @@ class ControlWatch : public Console::InterruptWatch {
   static inline std::function<void()> pending;  // guarded by `mutex`
 };
 
+std::optional<std::string> ReadInputLine(std::size_t most) {
+  std::string line;
+  int byte = fgetc(stdin);
+  if (byte == EOF) return std::nullopt;
+  for (; byte != EOF && byte != '\n' && line.size() < most; byte = fgetc(stdin))
+    line += static_cast<char>(byte);
+  if (line.ends_with('\r')) line.pop_back();
+  return line;
+}
+
+/// A line from the console that does not show. Its own keys edit it; Ctrl+C ends the program, and the shell
+/// puts the console right.
+std::optional<std::string> TypeSecret() {
+  constexpr DWORD kRoom = 1024;
+  const HANDLE console = GetStdHandle(STD_INPUT_HANDLE);
+  DWORD before = 0;
+  if (GetConsoleMode(console, &before) == 0) return std::nullopt;
+  SetConsoleMode(console, (before & ~static_cast<DWORD>(ENABLE_ECHO_INPUT)) | ENABLE_LINE_INPUT |
+                              ENABLE_PROCESSED_INPUT);
+  wchar_t text[kRoom + 1] = {};
+  DWORD count = 0;
+  const bool read = ReadConsoleW(console, text, kRoom, &count, nullptr) != 0;
+  SetConsoleMode(console, before);
+  if (!read || count == 0) return std::nullopt;
+  text[count] = 0;
+  text[wcscspn(text, L"\r\n")] = 0;
+  return Utf8(text);
+}
+
 class WindowsConsole : public Console {
  public:
   WindowsConsole() : codePage_(GetConsoleOutputCP()) {
@@ -81,6 +111,17 @@ class WindowsConsole : public Console {
     CONSOLE_SCREEN_BUFFER_INFO info{};
     const bool known = GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info) != 0;
     return known ? info.srWindow.Right - info.srWindow.Left + 1 : kDefaultWidth;
+  }
+
+  bool InputIsTerminal() const override { return IsConsole(STD_INPUT_HANDLE); }
+
+  std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) override {
+    if (!InputIsTerminal()) return ReadInputLine(most);
+    fwrite(prompt.data(), 1, prompt.size(), stderr);
+    std::optional<std::string> line = TypeSecret();
+    fputs("\n", stderr);
+    if (line && line->size() > most) line->resize(most);
+    return line;
   }
 
   std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) override {

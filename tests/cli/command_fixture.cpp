@@ -73,6 +73,12 @@ std::unique_ptr<Console::InterruptWatch> FakeConsole::WatchInterrupts(std::funct
   return std::make_unique<FakeWatch>(action_);
 }
 
+std::optional<std::string> FakeConsole::ReadSecret(std::string_view prompt, std::size_t most) {
+  if (terminal) prompts += prompt;
+  if (!secret) return std::nullopt;
+  return secret->substr(0, most);
+}
+
 bool FakeConsole::Interrupt() const {
   if (action_) action_();
   return static_cast<bool>(action_);
@@ -81,19 +87,23 @@ bool FakeConsole::Interrupt() const {
 void CommandTest::SetUp() {
   virtual_clock::Reset();
   sim_hidapi::Reset();
+  sim_network::Reset();
   fake_helper::Reset();
 }
 
 void CommandTest::TearDown() {
   EXPECT_THAT(sim_hidapi::Violations(), testing::IsEmpty());
   EXPECT_EQ(sim_hidapi::OpenHandles(), 0);
+  EXPECT_THAT(sim_network::Violations(), testing::IsEmpty());
+  EXPECT_EQ(sim_network::OpenSockets(), 0);
 }
 
 Outcome CommandTest::RunWith(const Words& words, std::ostream& out,
                              const std::function<std::string()>& printed) {
   std::vector<std::string> arguments;
   for (std::string word : words) {
-    const std::size_t at = word.find('@');
+    // In a controller's word it stands for itself.
+    const std::size_t at = word.starts_with("udp:") ? std::string::npos : word.find('@');
     if (at != std::string::npos) word.replace(at, std::string::npos, PathOf(word.substr(at + 1)));
     arguments.push_back(std::move(word));
   }

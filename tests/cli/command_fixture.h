@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,6 +19,7 @@
 #include "cli/lumarinectl.h"
 #include "program/program.h"
 #include "tests/support/sim_hidapi.h"
+#include "tests/support/sim_network.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/virtual_clock.h"
 
@@ -33,6 +35,8 @@ class FakeConsole : public Console {
   bool OutputIsTerminal() const override { return terminal; }
   bool ErrorIsTerminal() const override { return terminal; }
   int Width() const override { return width; }
+  bool InputIsTerminal() const override { return terminal; }
+  std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) override;
   std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) override;
 
   /// Presses Ctrl+C; false if nobody watches. Any thread, while the command runs.
@@ -40,6 +44,8 @@ class FakeConsole : public Console {
 
   bool terminal = false;
   int width = 80;
+  std::optional<std::string> secret;  // the line that is typed, or piped
+  std::string prompts;                // that were shown
 
  private:
   std::function<void()> action_;  // set before the command's threads start and cleared after they end

@@ -55,6 +55,42 @@ TEST_F(FramesTest, AreTheFramesThatAControllerReceives) {
   EXPECT_EQ(printed, received);
 }
 
+TEST_F(FramesTest, OfATC421AreThoseThatItReceives) {
+  auto document = GivenRamps({"One", "", "Three"});
+  document.modes.push_back(GivenModeOfRows("Full", 60));
+  GivenProgram("tank.xml", document);
+  const auto hexOf = [](const std::vector<sim::Received>& frames) {
+    std::vector<std::string> lines;
+    for (const auto& frame : frames) lines.push_back(Hex(frame.frame));
+    return lines;
+  };
+  sim_hidapi::PlugIn(sim_hidapi::Family::TC421);
+  Run({"upload", "@tank.xml", "--device", "tc421"});
+  EXPECT_EQ(Lines(Run({"frames", "@tank.xml", "--model", "tc421-usb"}).out),
+            hexOf(sim_hidapi::Frames(sim_hidapi::Family::TC421)));
+
+  constexpr sim_network::Address kAddress{192, 168, 4, 1};
+  sim_network::PlugIn(kAddress, "Smart-123456");
+  Run({"upload", "@tank.xml", "--device", "udp:Smart-123456@192.168.4.1"});
+  EXPECT_EQ(Lines(Run({"frames", "@tank.xml", "--model", "tc421-udp", "--device-name", "Smart-123456"}).out),
+            hexOf(sim_network::FramesOf(kAddress)));
+}
+
+// They are printed, not sent: the pauses of an upload have no place in it.
+TEST_F(FramesTest, TakeNoTime) {
+  GivenProgram("tank.xml", GivenRamps({"One"}));
+  const double before = virtual_clock::Seconds();
+  Run({"frames", "@tank.xml", "--model", "tc421-udp"});
+  EXPECT_EQ(virtual_clock::Seconds(), before);
+}
+
+TEST_F(FramesTest, OnlyANetworkControllerHasAName) {
+  GivenProgram("tank.xml", GivenRamps({"One"}));
+  const Outcome outcome = Run({"frames", "@tank.xml", "--model", "tc421-usb", "--device-name", "Smart"});
+  EXPECT_EQ(outcome.status, kWrongUsage);
+  EXPECT_THAT(outcome.err, HasSubstr("--device-name goes with --model tc421-udp only"));
+}
+
 TEST_F(FramesTest, AsJsonAreTheSame) {
   GivenProgram("tank.xml", GivenRamps({"One"}));
   const auto lines = Lines(Run({"frames", "@tank.xml"}).out);
