@@ -105,7 +105,8 @@ class DemoControl : public AppTest {
   std::string PowerAt(int second) {
     std::string text;
     for (const auto& channel : Mode().channels) {
-      text += (text.empty() ? "" : " ") + std::to_string(TruncateToInt(ChannelValueAt(channel, second)));
+      if (!text.empty()) text += ' ';
+      text += std::to_string(TruncateToInt(ChannelValueAt(channel, second)));
     }
     return text;
   }
@@ -332,7 +333,7 @@ TEST_F(DemoControl, TheSpeedIsShownOnlyAfterItsHalfSecond) {
   const std::string before = user.Text(Control::DemoStatusLabel);
   const double time = virtual_clock::Seconds();
   Desk().application->mainWindow.OnCommand(command::kSpeedSlow, 0);
-  EXPECT_GE(virtual_clock::Seconds() - time, 0.5) << "the window waits meanwhile";
+  EXPECT_GT(virtual_clock::Seconds() - time, 0.499) << "the window waits meanwhile";
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), before);
   user.Settle();
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (300s)");
