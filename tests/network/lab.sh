@@ -1,0 +1,64 @@
+# shellcheck shell=bash
+# A network of namespaces for tests, to be sourced: computers on one switch, nothing of which outlives the
+# script. What it needs is root, or a system that lets users make namespaces of their own.
+#
+#   lab_enter "$0" "$@"        first of all: goes on inside, or answers 1 with a reason in lab_reason
+#   lab_computer NAME ADDRESS  a computer on the switch, with an address in 10.42.0.0/24
+#   lab_run NAME COMMAND...    runs on that computer
+#   lab_simulator NAME LOG OPTION...   starts tc421sim there and waits until it listens
+#
+# The script sets lab_simulator_program; lab_simulator leaves the process in lab_pid.
+# shellcheck disable=SC2034,SC2154
+
+lab_reason=
+
+# Everything that is made lives in namespaces of the network, of mounts and of processes that end with this
+# script, and takes its processes along.
+lab_enter() {
+  [ -z "${LAB_INSIDE:-}" ] || { lab_set_up; return; }
+  local options=(--net --mount --pid --fork --mount-proc --kill-child)
+  [ "$(id -u)" = 0 ] || options+=(--map-root-user)
+  if ! command -v ip >/dev/null || ! lab_reason=$(unshare "${options[@]}" true 2>&1); then
+    lab_reason=${lab_reason:-"ip(8) is not installed"}
+    return 1
+  fi
+  exec env LAB_INSIDE=1 unshare "${options[@]}" "$@"
+}
+
+lab_set_up() {
+  if ! lab_reason=$( {
+    mount -t tmpfs lab /run && mkdir -p /run/netns &&
+      ip link set lo up && ip link add switch type bridge && ip link set switch up
+  } 2>&1); then return 1; fi
+}
+
+lab_computer() {
+  ip netns add "$1"
+  ip link add "port-$1" type veth peer name eth0 netns "$1"
+  ip link set "port-$1" master switch up
+  ip -n "$1" link set lo up
+  ip -n "$1" addr add "$2/24" brd + dev eth0
+  ip -n "$1" link set eth0 up
+  # As from the router of a network, or a controller that is its own access point.
+  ip -n "$1" route add default via 10.42.0.254
+}
+
+lab_run() {
+  local name=$1
+  shift
+  ip netns exec "$name" "$@"
+}
+
+lab_simulator() {
+  local name=$1 log=$2 i
+  shift 2
+  : >"$log"
+  # exec, so that the process id is the simulator's.
+  (exec ip netns exec "$name" "$lab_simulator_program" "$@" >"$log" 2>&1) &
+  lab_pid=$!
+  for ((i = 0; i < 100; ++i)); do
+    ! grep -q '^listening on ' "$log" || return 0
+    sleep 0.05
+  done
+  return 1
+}

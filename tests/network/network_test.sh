@@ -1,0 +1,322 @@
+#!/usr/bin/env bash
+# lumarinectl and simulated controllers over real sockets, on computers of their own: network namespaces on one
+# switch, all on UDP port 5000. What went over the wire is checked with tcpdump too.
+#   tests/network/network_test.sh COMMAND TC421SIM
+# Prints "ok NAME" or "not ok NAME" for each check, or one line "skipped REASON" where no namespaces can be made;
+# fails if a check did.
+# shellcheck disable=SC2317   # the checks call functions by their names
+set -uo pipefail
+
+[ $# = 2 ] || { echo "usage: $0 COMMAND TC421SIM" >&2; exit 2; }
+. "$(dirname "$0")/lab.sh"
+lab_enter "$0" "$@" || { echo "skipped real sockets: $lab_reason"; exit 0; }
+
+read -ra command <<<"$1"
+program_at=$((${#command[@]} - 1))
+command[program_at]=$(realpath "${command[program_at]}")
+lab_simulator_program=$(realpath "$2")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+
+failed=0
+# A run that hangs must not take the others with it. No measure of speed.
+limit=180
+computer=10.42.0.1
+device=10.42.0.2
+second_device=10.42.0.3
+name=Smart-123456
+controller=udp:$name@$device
+ctl() { lab_run computer timeout "$limit" "${command[@]}" "$@"; }
+
+ok() { echo "ok $1"; }
+not_ok() { echo "not ok $1"; failed=1; }
+
+# check NAME COMMAND...: the command succeeds.
+check() {
+  local name=$1
+  shift
+  if "$@" >check.log 2>&1; then ok "$name"; else not_ok "$name"; tail -n 8 check.log; fi
+}
+
+# exits NAME STATUS ARGUMENT...: lumarinectl ends with this status; leaves out.txt and err.txt.
+exits() {
+  local name=$1 wanted=$2 status
+  shift 2
+  ctl "$@" >out.txt 2>err.txt
+  status=$?
+  if [ $status = "$wanted" ]; then ok "$name"; else not_ok "$name"; echo "# status $status, not $wanted"; tail -n 5 err.txt; fi
+}
+
+says() { check "$1" grep -qF -- "$2" "${3:-err.txt}"; }
+says_not() { check "$1" bash -c '! grep -qF -- "$1" "$2"' - "$2" "${3:-err.txt}"; }
+
+# power_on [OPTION...]: the controller; what it sees is in sim.log, and its memory afterwards in memory.json.
+power_on() { lab_simulator controller sim.log --name "$name" --dump memory.json "$@" || not_ok "the simulator listens"; }
+power_off() {
+  kill -TERM "$lab_pid"
+  wait "$lab_pid" || not_ok "the simulator ends well"
+}
+remembers() { check "$1" jq -e "$2" memory.json; }
+no_objections() { remembers "$1" '.objections == []'; }
+
+# send FROM TO BYTES: one datagram of so many bytes, from any port.
+send() { lab_run "$1" bash -c 'head -c "$2" /dev/zero | tr "\0" "U" >"/dev/udp/$1/5000"' - "$2" "$3"; }
+
+lab_computer computer $computer
+lab_computer controller $device
+lab_computer second $second_device
+lab_computer stranger 10.42.0.66
+
+# Everything that the computer sends and is sent, to the end.
+(exec ip netns exec computer tcpdump -Z root -i eth0 -U -w all.pcap 2>tcpdump.log) &
+tcpdump_pid=$!
+until grep -q "listening on" tcpdump.log; do sleep 0.05; done
+
+# captured FILTER: the datagrams so far that match, a line each.
+captured() { tcpdump -nn -t -r all.pcap "$1" 2>/dev/null; }
+
+# --- nothing is sent that was not asked for
+
+ctl new built-in.xml
+exits "devices" 0 devices
+exits "upload to the emulator" 0 upload built-in.xml --device emulator
+check "nothing has left the computer" test "$(captured "src host $computer" | wc -l)" = 0
+
+# --- a search
+
+exits "a scan of an empty network" 3 scan
+says "it says what to look at" "No controller found on the network."
+power_on
+exits "a scan" 0 scan
+check "it lists the controller" diff out.txt - <<<"$controller  $name"
+says "it tells of itself" "Found 1 device(s)"
+exits "a scan for other programs" 0 scan --json
+check "it is JSON" jq -e "length == 1 and .[0].device == \"$controller\" and .[0].address == \"$device\"" out.txt
+exits "devices with a scan" 0 devices --scan
+says "they hold the controller" "$controller" out.txt
+controller_pid=$lab_pid
+lab_simulator computer holder.log
+exits "a scan while another program holds the port" 3 scan
+says "it says who is in the way" "UDP port 5000 cannot be had"
+exits "an operation while another program holds the port" 3 sync-time --device $controller
+says "it is a connect error" "Connect error"
+says "and explained" "UDP port 5000 cannot be had"
+lab_run computer "$lab_simulator_program" >second.log 2>&1
+check "a second simulator on one computer says why not" grep -q "no listening on 0.0.0.0:5000: " second.log
+power_off
+
+lab_simulator second second.log --name "Smart tank @ 2"
+exits "two controllers" 0 scan
+check "both are listed" diff <(sort out.txt) - <<TEXT
+udp:Smart tank @ 2@$second_device  Smart tank @ 2
+$controller    $name
+TEXT
+exits "a name with blanks and an at sign" 0 sync-time --device "udp:Smart tank @ 2@$second_device" --time "2026-03-14 09:26:53"
+says "the right one has heard it" "clock 2026-03-14 09:26:53" second.log
+says_not "the other has not" "clock 2026" sim.log
+exits "a wrong name" 3 sync-time --device "udp:Smart-7@$second_device"
+says "is explained by the controller" 'it is for "Smart-7", not for "Smart tank @' second.log
+power_off
+lab_pid=$controller_pid
+
+# --- time, clear, demo
+
+exits "sync-time" 0 sync-time --device $controller --time "2026-03-14 09:26:53" --trace
+says "a trace shows the datagrams" "recvfrom $device:5000"
+exits "a demo" 0 demo built-in.xml --device $controller --mode 2 --seconds 2
+exits "clear" 0 clear --device $controller
+power_off
+remembers "the clock is set" '.clock == "2026-03-14 09:26:53"'
+remembers "the demo has been played and ended" '.demo.playing == false and .demo.name != "" and .frames > 10'
+remembers "the memory was cleared" '.clears == 1 and .banks == []'
+no_objections "no frame of these was wrong"
+
+# --- an upload of many modes
+
+modes=20
+{
+  echo "<modelist>"
+  for ((m = 1; m <= modes; ++m)); do
+    echo "<mode name='Mode $m'>"
+    for ((c = 0; c < 5; ++c)); do
+      echo "<channel><step hour='$(((m + c) % 8))' minute='$((m * 7 % 60))' value='$((m * 5 % 101))'/>"
+      echo "<step hour='$((9 + (m * c) % 12))' minute='$((c * 13 % 60))' value='$((100 - m * c))'/></channel>"
+    done
+    echo "</mode>"
+  done
+  echo "</modelist>"
+} >many.xml
+power_on --frames
+exits "an upload of $modes modes" 0 upload many.xml --device $controller
+power_off
+no_objections "no frame of it was wrong"
+remembers "all modes are whole" "(.banks | length) == $modes and all(.banks[]; .whole and (.steps | length) == 48)"
+remembers "under their names, as far as they are sent" '[.banks[].name] == [range(1; 21) | "Mode \(.)"[0:7]]'
+exits "the frames it would be" 0 frames many.xml --model tc421-udp --device-name $name
+check "are those that came" diff out.txt <(sed -n 's/^[0-9.:]*  \(\([0-9A-F][0-9A-F] \?\)\{64\}\)$/\1/p' sim.log | tr -d ' ')
+# The half hours of a mode by another way: the edit, and the table of what is left.
+for mode in 1 7 20; do
+  ctl curve many.xml --mode "$mode" --every 1800 | tail -n +2 |
+    awk -F, '{ printf "%02d:%02d %d %d %d %d %d\n", $1 / 3600, $1 % 3600 / 60, $2, $3, $4, $5, $6 }' | head -n 48 >wanted.txt
+  jq -r ".banks[$mode - 1].steps[] | \"\(.time) \(.values | join(\" \"))\"" memory.json >kept.txt
+  check "mode $mode is kept as its curve says" diff wanted.txt kept.txt
+done
+
+# --- a bad network
+
+power_on --loss 0.4 --seed 2
+exits "a clock on a network that loses a third" 0 sync-time --device $controller --time "2026-03-14 09:26:53"
+says "something was lost" " lost on the way"
+power_off
+power_on --repeat 1 --delay 30
+exits "answers that come late and twice" 0 sync-time --device $controller
+power_off
+power_on --delay 2500
+exits "answers that come too late for their try" 0 sync-time --device $controller
+power_off
+power_on --shorten 1
+exits "answers that are cut short" 3 sync-time --device $controller --trace
+says "are no answers" "Received invalid packet size"
+power_off
+power_on --loss 1
+exits "a network that loses everything" 3 sync-time --device $controller --trace
+check "it was tried three times" test "$(grep -c '^WritePacket: ' err.txt)" = 3
+says "it says what to look at" "No answer from $controller."
+exits "a demo that nobody sees" 3 demo built-in.xml --device $controller --seconds 1
+power_off
+
+# --- neighbours
+
+# meanwhile NAME STATUS ARGUMENT... -- FUNCTION: the command, and the function while it runs.
+meanwhile() {
+  local name=$1 wanted=$2 arguments=() pid status
+  shift 2
+  while [ "$1" != -- ]; do arguments+=("$1"); shift; done
+  ctl "${arguments[@]}" >out.txt 2>err.txt &
+  pid=$!
+  "$2" 2>/dev/null
+  wait "$pid"
+  status=$?
+  if [ $status = "$wanted" ]; then ok "$name"; else not_ok "$name"; echo "# status $status, not $wanted"; tail -n 5 err.txt; fi
+}
+odd_datagrams() {
+  sleep 0.4
+  send controller $computer 63
+  send controller $computer 65
+  send stranger $computer 64
+}
+power_on --delay 1500
+meanwhile "datagrams of 63 and 65 bytes, and a stranger's" 0 sync-time --device $controller --trace -- odd_datagrams
+check "the odd ones are refused" test "$(grep -c 'Received invalid packet size' err.txt)" = 2
+says "the stranger is heard and passed over" "recvfrom 10.42.0.66:"
+check "the clock is asked for once" test "$(grep -c '^WritePacket: ' err.txt)" = 1
+power_off
+
+any_port() {
+  sleep 0.4
+  send controller $computer 64
+}
+power_on --loss 1
+meanwhile "an answer from the controller's address and another port" 0 sync-time --device $controller -- any_port
+stranger_talks() {
+  local i
+  for ((i = 0; i < 20; ++i)); do sleep 0.1; send stranger $computer 64; done
+}
+started=$SECONDS
+meanwhile "a stranger's answers do not count" 3 sync-time --device $controller -- stranger_talks
+check "and do not lengthen the wait" test $((SECONDS - started)) -le 10
+power_off
+power_on
+send stranger $device 63
+send stranger $device 65
+send stranger $device 0
+send stranger $device 64
+exits "a controller that was sent rubbish" 0 sync-time --device $controller
+power_off
+remembers "has objected to it" '([.objections[] | select(test("it has (63|65) bytes"))] | length) == 2'
+
+flood() {
+  # shellcheck disable=SC2016
+  lab_run stranger timeout 3 bash -c 'while :; do head -c $((RANDOM % 100)) /dev/urandom >"/dev/udp/$1/5000"; done' - $computer
+}
+power_on --loss 1
+started=$SECONDS
+meanwhile "a flood of random bytes during a scan" 3 scan -- flood
+meanwhile "a flood during an operation" 3 sync-time --device $controller --trace -- flood
+check "no wait grows" test $((SECONDS - started)) -le 20
+power_off
+
+hostile=$(printf 'x\033[2J\nudp:y@10.0.0.1 \xff\xfe')
+name=$hostile power_on
+exits "a name of control bytes" 0 scan
+check "is one line" test "$(wc -l <out.txt)" = 1
+check "and harmless" bash -c '! grep -q $'"'\\x1B'"' out.txt err.txt'
+exits "in JSON too" 0 scan --json
+check "which stays JSON" jq -e 'length == 1' out.txt
+power_off
+
+# --- WiFi
+
+echo "correct horse" >password.txt
+power_on
+exits "an open network" 0 wifi-setup --device $controller --ssid Guests --security open
+power_off
+remembers "is kept" '.wifi == {ssid: "Guests", security: "open", encryption: "none", password: "", whole: true}'
+no_objections "no frame of it was wrong"
+power_on
+exits "a protected network" 0 wifi-setup --device $controller --ssid "Café 1" --security wpa2 --password-file password.txt
+power_off
+remembers "is kept with its password" \
+  '.wifi == {ssid: "Café 1", security: "wpa2", encryption: "aes", password: "correct horse", whole: true}'
+no_objections "no frame of it was wrong"
+power_on
+check "a password from a pipe" lab_run computer bash -c \
+  "echo tkip-password | ${command[*]} wifi-setup --device $controller --ssid Old --security wpa --encryption tkip --password-file -"
+power_off
+remembers "is kept" '.wifi | .password == "tkip-password" and .security == "wpa" and .encryption == "tkip"'
+for security in open wpa2; do
+  power_on --wrong-ack
+  exits "a wrong acknowledgement, $security" 1 wifi-setup --device $controller --ssid Home --security $security \
+    --password-file password.txt
+  says "is an error" "Error setting "
+  check "and final" test "$(grep -c "WiFi network" sim.log)" = 1
+  power_off
+done
+remembers "the password was not sent" '.wifi.password == ""'
+exits "a controller that is off" 3 wifi-setup --device $controller --ssid Home --security open
+if [ "${command[0]}" != wine ]; then
+  power_on
+  type_password() {
+    until grep -q "Password:" terminal.txt 2>/dev/null; do sleep 0.05; done
+    printf 'typed onceX\177 more\n'
+  }
+  type_password | lab_run computer timeout 20 script -qefc \
+    "${command[*]} wifi-setup --device $controller --ssid Home --security wpa2" terminal.txt >/dev/null
+  power_off
+  remembers "a password is typed, and corrected" '.wifi.password == "typed once more"'
+  says_not "and does not show" "typed" terminal.txt
+fi
+
+# --- what went over the wire, as tcpdump has seen it
+
+sleep 0.2
+kill -INT "$tcpdump_pid"
+wait "$tcpdump_pid"
+stray=$(captured "udp and src host $computer" |
+  grep -vE "^IP $computer\.5000 > (${device//./\\.}|${second_device//./\\.}|255\.255\.255\.255)\.5000: UDP, length 64$")
+check "from one port to one port, to the controllers and to everybody" test -z "$stray"
+check "a search goes to everybody" test "$(captured "udp and src host $computer and dst host 255.255.255.255" | wc -l)" -ge 10
+payloads() {
+  tcpdump -nn -x -r all.pcap "$1" 2>/dev/null |
+    awk '/^[0-9]/ { print "" } /0x[0-9a-f]+:/ { for (i = 2; i <= NF; ++i) printf "%s", toupper($i) } END { print "" }' |
+    grep . | cut -c 57-
+}
+payloads "udp and src host $computer and udp[8:4] = 0x55aa1700" | sort -u >probes.txt
+check "a search is what it should be" diff probes.txt <(printf '55AA17000003DDEEFF%0104dE30000\n' 0)
+exits "the frames of an upload" 0 frames many.xml --model tc421-udp --device-name $name
+# Mode frames only: command 01 and the end of a mode.
+payloads "udp and src host $computer and (udp[10] = 0x01 or udp[10] = 0x04)" >sent.txt
+check "are the datagrams that were sent" diff out.txt sent.txt
+
+exit $failed
