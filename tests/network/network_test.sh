@@ -167,7 +167,7 @@ done
 
 power_on --loss 0.4 --seed 2
 exits "a clock on a network that loses a third" 0 sync-time --device $controller --time "2026-03-14 09:26:53"
-says "something was lost" " lost on the way"
+says "something was lost" " lost on the way" sim.log
 power_off
 power_on --repeat 1 --delay 30
 exits "answers that come late and twice" 0 sync-time --device $controller

@@ -179,7 +179,7 @@ TEST_F(NetworkTC421Test, AcknowledgesWronglyWhenTold) {
 TEST_F(NetworkTC421Test, KeepsOfALongPasswordWhatTheNameLeaves) {
   const std::string password(63, 'x');
   Send(Frame(0x1800, 4, NetworkPayload("Home", 2, 1)));
-  EXPECT_EQ(TextOf(Send(Frame(0x1800, 63, "\x02" + password.substr(0, 53)))), "r");
+  EXPECT_EQ(TextOf(Send(Frame(0x1800, 63, std::string("\x02").append(53, 'x')))), "r");
   EXPECT_EQ(controller->GetMemory().wifi->password, password.substr(0, 42));
   EXPECT_THAT(controller->Violations(), ElementsAre(HasSubstr("of 63 bytes 42 came")));
 }
