@@ -110,7 +110,10 @@ std::u16string OpenDialog::Text(int control, std::size_t units) const {
 }
 
 void OpenDialog::SetEnabled(int control, bool enabled) {
-  EnableWindow(Item(control), enabled ? TRUE : FALSE);
+  const HWND item = Item(control);
+  // A control that is disabled with the focus keeps it, and no key would do anything any more.
+  if (!enabled && GetFocus() == item) SendMessageW(window_, WM_NEXTDLGCTL, 0, FALSE);
+  EnableWindow(item, enabled ? TRUE : FALSE);
 }
 
 void OpenDialog::Hide(int control) {

@@ -148,10 +148,23 @@ void DesktopUser::FillDialog(HWND dialog) {
     ASSERT_TRUE(IsWindow(dialog)) << "closed before the script's end";
     if (step.kind == DialogStep::Kind::Look) {
       seenDialogs_.push_back(user.See());
+    } else if (step.kind == DialogStep::Kind::Await) {
+      EXPECT_TRUE(WaitUntil([&] {
+        AnswerBoxOver(dialog);
+        return step.until(user.See());
+      })) << "what is waited for in \""
+          << WindowText(dialog) << "\" does not come";
     } else {
       user.Do(step);
     }
   }
+}
+
+void DesktopUser::AnswerBoxOver(HWND dialog) {
+  const HWND box = program_->Dialog();
+  if (box == nullptr || box == dialog || !dialogs::IsMessageBox(box)) return;
+  AnswerMessageBox(box);
+  EXPECT_TRUE(WaitUntil([box] { return !IsWindow(box); })) << "the message stays";
 }
 
 void DesktopUser::AnswerMessageBox(HWND box) {

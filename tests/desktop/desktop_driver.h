@@ -89,6 +89,8 @@ class DesktopUser final : public User {
   HWND DialogInFront();
   void AnswerDialog(HWND dialog);
   void FillDialog(HWND dialog);
+  /// A message of the dialog itself, if there is one.
+  void AnswerBoxOver(HWND dialog);
   void AnswerMessageBox(HWND box);
   void AnswerFileDialog(HWND dialog);
 

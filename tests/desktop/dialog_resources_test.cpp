@@ -140,11 +140,11 @@ struct KindRow {
 };
 
 const KindRow kKinds[] = {
-    {ControlKind::Label, L"STATIC", SS_TYPEMASK, SS_LEFT, {}},
+    {ControlKind::Label, L"STATIC", SS_TYPEMASK, SS_LEFT, {{SS_NOPREFIX, trait::kAmpersands}}},
     {ControlKind::ProgramIcon, L"STATIC", SS_TYPEMASK, SS_ICON, {}},
     {ControlKind::Edit,
      L"EDIT",
-     WS_BORDER,
+     WS_BORDER | ES_PASSWORD,
      WS_BORDER,
      {{ES_AUTOHSCROLL, trait::kAutoScroll},
       {ES_MULTILINE, trait::kMultiLine},
@@ -156,11 +156,24 @@ const KindRow kKinds[] = {
      BS_TYPEMASK & ~DWORD{BS_DEFPUSHBUTTON},
      BS_PUSHBUTTON,
      {{BS_DEFPUSHBUTTON, trait::kDefault}}},
+    {ControlKind::GroupBox, L"BUTTON", BS_TYPEMASK, BS_GROUPBOX, {}},
+    {ControlKind::ListBox,
+     L"LISTBOX",
+     LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | WS_BORDER,
+     LBS_NOTIFY | WS_BORDER,
+     {{LBS_SORT, trait::kSorted}, {WS_VSCROLL, trait::kVerticalScrollBar}}},
     {ControlKind::DropDownList,
      L"COMBOBOX",
-     CBS_DROPDOWNLIST | CBS_SORT,
      CBS_DROPDOWNLIST,
-     {{WS_VSCROLL, trait::kVerticalScrollBar}}},
+     CBS_DROPDOWNLIST,
+     {{CBS_SORT, trait::kSorted}, {WS_VSCROLL, trait::kVerticalScrollBar}}},
+    {ControlKind::ComboBox,
+     L"COMBOBOX",
+     CBS_DROPDOWNLIST,
+     CBS_DROPDOWN,
+     {{CBS_SORT, trait::kSorted},
+      {CBS_AUTOHSCROLL, trait::kAutoScroll},
+      {WS_VSCROLL, trait::kVerticalScrollBar}}},
     {ControlKind::DateTimePicker, L"SYSDATETIMEPICK32", 0, 0, {}},
 };
 
@@ -172,7 +185,7 @@ const KindRow& RowOf(ControlKind kind) {
 }
 
 bool CanHaveTheFocus(ControlKind kind) {
-  return kind != ControlKind::Label && kind != ControlKind::ProgramIcon;
+  return kind != ControlKind::Label && kind != ControlKind::ProgramIcon && kind != ControlKind::GroupBox;
 }
 
 unsigned TraitsOf(const Item& item, const KindRow& row) {

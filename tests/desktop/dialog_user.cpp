@@ -19,6 +19,8 @@ namespace {
 
 // More than any dialog has controls.
 constexpr int kMostTabs = 20;
+// And than any list has rows.
+constexpr int kMostRows = 100;
 
 // In the order in which they stand in pickers.
 constexpr int DateTime::*kPickerParts[] = {&DateTime::year, &DateTime::month,  &DateTime::day,
@@ -39,12 +41,34 @@ std::vector<HWND> ControlsOf(HWND dialog) {
   return controls;
 }
 
+/// The same questions go by other numbers for each of the two classes of lists.
+struct ListMessages {
+  UINT count;
+  UINT textLength;
+  UINT text;
+  UINT selection;
+};
+constexpr ListMessages kComboBox = {CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_GETCURSEL};
+constexpr ListMessages kListBox = {LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT, LB_GETCURSEL};
+
+/// Null for a window of another class.
+const ListMessages* MessagesOf(HWND control) {
+  const std::wstring className = ClassOf(control);
+  if (className == L"ComboBox") return &kComboBox;
+  return className == L"ListBox" ? &kListBox : nullptr;
+}
+
+int SelectedRow(HWND list) {
+  return static_cast<int>(SendMessageW(list, MessagesOf(list)->selection, 0, 0));
+}
+
 std::vector<std::string> RowsOf(HWND list) {
+  const ListMessages& messages = *MessagesOf(list);
   std::vector<std::string> rows;
-  const auto count = static_cast<WPARAM>(SendMessageW(list, CB_GETCOUNT, 0, 0));
+  const auto count = static_cast<WPARAM>(SendMessageW(list, messages.count, 0, 0));
   for (WPARAM row = 0; row < count; ++row) {
-    std::wstring text(static_cast<std::size_t>(SendMessageW(list, CB_GETLBTEXTLEN, row, 0)) + 1, L'\0');
-    SendMessageW(list, CB_GETLBTEXT, row, reinterpret_cast<LPARAM>(text.data()));
+    std::wstring text(static_cast<std::size_t>(SendMessageW(list, messages.textLength, row, 0)) + 1, L'\0');
+    SendMessageW(list, messages.text, row, reinterpret_cast<LPARAM>(text.data()));
     rows.push_back(Utf8(text.c_str()));
   }
   return rows;
@@ -66,12 +90,11 @@ SeenDialog DialogUser::See() const {
     entry.text = WindowText(control);
     entry.visible = IsWindowVisible(control) != 0;
     entry.enabled = IsWindowEnabled(control) != 0;
-    const std::wstring className = ClassOf(control);
-    if (className == L"ComboBox") {
+    if (MessagesOf(control) != nullptr) {
       entry.rows = RowsOf(control);
-      entry.row = static_cast<int>(SendMessageW(control, CB_GETCURSEL, 0, 0));
+      entry.row = SelectedRow(control);
     }
-    if (className == L"SysDateTimePick32") entry.time = program_.LookAtPicker(control);
+    if (ClassOf(control) == L"SysDateTimePick32") entry.time = program_.LookAtPicker(control);
   }
   return seen;
 }
@@ -87,6 +110,9 @@ void DialogUser::Do(const DialogStep& step) {
       return Pick(step);
     case Kind::SetDateTime:
       return SetDateTime(step);
+    case Kind::GoTo:
+      GoTo(step.control);
+      return;
     case Kind::Press:
       if (GoTo(step.control)) PressKey(VK_SPACE);
       return;
@@ -94,6 +120,7 @@ void DialogUser::Do(const DialogStep& step) {
       return PressKey(VK_RETURN);
     case Kind::PressEscape:
       return PressKey(VK_ESCAPE);
+    case Kind::Await:
     case Kind::Look:
       break;
   }
@@ -158,9 +185,11 @@ void DialogUser::Paste(const DialogStep& step) {
 
 void DialogUser::Pick(const DialogStep& step) {
   if (!GoTo(step.control)) return;
-  input::PressKey(VK_HOME);
-  for (int row = 0; row < step.row; ++row) input::PressKey(VK_DOWN);
-  takeInput_();
+  const HWND list = GetDlgItem(dialog_, step.control);
+  for (int keys = 0; keys < kMostRows && SelectedRow(list) != step.row; ++keys) {
+    PressKey(SelectedRow(list) < step.row ? VK_DOWN : VK_UP);
+  }
+  EXPECT_EQ(SelectedRow(list), step.row) << "the keys do not get to that row of " << step.control;
 }
 
 void DialogUser::SetDateTime(const DialogStep& step) {

@@ -19,7 +19,7 @@ class DialogUser {
 
   /// What the dialog shows now.
   SeenDialog See() const;
-  /// Does one thing in it, but for looking. The test fails, if the keyboard does not get there.
+  /// Does one thing in it, but for looking and waiting. The test fails, if the keyboard does not get there.
   void Do(const DialogStep& step);
 
  private:

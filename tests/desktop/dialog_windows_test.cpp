@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "dialogs/dialog_template.h"
 #include "platform/win32/open_dialog.h"
@@ -102,6 +103,56 @@ TEST_F(DialogWindows, RowsGoByTheirNumberInTheOrderTheyWereAdded) {
     EXPECT_EQ(window.SelectedData(kCopyFrom), -1) << "one past the end is no choice";
     window.ClearRows(kCopyFrom);
     EXPECT_EQ(window.RowCount(kCopyFrom), 0);
+  });
+}
+
+TEST_F(DialogWindows, SortedListsKeepTheNumberOfEachRow) {
+  namespace config_id = dialogs::tc421_config_control;
+  for (const auto& [form, list] :
+       {std::pair(template_id::kTC421Search, dialogs::tc421_search_control::kFound),
+        std::pair(template_id::kTC421Config, config_id::kNetwork)}) {
+    In(form, [list = list](DialogWindow& window) {
+      window.AddRow(list, u"Reef", 0);
+      window.AddRow(list, u"Attic", 1);
+      window.AddRow(list, u"Reef", 2);
+      EXPECT_EQ(window.RowCount(list), 3);
+      EXPECT_EQ(window.SelectedData(list), -1);
+      window.SelectRow(list, 0);
+      EXPECT_EQ(window.SelectedData(list), 1);
+      window.SelectRow(list, 1);
+      const int first = window.SelectedData(list);
+      window.SelectRow(list, 2);
+      EXPECT_EQ(first + window.SelectedData(list), 2) << "both of the same name";
+      window.ClearRows(list);
+      EXPECT_EQ(window.RowCount(list), 0);
+      EXPECT_EQ(window.SelectedData(list), -1);
+    });
+  }
+}
+
+TEST_F(DialogWindows, WordsAreSelectedWholeAndReadBack) {
+  namespace config_id = dialogs::tc421_config_control;
+  In(template_id::kTC421Config, [](DialogWindow& window) {
+    for (const char16_t* const word : {u"WPA2", u"Open", u"WPA"})
+      window.AddRow(config_id::kSecurity, word, 0);
+    EXPECT_EQ(window.Text(config_id::kSecurity, 40), u"");
+    window.SelectText(config_id::kSecurity, u"WPA");
+    EXPECT_EQ(window.Text(config_id::kSecurity, 40), u"WPA");
+    window.SelectText(config_id::kSecurity, u"WPA2");
+    EXPECT_EQ(window.Text(config_id::kSecurity, 40), u"WPA2");
+    window.SelectText(config_id::kSecurity, u"Invalid");
+    EXPECT_EQ(window.Text(config_id::kSecurity, 40), u"WPA2");
+  });
+}
+
+TEST_F(DialogWindows, AComboBoxShowsItsChoiceAndTakesAnyText) {
+  namespace config_id = dialogs::tc421_config_control;
+  In(template_id::kTC421Config, [](DialogWindow& window) {
+    window.AddRow(config_id::kNetwork, u"水槽 🐠", 0);
+    window.SelectRow(config_id::kNetwork, 0);
+    EXPECT_EQ(window.Text(config_id::kNetwork, 128), u"水槽 🐠");
+    window.SetText(config_id::kNetwork, std::u16string(500, u's'));
+    EXPECT_EQ(window.Text(config_id::kNetwork, 128), std::u16string(127, u's'));
   });
 }
 

@@ -187,6 +187,10 @@ TEST_F(TC421Search, NothingFoundLeavesAnotherSearchOrCancel) {
   EXPECT_EQ(Taken(statusLog), "Searching for network devices...\nFound 0 device(s)\n");
 }
 
+TEST_F(TC421Search, EnterIsNoWayRoundTheDisabledButton) {
+  EXPECT_EQ(Ask({Search(), WaitForWorker(), GoTo(search_id::kFound), PressEnter(), PressEscape()}), kCancel);
+}
+
 TEST_F(TC421Search, UsbControllersAreNotShownAndDoNotShiftTheChoice) {
   sim_hidapi::PlugIn(sim_hidapi::Family::TC421);
   worker_.emplace(TCBase::Discovery::AtOnce);

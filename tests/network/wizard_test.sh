@@ -8,6 +8,9 @@ set -uo pipefail
 
 [ $# = 2 ] || [ $# = 3 ] || { echo "usage: $0 COMMAND TC421SIM [FOLDER]" >&2; exit 2; }
 . "$(dirname "$0")/lab.sh"
+# Sockets are made by Wine's server: one that runs already would make them in another network.
+wineserver -k
+wineserver -w
 lab_enter "$0" "$@" || { echo "skipped the WiFi wizard over real sockets: $lab_reason"; exit 0; }
 
 read -ra command <<<"$1"
@@ -15,7 +18,7 @@ program_at=$((${#command[@]} - 1))
 command[program_at]=$(realpath "${command[program_at]}")
 lab_simulator_program=$(realpath "$2")
 pictures=()
-[ $# = 2 ] || pictures=("$(winepath -w "$(realpath "$3")")")
+[ $# = 2 ] || pictures=("Z:$(realpath "$3")")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
@@ -27,7 +30,7 @@ not_ok() { echo "not ok $1"; failed=1; }
 
 # suite NAME: one of desktop_wizard's; each of its tests is a check. A run that hangs must not take all with it.
 suite() {
-  lab_run computer timeout 300 "${command[@]}" --gtest_filter="$1.*" --gtest_color=no $name "${pictures[@]}" \
+  lab_run computer timeout 100 "${command[@]}" --gtest_filter="$1.*" --gtest_color=no $name "${pictures[@]}" \
     >suite.log 2>&1 </dev/null
   local status=$?
   sed -n 's/^\[       OK \] \(.*\) (.*/ok \1/p; s/^\[  FAILED  \] \(.*\) (.*/not ok \1/p' suite.log | tr -d '\r'

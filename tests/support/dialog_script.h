@@ -33,7 +33,7 @@ struct SeenDialog {
 
 /// One thing done.
 struct DialogStep {
-  enum class Kind { Type, Paste, Pick, SetDateTime, Press, PressEnter, PressEscape, Await, Look };
+  enum class Kind { Type, Paste, Pick, SetDateTime, GoTo, Press, PressEnter, PressEscape, Await, Look };
 
   Kind kind;
   int control = 0;
@@ -65,6 +65,10 @@ inline DialogStep Pick(int control, int row) {
 /// Sets a date and time picker.
 inline DialogStep SetDateTime(int control, const DateTime& time) {
   return {DialogStep::Kind::SetDateTime, control, {}, 0, time};
+}
+/// Goes to a control with the Tab key.
+inline DialogStep GoTo(int control) {
+  return {DialogStep::Kind::GoTo, control};
 }
 /// Clicks a button.
 inline DialogStep Press(int button) {

@@ -314,6 +314,10 @@ void Window::Do(const DialogStep& step) {
     case Kind::SetDateTime:
       Reach(step.control, ControlKind::DateTimePicker).time = step.time;
       return;
+    case Kind::GoTo:
+      if (!At(step.control).TakesFocus()) Mistake(Title() + ": Tab skips " + std::to_string(step.control));
+      focus_ = step.control;
+      return;
     case Kind::Press:
       Reach(step.control, ControlKind::Button);
       return Notify(step.control, dialogs::kClicked);
