@@ -43,8 +43,7 @@ bool Queue::OfferToAccelerators() {
     const bool isKey =
         row.kind == Kind::VirtualKey && current_.kind == Event::Kind::KeyDown && !current_.ctrl;
     const bool isCharacter = row.kind == Kind::Character && current_.kind == Event::Kind::Character;
-    const bool isAltCharacter =
-        row.kind == Kind::AltCharacter && current_.kind == Event::Kind::AltCharacter;
+    const bool isAltCharacter = row.kind == Kind::AltCharacter && current_.kind == Event::Kind::AltCharacter;
     if ((!isKey && !isCharacter && !isAltCharacter) || row.key != current_.key) continue;
     onAccelerator(row.command);
     return true;
