@@ -92,11 +92,12 @@ class DemoControl : public AppTest {
   bool WaitForState(TCBase::DemoPlayState state) {
     return WaitUntil([state] { return demoState.state == state && demoState.position >= 0; });
   }
-  // Until the display has come back. For a moment before that a live demo may read as one at rest.
+  // Until the display has come back. For a moment before that the status and the time of a demo that has just
+  // ended read like those at rest, while the power is still that of its last frame.
   bool WaitForRest() {
     return WaitUntil([this] {
       return user.Text(Control::DemoStatusLabel).starts_with("Ready") &&
-             user.Text(Control::TimeLabel) == "00:00:00";
+             user.Text(Control::TimeLabel) == "00:00:00" && user.Text(Control::PowerLabel) == "0 0 0 0 0";
     });
   }
   // So that its return can be seen.
