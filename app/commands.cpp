@@ -17,11 +17,11 @@ const Commands::Row Commands::kRows[] = {
     {command::kLoadProgram, Undo::None, &Commands::LoadProgram},
     {command::kSaveProgram, Undo::None, &Commands::SaveProgram},
     {command::kSaveProgramAs, Undo::None, &Commands::SaveProgramAs},
-    {command::kImportTmf, Undo::Snapshot, nullptr},
-    {command::kExportTmf, Undo::None, nullptr},
-    {command::kImportLmf, Undo::Snapshot, nullptr},
-    {command::kExportLmf, Undo::None, nullptr},
-    {command::kExportRaw, Undo::None, nullptr},
+    {command::kImportTmf, Undo::Snapshot, &Commands::ImportModes, Tmf},
+    {command::kExportTmf, Undo::None, &Commands::ExportMode, Tmf},
+    {command::kImportLmf, Undo::Snapshot, &Commands::ImportModes, Lmf},
+    {command::kExportLmf, Undo::None, &Commands::ExportMode, Lmf},
+    {command::kExportRaw, Undo::None, &Commands::ExportMode, Raw},
     {command::kProgramInfo, Undo::None, &Commands::ProgramInfo},
     {command::kExit, Undo::None, &Commands::Exit},
     // Edit
@@ -78,7 +78,7 @@ const Commands::Row Commands::kRows[] = {
     // Any distance stops at the ends of the day.
     {command::kPanToStart, Undo::None, &Commands::Pan, -TCBase::Program::kSecondsPerDay},
     {command::kPanToEnd, Undo::None, &Commands::Pan, TCBase::Program::kSecondsPerDay},
-    {command::kRandomMode, Undo::None, nullptr},
+    {command::kRandomMode, Undo::None, &Commands::AddRandomMode},
     {command::kMergeTranslations, Undo::None, nullptr},
 };
 

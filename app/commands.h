@@ -55,6 +55,9 @@ class Commands {
   void LoadProgram(int);
   void SaveProgram(int);
   void SaveProgramAs(int);
+  enum Exchange { Tmf, Lmf, Raw };
+  void ImportModes(int format);
+  void ExportMode(int format);
   void ProgramInfo(int);
   void Exit(int);
   // Edit
@@ -98,6 +101,8 @@ class Commands {
   void EditMode(int);
   dialogs::ModeNameParams ModeDialog(std::string_view title);
   void DeleteMode(int);
+  void AddRandomMode(int);
+  void ShowLastMode();
   // View
   void ZoomIn(int);
   void ZoomOut(int);

@@ -47,9 +47,9 @@ class Commands : public AppTest {
 };
 
 const std::vector<int> kNotServedYet = {
-    command::kImportTmf,       command::kExportTmf,  command::kImportLmf,
-    command::kExportLmf,       command::kExportRaw,  command::kExportTranslation,
-    command::kTestTranslation, command::kRandomMode, command::kMergeTranslations,
+    command::kExportTranslation,
+    command::kTestTranslation,
+    command::kMergeTranslations,
 };
 
 TEST_F(Commands, WhatIsNotServedYetDoesNothing) {

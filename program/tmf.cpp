@@ -1,0 +1,85 @@
+#include "program/tmf.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "common/log.h"
+#include "common/message.h"
+
+namespace TCBase::Program {
+
+namespace {
+
+constexpr std::size_t kHeaderSize = 4 + 4 + 4;
+constexpr std::array<std::uint8_t, kHeaderSize> kHeader{0, 0, 0, 0, 5, 0, 0, 0, 3, 0, 0, 0};
+
+// Of a row.
+constexpr std::size_t kHour = 4;
+constexpr std::size_t kMinute = 5;
+constexpr std::size_t kValues = 44;
+constexpr std::size_t kJumps = 49;
+constexpr std::size_t kTail = 54;
+constexpr std::size_t kRowSize = kTail + 2;
+constexpr char kTailByte = static_cast<char>(0xCC);
+
+constexpr int kMostPercent = 100;
+
+int ByteAt(std::string_view data, std::size_t offset) {
+  return static_cast<std::uint8_t>(data[offset]);
+}
+
+/// The step that a row has for a channel.
+Step StepOf(std::string_view row, std::size_t channel) {
+  const int second = std::min((ByteAt(row, kHour) * 60 + ByteAt(row, kMinute)) * 60, kSecondsPerDay - 1);
+  Step step;
+  step.hour = second / 3600;
+  step.minute = second % 3600 / 60;
+  step.value = static_cast<float>(std::min(ByteAt(row, kValues + channel), kMostPercent));
+  step.jump = ByteAt(row, kJumps + channel) == 1;
+  step.id = NextStepId();
+  return step;
+}
+
+}  // namespace
+
+bool ReadTmf(std::string_view data, Mode& mode) {
+  if (data.size() <= kHeaderSize || (data.size() - kHeaderSize) % kRowSize != 0) {
+    LogStatus(Message("Invalid file format"));
+    return false;
+  }
+  std::size_t rows = (data.size() - kHeaderSize) / kRowSize;
+  if (rows > static_cast<std::size_t>(kMaxModeSteps)) {
+    LogStatus(Message("TMF max number of steps exceeded. Limiting to {1}", kMaxModeSteps));
+    rows = static_cast<std::size_t>(kMaxModeSteps);
+  }
+  for (std::size_t i = 0; i < rows; ++i) {
+    const std::string_view row = data.substr(kHeaderSize + i * kRowSize, kRowSize);
+    for (std::size_t channel = 0; channel < mode.channels.size(); ++channel)
+      mode.channels[channel].push_back(StepOf(row, channel));
+  }
+  for (Channel& channel : mode.channels) SortSteps(channel);
+  return true;
+}
+
+bool WriteTmf(const Mode& mode, std::string& data) {
+  std::vector<ModeStep> rows;
+  CollectModeSteps(mode, rows);
+  data.assign(kHeaderSize + rows.size() * kRowSize, '\0');
+  std::copy(kHeader.begin(), kHeader.end(), data.begin());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    char* const row = data.data() + kHeaderSize + i * kRowSize;
+    row[kHour] = static_cast<char>(rows[i].hour);
+    row[kMinute] = static_cast<char>(rows[i].minute);
+    for (std::size_t channel = 0; channel < mode.channels.size(); ++channel) {
+      row[kValues + channel] = static_cast<char>(rows[i].values[channel]);
+      row[kJumps + channel] = static_cast<char>(rows[i].jumps[channel]);
+    }
+    row[kTail] = row[kTail + 1] = kTailByte;
+  }
+  return true;
+}
+
+}  // namespace TCBase::Program
