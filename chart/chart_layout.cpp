@@ -89,6 +89,10 @@ std::int32_t ChartLayout::LaneAt(std::int32_t x, std::int32_t y) const {
   return -1;
 }
 
+Rect ChartLayout::LaneStrip() const {
+  return {chartRect.x, 0, chartRect.width, ChartWindowRect().height};
+}
+
 Rect ChartLayout::ChartWindowRect() const {
   return {kLeftColumn, kTopStrip, clientRect.width - kLeftColumn, clientRect.height - kBelowChart};
 }

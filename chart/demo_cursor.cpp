@@ -18,16 +18,9 @@ using TCBase::Program::ModeStep;
 
 // Smooths the jumps of the demo's time.
 constexpr float kApproachSeconds = 0.1F;
-constexpr std::int32_t kBelowChart = 166;  // of the main window
 
 float Middle(std::int32_t pixel) {
   return std::clamp(static_cast<float>(pixel), -kFarthestMiddle, kFarthestMiddle);
-}
-
-// The demo goes by the second, its cursor by the whole minute.
-std::int32_t SecondOfWholeMinute(std::int32_t position) {
-  const std::int32_t minute = position / 3600 % 24 * 60 + position % 3600 / 60;
-  return minute * 60;
 }
 
 float CursorGoal(const ChartLayout& layout, const ModeListView& view, std::int32_t position) {
@@ -45,6 +38,11 @@ ModeStep StepSentLast() {
 
 }  // namespace
 
+std::int32_t SecondOfWholeMinute(std::int32_t position) {
+  const std::int32_t minute = position / 3600 % 24 * 60 + position % 3600 / 60;
+  return minute * 60;
+}
+
 void DemoCursor::DrawDemoCursor(Canvas& canvas) {
   const std::int32_t position = TCBase::demoState.position;
   if (position < 0) return;
@@ -58,7 +56,7 @@ void DemoCursor::DrawDemoCursor(Canvas& canvas) {
 }
 
 void DemoCursor::DrawBand(Canvas& canvas, float x) const {
-  const auto height = static_cast<float>(scene_.layout.clientRect.height - kBelowChart);
+  const auto height = static_cast<float>(scene_.layout.LaneStrip().height);
   canvas.Stroke(Rectangle{x - 4.0F, 0.0F, 8.0F, height}, Brush::Orange, 5.0F);
   canvas.Stroke(Rectangle{x - 1.0F, 0.0F, 2.0F, height}, Brush::Black, 3.0F);
 }

@@ -26,11 +26,6 @@ constexpr float kTravelSeconds = 0.1F;
 constexpr float kNoticeable = 0.1F;
 constexpr double kAnimatedSeconds = 1.0;
 
-// Of the main window, around the chart's window and its lanes.
-constexpr std::int32_t kMargin = 10;
-constexpr std::int32_t kBesideLanes = 140;
-constexpr std::int32_t kBelowChart = 166;
-
 constexpr std::int32_t kTextRoom = 3;  // that the box has beyond its text
 constexpr std::int32_t kBorder = 3;    // of the balloon, around the box
 constexpr float kBalloonRadius = 5.0F;
@@ -189,7 +184,7 @@ void StepPopups::DrawPopup(Canvas& canvas, StepPopup& popup, const Step& step, c
   Rect box{0, 0, TruncateToInt(text.width + kTextRoom), TruncateToInt(text.height + kTextRoom)};
 
   const MarkerCenter anchor = GetMarkerCenter(lane, scene_.program, step);
-  const Rect allowed{kMargin, 0, client.width - kBesideLanes, client.height - kBelowChart};
+  const Rect allowed = scene_.layout.LaneStrip();
   const Point place = CenterOf(FindPopupPlace(allowed, anchor.x, anchor.y, box.width, box.height,
                                               client.height / 48, HoveredMarker()));
   const Point present = popup.PresentPoint();

@@ -27,10 +27,6 @@ namespace {
 
 using TCBase::Program::ModeListView;
 
-// Of the main window, around the chart's.
-constexpr std::int32_t kBesideChart = 120;
-constexpr std::int32_t kAroundChart = 166;
-
 /// Longer than anything on the chart moves.
 constexpr int kRestMilliseconds = 2000;
 
@@ -66,7 +62,9 @@ class Chart {
  public:
   Chart(const ModeListView& document, const PictureRequest& request) : document_(document) {
     now = frameClock.Now();
-    layout_.Update(request.width + kBesideChart, request.height + kAroundChart);
+    const UX::Rect none =
+        layout_.ChartWindowRect();  // of a window without size: what is around it, below zero
+    layout_.Update(request.width - none.width, request.height - none.height);
     AwaitRest();
   }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "OvkLib/src/ovk_format.h"
+#include "chart/demo_cursor.h"
 #include "chart/popup_place.h"
 #include "chart/scene_queries.h"
 #include "common/message.h"
@@ -33,11 +34,6 @@ constexpr std::uint32_t kBlack = 0xFF000000;
 constexpr std::uint32_t kSalmon = 0xFFFA8072;
 constexpr const wchar_t* kFont = L"Segoe UI";
 constexpr const wchar_t* kNameFont = L"Segoe UI Black";
-
-// Of the main window: what surrounds the lanes.
-constexpr std::int32_t kBesideLanes = 140;
-constexpr std::int32_t kBelowChart = 166;
-constexpr std::int32_t kLeftMargin = 10;
 
 /// Room for the pens that draw on a lane's edge.
 Rect WithSurroundings(const Rect& lane) {
@@ -265,10 +261,8 @@ void RendererGDI::DrawTooltip(const Step& step, const Rect& area, std::int32_t x
 
 void RendererGDI::DrawDemoLine(std::int32_t position) {
   if (position < 0) return;
-  const std::int32_t minute = position / 3600 % 24 * 60 + position % 3600 / 60;
-  const Rect area{kLeftMargin, 0, layout.clientRect.width - kBesideLanes,
-                  layout.clientRect.height - kBelowChart};
-  const std::int32_t x = AcrossView(minute * 60, CurrentView(), area.x, area.width);
+  const Rect area = layout.LaneStrip();
+  const std::int32_t x = AcrossView(SecondOfWholeMinute(position), CurrentView(), area.x, area.width);
   graphics_->ClipTo(area);
   graphics_->DrawLine({x, 0}, {x, area.height}, GdiplusPen(0xFF32B40A, 2.0F));
 }
