@@ -99,11 +99,18 @@ class DlgBase {
   virtual void OnInit(DialogWindow& window) = 0;
   /// A control's notification; kOk and kCancel come from keys and from the window's frame too. True if the
   /// dialog made use of it.
-  virtual bool OnCommand(DialogWindow& window, int control, int code) = 0;
+  virtual bool OnCommand(DialogWindow& window, int control, int code);
   /// What was posted to the window.
   virtual void OnEvent(DialogWindow&, std::uint32_t /*event*/) {}
 
   const int templateId;
+
+ protected:
+  /// OK, also by the Enter key while that button is disabled. Closes the dialog, or says false where it is to
+  /// stay open.
+  virtual bool OnOk(DialogWindow& window);
+  /// A notification of any control but OK and Cancel. True if the dialog made use of it.
+  virtual bool OnControl(DialogWindow&, int /*control*/, int /*code*/) { return false; }
 
  private:
   DialogsPort& port_;

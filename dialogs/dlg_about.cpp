@@ -48,11 +48,7 @@ void DlgAbout::OnInit(DialogWindow& window) {
   for (const Link& link : kLinks) window.SetText(link.control, Message(link.caption).ToWide());
 }
 
-bool DlgAbout::OnCommand(DialogWindow& window, int control, int) {
-  if (control == kOk || control == kCancel) {
-    window.End(control);
-    return true;
-  }
+bool DlgAbout::OnControl(DialogWindow& window, int control, int) {
   for (const Link& link : kLinks) {
     if (link.control != control) continue;
     window.OpenLink(WideFromUtf8(link.target));

@@ -10,7 +10,9 @@ class DlgAbout final : public DlgBase {
   explicit DlgAbout(DialogsPort& port);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
+
+ private:
+  bool OnControl(DialogWindow& window, int control, int code) override;
 };
 
 }  // namespace dialogs

@@ -33,20 +33,10 @@ void DlgAddSteps::OnInit(DialogWindow& window) {
   UpdateStepCount(window);
 }
 
-bool DlgAddSteps::OnCommand(DialogWindow& window, int control, int code) {
-  switch (control) {
-    case id::kSteps:
-      if (code != kTextChanged) return false;
-      UpdateStepCount(window);
-      return true;
-    case kOk:
-      return OnOk(window);
-    case kCancel:
-      window.End(kCancel);
-      return true;
-    default:
-      return false;
-  }
+bool DlgAddSteps::OnControl(DialogWindow& window, int control, int code) {
+  if (control != id::kSteps || code != kTextChanged) return false;
+  UpdateStepCount(window);
+  return true;
 }
 
 void DlgAddSteps::UpdateStepCount(DialogWindow& window) {
@@ -60,8 +50,7 @@ void DlgAddSteps::UpdateStepCount(DialogWindow& window) {
 
 bool DlgAddSteps::OnOk(DialogWindow& window) {
   if (StoreText(window, id::kSteps, params_.text) == Stored::Empty) return false;
-  window.End(kOk);
-  return true;
+  return DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

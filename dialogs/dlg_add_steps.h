@@ -20,11 +20,11 @@ class DlgAddSteps final : public DlgBase {
   DlgAddSteps(DialogsPort& port, AddStepsParams& params);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
 
  private:
+  bool OnOk(DialogWindow& window) override;
+  bool OnControl(DialogWindow& window, int control, int code) override;
   void UpdateStepCount(DialogWindow& window);
-  bool OnOk(DialogWindow& window);
 
   AddStepsParams& params_;
 };

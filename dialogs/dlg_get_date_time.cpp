@@ -18,11 +18,9 @@ void DlgGetDateTime::OnInit(DialogWindow& window) {
   window.SetDateTime(id::kDateTime, params_.dateTime, u"yyyy-MMM-dd HH:mm:ss");
 }
 
-bool DlgGetDateTime::OnCommand(DialogWindow& window, int control, int) {
-  if (control != kOk && control != kCancel) return false;
-  if (control == kOk) params_.dateTime = window.GetDateTime(id::kDateTime);
-  window.End(control);
-  return true;
+bool DlgGetDateTime::OnOk(DialogWindow& window) {
+  params_.dateTime = window.GetDateTime(id::kDateTime);
+  return DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

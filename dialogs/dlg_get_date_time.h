@@ -22,9 +22,10 @@ class DlgGetDateTime final : public DlgBase {
   DlgGetDateTime(DialogsPort& port, DateTimeParams& params);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
 
  private:
+  bool OnOk(DialogWindow& window) override;
+
   DateTimeParams& params_;
 };
 

@@ -21,22 +21,9 @@ void DlgGetValue::OnInit(DialogWindow& window) {
   if (params_.numbersOnly) window.AcceptDigitsOnly(id::kValue);
 }
 
-bool DlgGetValue::OnCommand(DialogWindow& window, int control, int) {
-  switch (control) {
-    case kOk:
-      return OnOk(window);
-    case kCancel:
-      window.End(kCancel);
-      return true;
-    default:
-      return false;
-  }
-}
-
 bool DlgGetValue::OnOk(DialogWindow& window) {
   if (StoreText(window, id::kValue, params_.value) == Stored::Empty) return false;
-  window.End(kOk);
-  return true;
+  return DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

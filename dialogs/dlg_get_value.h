@@ -23,10 +23,9 @@ class DlgGetValue final : public DlgBase {
   DlgGetValue(DialogsPort& port, GetValueParams& params);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
 
  private:
-  bool OnOk(DialogWindow& window);
+  bool OnOk(DialogWindow& window) override;
 
   GetValueParams& params_;
 };

@@ -46,24 +46,11 @@ void DlgModeName::FillCopySources(DialogWindow& window) {
   window.SelectRow(id::kCopyFrom, 0);
 }
 
-bool DlgModeName::OnCommand(DialogWindow& window, int control, int) {
-  switch (control) {
-    case kOk:
-      return OnOk(window);
-    case kCancel:
-      window.End(kCancel);
-      return true;
-    default:
-      return false;
-  }
-}
-
 bool DlgModeName::OnOk(DialogWindow& window) {
   StoreText(window, id::kDescription, params_.description);
   if (StoreText(window, id::kName, params_.name, kNameUnits) == Stored::Empty) return false;
   if (params_.copySource != nullptr) params_.copyFrom = window.SelectedData(id::kCopyFrom) - 1;
-  window.End(kOk);
-  return true;
+  return DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

@@ -30,11 +30,10 @@ class DlgModeName final : public DlgBase {
   DlgModeName(DialogsPort& port, ModeNameParams& params);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
 
  private:
   void FillCopySources(DialogWindow& window);
-  bool OnOk(DialogWindow& window);
+  bool OnOk(DialogWindow& window) override;
 
   ModeNameParams& params_;
 };

@@ -72,7 +72,7 @@ void DlgTC421_Config::TakeOverNetwork(DialogWindow& window) const {
   window.SelectText(id::kEncryption, WideFromUtf8(TCBase::NameOf(TCBase::EncryptionOf(network))));
 }
 
-bool DlgTC421_Config::OnCommand(DialogWindow& window, int control, int code) {
+bool DlgTC421_Config::OnControl(DialogWindow& window, int control, int code) {
   switch (control) {
     case id::kNetwork:
       if (code != kSelectionChanged) return false;
@@ -81,17 +81,13 @@ bool DlgTC421_Config::OnCommand(DialogWindow& window, int control, int code) {
     case id::kSetUp:
       SetUp(window);
       return true;
-    case kOk:
-      // The Enter key comes here even while the button is disabled.
-      if (!isSetUp_) return false;
-      window.End(kOk);
-      return true;
-    case kCancel:
-      window.End(kCancel);
-      return true;
     default:
       return false;
   }
+}
+
+bool DlgTC421_Config::OnOk(DialogWindow& window) {
+  return isSetUp_ && DlgBase::OnOk(window);
 }
 
 void DlgTC421_Config::ReadConfig(const DialogWindow& window) {

@@ -15,12 +15,13 @@ class DlgTC421_Config final : public DlgBase {
   DlgTC421_Config(DialogsPort& port, const TCBase::DeviceInfo& device);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
 
   /// What the controller was told, once DoModal has answered kOk.
   const TCBase::WifiNetworkConfig& Config() const { return config_; }
 
  private:
+  bool OnOk(DialogWindow& window) override;
+  bool OnControl(DialogWindow& window, int control, int code) override;
   void FillNetworks(DialogWindow& window);
   void TakeOverNetwork(DialogWindow& window) const;
   void ReadConfig(const DialogWindow& window);

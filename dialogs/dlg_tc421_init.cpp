@@ -21,10 +21,4 @@ void DlgTC421_Init::OnInit(DialogWindow& window) {
   window.SetText(tc421_init_control::kText, WideFromUtf8(text));
 }
 
-bool DlgTC421_Init::OnCommand(DialogWindow& window, int control, int) {
-  if (control != kOk && control != kCancel) return false;
-  window.End(control);
-  return true;
-}
-
 }  // namespace dialogs

@@ -11,7 +11,6 @@ class DlgTC421_Init final : public DlgBase {
   explicit DlgTC421_Init(DialogsPort& port);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
 };
 
 }  // namespace dialogs

@@ -28,7 +28,7 @@ void DlgTC421_Search::OnInit(DialogWindow& window) {
   window.SetEnabled(kOk, false);
 }
 
-bool DlgTC421_Search::OnCommand(DialogWindow& window, int control, int code) {
+bool DlgTC421_Search::OnControl(DialogWindow& window, int control, int code) {
   switch (control) {
     case id::kSearch:
       worker_.AddJob(TCBase::ScanJob(worker_, window.Target(), kScanFinished));
@@ -36,11 +36,6 @@ bool DlgTC421_Search::OnCommand(DialogWindow& window, int control, int code) {
     case id::kFound:
       if (code != kSelectionChanged) return false;
       EnableNext(window);
-      return true;
-    case kOk:
-      return OnNext(window);
-    case kCancel:
-      window.End(kCancel);
       return true;
     default:
       return false;
@@ -63,13 +58,11 @@ void DlgTC421_Search::ShowFound(DialogWindow& window) {
   EnableNext(window);
 }
 
-bool DlgTC421_Search::OnNext(DialogWindow& window) {
-  // The Enter key comes here even while the button is disabled.
+bool DlgTC421_Search::OnOk(DialogWindow& window) {
   const auto chosen = static_cast<std::size_t>(window.SelectedData(id::kFound));
   if (chosen >= devices_.size()) return false;
   device_ = devices_[chosen];
-  window.End(kOk);
-  return true;
+  return DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

@@ -18,15 +18,15 @@ class DlgTC421_Search final : public DlgBase {
   DlgTC421_Search(DialogsPort& port, TCBase::Worker& worker);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
   void OnEvent(DialogWindow& window, std::uint32_t event) override;
 
   /// The chosen controller, once DoModal has answered kOk.
   const TCBase::DeviceInfo& Device() const { return device_; }
 
  private:
+  bool OnOk(DialogWindow& window) override;
+  bool OnControl(DialogWindow& window, int control, int code) override;
   void ShowFound(DialogWindow& window);
-  bool OnNext(DialogWindow& window);
 
   TCBase::Worker& worker_;
   std::vector<TCBase::DeviceInfo> devices_;  // all of the worker's; rows go by their place in it

@@ -32,10 +32,4 @@ void DlgTC421_Success::OnInit(DialogWindow& window) {
   window.SetText(tc421_success_control::kText, WideFromUtf8(text));
 }
 
-bool DlgTC421_Success::OnCommand(DialogWindow& window, int control, int) {
-  if (control != kOk && control != kCancel) return false;
-  window.End(control);
-  return true;
-}
-
 }  // namespace dialogs

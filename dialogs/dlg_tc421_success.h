@@ -13,7 +13,6 @@ class DlgTC421_Success final : public DlgBase {
                    const TCBase::WifiNetworkConfig& config);
 
   void OnInit(DialogWindow& window) override;
-  bool OnCommand(DialogWindow& window, int control, int code) override;
 
  private:
   const TCBase::DeviceInfo device_;
