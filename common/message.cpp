@@ -1,5 +1,6 @@
 #include "common/message.h"
 
+#include <atomic>
 #include <charconv>
 #include <limits>
 
@@ -9,6 +10,8 @@
 #include "common/truncate.h"
 
 namespace {
+
+constinit std::atomic<Translator> translatorInUse = nullptr;
 
 /// A number in decimal, for as long as the expression it stands in.
 class Decimal {
@@ -31,8 +34,15 @@ std::string Translate(std::string_view key) {
   return text.data() == storage.data() ? storage : std::string(text);
 }
 
-std::string_view Translate(std::string_view key, std::string&) {
-  return key;
+std::string_view Translate(std::string_view key, std::string& storage) {
+  const Translator translator = translatorInUse.load(std::memory_order_acquire);
+  if (translator == nullptr) return key;
+  storage = translator(key);
+  return storage;
+}
+
+void SetTranslator(Translator translator) {
+  translatorInUse.store(translator, std::memory_order_release);
 }
 
 std::string Message::TextOf(const std::filesystem::path& path) {

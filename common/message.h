@@ -16,6 +16,13 @@ std::string Translate(std::string_view key);
 /// the text.
 std::string_view Translate(std::string_view key, std::string& storage);
 
+/// Who knows the texts of other languages. Called on any thread that translates, on several at once.
+using Translator = std::string (*)(std::string_view key);
+
+/// Has `translator` answer Translate() from now on; null, as at the start, means English. Any thread; calls
+/// that have begun end with what they began with.
+void SetTranslator(Translator translator);
+
 /// A finished sentence. The template is translated first and filled then, so that a sentence with its
 /// placeholders is one entry of the translations and arguments are never looked up. Placeholders and rules
 /// are those of ovk::format. Meant to be built, read and discarded within one statement, by one thread.

@@ -1,0 +1,95 @@
+#pragma once
+
+// All texts that a user sees, in all languages: one tree of them, looked up by their English wording. The
+// format of the document and of the translators' exchange file is told in docs/formats.md.
+
+#include <filesystem>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "OvkLib/src/ovk_xml.h"
+#include "common/message.h"
+
+/// The translations and the language in use. English is no language of the tree: it is built in under the id
+/// "en", and each key is its own text there.
+///
+/// The store is also a recorder: in any other language, a key that it is asked for and does not know is
+/// added, so that an export offers translators all that the program has said. Nothing of that is kept when
+/// the process ends.
+///
+/// Translate() may be called on any thread at any time. All else belongs to the user interface thread.
+class TranslationStore {
+ public:
+  /// The number of the document among the resources of kind "XML".
+  static constexpr int kDocumentResource = 131;
+
+  /// The one of the process, from the document that is built into the program. It is made at the first call,
+  /// on any thread, and never destroyed. It answers Translate() of common/message.h while its language is not
+  /// English.
+  static TranslationStore& Instance();
+
+  /// A store of its own, from the bytes of a document; see StartWith().
+  explicit TranslationStore(std::string_view document) : TranslationStore(document, nullptr) {}
+  TranslationStore(const TranslationStore&) = delete;
+  TranslationStore& operator=(const TranslationStore&) = delete;
+
+  /// Forgets everything and begins with English and this document. One that is no XML counts as none: the
+  /// store then knows only English, and nothing is reported. For a process that plays several runs, one after
+  /// the other, as tests do.
+  void StartWith(std::string_view document);
+
+  /// Makes a language the one in use: "en", or the id of one that is in GetLanguages(). With any other id
+  /// nothing happens.
+  void SetLanguage(std::string_view id);
+  std::string GetLanguageId() const;
+
+  /// The languages besides English, in the order of the Language menu: children "language" with the
+  /// attributes "id", "name" and "author", any of which a document may leave out. Good until StartWith(); no
+  /// lookup changes it, only LoadTranslationFile() does. Take texts out of it as std::string: a copied
+  /// ovk::string shares its memory with the tree.
+  const ovk::xml::element& GetLanguages();
+
+  /// The text for `key` (UTF-8) in the language in use: up to its first zero byte, and `key` itself if there
+  /// is none. Any thread.
+  std::string Translate(std::string_view key);
+
+  /// Adds a language from an exchange file, or its texts to one that is there. Texts of keys that the store
+  /// does not know, and entries without or with several texts, are left out. False, with nothing changed, if
+  /// the file cannot be read or is no XML; logs nothing.
+  bool LoadTranslationFile(const std::filesystem::path& path, std::string_view id, std::string_view name);
+
+  /// Writes an exchange file of all keys, sorted by their bytes, with their texts in the language in use.
+  /// False and a line on statusLog if that fails.
+  bool ExportTranslationFile(const std::filesystem::path& path);
+
+  /// The whole tree, which shares nothing with the store.
+  ovk::xml::element CopyTree() const;
+
+  /// Nothing reads it: no file of this name is opened.
+  const std::u16string externalFileName = u"LumarineStrings.xml";
+
+ private:
+  /// `translator` is what messages ask while this store's language is not English; null for a store that they
+  /// do not know of.
+  TranslationStore(std::string_view document, Translator translator);
+
+  void UseLanguage(std::string_view id);  // under lock_
+
+  const Translator translator_;
+
+  mutable std::mutex lock_;
+  // Guarded by lock_, but for reading below the element "languages", which only the user interface thread
+  // changes.
+  std::string languageId_;
+  ovk::xml::element root_;
+};
+
+/// In the root of a copied tree, removes one language: from each key its first text in that language, and its
+/// first entry among the languages.
+void RemoveLanguage(ovk::xml::element& tree, std::string_view id);
+
+/// Line breaks in all texts and attributes of a tree, tags excepted: CR becomes the two characters \r, LF
+/// becomes \n. Unescaping is the inverse.
+void EscapeLineBreaks(ovk::xml::element& tree);
+void UnescapeLineBreaks(ovk::xml::element& tree);
