@@ -10,7 +10,6 @@
 #include "app/channel_power.h"
 #include "app/chart_input.h"
 #include "app/ctrls.h"
-#include "app/languages.h"
 #include "app/menu_bar.h"
 #include "app/ports.h"
 #include "app/program_document.h"
@@ -41,7 +40,6 @@ struct AppState {
   UX::ChartLayout chartLayout;
   ChartInput chartInput;
   std::unique_ptr<UX::RendererBase> renderer;
-  Languages languages;
 
   // Null until BuildControls().
   std::unique_ptr<Ctrls> ctrls;

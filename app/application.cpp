@@ -4,6 +4,7 @@
 
 #include "app/demo_control.h"
 #include "app/device_log.h"
+#include "app/language.h"
 #include "app/main_loop.h"
 #include "app/numbers.h"
 #include "common/files.h"
@@ -44,7 +45,7 @@ bool Application::StartUp() {
   platform.Do(PlatformStep::StartGraphics);
   platform.Do(PlatformStep::StartNetwork);
   ConfigureDeviceLog(shell_.settings, shell_.deviceLogFile);
-  LogStatus(Message("Language set to English"));
+  BeginLanguage();
   platform.Do(PlatformStep::LoadNames);
   platform.Do(PlatformStep::RegisterMainClass);
   platform.Do(PlatformStep::RegisterChartClass);
@@ -58,6 +59,15 @@ bool Application::StartUp() {
   LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
   platform.Do(PlatformStep::TakeAccelerators);
   return true;
+}
+
+void Application::BeginLanguage() {
+  shell_.translations.SetLanguage(shell_.settings.GetValue("locale"));
+  // The built-in program is made before its language is known. Made anew, the one that a first start shows is
+  // no change against it.
+  state.program = TCBase::Program::NewProgram();
+  state.savedProgram.copy = state.program;
+  AnnounceLanguage(shell_.translations);
 }
 
 bool Application::InitInstance() {

@@ -42,6 +42,7 @@ class Application {
   ChartWindow chartWindow;
 
  private:
+  void BeginLanguage();
   bool InitInstance();
   void ConnectWindow();
   void OpenLastProgram();

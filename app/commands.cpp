@@ -1,5 +1,5 @@
 // The table of commands and what looks into it. The handlers stand in file_commands.cpp, edit_commands.cpp,
-// device_commands.cpp, channel_commands.cpp and mode_commands.cpp.
+// device_commands.cpp, channel_commands.cpp, mode_commands.cpp and language_commands.cpp.
 
 #include "app/commands.h"
 
@@ -66,8 +66,8 @@ const Commands::Row Commands::kRows[] = {
     // Help
     {command::kLogging, Undo::None, &Commands::ToggleLogging},
     {command::kKnownIssues, Undo::None, &Commands::ShowKnownIssues},
-    {command::kExportTranslation, Undo::None, nullptr},
-    {command::kTestTranslation, Undo::None, nullptr},
+    {command::kExportTranslation, Undo::None, &Commands::OnExportTranslation},
+    {command::kTestTranslation, Undo::None, &Commands::OnTestTranslation},
     {command::kAbout, Undo::None, &Commands::ShowAbout},
     // No menu item
     {command::kZoomIn, Undo::None, &Commands::ZoomIn},
@@ -79,7 +79,7 @@ const Commands::Row Commands::kRows[] = {
     {command::kPanToStart, Undo::None, &Commands::Pan, -TCBase::Program::kSecondsPerDay},
     {command::kPanToEnd, Undo::None, &Commands::Pan, TCBase::Program::kSecondsPerDay},
     {command::kRandomMode, Undo::None, &Commands::AddRandomMode},
-    {command::kMergeTranslations, Undo::None, nullptr},
+    {command::kMergeTranslations, Undo::None, &Commands::OnMergeTranslation},
 };
 
 const Commands::ControlCommand Commands::kControlCommands[] = {
@@ -93,20 +93,27 @@ const Commands::ControlCommand Commands::kControlCommands[] = {
     {control_id::kStop, kAnyCode, &Commands::StopDemo},
 };
 
+namespace {
+// Told apart by number, not by row: which there are the translations say.
+bool IsLanguage(int number) {
+  return number >= command::kEnglish && number <= command::kLastLanguage;
+}
+}  // namespace
+
 void Commands::Dispatch(int id, int code) {
   for (const ControlCommand& row : kControlCommands) {
     if (row.id != id || (row.code != code && row.code != kAnyCode)) continue;
     return (this->*row.handler)(row.argument);
   }
+  if (IsLanguage(id)) return OnLanguageCommand(id);
   const Row* row = Find(id);
-  if (row == nullptr || row->handler == nullptr) return;
+  if (row == nullptr) return;
   if (row->undo == Undo::Snapshot) state_.undoStack.Snapshot();
   (this->*row->handler)(row->argument);
 }
 
 bool Commands::IsServed(int number) {
-  const Row* row = Find(number);
-  return row != nullptr && row->handler != nullptr;
+  return IsLanguage(number) || Find(number) != nullptr;
 }
 
 const Commands::Row* Commands::Find(int number) {

@@ -17,8 +17,7 @@ class Commands {
   /// Both outlive the commands. Nothing is carried out before AppState::BuildControls.
   Commands(AppState& state, const Shell& shell) : state_(state), shell_(shell) {}
 
-  /// Carries out a command or what a control says of itself. Unknown numbers and commands that are not served
-  /// yet do nothing.
+  /// Carries out a command or what a control says of itself. Unknown numbers do nothing.
   void Dispatch(int id, int code);
 
   /// Whether `number` is carried out.
@@ -35,7 +34,7 @@ class Commands {
   struct Row {
     int number;
     Undo undo;
-    Handler handler;  // null: not served yet
+    Handler handler;
     int argument = 0;
   };
   struct ControlCommand {
@@ -112,6 +111,14 @@ class Commands {
   void ToggleLogging(int);
   void ShowKnownIssues(int);
   void ShowAbout(int);
+  // Languages
+  void OnLanguageCommand(int number);
+  void OnExportTranslation(int);
+  void OnTestTranslation(int);
+  void OnMergeTranslation(int);
+  /// Asks for a translators' file and adds it as a language. False, if nothing was loaded; the user has been
+  /// told unless it was he who cancelled.
+  bool LoadTranslationWithDialog(std::string_view id, std::string_view name);
 
   AppState& state_;
   const Shell& shell_;

@@ -36,8 +36,6 @@ namespace app {
 
 namespace {
 
-// Of the dialogs of this menu that belong to no part of the window.
-constexpr Point kDialogPlace{60, 50};
 constexpr std::int32_t kSpeedLength = 20;
 
 /// A text without a number is 0; one too large is the largest.

@@ -13,8 +13,6 @@ namespace app {
 
 namespace {
 
-constexpr char kEnglishId[] = "en";
-
 // What a demo must not have changed under it, or what cannot be done while the worker plays it.
 constexpr int kIdleCommands[] = {
     command::kNewProgram, command::kLoadProgram, command::kUndo,          command::kRedo,
@@ -43,9 +41,11 @@ void ApplyEntries(MenuPort& port, std::span<const MenuEntry> entries, int bar) {
 
 }  // namespace
 
-MenuBar::MenuBar(const Shell& shell, const TCBase::Program::StepSelection& selection,
-                 const Languages& languages)
-    : menu_(shell.menu), settings_(shell.settings), selection_(selection), languages_(languages) {}
+MenuBar::MenuBar(const Shell& shell, const TCBase::Program::StepSelection& selection)
+    : menu_(shell.menu),
+      settings_(shell.settings),
+      selection_(selection),
+      translations_(shell.translations) {}
 
 void MenuBar::ApplyTexts() {
   int position = 0;
@@ -54,23 +54,24 @@ void MenuBar::ApplyTexts() {
     ApplyEntries(menu_, popup.entries, position);
     ++position;
   }
-  ApplyLanguages();
-  MarkLanguage();
+  FillLanguageMenu();
+  MarkLanguageMenu();
   menu_.Redraw();
 }
 
 template <class Action>
 void MenuBar::ForEachLanguage(const Action& action) const {
   int number = command::kFirstLanguage;
-  for (const Language& language : languages_.known) {
+  for (const auto& language : translations_.GetLanguages().children) {
     if (number > command::kLastLanguage) return;  // there are commands for so many
-    action(number++, language);
+    action(number++, *language);
   }
 }
 
-void MenuBar::ApplyLanguages() {
-  ForEachLanguage([this](int number, const Language& language) {
-    const std::u16string name = WideFromUtf8(language.name);
+// "English" itself is an item of the table.
+void MenuBar::FillLanguageMenu() {
+  ForEachLanguage([this](int number, const ovk::xml::element& language) {
+    const std::u16string name = WideFromUtf8(language.attribute_or_empty("name").view());
     if (menu_.HasItem(number)) {
       menu_.SetItemText(number, name);
     } else {
@@ -79,10 +80,13 @@ void MenuBar::ApplyLanguages() {
   });
 }
 
-void MenuBar::MarkLanguage() {
-  menu_.SetChecked(command::kEnglish, languages_.active == kEnglishId);
-  ForEachLanguage([this](int number, const Language& language) {
-    menu_.SetChecked(number, language.id == languages_.active);
+void MenuBar::MarkLanguageMenu() {
+  const std::string active = translations_.GetLanguageId();
+  menu_.SetChecked(command::kEnglish, active == kEnglishId);
+  ForEachLanguage([&](int number, const ovk::xml::element& language) {
+    // One that was merged in has no item before the next change of language.
+    if (!menu_.HasItem(number)) return;
+    menu_.SetChecked(number, language.attribute_or_empty("id") == std::string_view(active));
   });
 }
 
@@ -98,7 +102,7 @@ void MenuBar::Refresh(std::int32_t demoPosition, bool loggingOn) {
 
   MarkLogging(loggingOn);
   MarkDemoSpeed();
-  MarkLanguage();
+  MarkLanguageMenu();
 }
 
 void MenuBar::RefreshNow(std::int32_t demoPosition, bool loggingOn) {

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 
-#include "app/languages.h"
 #include "app/ports.h"
 #include "program/program.h"
 
@@ -13,8 +12,8 @@ namespace app {
 
 class MenuBar {
  public:
-  /// All of these outlive the menu bar.
-  MenuBar(const Shell& shell, const TCBase::Program::StepSelection& selection, const Languages& languages);
+  /// Both outlive the menu bar.
+  MenuBar(const Shell& shell, const TCBase::Program::StepSelection& selection);
 
   /// Writes all texts in the language in use, makes an item for each language that has none yet, and marks
   /// the one in use. At start-up and after a change of language.
@@ -28,17 +27,17 @@ class MenuBar {
   void MarkLogging(bool on);
 
  private:
-  /// Calls `action` with the command number of each language and the language.
+  /// Calls `action` with the command number of each language besides English, and the language.
   template <class Action>
   void ForEachLanguage(const Action& action) const;
-  void ApplyLanguages();
-  void MarkLanguage();
+  void FillLanguageMenu();
+  void MarkLanguageMenu();
   void MarkDemoSpeed();
 
   MenuPort& menu_;
   Settings& settings_;
   const TCBase::Program::StepSelection& selection_;
-  const Languages& languages_;
+  TranslationStore& translations_;
 };
 
 }  // namespace app

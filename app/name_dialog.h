@@ -20,6 +20,9 @@ struct Point {
 Point DialogPlace(const UX::Rect& anchor);
 Point DialogPlaceAbove(const UX::Rect& anchor);
 
+/// Of a dialog that belongs to no part of the window.
+inline constexpr Point kDialogPlace{60, 50};
+
 // UTF-16 units that can be entered.
 inline constexpr std::int32_t kModeNameLength = 15;
 inline constexpr std::int32_t kChannelNameLength = 20;

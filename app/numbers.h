@@ -60,7 +60,7 @@ inline constexpr int kAlign10 = 32934;
 inline constexpr int kAlign15 = 32935;
 inline constexpr int kAlign30 = 32936;
 inline constexpr int kAlign60 = 32937;
-// Language: English, and from kFirstLanguage on the others by index.
+// Language: English, and from kFirstLanguage on the others by their place among the translations.
 inline constexpr int kEnglish = 32796;
 inline constexpr int kFirstLanguage = 32797;
 inline constexpr int kLastLanguage = 32895;
@@ -81,6 +81,9 @@ inline constexpr int kPanToEnd = 32927;
 inline constexpr int kRandomMode = 32928;
 inline constexpr int kMergeTranslations = 32947;
 }  // namespace command
+
+/// The language that the program is written in.
+inline constexpr char kEnglishId[] = "en";
 
 /// What a list says of itself in its command event.
 inline constexpr int kListSelectionChanged = 1;

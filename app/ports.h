@@ -18,6 +18,7 @@
 #include "chart/renderer_base.h"
 #include "common/event_target.h"
 #include "dialogs/dialog.h"
+#include "localisation/translation_store.h"
 #include "program/settings.h"
 #include "program/view.h"
 
@@ -121,7 +122,7 @@ class MenuPort {
 };
 
 enum class Buttons { Ok, YesNo, YesNoCancel };
-enum class Icon { None, Information, Warning };
+enum class Icon { None, Information, Warning, Error };
 enum class Answer { Ok, Yes, No, Cancel };
 
 struct Question {
@@ -216,6 +217,9 @@ struct Shell {
   // What lasts from one run to the next. The one of the process unless told otherwise.
   Settings& settings = Settings::Instance();
   std::filesystem::path deviceLogFile = DocumentPath(u"LumarineLog.txt");
+
+  // The one that messages ask.
+  TranslationStore& translations = TranslationStore::Instance();
 };
 
 }  // namespace app

@@ -7,7 +7,9 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/language.h"
 #include "cli/lumarinectl.h"
+#include "cli/options.h"
 #include "cli/session.h"
 
 namespace cli {
@@ -54,18 +56,25 @@ ExitStatus Explain(const Session& session, const CLI::App& app, const CLI::Parse
   return ExitStatus::Success;
 }
 
-ExitStatus ParseAndRun(const std::vector<std::string>& arguments, Session& session) {
+ExitStatus ParseAndRun(const std::vector<std::string>& arguments, std::string language, Session& session) {
   CLI::App app(kAbout, "lumarinectl");
   // On every platform /tank.xml is a file and --help is an option.
   app.allow_windows_style_options(false);
   app.footer(kEpilogue);
   app.set_version_flag("--version", kVersion, "Print the version and exit");
   app.require_subcommand(0, 1);
+  app.add_option(
+         "--language", language,
+         "The language of messages: en, de, sk, it, cz, fr01, fr, pl or es; the environment's by default")
+      ->check(CLI::Validator(CheckLanguage, ""))
+      ->type_name("ID");
 
   Run chosen;
   for (const Command* const command : kCommands) {
     CLI::App* const subcommand = app.add_subcommand(command->name, command->summary);
     subcommand->footer(command->examples);
+    // --language may stand behind the command, too.
+    subcommand->fallthrough();
     Run run = command->declare(*subcommand);
     subcommand->final_callback([&chosen, run = std::move(run)] { chosen = run; });
   }
@@ -83,6 +92,7 @@ ExitStatus ParseAndRun(const std::vector<std::string>& arguments, Session& sessi
   }
   if (!chosen)
     return session.Fail(ExitStatus::WrongUsage, "a command is needed, \"lumarinectl --help\" lists them");
+  const SpokenLanguage spoken(language);
   return chosen(session);
 }
 
@@ -93,12 +103,12 @@ ExitStatus Session::Fail(ExitStatus exitStatus, std::string_view reason) const {
   return exitStatus;
 }
 
-int RunLumarinectl(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
-                   Console& console) {
+int RunLumarinectl(const std::vector<std::string>& arguments, std::string_view language, std::ostream& out,
+                   std::ostream& err, Console& console) {
   StatusLines status(err, console.ErrorIsTerminal(), console.Width());
   Session session{out, status, console};
   errno = 0;
-  ExitStatus exitStatus = ParseAndRun(arguments, session);
+  ExitStatus exitStatus = ParseAndRun(arguments, std::string(language), session);
   out.flush();
   // Nothing is written behind a failed write, so errno still tells of it.
   if (!out) {

@@ -5,6 +5,7 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "common/console.h"
@@ -20,10 +21,11 @@ enum class ExitStatus : int {
   FileFailed = 4,       // a file, or standard output, that cannot be read or written
 };
 
-/// Runs one command. Data goes to `out`, all that is said about it to `err`; `arguments` are UTF-8 and do not
-/// hold the program's name. Blocks until the command is done, and answers an ExitStatus. Attaches itself to
-/// the log channels while it runs, so only one may run at a time.
-int RunLumarinectl(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
-                   Console& console);
+/// Runs one command. Messages are in `language`, the id of a translation, unless the arguments ask for
+/// another one; without such a translation they are in English. Data goes to `out`, all that is said about it
+/// to `err`; `arguments` are UTF-8 and do not hold the program's name. Blocks until the command is done, and
+/// answers an ExitStatus. Attaches itself to the log channels while it runs, so only one may run at a time.
+int RunLumarinectl(const std::vector<std::string>& arguments, std::string_view language, std::ostream& out,
+                   std::ostream& err, Console& console);
 
 }  // namespace cli

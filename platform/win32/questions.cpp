@@ -25,6 +25,8 @@ UINT IconOf(app::Icon icon) {
       return MB_ICONINFORMATION;
     case app::Icon::Warning:
       return MB_ICONWARNING;
+    case app::Icon::Error:
+      return MB_ICONERROR;
     case app::Icon::None:
       break;
   }

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "common/files.h"
+#include "localisation/translation_store.h"
 #include "tests/app/app_test.h"
 
 namespace {
@@ -25,6 +27,7 @@ class MenuBar : public AppTest {
   void TearDown() override { GivenDemoAt(-1); }
 
   headless::Menu& Menu() { return user.GetDesktop().menu; }
+  static TranslationStore& Translations() { return TranslationStore::Instance(); }
   app::MenuBar& Bar() { return *user.State().menuBar; }
   std::vector<std::string> TextsOf(int position) {
     std::vector<std::string> texts;
@@ -66,12 +69,16 @@ TEST_F(MenuBar, SubmenusAndMenusOfTheBarHaveTheirTexts) {
 
 TEST_F(MenuBar, ALanguageThatIsAddedStandsInFrontOfEnglishAndStaysThere) {
   EXPECT_THAT(TextsOf(menu::kLanguage), ElementsAre("English"));
-  user.State().languages.known = {{"de", "Deutsch"}, {"test", "Test Translation"}};
+  Translations().StartWith(
+      "<localisation><languages><language id='de' name='Deutsch'/>"
+      "<language id='test' name='Test Translation'/></languages></localisation>");
   Bar().ApplyTexts();
   EXPECT_THAT(TextsOf(menu::kLanguage), ElementsAre("Deutsch", "Test Translation", "English"));
   EXPECT_TRUE(Menu().HasItem(command::kFirstLanguage));
   EXPECT_TRUE(Menu().HasItem(command::kFirstLanguage + 1));
-  user.State().languages.known.push_back({"cs", "Česky"});
+  const std::filesystem::path file = folder / "cz.xml";
+  ASSERT_TRUE(WriteFileBytes(file, "<strings/>"));
+  ASSERT_TRUE(Translations().LoadTranslationFile(file, "cz", "Česky"));
   Bar().ApplyTexts();
   Bar().ApplyTexts();
   EXPECT_THAT(TextsOf(menu::kLanguage), ElementsAre("Deutsch", "Test Translation", "Česky", "English"));
@@ -79,8 +86,10 @@ TEST_F(MenuBar, ALanguageThatIsAddedStandsInFrontOfEnglishAndStaysThere) {
 
 TEST_F(MenuBar, MarksTheLanguageInUse) {
   EXPECT_TRUE(Menu().Find(command::kEnglish)->checked);
-  user.State().languages.known = {{"de", "Deutsch"}, {"den", "other"}};
-  user.State().languages.active = "de";
+  Translations().StartWith(
+      "<localisation><languages><language id='de' name='Deutsch'/>"
+      "<language id='den' name='other'/></languages></localisation>");
+  Translations().SetLanguage("de");
   Bar().ApplyTexts();
   EXPECT_FALSE(Menu().Find(command::kEnglish)->checked);
   EXPECT_TRUE(Menu().Find(command::kFirstLanguage)->checked);
@@ -88,7 +97,9 @@ TEST_F(MenuBar, MarksTheLanguageInUse) {
 }
 
 TEST_F(MenuBar, ShowsAsManyLanguagesAsThereAreCommands) {
-  user.State().languages.known.assign(200, {"x", "x"});
+  std::string languages;
+  for (int i = 0; i < 200; ++i) languages += "<language id='x' name='x'/>";
+  Translations().StartWith("<localisation><languages>" + languages + "</languages></localisation>");
   Bar().ApplyTexts();
   EXPECT_TRUE(Menu().HasItem(command::kLastLanguage));
   EXPECT_THAT(TextsOf(menu::kLanguage), testing::SizeIs(99 + 1)) << "those and English";

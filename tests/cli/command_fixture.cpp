@@ -112,7 +112,7 @@ Outcome CommandTest::RunWith(const Words& words, std::ostream& out,
       if (hook.action && text.find(hook.text) != std::string::npos) std::exchange(hook.action, nullptr)();
   });
   std::ostream err(&errBuffer);
-  const int status = cli::RunLumarinectl(arguments, out, err, console);
+  const int status = cli::RunLumarinectl(arguments, language, out, err, console);
   return {status, WithoutFolder(printed()), WithoutFolder(errBuffer.text())};
 }
 

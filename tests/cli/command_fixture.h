@@ -87,6 +87,8 @@ class CommandTest : public testing::Test {
   TCBase::Program::ModeListView Load(const std::string& name) const;
 
   FakeConsole console;
+  /// What the environment asks for.
+  std::string language = "en";
 
  private:
   struct Hook {

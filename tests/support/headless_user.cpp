@@ -9,6 +9,7 @@
 #include "chart/bumper.h"
 #include "common/log.h"
 #include "devices/demo_state.h"
+#include "localisation/translation_store.h"
 #include "program/channel_edit.h"
 #include "tests/support/virtual_clock.h"
 
@@ -23,7 +24,7 @@ constexpr std::chrono::seconds kPatience{60};
 
 }  // namespace
 
-void BeginProcess() {
+void BeginProcess(std::string_view translations) {
   for (LogChannel* log : {&statusLog, &warningLog, &deviceLog}) {
     log->wakeHandler = nullptr;
     log->textHandler = nullptr;
@@ -36,6 +37,7 @@ void BeginProcess() {
   frameClock.Reset();
   idleTimer.Reset();
   now = 0.0;
+  TranslationStore::Instance().StartWith(translations);
 }
 
 HeadlessUser::HeadlessUser(std::filesystem::path documents) : documents_(std::move(documents)) {}
@@ -43,7 +45,7 @@ HeadlessUser::HeadlessUser(std::filesystem::path documents) : documents_(std::mo
 HeadlessUser::~HeadlessUser() = default;
 
 void HeadlessUser::Start() {
-  BeginProcess();
+  BeginProcess(translations);
   settings_.emplace(documents_ / Settings::fileName);
   desktop_ = std::make_unique<Desktop>(*settings_, documents_ / "LumarineLog.txt");
   desktop_->refuseWindow = refuseWindow;

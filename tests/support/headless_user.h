@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,8 +16,9 @@
 
 namespace headless {
 
-/// Brings logs, clocks, demo and clipboard back to what a process begins with.
-void BeginProcess();
+/// Brings logs, clocks, demo, clipboard and translations back to what a process begins with; these come from
+/// the bytes of a document.
+void BeginProcess(std::string_view translations = {});
 
 class HeadlessUser final : public User {
  public:
@@ -79,6 +81,8 @@ class HeadlessUser final : public User {
   void Settle();
   /// One turn, and the end of the program if it was the last.
   void Turn();
+  /// The translations document of the next start. Without one the program knows English alone.
+  std::string translations;
   /// The main window cannot be made at the next start.
   bool refuseWindow = false;
   /// Of the run that ended last.

@@ -1,0 +1,108 @@
+// Commands of the Language menu, and the translators' tools of the Help menu.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/commands.h"
+#include "app/language.h"
+#include "app/name_dialog.h"
+#include "app/numbers.h"
+#include "common/files.h"
+#include "common/log.h"
+#include "common/message.h"
+#include "common/xml_file.h"
+#include "dialogs/dlg_get_value.h"
+
+namespace app {
+
+namespace {
+
+constexpr FileFilter kXmlFilter{u"XML Files", u"*.XML"};
+
+// The language that a translator tries out.
+constexpr char kTestId[] = "test";
+constexpr char kTestName[] = "Test Translation";
+
+constexpr std::int32_t kIdLength = 4;
+constexpr std::int32_t kNameLength = 30;
+
+/// A line of text from the user; empty, if there is none. For those who build the program, in English always.
+std::string AskText(dialogs::DialogsPort& port, std::int32_t maxLength, std::u16string_view title,
+                    std::u16string_view prompt) {
+  dialogs::GetValueParams params{
+      false, maxLength, kDialogPlace.x, kDialogPlace.y, std::u16string(title), std::u16string(prompt),
+      {},    u"OK",     u"Cancel"};
+  if (dialogs::DlgGetValue(port, params).DoModal() != dialogs::kOk) return {};
+  return Utf8FromWide(params.value);
+}
+
+}  // namespace
+
+void Commands::OnLanguageCommand(int number) {
+  std::string id = kEnglishId;
+  if (number != command::kEnglish) {
+    const auto& languages = shell_.translations.GetLanguages().children;
+    const std::int32_t index = number - command::kFirstLanguage;
+    if (index >= languages.count()) return;
+    const std::int32_t attribute = languages[index]->find_attribute("id");
+    if (attribute >= 0) id = languages[index]->attributes[attribute].value.view();
+  }
+  shell_.settings.SetValue("locale", id);
+  ApplyLanguage(state_, shell_, id);
+  AnnounceLanguage(shell_.translations);
+}
+
+void Commands::OnExportTranslation(int) {
+  // Named by the setting, and filled with the language in use, which may be the one that is tried out.
+  std::filesystem::path path = PathFromUtf8("LumarineStrings_" + shell_.settings.GetValue("locale") + ".XML");
+  if (!shell_.questions.AskSaveFile(kXmlFilter, path)) return;
+  const bool exported = shell_.translations.ExportTranslationFile(path);
+  LogStatus(Message(
+      exported ? "Localization file {1} exported successfully!" : "Error exporting localization file {1}!",
+      path));
+}
+
+void Commands::OnTestTranslation(int) {
+  LoadTranslationWithDialog(kTestId, kTestName);
+  // Also when nothing was loaded: an earlier test is gone back to. The setting keeps the user's language.
+  ApplyLanguage(state_, shell_, kTestId);
+}
+
+// No menu item: for those who build the program. A failed write is told by its own line only.
+void Commands::OnMergeTranslation(int) {
+  const std::string id =
+      AskText(shell_.dialogs, kIdLength, u"Language ID", u"Enter language ID (en, fr, sk, etc...)");
+  if (id.empty()) return;
+  const std::string name = AskText(shell_.dialogs, kNameLength, u"Language name", u"Enter language name");
+  if (name.empty() || !LoadTranslationWithDialog(id, name)) return;
+  std::filesystem::path path = "LumarineStrings_merged.xml";
+  if (!shell_.questions.AskSaveFile(kXmlFilter, path)) return;
+  ovk::xml::element merged = shell_.translations.CopyTree();
+  RemoveLanguage(merged, kTestId);
+  EscapeLineBreaks(merged);
+  if (ovk::xml::save(path, merged)) LogStatus(Message("Translation merge success: {1}.", path));
+}
+
+bool Commands::LoadTranslationWithDialog(std::string_view id, std::string_view name) {
+  const std::vector<std::filesystem::path> files = shell_.questions.AskOpenFiles(kXmlFilter, false);
+  if (files.empty()) return false;
+  const std::filesystem::path& path = files.front();
+  if (shell_.translations.LoadTranslationFile(path, id, name)) {
+    LogStatus(Message("Translation file {1} loaded successfully!", path));
+    return true;
+  }
+  shell_.questions.Ask({Message("Invalid Translation File").ToWide(),
+                        Message("Error loading the XML translation file!\r\n{1}\r\n\r\n"
+                                "This is most probably caused by invalid XML.\r\n"
+                                "Please try to open your XML file in your web browser to see the parsing "
+                                "error location.",
+                                path)
+                            .ToWide(),
+                        Buttons::Ok, Icon::Error});
+  return false;
+}
+
+}  // namespace app

@@ -1,0 +1,33 @@
+#pragma once
+
+// Which language the messages are in. Help, faults of the command line and data for other programs are in
+// English always.
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace cli {
+
+/// The language that the environment asks for: `locales` are the values of LC_ALL, LC_MESSAGES and LANG, of
+/// which the first that is not empty decides. It says "cs_CZ.UTF-8", the answer is "cz". "en" where it names
+/// no language that this program may speak.
+std::string_view LanguageOfLocale(std::initializer_list<std::string_view> locales);
+
+/// A check of an option: the text of a fault, which lists what there is, or nothing.
+std::string CheckLanguage(const std::string& id);
+
+/// Messages are in this language for as long as it lives, and in English behind that. One that is not there
+/// leaves them in English. The translations are not read for English.
+class SpokenLanguage {
+ public:
+  explicit SpokenLanguage(std::string_view id);
+  SpokenLanguage(const SpokenLanguage&) = delete;
+  SpokenLanguage& operator=(const SpokenLanguage&) = delete;
+  ~SpokenLanguage();
+
+ private:
+  const bool translated_;
+};
+
+}  // namespace cli
