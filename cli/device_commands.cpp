@@ -1,6 +1,8 @@
 // What is done to controllers: upload, demo, sync-time and clear.
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "cli/commands.h"
 #include "cli/options.h"
@@ -9,6 +11,7 @@
 #include "cli/serve.h"
 #include "cli/text.h"
 #include "common/platform.h"
+#include "devices/demo_state.h"
 #include "program/mode_commands.h"
 
 namespace cli {
@@ -45,18 +48,46 @@ Run DeclareUpload(CLI::App& app) {
 
 // demo
 
+constexpr int kSecondsPerMinute = 60;
+
 struct DemoArguments : DeviceArguments {
   ProgramArgument program;
   int seconds = 60;
+  std::string from;  // empty for midnight
+};
+
+/// Has each demo of a run go to a time of the day as soon as it plays.
+class Seek {
+ public:
+  explicit Seek(int second) : second_(second) {}
+
+  /// Takes the texts of the device log, on the thread that logs them.
+  void Listen() {
+    // A demo empties the command slot as it begins, and has a position from then on.
+    if (TCBase::demoState.position < 0) {
+      due_ = true;
+    } else if (std::exchange(due_, false)) {
+      TCBase::PostSeek(second_);
+    }
+  }
+
+ private:
+  const int second_;
+  bool due_ = false;
 };
 
 ExitStatus Demo(const Session& session, const DemoArguments& arguments) {
   ModeListView document;
   const ExitStatus loaded = LoadArgument(session, arguments.program, document);
   if (loaded != ExitStatus::Success) return loaded;
+  std::optional<Seek> seek;
+  if (const auto minute = ParseTimeOfDay(arguments.from)) seek.emplace(*minute * kSecondsPerMinute);
   return ServeDevices(
       session, arguments,
-      [&](const DeviceInfo& info) { return DemoOperation(info, document, arguments.seconds); }, DemoProgress);
+      [&](const DeviceInfo& info) { return DemoOperation(info, document, arguments.seconds); }, DemoProgress,
+      [&](const std::string& /*text*/) {
+        if (seek) seek->Listen();
+      });
 }
 
 Run DeclareDemo(CLI::App& app) {
@@ -68,6 +99,9 @@ Run DeclareDemo(CLI::App& app) {
       ->check(Unnamed(CLI::Range(1, TCBase::Program::kSecondsPerDay)))
       ->capture_default_str()
       ->type_name("S");
+  app.add_option("--from", arguments->from, "Go to this time of the day as soon as the demo plays")
+      ->check(CLI::Validator(CheckTimeOfDay, ""))
+      ->type_name("HH:MM");
   return [arguments](Session& session) { return Demo(session, *arguments); };
 }
 
@@ -125,7 +159,8 @@ const Command kDemo = {
     R"(Ctrl+C stops the demo and gives the controller back to its own program, a second one ends at once.
 Examples:
   lumarinectl demo tank.xml --device tc420                   the first mode, in a minute
-  lumarinectl demo tank.xml --device tc420 --mode 2 --seconds 300)",
+  lumarinectl demo tank.xml --device tc420 --mode 2 --seconds 300
+  lumarinectl demo tank.xml --device tc420 --from 18:00      the evening, in a quarter of a minute)",
     &DeclareDemo,
 };
 

@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/program_argument.h"
+#include "cli/text.h"
 #include "common/helper_program.h"
 
 namespace cli {
@@ -50,17 +51,6 @@ std::optional<std::string> FormatOf(const std::string& file) {
   return end.substr(1);
 }
 
-/// The minute of the day of "08:05".
-std::optional<int> ParseTime(const std::string& text) {
-  constexpr std::size_t kLength = 5;
-  if (text.size() != kLength || text[2] != ':') return std::nullopt;
-  const auto isDigit = [](char letter) { return letter >= '0' && letter <= '9'; };
-  if (!isDigit(text[0]) || !isDigit(text[1]) || !isDigit(text[3]) || !isDigit(text[4])) return std::nullopt;
-  const int hour = (text[0] - '0') * 10 + text[1] - '0';
-  const int minute = (text[3] - '0') * 10 + text[4] - '0';
-  return hour < 24 && minute < 60 ? std::optional(hour * 60 + minute) : std::nullopt;
-}
-
 // What the options may say: checks that answer the text of a fault, or nothing.
 
 std::string CheckOut(const std::string& text) {
@@ -79,10 +69,6 @@ std::string CheckScale(const std::string& text) {
   return scale && *scale >= kLeastScale && *scale <= kMostScale
              ? ""
              : "a number from 0.25 to 8 is expected, not " + text;
-}
-
-std::string CheckTime(const std::string& text) {
-  return ParseTime(text) ? "" : "a time from 00:00 to 23:59 is expected, not " + text;
 }
 
 ExitStatus Explain(const Session& session, const platform::HelperResult& result) {
@@ -114,7 +100,7 @@ ExitStatus Render(const Session& session, const RenderArguments& arguments) {
   const ExitStatus loaded = LoadArgument(session, arguments.program, document);
   if (loaded != ExitStatus::Success) return loaded;
 
-  const auto minute = ParseTime(arguments.time);
+  const auto minute = ParseTimeOfDay(arguments.time);
   return Explain(session, platform::RunHelper(
                               "lumarine-render",
                               {arguments.program.file, std::to_string(arguments.program.mode), arguments.out,
@@ -140,7 +126,7 @@ Run DeclareRender(CLI::App& app) {
       ->check(CLI::Validator(CheckScale, ""))
       ->type_name("FACTOR");
   app.add_option("--time", arguments->time, "Show what shines at this time")
-      ->check(CLI::Validator(CheckTime, ""))
+      ->check(CLI::Validator(CheckTimeOfDay, ""))
       ->type_name("HH:MM");
   return [arguments](Session& session) { return Render(session, *arguments); };
 }

@@ -81,6 +81,19 @@ std::string ClockText(int second) {
   return ToTimeText(step);
 }
 
+std::optional<int> ParseTimeOfDay(std::string_view text) {
+  constexpr std::size_t kLength = 5;
+  if (text.size() != kLength || text[2] != ':') return std::nullopt;
+  const auto hour = ParseDigits(text.substr(0, 2));
+  const auto minute = ParseDigits(text.substr(3));
+  if (!hour || !minute || *hour > 23 || *minute > 59) return std::nullopt;
+  return *hour * 60 + *minute;
+}
+
+std::string CheckTimeOfDay(const std::string& text) {
+  return ParseTimeOfDay(text) ? "" : "a time from 00:00 to 23:59 is expected, not " + text;
+}
+
 std::optional<ChannelValue> ParseChannelValue(std::string_view text) {
   constexpr char kLastChannel = '0' + TCBase::Program::kChannelCount;
   if (text.size() < 3 || text[0] < '1' || text[0] > kLastChannel || text[1] != '=') return std::nullopt;

@@ -26,6 +26,11 @@ std::string HexText(std::string_view bytes);
 /// "08:05" of a second of the day.
 std::string ClockText(int second);
 
+/// The minute of the day of "08:05"; nothing for any other text.
+std::optional<int> ParseTimeOfDay(std::string_view text);
+/// What is wrong with a time of the day; empty if nothing is.
+std::string CheckTimeOfDay(const std::string& text);
+
 /// "CHANNEL=VALUE" with the channel from 1 to 5; nothing for any other text.
 struct ChannelValue {
   int channel;  // from 0

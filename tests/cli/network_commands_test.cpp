@@ -2,6 +2,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
 #include "tests/cli/command_fixture.h"
 
 namespace {
@@ -160,6 +165,75 @@ TEST_F(NetworkCommandsTest, CtrlCEndsAnUploadOverTheNetwork) {
   EXPECT_EQ(outcome.status, kOperationFailed);
   EXPECT_THAT(outcome.err, EndsWith("Uploading finished\nCancelled!\n"));
   EXPECT_EQ(sim_network::MemoryOf(kTank).banks.size(), 1U);
+}
+
+/// The values of the first channel that a demo has shown, with the seconds since its begin.
+std::vector<std::pair<double, int>> LiveValues(const Address& address) {
+  std::vector<std::pair<double, int>> values;
+  const auto frames = sim_network::FramesOf(address);
+  for (const auto& [seconds, frame] : frames)
+    if (frame.substr(2, 2) == "\x06\x02") values.emplace_back(seconds - frames[0].seconds, frame[6]);
+  return values;
+}
+
+/// What the ramps show: up from 08:00 to 20:00, and down over the night.
+double RampAt(double hour) {
+  const double up = hour - 8.0;
+  return std::abs(up <= 12.0 ? up : 24.0 - up) / 12.0 * 100.0;
+}
+
+TEST_F(NetworkCommandsTest, ADemoFromATimeOfTheDayGoesThereAtOnceAndOnFromThere) {
+  GivenTank();
+  const Outcome outcome =
+      Run({"demo", "@tank.xml", "--device", kTankWord, "--from", "10:00", "--seconds", "60"});
+  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_THAT(outcome.err, HasSubstr("Playing whole day in 60 seconds\nDemo finished\n"));
+  const auto values = LiveValues(kTank);
+  ASSERT_GT(values.size(), 10U);
+  EXPECT_EQ(values.front().second, 66) << "a demo begins at midnight";
+  const auto sought = std::find_if(values.begin(), values.end(),
+                                   [](const auto& shown) { return shown.second < RampAt(11.0); });
+  ASSERT_NE(sought, values.end());
+  EXPECT_LT(sought->first, 0.5);
+  for (auto shown = sought; shown != values.end(); ++shown) {
+    constexpr double kHoursASecond = 24.0 / 60.0;
+    EXPECT_NEAR(shown->second, RampAt(10.0 + (shown->first - sought->first) * kHoursASecond), 1.5);
+  }
+  EXPECT_NEAR(values.back().first - sought->first, 35.0, 0.5) << "fourteen hours are left of the day";
+  EXPECT_FALSE(sim_network::MemoryOf(kTank).playing);
+}
+
+TEST_F(NetworkCommandsTest, ADemoFromATimeGoesThereOnEachController) {
+  GivenTank();
+  sim_network::PlugIn(kBed, "Bed");
+  EXPECT_EQ(Run({"demo", "@tank.xml", "--device", kTankWord, "--device", "udp:Bed@192.168.4.9", "--from",
+                 "20:00", "--seconds", "60"})
+                .status,
+            kSuccess);
+  for (const Address& address : {kTank, kBed}) {
+    const auto values = LiveValues(address);
+    EXPECT_NEAR(values.back().first, 10.0, 0.5);
+    EXPECT_TRUE(
+        std::any_of(values.begin(), values.end(), [](const auto& shown) { return shown.second >= 99; }));
+  }
+}
+
+TEST_F(NetworkCommandsTest, CtrlCEndsADemoFromATimeToo) {
+  GivenTank();
+  After("Playing whole day", 5.0, [&] { EXPECT_TRUE(console.Interrupt()); });
+  const Outcome outcome = Run({"demo", "@tank.xml", "--device", kTankWord, "--from", "14:00"});
+  EXPECT_EQ(outcome.status, kOperationFailed);
+  EXPECT_THAT(outcome.err, EndsWith("Demo finished\nCancelled!\n"));
+}
+
+TEST_F(NetworkCommandsTest, ADemoFromATimeThatIsNoneIsRefused) {
+  GivenTank();
+  for (const char* const wrong : {"24:00", "12:60", "noon", "1200", ""}) {
+    const Outcome outcome = Run({"demo", "@tank.xml", "--device", kTankWord, "--from", wrong});
+    EXPECT_EQ(outcome.status, kWrongUsage) << wrong;
+    EXPECT_THAT(outcome.err, HasSubstr("a time from 00:00 to 23:59 is expected, not ")) << wrong;
+  }
+  EXPECT_THAT(sim_network::Traffic(), IsEmpty());
 }
 
 TEST_F(NetworkCommandsTest, AWordThatIsNoControllerIsExplained) {

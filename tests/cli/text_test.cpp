@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 
 #include "cli/progress.h"
 
@@ -51,6 +52,19 @@ TEST(TextTest, AChannelAndItsValueAreParted) {
   EXPECT_EQ(parsed->value, "C:\\a=b.txt");
   for (const char* const wrong : {"", "1", "1=", "0=x", "6=x", "12=x", "x=1", "-1=x", "=x", " 1=x"})
     EXPECT_FALSE(cli::ParseChannelValue(wrong)) << wrong;
+}
+
+TEST(TextTest, ATimeOfTheDayIsReadToTheLetter) {
+  EXPECT_EQ(cli::ParseTimeOfDay("00:00"), 0);
+  EXPECT_EQ(cli::ParseTimeOfDay("08:05"), 8 * 60 + 5);
+  EXPECT_EQ(cli::ParseTimeOfDay("23:59"), 24 * 60 - 1);
+  for (const char* const wrong :
+       {"", "8:05", "08:5", "08.05", "24:00", "08:60", "-1:00", "+8:05", "08:05:00", " 08:05", "noon."}) {
+    EXPECT_FALSE(cli::ParseTimeOfDay(wrong)) << wrong;
+    EXPECT_EQ(cli::CheckTimeOfDay(wrong),
+              std::string("a time from 00:00 to 23:59 is expected, not ") + wrong);
+  }
+  EXPECT_EQ(cli::CheckTimeOfDay("08:05"), "");
 }
 
 TEST(TextTest, ATimeIsReadToTheLetter) {
