@@ -16,7 +16,7 @@ edit() { lumarinectl edit "$program" "$program" --mode "$@"; }
 # begin FILE NAME NAME: the built-in program with its two modes renamed.
 begin() {
   program=$folder/$1
-  lumarinectl new "$program"
+  lumarinectl --language en new "$program"
   edit 1 --rename "$2"
   edit 2 --rename "$3"
 }

@@ -46,4 +46,28 @@ TEST_F(Session, TenThousandLoadsEditsUndosAndSavesDoNotGrow) {
   EXPECT_LT(heap_count::blocks - before, 50);
 }
 
+// Two languages and English, with a key that one leaves out and keys that are recorded.
+constexpr char kTranslations[] = R"(<localisation>
+  <languages><language id='de' name='Deutsch'/><language id='sk' name='Slovak' author='Lumarine team'/></languages>
+  <strings>
+    <string id='Devices'><de>Geräte</de><sk>Zariadenia</sk></string>
+    <string id='Mode {1} (Steps: {2})'><de>{2} Schritte in Modus {1}</de></string>
+  </strings>
+</localisation>)";
+
+TEST_F(Session, AThousandChangesOfLanguageDoNotGrow) {
+  user.translations = kTranslations;
+  GivenTheProgramRuns();
+  const auto change = [this](int i) {
+    user.SendCommand(command::kEnglish + i % 3);
+    ForgetWhatTheShellRecorded();
+  };
+  // All that the menus and messages say has been recorded, and its place for each language made.
+  for (int i = 0; i < 30; ++i) change(i);
+  const std::int64_t before = heap_count::blocks;
+  for (int i = 0; i < 1000; ++i) change(i);
+  change(0);
+  EXPECT_LT(heap_count::blocks - before, 20);
+}
+
 }  // namespace

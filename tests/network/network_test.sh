@@ -6,6 +6,7 @@
 # fails if a check did.
 # shellcheck disable=SC2317   # the checks call functions by their names
 set -uo pipefail
+export LC_ALL=C.UTF-8  # messages are compared
 
 [ $# = 2 ] || { echo "usage: $0 COMMAND TC421SIM" >&2; exit 2; }
 . "$(dirname "$0")/lab.sh"
