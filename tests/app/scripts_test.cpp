@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/files.h"
 #include "tests/app/app_test.h"
 
 namespace {
@@ -13,8 +14,9 @@ class ScriptTest : public AppTest, public testing::WithParamInterface<scripts::S
 TEST_P(ScriptTest, RunsHeadless) {
   const std::filesystem::path work = folder / "work";
   std::filesystem::create_directory(work);
-  const scripts::Folders folders{std::filesystem::path(LUMARINE_SOURCE_DIR) / "examples", folder.path(),
-                                 work};
+  const std::filesystem::path source(LUMARINE_SOURCE_DIR);
+  const scripts::Folders folders{source / "examples", folder.path(), work, source / "resources"};
+  ASSERT_TRUE(ReadFileBytes(folders.resources / "translations.xml", user.translations));
   GetParam().run(user, folders);
 }
 

@@ -17,9 +17,9 @@ class DesktopScriptTest : public testing::TestWithParam<scripts::Script> {
 
 TEST_P(DesktopScriptTest, RunsOnTheRealWindow) {
   // With its drive, as the file dialogs tell paths.
-  const std::filesystem::path examples = std::filesystem::absolute(LUMARINE_SOURCE_DIR) / "examples";
+  const std::filesystem::path source = std::filesystem::absolute(LUMARINE_SOURCE_DIR);
   desktop::DesktopUser user;
-  GetParam().run(user, {examples, firstDay.documents(), work.path()});
+  GetParam().run(user, {source / "examples", firstDay.documents(), work.path(), source / "resources"});
 }
 
 INSTANTIATE_TEST_SUITE_P(All, DesktopScriptTest,

@@ -9,6 +9,7 @@
 #include "app/numbers.h"
 #include "common/files.h"
 #include "tests/support/chart_scripts.h"
+#include "tests/support/language_scripts.h"
 
 namespace scripts {
 
@@ -222,6 +223,8 @@ constexpr Script kScripts[] = {
     {"SecondStartBringsTheFileBack", SecondStartBringsTheFileBack},
     {"DrawADay", DrawADay},
     {"DeleteSteps", DeleteSteps},
+    {"SpeakGerman", SpeakGerman},
+    {"TryATranslation", TryATranslation},
 };
 
 }  // namespace

@@ -14,6 +14,7 @@ struct Folders {
   std::filesystem::path examples;   // the programs that come with this one
   std::filesystem::path documents;  // where the program keeps its settings and its log
   std::filesystem::path work;       // empty, for the script
+  std::filesystem::path resources;  // with the translations that the program has
 };
 
 struct Script {
