@@ -16,13 +16,18 @@ struct FaultOptions {
   double shorten = 0.0;       // of answers: bytes are missing at the end
   double corrupt = 0.0;       // of answers: one byte is another
   int delayMilliseconds = 0;  // of every answer
+  int answers = -1;           // after so many it is as good as switched off; negative for never
   std::uint32_t seed = 1;
 };
 
 /// The same options and the same datagrams meet the same fate, on every platform. One thread.
 class Faults {
  public:
-  explicit Faults(const FaultOptions& options) : options_(options), random_(options.seed) {}
+  explicit Faults(const FaultOptions& options)
+      : options_(options), answersLeft_(options.answers), random_(options.seed) {}
+
+  /// The controller neither hears nor answers any more.
+  bool IsOff() const { return answersLeft_ == 0; }
 
   bool LosesRequest() { return Happens(options_.loss); }
 
@@ -35,6 +40,7 @@ class Faults {
   std::size_t Below(std::size_t count) { return random_() % count; }
 
   const FaultOptions options_;
+  int answersLeft_;      // negative without an end
   std::mt19937 random_;  // and no distribution, which every library makes its own way
 };
 

@@ -22,6 +22,10 @@ Station::Station(std::unique_ptr<Controller> controller, const FaultOptions& fau
 void Station::Take(const std::string& datagram, const TCBase::Ipv4Address& from, std::string_view fromText,
                    double seconds) {
   if (showFrames_) Report(fromText, ToHex(datagram));
+  if (faults_.IsOff()) {
+    Report(fromText, "not heard, it is off");
+    return;
+  }
   if (faults_.LosesRequest()) {
     Report(fromText, "lost on the way here");
     return;

@@ -1,5 +1,6 @@
 #include "simulator/tc421sim.h"
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <system_error>
@@ -73,6 +74,9 @@ void Declare(CLI::App& app, Options& options) {
   app.add_option("--corrupt", faults.corrupt, "Chance that a byte of an answer is wrong")
       ->check(chance)
       ->type_name("0..1");
+  app.add_option("--answers", faults.answers, "Be as good as switched off after so many answers")
+      ->check(CLI::Range(0, std::numeric_limits<int>::max()).description(""))
+      ->type_name("N");
   app.add_option("--seed", faults.seed, "Another seed, other faults")->capture_default_str()->type_name("N");
   app.add_flag("--wrong-ack", options.wrongAcknowledgements, "Acknowledge WiFi settings wrongly");
   app.add_option("--dump", options.dump, "Write what it keeps to this file, as JSON, when it ends")

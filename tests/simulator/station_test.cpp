@@ -113,6 +113,15 @@ TEST_F(StationTest, ALostRequestIsNotHeard) {
   EXPECT_EQ(report.str(), "him  lost on the way here\n");
 }
 
+TEST_F(StationTest, IsOffBehindItsLastAnswer) {
+  sim::Station station = GivenStation({.answers = 2});
+  for (int i = 0; i < 4; ++i) station.Take(Search(), kComputer, "him", 0.0);
+  EXPECT_EQ(station.GetController().FrameCount(), 2);
+  EXPECT_EQ(report.str(), "him  search\nhim  search\nhim  not heard, it is off\nhim  not heard, it is off\n");
+  EXPECT_TRUE(station.TakeDue(99.0) && station.TakeDue(99.0)) << "what it has said is on its way";
+  EXPECT_FALSE(station.TakeDue(99.0));
+}
+
 TEST_F(StationTest, WhoAsksForeverIsNotRemembered) {
   sim::Station station = GivenStation({.delayMilliseconds = 60'000});
   for (int i = 0; i < 5000; ++i) station.Take(Search(), kComputer, "him", 0.0);

@@ -66,7 +66,7 @@ class Tc421SimTest : public testing::Test {
 TEST_F(Tc421SimTest, HelpTellsEveryOptionAndTheExitStatus) {
   EXPECT_EQ(Run({"--help"}), 0);
   for (const char* const option : {"--name", "--bind", "--port", "--loss", "--delay", "--repeat", "--shorten",
-                                   "--corrupt", "--seed", "--wrong-ack", "--dump", "--frames"})
+                                   "--corrupt", "--answers", "--seed", "--wrong-ack", "--dump", "--frames"})
     EXPECT_THAT(out.str(), HasSubstr(std::string("\n  ") + option));
   EXPECT_THAT(out.str(), AllOf(HasSubstr("Examples:"), HasSubstr("Exit status: 0 ended")));
 }
@@ -118,8 +118,8 @@ TEST_F(Tc421SimTest, APortThatIsTakenIsTold) {
 
 TEST_F(Tc421SimTest, WrongUsageIsExplained) {
   const std::vector<std::string> rows[] = {
-      {"--loss", "1.5"},  {"--loss", "much"}, {"--delay", "-1"}, {"--delay", "60001"}, {"--port", "70000"},
-      {"--bind", "here"}, {"--seed", "-1"},   {"--frobnicate"},  {"tank.xml"},
+      {"--loss", "1.5"},   {"--loss", "much"}, {"--delay", "-1"}, {"--delay", "60001"}, {"--answers", "-1"},
+      {"--port", "70000"}, {"--bind", "here"}, {"--seed", "-1"},  {"--frobnicate"},     {"tank.xml"},
   };
   for (const auto& row : rows) {
     err.str({});
