@@ -1,7 +1,10 @@
 #include "devices/scan.h"
 
+#include <chrono>
+#include <future>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 
 #include "common/log.h"
@@ -19,6 +22,7 @@ namespace {
 constexpr int kMaxRounds = 3;
 constexpr float kRoundSeconds = 1.0F;
 constexpr int kPollMilliseconds = 100;
+constexpr std::chrono::seconds kLookupPatience{1};
 
 // Takes one datagram, if one has come, and lists its sender if it is an answer.
 void TakeAnswer(UDPSocket& socket, const std::string& probe, std::vector<DeviceInfo>& found) {
@@ -36,6 +40,16 @@ void TakeAnswer(UDPSocket& socket, const std::string& probe, std::vector<DeviceI
   found.push_back(std::move(device));
 }
 
+// Name services may take long to say that they know nothing, and anybody can have them asked by answering
+// from port zero: so they are given a second each. What they say after that is lost.
+std::optional<std::string> LookUp(const Ipv4Address& address) {
+  std::packaged_task<std::optional<std::string>()> ask([address] { return platform::HostNameOf(address); });
+  std::future<std::optional<std::string>> answer = ask.get_future();
+  std::thread(std::move(ask)).detach();
+  if (answer.wait_for(kLookupPatience) != std::future_status::ready) return std::nullopt;
+  return answer.get();
+}
+
 // Names a controller after its host if the network knows one. The text that is looked up has a port behind
 // the address, and only a bare address is: so a controller keeps the name by which it reported, and which it
 // wants to see in its frames. Whoever takes the port out of the text breaks that.
@@ -44,7 +58,7 @@ void FindHostName(DeviceInfo& device) {
   LogStatus(Message("Trying to find hostname for {1}...", addressText));
   const std::optional<Ipv4Address> address = platform::ParseAddress(addressText);
   std::optional<std::string> host;
-  if (address) host = platform::HostNameOf(*address);
+  if (address) host = LookUp(*address);
   if (host) {
     LogStatus(Message("Found hostname {1}", ShownName(*host)));
     device.name = std::move(*host);

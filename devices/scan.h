@@ -17,7 +17,8 @@ namespace TCBase {
 void ScanDevices(std::vector<DeviceInfo>& found, float seconds);
 
 /// A whole scan, which tells the user of its progress: about a second if somebody answers, three if nobody
-/// does. Nobody is selected in the answer.
+/// does, and up to a second more for each that the name services are asked of. Nobody is selected in the
+/// answer.
 std::vector<DeviceInfo> FindNetworkDevices();
 
 /// Such a scan on the thread of `worker`, into its list; then posts `message` to `window`.

@@ -2,6 +2,7 @@
 
 #include "devices/scan.h"
 
+#include <chrono>
 #include <future>
 #include <optional>
 
@@ -146,6 +147,19 @@ TEST_F(ScanTest, ADeviceThatAnswersFromPortZeroIsNamedAfterItsHost) {
 }
 
 // A hostile neighbour.
+
+TEST_F(ScanTest, NameServicesThatDoNotAnswerAreGivenASecondOfRealTimeForEach) {
+  sim_network::NameHost(kTank, "tank.example.net");
+  sim_network::SetAnswer(
+      [](const Datagram& reply) { return std::vector{From(reply.from.address, reply.bytes, 0)}; });
+  sim_network::HoldLookups(true);
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(ToText(TCBase::FindNetworkDevices()), "Smart-123456");
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
+  EXPECT_THAT(TakeStatus(), HasSubstr("Hostname not found, using Smart-123456\n"));
+  EXPECT_THAT(sim_network::Lookups(), ElementsAre(kTank));
+  sim_network::HoldLookups(false);
+}
 
 TEST_F(ScanTest, AFloodStretchesNoRound) {
   int received = 0;

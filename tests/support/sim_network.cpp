@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <condition_variable>
 #include <deque>
 #include <map>
 #include <memory>
@@ -72,6 +73,17 @@ Simulation& Sim() {
 std::mutex& Mutex() {
   static std::mutex mutex;
   return mutex;
+}
+
+// Guarded by Mutex(). It outlives the simulation, as who asks may do.
+struct HeldLookups {
+  bool areHeld = false;
+  int waiting = 0;
+  std::condition_variable changed;
+};
+HeldLookups& NameServices() {
+  static HeldLookups held;
+  return held;
 }
 
 double Seconds() {
@@ -239,6 +251,14 @@ void NameHost(const Address& address, const std::string& name) {
   Sim().hostNames[address] = name;
 }
 
+void HoldLookups(bool held) {
+  std::unique_lock lock(Mutex());
+  HeldLookups& services = NameServices();
+  services.areHeld = held;
+  services.changed.notify_all();
+  services.changed.wait(lock, [&services] { return services.areHeld || services.waiting == 0; });
+}
+
 std::vector<Address> Lookups() {
   const std::lock_guard lock(Mutex());
   return Sim().lookups;
@@ -374,8 +394,13 @@ std::optional<Ipv4Address> ParseAddress(const std::string& text) {
 }
 
 std::optional<std::string> HostNameOf(const Ipv4Address& address) {
-  const std::lock_guard lock(Mutex());
+  std::unique_lock lock(Mutex());
   Sim().lookups.push_back(address.address);
+  HeldLookups& held = NameServices();
+  ++held.waiting;
+  held.changed.wait(lock, [&held] { return !held.areHeld; });
+  --held.waiting;
+  held.changed.notify_all();
   const auto name = Sim().hostNames.find(address.address);
   if (name == Sim().hostNames.end()) return std::nullopt;
   return name->second;

@@ -87,6 +87,9 @@ void Inject(Call call, int nth = 1, int times = 1);
 
 /// The name services know this address by that name.
 void NameHost(const Address& address, const std::string& name);
+/// From now on the name services stay silent, or answer all who have asked; then none of these waits any
+/// more.
+void HoldLookups(bool held);
 /// The addresses whose names were asked for.
 std::vector<Address> Lookups();
 
