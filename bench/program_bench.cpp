@@ -4,6 +4,8 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <cstring>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -12,6 +14,7 @@
 #include "program/optimize.h"
 #include "program/plain.h"
 #include "program/program.h"
+#include "program/raw.h"
 #include "program/resample.h"
 #include "program/steps_text.h"
 
@@ -165,6 +168,79 @@ void Resample(benchmark::State& state) {
   }
 }
 BENCHMARK(Resample)->Unit(benchmark::kMicrosecond);
+
+/// What a RAW export may be given.
+enum RawMode : std::int64_t {
+  RawEmpty,
+  RawTwoSteps,   // in each channel
+  RawWave,       // 48 in each channel, all over the day
+  RawZigzag,     // 48 in each channel, from 0 to 100 and back
+  RawUnordered,  // the wave in no order
+  RawFull,       // a step a minute
+  RawSteep,    // out of order, so that a curve of one minute goes on all day: each second has its own percent
+  RawFarAway,  // times that no day has
+};
+
+Mode GivenRawMode(std::int64_t kind) {
+  constexpr int kSteps = 48;
+  Mode mode;
+  switch (kind) {
+    case RawEmpty:
+      return {};
+    case RawTwoSteps:
+      return GivenMode(2);
+    case RawUnordered:
+      return GivenUnorderedMode(kSteps);
+    case RawFull:
+      return GivenMode(kMinutesPerDay);
+    case RawZigzag:
+      mode = GivenMode(kSteps);
+      for (Channel& channel : mode.channels)
+        for (std::size_t i = 0; i < channel.size(); ++i) channel[i].value = i % 2 == 0 ? 0.0F : 100.0F;
+      break;
+    case RawSteep:
+      for (Channel& channel : mode.channels) channel = {{23, 59, 0}, {23, 58, 100}};
+      break;
+    case RawFarAway:
+      mode = GivenMode(kSteps);
+      for (Channel& channel : mode.channels) channel.back().hour = -1'500'000'000;
+      for (Channel& channel : mode.channels) channel.front().hour = 24;
+      break;
+    default:
+      return GivenMode(kSteps);
+  }
+  for (Channel& channel : mode.channels)
+    for (Step& step : channel) step.jump = false;
+  return mode;
+}
+
+template <bool (*kWrite)(const Mode&, std::string&)>
+void Raw(benchmark::State& state) {
+  const Mode mode = GivenRawMode(state.range(0));
+  std::string data;
+  for (auto _ : state) {
+    kWrite(mode, data);
+    benchmark::DoNotOptimize(data.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(Raw<WriteRaw>)->Name("Raw")->DenseRange(RawEmpty, RawFarAway)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Raw<Plain::WriteRaw>)
+    ->Name("RawPlain")
+    ->DenseRange(RawEmpty, RawUnordered)
+    ->DenseRange(RawSteep, RawFarAway)
+    ->Unit(benchmark::kMicrosecond);
+
+/// The same memory, filled with one byte.
+void RawFill(benchmark::State& state) {
+  std::string data(std::size_t{kSecondsPerDay} * kChannelCount, '\0');
+  for (auto _ : state) {
+    std::memset(data.data(), 50, data.size());
+    benchmark::DoNotOptimize(data.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(RawFill)->Unit(benchmark::kMicrosecond);
 
 void Align(benchmark::State& state) {
   const Mode given = GivenMode(48);

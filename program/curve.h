@@ -17,6 +17,17 @@ constexpr std::int64_t RingSecond(std::int64_t second) {
   return second < 0 ? 0 : second % kSecondsPerDay;
 }
 
+/// A curve as long as it is straight. It rises or falls throughout, in floats too, since each operation
+/// rounds to the nearest one and so keeps the order of its operands.
+struct StraightCurve {
+  std::int64_t elapsed;  // seconds from the step before
+  float slope;           // percent a second
+  float value;           // of the step before
+
+  /// Percent after so many seconds more.
+  float At(std::int64_t seconds) const { return slope * static_cast<float>(elapsed + seconds) + value; }
+};
+
 /// The curve between two steps that follow one another on the ring, or from the last step to the first.
 class Stretch {
  public:
@@ -32,11 +43,20 @@ class Stretch {
   /// Percent at a ring second. A jump holds the first step's value right up to the second step's time, and is
   /// there exactly at it.
   float At(std::int64_t second) const {
-    const std::int64_t elapsed = second - fromSecond_ + (fromSecond_ > second ? kSecondsPerDay : 0);
-    return (second == toSecond_ ? slopeAtEnd_ : slope_) * static_cast<float>(elapsed) + fromValue_;
+    return StraightCurve{Elapsed(second), second == toSecond_ ? slopeAtEnd_ : slope_, fromValue_}.At(0);
+  }
+
+  /// The curve behind a whole minute, up to the next; seconds count from the minute. Steps stand on whole
+  /// minutes.
+  StraightCurve Behind(std::int64_t minuteSecond) const {
+    return {Elapsed(minuteSecond), slope_, fromValue_};
   }
 
  private:
+  std::int64_t Elapsed(std::int64_t second) const {
+    return second - fromSecond_ + (fromSecond_ > second ? kSecondsPerDay : 0);
+  }
+
   std::int64_t fromSecond_;
   std::int64_t toSecond_;
   float fromValue_;
@@ -57,6 +77,20 @@ class CurveCursor {
   float At(std::int64_t second) {
     if (second > lastSecond_) Advance(second);
     return channel_.size() < 2 ? ChannelValueAt(channel_, second) : stretch_.At(second);
+  }
+
+  /// Whether a stretch ends at this second, which is as in At(): the curve may be elsewhere behind it.
+  bool EndsAt(std::int64_t second) {
+    if (second > lastSecond_) Advance(second);
+    return second == lastSecond_;
+  }
+
+  /// The 59 seconds behind a whole minute of the ring, which count from it; and the minute itself, unless a
+  /// stretch ends there. The next second to be asked for is behind it.
+  StraightCurve Behind(std::int64_t minuteSecond) {
+    if (minuteSecond + 1 > lastSecond_) Advance(minuteSecond + 1);
+    return channel_.size() < 2 ? StraightCurve{0, 0.0F, ChannelValueAt(channel_, minuteSecond)}
+                               : stretch_.Behind(minuteSecond);
   }
 
  private:

@@ -124,4 +124,14 @@ void InsertStepsSorted(Channel& channel, const std::vector<Step>& steps) {
   for (const Step& step : steps) InsertStepSorted(channel, step);
 }
 
+bool WriteRaw(const Mode& mode, std::string& data) {
+  data.resize(std::size_t{kSecondsPerDay} * kChannelCount);
+  char* byte = data.data();
+  for (std::int64_t second = 0; second < kSecondsPerDay; ++second) {
+    for (const Channel& channel : mode.channels)
+      *byte++ = static_cast<char>(TruncateToInt(Plain::ChannelValueAt(channel, second)));
+  }
+  return true;
+}
+
 }  // namespace TCBase::Program::Plain

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "program/optimize.h"
@@ -28,5 +29,7 @@ void RemoveExactSteps(Mode& mode);
 bool OptimizeModeTo(Mode& mode, int maxSteps);
 /// Inserts one step after the other: see InsertStepsSorted.
 void InsertStepsSorted(Channel& channel, const std::vector<Step>& steps);
+/// Every second of the day, every channel: see WriteRaw.
+bool WriteRaw(const Mode& mode, std::string& data);
 
 }  // namespace TCBase::Program::Plain

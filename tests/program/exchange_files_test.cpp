@@ -202,19 +202,15 @@ TEST(Raw, IsEverySecondOfTheDayWhateverTheMode) {
   EXPECT_EQ(data, std::string(432000, '\0'));
 }
 
-TEST(Raw, IsTheCurveToTheTruncation) {
-  RandomProgram random(11);
-  for (int round = 0; round < 12; ++round) {
-    const Mode mode = random.AnyMode(8);
-    std::string data;
-    WriteRaw(mode, data);
-    ASSERT_THAT(data, SizeIs(432000));
-    for (int second = 0; second < kSecondsPerDay; second += 7)
-      for (std::size_t channel = 0; channel < 5; ++channel)
-        ASSERT_EQ(data[static_cast<std::size_t>(second) * 5 + channel],
-                  static_cast<char>(TruncateToInt(ChannelValueAt(mode.channels[channel], second))))
-            << round << ' ' << second << ' ' << channel;
-  }
+TEST(Raw, ShowsFadesAndJumpsToTheTruncation) {
+  std::string data;
+  WriteRaw(GivenMode({"08:00 0, 08:01 60", "08:00 80 J, 08:01 0", "08:00 55.9"}), data);
+  const auto row = [&data](std::size_t second) { return data.substr(second * 5, 5); };
+  constexpr std::size_t kEight = 8 * 3600;
+  EXPECT_EQ(row(kEight), std::string("\x00\x50\x37\0\0", 5));
+  EXPECT_EQ(row(kEight + 30), std::string("\x1E\x50\x37\0\0", 5));
+  EXPECT_EQ(row(kEight + 59), std::string("\x3B\x50\x37\0\0", 5));
+  EXPECT_EQ(row(kEight + 60), std::string("\x3C\x00\x37\0\0", 5));
 }
 
 }  // namespace

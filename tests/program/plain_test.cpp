@@ -5,11 +5,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <string>
+#include <utility>
 
 #include "program/curve.h"
 #include "program/optimize.h"
+#include "program/raw.h"
 #include "program/step_remover.h"
 #include "program/steps_text.h"
 #include "tests/program/program_fixture.h"
@@ -98,6 +102,70 @@ TEST(CurveBits, AreTheSameInEveryBuild) {
     }
   }
   EXPECT_EQ(digest, 8830069731151359994U);
+}
+
+/// Where the two dumps differ first.
+testing::AssertionResult SameRaw(const Mode& mode) {
+  std::string fast = "what was there before";
+  std::string plain;
+  WriteRaw(mode, fast);
+  Plain::WriteRaw(mode, plain);
+  if (fast == plain) return testing::AssertionSuccess();
+  if (fast.size() != plain.size()) return testing::AssertionFailure() << fast.size() << " bytes";
+  const auto at = static_cast<std::size_t>(std::ranges::mismatch(fast, plain).in1 - fast.begin());
+  return testing::AssertionFailure() << "second " << at / kChannelCount << " channel " << at % kChannelCount
+                                     << ": " << Told(mode.channels[at % kChannelCount]);
+}
+
+TEST_P(AgainstThePlainWay, RawBytes) {
+  for (std::uint32_t seed = 0; seed < 4; ++seed) {
+    RandomProgram random(seed);
+    Mode mode;
+    for (Channel& channel : mode.channels) channel = random.ChannelOf(GetParam(), random.Below(49));
+    ASSERT_TRUE(SameRaw(mode)) << "seed " << seed;
+  }
+}
+
+TEST(AgainstThePlainWay, RawBytesOfAnyMode) {
+  for (std::uint32_t seed = 0; seed < 12; ++seed)
+    ASSERT_TRUE(SameRaw(RandomProgram(seed).AnyMode(48))) << "seed " << seed;
+}
+
+// Numbers at the edges of what a float, and a whole number made of one, can be.
+TEST(AgainstThePlainWay, RawBytesAtTheEdges) {
+  const char* const rows[] = {
+      "",
+      "12:00 33.4",
+      "12:00 -7",
+      "00:00 0, 23:59 100",
+      "00:00 0 J, 00:01 99.9, 00:02 0",
+      "00:01 50 J, 23:59 51 J",
+      "23:59 0, 23:58 100",                                     // one minute's slope all day
+      "23:59 0 J, 23:58 100",                                   //
+      "12:00 0, 11:59 100, 12:01 50",                           //
+      "12:00 0, 12:00 100",                                     // an infinite slope
+      "12:00 50, 12:00 50",                                     // none at all
+      "08:00 10, 08:00 90, 20:00 30, 20:00 5",                  //
+      "00:00 2147483520, 12:00 2147483648",                     // over the end of the whole numbers
+      "00:00 -2147483648, 12:00 2147483648",                    //
+      "00:00 -2147484000, 12:00 2147484000",                    //
+      "00:00 3e38, 12:00 -3e38",                                // the slope overflows
+      "00:00 2e38, 12:00 -1e38, 18:00 1e38",                    // through all numbers there are
+      "00:00 3e9, 00:01 -3.01e9, 00:02 3e9",                    //
+      "00:00 100, 2147483647:2147483647 0",                     // days away
+      "-2147483648:0 0, 12:00 100, 2147483647:0 7e9",           //
+      "12:00 0, 600000:0 100000000, 500000:0 -100000000",       // where seconds need more than 32 bits
+      "3000:0 1000000, 3001:0 0, 12:00 5000000, 298262:0 100",  //
+      "298261:0 0, 298262:0 2000000000",                        //
+  };
+  for (const char* const steps : rows) {
+    Mode mode;
+    mode.channels.fill(GivenChannel("00:00 0, 23:59 100"));
+    mode.channels.front() = GivenChannel(steps);
+    EXPECT_TRUE(SameRaw(mode)) << steps;
+    std::swap(mode.channels.front(), mode.channels.back());
+    EXPECT_TRUE(SameRaw(mode)) << steps;
+  }
 }
 
 TEST(AgainstThePlainWay, MergedSteps) {
