@@ -137,7 +137,7 @@ class DesktopChart : public testing::Test {
 
   /// Waits until the chart shows what it should; a frame takes its time.
   void ExpectShown(const char* what, const std::function<bool(const ScreenPicture&)>& isShown) {
-    for (int tries = 0; tries < 100; ++tries) {
+    for (int tries = 0; tries < 400; ++tries) {  // a demo needs six seconds for a tenth of the chart
       if (isShown(driver.ChartPicture())) return;
       user.Wait(0.05);
     }
