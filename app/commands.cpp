@@ -11,6 +11,15 @@
 
 namespace app {
 
+namespace {
+
+/// Told apart by number, not by row: which there are is up to the translations.
+bool IsLanguage(int number) {
+  return number >= command::kEnglish && number <= command::kLastLanguage;
+}
+
+}  // namespace
+
 const Commands::Row Commands::kRows[] = {
     // File
     {command::kNewProgram, Undo::None, &Commands::NewProgram},
@@ -92,13 +101,6 @@ const Commands::ControlCommand Commands::kControlCommands[] = {
     {control_id::kPlay, kAnyCode, &Commands::PlayDemo},
     {control_id::kStop, kAnyCode, &Commands::StopDemo},
 };
-
-namespace {
-// Told apart by number, not by row: which there are the translations say.
-bool IsLanguage(int number) {
-  return number >= command::kEnglish && number <= command::kLastLanguage;
-}
-}  // namespace
 
 void Commands::Dispatch(int id, int code) {
   for (const ControlCommand& row : kControlCommands) {

@@ -2,13 +2,16 @@
 
 #include "chart/chart_drawing.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "common/message.h"
 #include "program/builtin_modes.h"
 #include "tests/chart/chart_fixture.h"
 
@@ -198,6 +201,17 @@ TEST(ChartDrawing, AnEmptyNameShowsTheChannelsNumberAsOfTheLastRebuild) {
             "  text large \"Channel 3\" within 884x83 lightSkyBlue\n"
             "  text large \"Channel 4\" within 884x83 lightSkyBlue\n"
             "  text large \"Channel 5\" within 884x83 lightSkyBlue\n");
+}
+
+TEST(ChartDrawing, ARebuildWritesTheNumbersInTheLanguageOfTheMoment) {
+  GivenChart chart(NewProgram());
+  chart.document.channelInfos[1].name = "Moon";
+  SetTranslator([](std::string_view key) { return key == "Channel {1}" ? "{1}. kanál" : std::string(key); });
+  chart.drawing.Rebuild(chart.canvas);
+  SetTranslator(nullptr);
+  EXPECT_THAT(chart.canvas.Text("text large"),
+              testing::AllOf(testing::HasSubstr("\"1. kanál\""), testing::HasSubstr("\"Moon\""),
+                             testing::HasSubstr("\"5. kanál\"")));
 }
 
 TEST(ChartDrawing, ANamesLabelIsAsLargeAsTheNameAndNoSmallerThanThirtyTwo) {

@@ -5,6 +5,7 @@
 # left in OUTDIR. Prints "ok NAME" or "not ok NAME" for each check; fails if one of them did.
 # shellcheck disable=SC2317   # the checks call functions by their names
 set -uo pipefail
+export LC_ALL=C.UTF-8  # messages are compared; what is about another language says so
 
 [ $# = 2 ] || { echo "usage: $0 COMMAND OUTDIR" >&2; exit 2; }
 mkdir -p "$2"
@@ -205,6 +206,30 @@ else
   exits "pictures are made elsewhere" 2 render reef-day.xml day.png
   says "and it is told where" "pictures are made by lumarinectl on Linux only"
 fi
+
+# --- languages
+
+speaking() { LC_ALL=$1 ctl "${@:2}" >out.txt 2>err.txt; }
+check "in German" speaking de_DE.UTF-8 new german.xml
+says "a file is saved" "german.xml"
+check "and not in English" bash -c '! grep -qF "Saved program" err.txt'
+check "the same with the option" ctl --language de new german-too.xml
+check "and the same file" cmp german.xml german-too.xml
+check "the built-in modes are named in it" bash -c '! cmp -s german.xml built-in.xml'
+cp german.xml "$outdir/"
+for language in de sk it cz fr01 fr pl es; do
+  exits "$language" 0 info reef-day.xml --language $language
+  cp out.txt "$outdir/reef-day.info.$language.txt"
+done
+check "tables for people are translated" bash -c '! cmp -s "$1" "$2"' - "$outdir"/reef-day.info{,.de}.txt
+check "data for programs in German" speaking de_DE.UTF-8 info reef-day.xml --json
+check "is the same" cmp out.txt "$outdir/reef-day.info.json"
+check "in Hungarian, which there is not" speaking hu_HU.UTF-8 new english.xml
+says "English is spoken" "Saved program english.xml"
+check "in German, but asked for English" speaking de_DE.UTF-8 --language en new english.xml
+says "English is spoken where asked for" "Saved program english.xml"
+exits "a language that is not there" 2 --language xx new other.xml
+says "it is told which languages there are" "there is no language xx, there are en, de, sk, it, cz, fr01, fr, pl, es"
 
 # --- output that goes nowhere
 
