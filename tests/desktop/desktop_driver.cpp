@@ -37,6 +37,13 @@ POINT Middle(HWND window) {
   return OnScreen(window, {client.right / 2, client.bottom / 2});
 }
 
+bool TakesMessages(HWND window) {
+  // Longer than anything takes but a wait for somebody else.
+  constexpr UINT kMilliseconds = 1500;
+  DWORD_PTR result = 0;
+  return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kMilliseconds, &result) != 0;
+}
+
 /// How often the Down key goes to an item of the chart's menu; 0 if it is not there.
 int KeysDownTo(int command) {
   int keys = 0;
@@ -71,6 +78,18 @@ void DesktopUser::Close() {
   PostMessageW(program_->mainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
   Settle();
   if (!IsWindow(program_->mainWindow())) program_->ExpectEnd();
+}
+
+std::future<bool> DesktopUser::CloseOnceItHangs(Closed closed) {
+  const HWND window = closed == Closed::Dialog ? program_->Dialog() : program_->mainWindow();
+  return std::async(std::launch::async, [window] {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (TakesMessages(window)) {
+      if (std::chrono::steady_clock::now() > end) return false;
+      std::this_thread::sleep_for(kGlance);
+    }
+    return PostMessageW(window, WM_CLOSE, 0, 0) != 0;
+  });
 }
 
 bool DesktopUser::WaitUntil(const std::function<bool()>& reached) {

@@ -8,6 +8,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <future>
 #include <optional>
 #include <string>
 #include <utility>
@@ -68,6 +69,13 @@ class DesktopUser final : public User {
   std::string Title() override;
   std::string Log() override;
   bool TakePicture(const std::filesystem::path& file) override;
+
+  /// What somebody who has lost patience closes.
+  enum class Closed { Program, Dialog };
+  /// Asks the main window or the dialog over it to close, as the system does, once the program takes no
+  /// messages; goes on beside the script. False if the program never stops to take them.
+  std::future<bool> CloseOnceItHangs(Closed closed);
+
   /// What the screen shows of the chart, in the chart's coordinates.
   ScreenPicture ChartPicture();
 

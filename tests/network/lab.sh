@@ -5,9 +5,11 @@
 #   lab_enter "$0" "$@"        first of all: goes on inside, or answers 1 with a reason in lab_reason
 #   lab_computer NAME ADDRESS  a computer on the switch, with an address in 10.42.0.0/24
 #   lab_run NAME COMMAND...    runs on that computer
+#   lab_flood NAME ADDRESS FILE   sends the file there without end, 64 bytes a datagram, until lab_pid is ended
+#   lab_listen NAME FILE FILTER   has tcpdump write what that computer sees of that, until lab_pid is interrupted
 #   lab_simulator NAME LOG OPTION...   starts tc421sim there and waits until it listens
 #
-# The script sets lab_simulator_program; lab_simulator leaves the process in lab_pid.
+# The script sets lab_simulator_program; what goes on behind it leaves its process in lab_pid.
 # shellcheck disable=SC2034,SC2154
 
 lab_reason=
@@ -47,6 +49,19 @@ lab_run() {
   local name=$1
   shift
   ip netns exec "$name" "$@"
+}
+
+lab_flood() {
+  # shellcheck disable=SC2016
+  (exec ip netns exec "$1" nice -n 19 bash -c 'while :; do dd if="$2" bs=64 status=none; done >"/dev/udp/$1/5000" 2>/dev/null' \
+    - "$2" "$3") &
+  lab_pid=$!
+}
+
+lab_listen() {
+  (exec ip netns exec "$1" tcpdump -Z root -i any -U -w "$2" "$3" 2>"$2.log") &
+  lab_pid=$!
+  until grep -qs "listening on" "$2.log"; do sleep 0.05; done
 }
 
 lab_simulator() {

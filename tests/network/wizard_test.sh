@@ -2,6 +2,7 @@
 # "Setup TC421 WiFi" in the Windows program under Wine, with the keyboard alone, and simulated controllers over
 # real sockets. Wants a display (DISPLAY) and a Wine prefix (scripts/wine-env).
 #   tests/network/wizard_test.sh COMMAND TC421SIM [FOLDER]
+# What went over the wire is checked with tcpdump too.
 # COMMAND is desktop_wizard with its runner; pictures of the pages are left in FOLDER. Prints "ok NAME" or
 # "not ok NAME" for each check, or one line "skipped REASON" where no namespaces can be made; fails if a check did.
 set -uo pipefail
@@ -28,9 +29,9 @@ name=Smart-123456
 ok() { echo "ok $1"; }
 not_ok() { echo "not ok $1"; failed=1; }
 
-# suite NAME: one of desktop_wizard's; each of its tests is a check. A run that hangs must not take all with it.
+# suite TESTS: of desktop_wizard's; each is a check. A run that hangs must not take all with it.
 suite() {
-  lab_run computer timeout 100 "${command[@]}" --gtest_filter="$1.*" --gtest_color=no $name "${pictures[@]}" \
+  lab_run computer timeout 150 "${command[@]}" --gtest_filter="$1" --gtest_color=no $name "${pictures[@]}" \
     >suite.log 2>&1 </dev/null
   local status=$?
   sed -n 's/^\[       OK \] \(.*\) (.*/ok \1/p; s/^\[  FAILED  \] \(.*\) (.*/not ok \1/p' suite.log | tr -d '\r'
@@ -49,20 +50,74 @@ remembers() {
   if jq -e "$2" memory.json >/dev/null; then ok "$1"; else not_ok "$1"; jq .wifi memory.json; fi
 }
 
-lab_computer computer 10.42.0.1
+computer=10.42.0.1
+lab_computer computer $computer
 lab_computer controller 10.42.0.2
+lab_computer second 10.42.0.3
+lab_computer stranger 10.42.0.66
+
+# Everything that the computer sends of itself, to the end.
+lab_listen computer all.pcap "ip and src host $computer and not icmp"
+tcpdump_pid=$lab_pid
+captured() { tcpdump -nn -t -r all.pcap 2>/dev/null; }
+
+suite 'NoController.NothingIsSent*'
+sleep 0.2
+sent=$(captured)
+if [ -z "$sent" ]; then ok "nothing has left the computer"; else not_ok "nothing has left the computer"; echo "$sent" | head; fi
 
 power_on
-suite OneController
+suite 'OneController.*'
 power_off
 remembers "the controller has all it needs" \
   '.wifi == {ssid: "Café 水 🐠 & é", security: "wpa2", encryption: "aes", password: "secret coral", whole: true}'
 remembers "no frame was wrong" '.objections == []'
 
+power_on
+suite 'TakenPort.*'
+power_off
+remembers "it was told of once" '.wifi.ssid == "Reef" and .frames == 2 and .objections == []'
+
+lab_simulator second second.log --name Smart-000001 --dump second.json || not_ok "the second simulator listens"
+second_pid=$lab_pid
+power_on
+suite 'TwoControllers.*'
+power_off
+remembers "the other one was told nothing" '.wifi == null'
+lab_pid=$second_pid power_off
+mv second.json memory.json
+remembers "the chosen one has all it needs" \
+  '.wifi == {ssid: "Reef", security: "open", encryption: "none", password: "", whole: true}'
+
 power_on --wrong-ack
-suite WrongController
+suite 'WrongController.*'
 power_off
 
-suite NoController
+for test in IsToldOfAfterSixSecondsAndThePageStays DoesNotKeepThePageFromBeingClosedMeanwhile \
+  DoesNotKeepTheProgramFromBeingClosedMeanwhile; do
+  power_on --answers 1
+  suite "SilentController.$test"
+  power_off
+  tries=$(grep -c "not heard, it is off" sim.log)
+  if [ "$tries" = 3 ]; then ok "it was tried three times"; else not_ok "it was tried three times"; cat sim.log; fi
+done
+
+suite 'NoController.EnterIs*'
+
+for _ in {1..1000}; do
+  printf '\x55\xAA\x17\x00\x1B[2J\r\nTank\xFF\xE2\x80\xAE%046d' 0
+done >hostile.bin
+lab_flood stranger $computer hostile.bin
+flood_pid=$lab_pid
+suite 'HostileNeighbour.*'
+kill "$flood_pid"
+
+sleep 0.2
+kill -INT "$tcpdump_pid"
+wait "$tcpdump_pid"
+stray=$(captured |
+  grep -vE "IP $computer\.5000 > (10\.42\.0\.(2|3|66)|255\.255\.255\.255)\.5000: UDP, length 64$")
+if [ -z "$stray" ]; then ok "from one port to one port, to those found and to everybody"
+else not_ok "from one port to one port, to those found and to everybody"; echo "$stray" | head; fi
 
 exit $failed
