@@ -3,6 +3,7 @@
 #include <atomic>
 #include <charconv>
 #include <limits>
+#include <span>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "OvkLib/src/ovk_format.h"
@@ -29,16 +30,8 @@ class Decimal {
 }  // namespace
 
 std::string Translate(std::string_view key) {
-  std::string storage;
-  const std::string_view text = Translate(key, storage);
-  return text.data() == storage.data() ? storage : std::string(text);
-}
-
-std::string_view Translate(std::string_view key, std::string& storage) {
   const Translator translator = translatorInUse.load(std::memory_order_acquire);
-  if (translator == nullptr) return key;
-  storage = translator(key);
-  return storage;
+  return translator == nullptr ? std::string(key) : translator(key);
 }
 
 void SetTranslator(Translator translator) {
@@ -50,8 +43,13 @@ std::string Message::TextOf(const std::filesystem::path& path) {
 }
 
 void Message::Fill(std::string_view key, std::initializer_list<std::string_view> arguments) {
-  std::string storage;
-  ovk::fill(utf8_, Translate(key, storage), {arguments.begin(), arguments.size()});
+  const std::span<const std::string_view> all(arguments.begin(), arguments.size());
+  // English costs nothing, not even a copy of the template.
+  if (translatorInUse.load(std::memory_order_acquire) == nullptr) [[likely]] {
+    ovk::fill(utf8_, key, all);
+  } else {
+    ovk::fill(utf8_, Translate(key), all);
+  }
 }
 
 Message::Message(std::string_view key) : utf8_(Translate(key)) {}

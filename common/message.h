@@ -9,12 +9,9 @@
 #include <string>
 #include <string_view>
 
-/// The one entry of translation: the text for `key`, which is the English sentence. Any thread.
+/// The one entry of translation: the text for `key`, which is the English sentence and in English the text
+/// too. Any thread.
 std::string Translate(std::string_view key);
-
-/// The same without a copy where the text is `key` itself, as in English: answers `key`, or `storage` with
-/// the text.
-std::string_view Translate(std::string_view key, std::string& storage);
 
 /// Who knows the texts of other languages. Called on any thread that translates, on several at once.
 using Translator = std::string (*)(std::string_view key);

@@ -118,8 +118,12 @@ std::string TranslationStore::Translate(std::string_view key) {
 bool TranslationStore::LoadTranslationFile(const std::filesystem::path& path, std::string_view id,
                                            std::string_view name) {
   std::string bytes;
+  return ReadFileBytes(path, bytes) && LoadTranslation(bytes, id, name);
+}
+
+bool TranslationStore::LoadTranslation(std::string_view bytes, std::string_view id, std::string_view name) {
   element file;
-  if (!ReadFileBytes(path, bytes) || !ParseTexts(file, bytes)) return false;
+  if (!ParseTexts(file, bytes)) return false;
 
   const std::lock_guard guard(lock_);
   // A file has as many entries as it likes: each must not cost a walk through all keys.
@@ -145,6 +149,11 @@ bool TranslationStore::LoadTranslationFile(const std::filesystem::path& path, st
 }
 
 bool TranslationStore::ExportTranslationFile(const std::filesystem::path& path) {
+  // Without the lock: a failure is a message, and that is translated.
+  return ovk::xml::save(path, ExportTranslation());
+}
+
+element TranslationStore::ExportTranslation() {
   std::vector<std::string> keys;
   {
     const std::lock_guard guard(lock_);
@@ -163,8 +172,7 @@ bool TranslationStore::ExportTranslationFile(const std::filesystem::path& path) 
     Assign(string.append_child("translate").text, Translate(key));
   }
   EscapeLineBreaks(file);
-  // Without the lock: a failure is a message, and that is translated.
-  return ovk::xml::save(path, file);
+  return file;
 }
 
 element TranslationStore::CopyTree() const {

@@ -1,7 +1,22 @@
 #pragma once
 
-// All texts that a user sees, in all languages: one tree of them, looked up by their English wording. The
-// format of the document and of the translators' exchange file is told in docs/formats.md.
+// All texts that a user sees, in all languages: one tree of them, looked up by their English wording.
+//
+// The document (resources/translations.xml) and the translators' exchange file, which holds one language. In
+// both, a line break is written as the four characters \r\n:
+//
+//   <localisation>
+//     <languages>
+//       <language id='sk' name='Slovak' author='Lumarine team'/>     all but the id may be left out
+//     </languages>
+//     <strings>
+//       <string id='Step {1}'> <sk>Krok {1}</sk> </string>           any language may be left out
+//     </strings>
+//   </localisation>
+//
+//   <strings>
+//     <string id='Step {1}'> <translate>Krok {1}</translate> </string>
+//   </strings>
 
 #include <filesystem>
 #include <mutex>
@@ -46,7 +61,7 @@ class TranslationStore {
 
   /// The languages besides English, in the order of the Language menu: children "language" with the
   /// attributes "id", "name" and "author", any of which a document may leave out. Good until StartWith(); no
-  /// lookup changes it, only LoadTranslationFile() does. Take texts out of it as std::string: a copied
+  /// lookup changes it, only loading one does. Take texts out of it as std::string: a copied
   /// ovk::string shares its memory with the tree.
   const ovk::xml::element& GetLanguages();
 
@@ -59,9 +74,14 @@ class TranslationStore {
   /// the file cannot be read or is no XML; logs nothing.
   bool LoadTranslationFile(const std::filesystem::path& path, std::string_view id, std::string_view name);
 
+  /// The same from the bytes of such a file.
+  bool LoadTranslation(std::string_view bytes, std::string_view id, std::string_view name);
+
   /// Writes an exchange file of all keys, sorted by their bytes, with their texts in the language in use.
   /// False and a line on statusLog if that fails.
   bool ExportTranslationFile(const std::filesystem::path& path);
+  /// The tree of such a file.
+  ovk::xml::element ExportTranslation();
 
   /// The whole tree, which shares nothing with the store.
   ovk::xml::element CopyTree() const;

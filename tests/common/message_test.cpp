@@ -14,6 +14,29 @@ TEST(Translate, AnswersTheKeyInEnglish) {
   EXPECT_EQ(Translate(""), "");
 }
 
+class Translated : public testing::Test {
+ protected:
+  void SetUp() override {
+    SetTranslator([](std::string_view key) { return "{2} nach {1}, nicht " + std::string(key); });
+  }
+  void TearDown() override { SetTranslator(nullptr); }
+};
+
+TEST_F(Translated, EveryTextIsAskedFor) {
+  EXPECT_EQ(Translate("{1} to {2}"), "{2} nach {1}, nicht {1} to {2}");
+  EXPECT_EQ(Message("").utf8(), "{2} nach {1}, nicht ");
+}
+
+TEST_F(Translated, TheTemplateIsAskedForAndFilledThen) {
+  EXPECT_EQ(Message("{1} to {2}", "a", "{1}").utf8(), "{1} nach a, nicht a to {1}");
+  EXPECT_EQ(Message("", 8, 5).utf8(), "5 nach 8, nicht ");
+}
+
+TEST_F(Translated, WithoutATranslatorAllIsEnglishAgain) {
+  SetTranslator(nullptr);
+  EXPECT_EQ(Message("{1} to {2}", 8, 5).utf8(), "8 to 5");
+}
+
 TEST(Message, WritesEveryCombinationOfArguments) {
   const std::string text = "Lamp";
   const std::filesystem::path path = PathFromUtf8(

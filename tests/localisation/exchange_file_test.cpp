@@ -219,10 +219,10 @@ TEST_F(ExchangeFile, CutAtAnyByteChangesNothing) {
   const std::string before = Tree();
   const size_t rootEnds = whole.rfind('>');
   for (size_t length = 0; length <= rootEnds; ++length) {
-    EXPECT_FALSE(store.LoadTranslationFile(File(whole.substr(0, length)), "pl", "Polish")) << length;
+    EXPECT_FALSE(store.LoadTranslation(whole.substr(0, length), "pl", "Polish")) << length;
   }
   EXPECT_EQ(Tree(), before);
-  EXPECT_TRUE(store.LoadTranslationFile(File(whole.substr(0, rootEnds + 1)), "pl", "Polish"));
+  EXPECT_TRUE(store.LoadTranslation(whole.substr(0, rootEnds + 1), "pl", "Polish"));
 }
 
 TEST_F(ExchangeFile, WrittenReadAndWrittenAgainIsTheSameBytes) {

@@ -32,7 +32,7 @@ class HostileDocuments : public Translations {
     ovk::xml::element copy = store.CopyTree();
     RemoveLanguage(copy, "de");
     EscapeLineBreaks(copy);
-    Exported();
+    store.ExportTranslation();
     store.SetLanguage("en");
     EXPECT_EQ(store.Translate("Undo"), "Undo");
   }
@@ -100,7 +100,24 @@ TEST_F(HostileDocuments, OfOddShapes) {
   }
 }
 
-// A document and an exchange file with some bytes changed: any answer will do.
+// Any answer will do, as long as there is one.
+TEST_F(HostileDocuments, WithAnyByteFlipped) {
+  store.SetLanguage("de");
+  const std::string exchange = Exported();
+  for (const std::string& good : {std::string(kFewWords), exchange}) {
+    for (size_t at = 0; at < good.size(); ++at) {
+      for (const int mask : {0x01, 0x10, 0x80, 0xFF}) {
+        std::string bad = good;
+        bad[at] = static_cast<char>(bad[at] ^ mask);
+        GivenDocument(bad);
+        store.LoadTranslation(bad, "pl", "Polish");
+        UseEverything();
+      }
+    }
+  }
+}
+
+// A document and an exchange file with some bytes changed.
 TEST_F(HostileDocuments, WithBytesChanged) {
   std::mt19937 random(3);
   const std::string exchange =
@@ -116,7 +133,7 @@ TEST_F(HostileDocuments, WithBytesChanged) {
         bad[random() % bad.size()] = kBytes[random() % kBytes.size()];
       }
       GivenDocument(bad);
-      store.LoadTranslationFile(File(bad), "pl", "Polish");
+      store.LoadTranslation(bad, "pl", "Polish");
       UseEverything();
     }
   }
