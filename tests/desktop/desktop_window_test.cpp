@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/files.h"
 #include "tests/desktop/desktop_driver.h"
@@ -17,6 +18,9 @@ using testing::HasSubstr;
 using testing::SizeIs;
 using testing::StartsWith;
 namespace command = app::command;
+
+constexpr int kEnterKey = 13;
+constexpr int kMenuKey = 121;  // F10
 
 class DesktopWindow : public testing::Test {
  protected:
@@ -98,6 +102,26 @@ TEST_F(DesktopWindow, KnownIssuesComeInABoxOverTheWindow) {
   ASSERT_THAT(asked, SizeIs(1));
   EXPECT_EQ(asked[0].title, u"Known issues with some TC420 devices");
   EXPECT_NE(asked[0].text.find(u"\"AlwaysOn\" (2 steps)"), std::u16string::npos);
+}
+
+TEST_F(DesktopWindow, LanguagesAreChosenInTheMenuItself) {
+  const auto openLanguageMenu = [this] {
+    user.PressKey(kMenuKey);
+    for (int i = 0; i < app::menu::kLanguage; ++i) user.PressKey(app::key::kRight);
+    user.PressKey(app::key::kDown);  // onto the first of them
+  };
+  openLanguageMenu();
+  user.PressKey(kEnterKey);
+  EXPECT_TRUE(user.MenuItem(command::kFirstLanguage).checked);
+  EXPECT_EQ(user.Text(Control::DevicesLabel), "Geräte");
+  const std::string german = user.MenuItem(command::kUndo).text;
+  EXPECT_NE(german, "Undo");
+  openLanguageMenu();
+  user.PressKey(app::key::kUp);  // round to the last
+  user.PressKey(kEnterKey);
+  EXPECT_TRUE(user.MenuItem(command::kEnglish).checked);
+  EXPECT_EQ(user.Text(Control::DevicesLabel), "Devices");
+  EXPECT_EQ(user.MenuItem(command::kUndo).text, "Undo");
 }
 
 TEST_F(DesktopWindow, LoadIsCancelledByItsDialog) {
