@@ -4,6 +4,7 @@
 #
 #   lab_enter "$0" "$@"        first of all: goes on inside, or answers 1 with a reason in lab_reason
 #   lab_computer NAME ADDRESS  a computer on the switch, with an address in 10.42.0.0/24
+#   lab_cable NAME ADAPTER ADDRESS NAME ADAPTER ADDRESS   two computers by themselves, each made if it is not there
 #   lab_run NAME COMMAND...    runs on that computer
 #   lab_flood NAME ADDRESS FILE   sends the file there without end, 64 bytes a datagram, until lab_pid is ended
 #   lab_listen NAME FILE FILTER   has tcpdump write what that computer sees of that, until lab_pid is interrupted
@@ -43,6 +44,18 @@ lab_computer() {
   ip -n "$1" link set eth0 up
   # As from the router of a network, or a controller that is its own access point.
   ip -n "$1" route add default via 10.42.0.254
+}
+
+lab_cable() {
+  local name
+  for name in "$1" "$4"; do
+    [ -e "/run/netns/$name" ] || { ip netns add "$name" && ip -n "$name" link set lo up; }
+  done
+  ip link add "$2" netns "$1" type veth peer name "$5" netns "$4"
+  ip -n "$1" addr add "$3/24" brd + dev "$2"
+  ip -n "$4" addr add "$6/24" brd + dev "$5"
+  ip -n "$1" link set "$2" up
+  ip -n "$4" link set "$5" up
 }
 
 lab_run() {
