@@ -56,7 +56,11 @@ TEST_F(HostileDocuments, OfAHundredThousandEntries) {
   for (int i = 0; i < 100'000; ++i) {
     const std::string id = std::to_string(i);
     keys += "<string id='" + id + "'/>";
-    texts += "<string id='" + id + "'><translate>t" + id + "</translate></string>";
+    texts.append("<string id='")
+        .append(id)
+        .append("'><translate>t")
+        .append(id)
+        .append("</translate></string>");
   }
   GivenStrings(keys);
   // A walk through all keys for each entry would take minutes.

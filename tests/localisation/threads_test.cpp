@@ -19,19 +19,22 @@ class TranslatingThreads : public Translations {
   static constexpr int kRounds = 500;
   static constexpr int kWorkers = 2;
 
-  /// Runs `work` with the number of each round on threads of their own, and `beside` on this one until all of
-  /// them are done.
+  /// Runs `work` with the number of each round on threads of their own, and `beside` on this one, at least
+  /// once, until all of them are done.
   template <class Work, class Beside>
   void Run(Work work, Beside beside) {
     std::atomic<int> running = kWorkers;
     std::vector<std::thread> workers;
+    workers.reserve(kWorkers);
     for (int worker = 0; worker < kWorkers; ++worker) {
       workers.emplace_back([&, worker] {
         for (int round = 0; round < kRounds; ++round) work(worker, round);
         --running;
       });
     }
-    while (running > 0) beside();
+    do {
+      beside();
+    } while (running > 0);
     for (std::thread& worker : workers) worker.join();
   }
 };
