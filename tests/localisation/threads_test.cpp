@@ -99,12 +99,22 @@ TEST_F(TranslatingThreads, WorkWhileLanguagesAreLoadedExportedAndCopied) {
       [&] {
         EXPECT_TRUE(store.LoadTranslationFile(file, "de", "Deutsch, wie man es hier spricht"));
         EXPECT_TRUE(store.ExportTranslationFile(folder / "out.xml"));
-        // The copy goes here, while the others use what it was made from.
         ovk::xml::element copy = store.CopyTree();
         RemoveLanguage(copy, "sk");
         EscapeLineBreaks(copy);
       });
   EXPECT_EQ(store.Translate("Redo"), "Wiederholen, noch einmal");
+}
+
+TEST_F(TranslatingThreads, HaveACopyOfTheTreeToThemselves) {
+  const std::string longText = "<strings><string id='Redo'><translate>so lang, dass es sich teilen liesse";
+  for (int round = 0; round < 50; ++round) {
+    // What it was made from goes on this side, and the copy on the other.
+    std::thread other([copy = store.CopyTree()] {});
+    EXPECT_TRUE(store.LoadTranslation(longText + std::to_string(round) + "</translate></string></strings>",
+                                      "de", "Deutsch, wie man es hier spricht " + std::to_string(round)));
+    other.join();
+  }
 }
 
 TEST_F(TranslatingThreads, BuildMessagesOnBothSidesOfAChangeOfLanguage) {
