@@ -26,6 +26,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr char kProgram[] = "nmcli";
 constexpr std::chrono::seconds kPatience{5};
+constexpr int kGlanceMilliseconds = 10;
 constexpr std::size_t kMaxOutput = 1 << 20;
 constexpr std::size_t kPieceSize = 4096;
 
@@ -70,15 +71,20 @@ pid_t Start(std::initializer_list<const char*> arguments, int output) {
   return error == 0 ? process : -1;
 }
 
+// Up to there, in milliseconds.
+int LeftUntil(Clock::time_point limit) {
+  return static_cast<int>(
+      std::chrono::duration_cast<std::chrono::milliseconds>(limit - Clock::now()).count());
+}
+
 // All that comes up to the end of the file; nothing if that takes too long or is too much.
-std::optional<std::string> ReadToEnd(int file) {
-  const Clock::time_point limit = Clock::now() + kPatience;
+std::optional<std::string> ReadToEnd(int file, Clock::time_point limit) {
   std::string text;
   while (text.size() <= kMaxOutput) {
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(limit - Clock::now());
-    if (left.count() <= 0) return std::nullopt;
+    const int left = LeftUntil(limit);
+    if (left <= 0) return std::nullopt;
     pollfd wanted{file, POLLIN, 0};
-    const int ready = poll(&wanted, 1, static_cast<int>(left.count()));
+    const int ready = poll(&wanted, 1, left);
     if (ready == 0 || (ready < 0 && errno == EINTR)) continue;
     std::array<char, kPieceSize> piece{};
     const ssize_t size = read(file, piece.data(), piece.size());
@@ -87,6 +93,20 @@ std::optional<std::string> ReadToEnd(int file) {
     if (size > 0) text.append(piece.data(), static_cast<std::size_t>(size));
   }
   return std::nullopt;
+}
+
+// Whether a process ends well by itself. One that has closed its output need not have ended.
+bool EndsWell(pid_t process, Clock::time_point limit) {
+  int status = 0;
+  pid_t ended = 0;
+  while ((ended = waitpid(process, &status, WNOHANG)) == 0 && LeftUntil(limit) > 0) {
+    poll(nullptr, 0, kGlanceMilliseconds);
+  }
+  if (ended == process) return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  kill(process, SIGKILL);
+  while (waitpid(process, &status, 0) == -1 && errno == EINTR) {
+  }
+  return false;
 }
 
 // What nmcli prints; nothing if it is missing, fails or does not come to an end.
@@ -98,13 +118,10 @@ std::optional<std::string> Ask(std::initializer_list<const char*> arguments) {
   const pid_t process = Start(arguments, input.Get());
   if (process == -1) return std::nullopt;
   input.Close();
-  std::optional<std::string> text = ReadToEnd(output.Get());
+  const Clock::time_point limit = Clock::now() + kPatience;
+  std::optional<std::string> text = ReadToEnd(output.Get(), limit);
   if (!text) kill(process, SIGKILL);
-  int status = 0;
-  while (waitpid(process, &status, 0) == -1)
-    if (errno != EINTR) return std::nullopt;
-  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return std::nullopt;
-  return text;
+  return EndsWell(process, limit) ? text : std::nullopt;
 }
 
 }  // namespace
