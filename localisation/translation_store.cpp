@@ -41,6 +41,17 @@ void Assign(ovk::string& to, std::string_view text) {
   to = ovk::string(text);
 }
 
+/// The others stay in their order.
+template <class Predicate>
+void RemoveFirstChild(element& parent, Predicate is) {
+  auto& children = parent.children;
+  const auto at =
+      std::find_if(children.begin(), children.end(), [&](const auto& child) { return is(*child); });
+  if (at == children.end()) return;
+  std::rotate(at, at + 1, children.end());
+  children.pop_back();
+}
+
 std::string UpToZero(std::string_view text) {
   return std::string(text.substr(0, text.find('\0')));
 }
@@ -191,22 +202,13 @@ element TranslationStore::CopyTree() const {
 }
 
 void RemoveLanguage(element& tree, std::string_view id) {
-  const auto remove = [](element& from, std::int32_t index) {
-    if (index < 0) return;
-    for (; index + 1 < from.children.count(); ++index) from.children[index].swap(from.children[index + 1]);
-    from.children.pop_back();
-  };
   for (const auto& string : tree.child("strings").children) {
-    if (string->name == "string") remove(*string, string->find_next_child(id, -1));
+    if (string->name == "string")
+      RemoveFirstChild(*string, [&](const element& text) { return text.name == id; });
   }
   element& languages = tree.child("languages");
-  for (std::int32_t i = languages.find_next_child("language", -1); i >= 0;
-       i = languages.find_next_child("language", i)) {
-    const element& language = *languages.children[i];
-    if (language.find_attribute("id") < 0 || !(language.attribute_or_empty("id") == id)) continue;
-    remove(languages, i);
-    break;
-  }
+  const element* const language = languages.find_child_by_id("language", id);
+  RemoveFirstChild(languages, [&](const element& each) { return &each == language; });
 }
 
 void EscapeLineBreaks(element& tree) {

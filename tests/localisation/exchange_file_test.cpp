@@ -196,6 +196,17 @@ TEST_F(ExchangeFile, OfTwoEntriesInTheTreeTheFirstTakesTheText) {
   EXPECT_EQ(tree.child("strings").children[1]->children.count(), 0);
 }
 
+TEST_F(ExchangeFile, OnlyStringsWithAnIdTakeTexts) {
+  GivenStrings("<other id='a'/><string/><string id='a'/>");
+  ASSERT_TRUE(
+      LoadGerman("<string id='a'><translate>b</translate></string>"
+                 "<string id=''><translate>c</translate></string>"));
+  ovk::xml::element tree = store.CopyTree();
+  EXPECT_EQ(xml_trees::Serialized(tree.child("strings"), -100),
+            "<strings>\r\n<other id='a'/>\r\n<string/>\r\n<string id='a'>\r\n<de>b</de>\r\n</string>\r\n"
+            "</strings>\r\n");
+}
+
 TEST_F(ExchangeFile, IsTrimmedAndThenUnescaped) {
   GivenStrings(R"(<string id='a\r\nb'/>)");
   ASSERT_TRUE(LoadGerman("<string id='a\\r\\nb'>\r\n<translate>\r\n \\r\\nc </translate>\r\n</string>"));
@@ -279,13 +290,15 @@ TEST_F(ExchangeFile, RemovingALanguageLeavesTheOthersInTheirOrder) {
 
 TEST_F(ExchangeFile, RemovingTakesTheFirstTextAndTheFirstLanguageOfAnId) {
   GivenDocument(
-      "<l><languages><other id='x'/><language name='x'/><language id='x'/><language id='x'/></languages>"
-      "<strings><string id='a'><x>1</x><x>2</x></string><other><x>3</x></other></strings></l>");
+      "<l><languages><other id='x'/><language name='x'/><language id='x'/><language id='x'/><language "
+      "id='x'/>"
+      "</languages><strings><string id='a'><x>1</x><x>2</x></string><other><x>3</x></other></strings></l>");
   ovk::xml::element copy = store.CopyTree();
   RemoveLanguage(copy, "x");
   EXPECT_EQ(xml_trees::Serialized(copy, -100),
             "<l>\r\n<languages>\r\n<other id='x'/>\r\n<language name='x'/>\r\n<language id='x'/>\r\n"
-            "</languages>\r\n<strings>\r\n<string id='a'>\r\n<x>2</x>\r\n</string>\r\n<other>\r\n<x>3</x>\r\n"
+            "<language id='x'/>\r\n</languages>\r\n<strings>\r\n<string "
+            "id='a'>\r\n<x>2</x>\r\n</string>\r\n<other>\r\n<x>3</x>\r\n"
             "</other>\r\n</strings>\r\n</l>\r\n");
 }
 
