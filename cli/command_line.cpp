@@ -26,6 +26,7 @@ constexpr char kEpilogue[] = R"(Examples:
   lumarinectl new tank.xml                                   start from the built-in program
   lumarinectl info tank.xml                                  what a controller would be given
   lumarinectl edit tank.xml tank.xml --mode 1 --power 5=20   moonlight down to 20 %
+  lumarinectl convert summer.tmf winter.tmf tank.xml         modes of another tool
   lumarinectl render tank.xml tank.png --mode 1              a picture of its day
   lumarinectl devices                                        which controllers are there
   lumarinectl demo tank.xml --device tc420                   the whole day in a minute
@@ -37,8 +38,8 @@ Exit status: 0 done, 1 the device operation failed or was stopped, 2 wrong usage
 4 a file that cannot be read or written.)";
 
 const Command* const kCommands[] = {
-    &kInfo, &kCurve,  &kNew,  &kEdit,     &kRender, &kFrames,    &kDevices,
-    &kScan, &kUpload, &kDemo, &kSyncTime, &kClear,  &kWifiSetup,
+    &kInfo,    &kCurve, &kNew,    &kEdit, &kConvert,  &kRender, &kFrames,
+    &kDevices, &kScan,  &kUpload, &kDemo, &kSyncTime, &kClear,  &kWifiSetup,
 };
 
 bool IsCommand(const std::string& word) {

@@ -14,6 +14,9 @@ extern const Command kCurve;
 extern const Command kNew;
 extern const Command kEdit;
 
+// convert.cpp
+extern const Command kConvert;
+
 // frames.cpp
 extern const Command kFrames;
 

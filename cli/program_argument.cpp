@@ -1,5 +1,7 @@
 #include "cli/program_argument.h"
 
+#include <charconv>
+
 #include "cli/options.h"
 #include "common/files.h"
 #include "program/program_file.h"
@@ -10,10 +12,17 @@ void DeclareFile(CLI::App& app, ProgramArgument& argument) {
   app.add_option("FILE", argument.file, "The program file")->required()->type_name("");
 }
 
+std::string CheckModeNumber(const std::string& text) {
+  int number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool good = result.ec == std::errc() && result.ptr == text.data() + text.size() && number > 0;
+  return good ? "" : "the number of a mode is expected, from 1 on, not " + text;
+}
+
 void DeclareMode(CLI::App& app, ProgramArgument& argument, bool required) {
   app.add_option("--mode", argument.mode, "The mode, counted from 1")
       ->required(required)
-      ->check(Unnamed(CLI::PositiveNumber))
+      ->check(CLI::Validator(CheckModeNumber, ""))
       ->type_name("N");
 }
 

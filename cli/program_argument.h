@@ -16,6 +16,8 @@ struct ProgramArgument {
 };
 
 void DeclareFile(CLI::App& app, ProgramArgument& argument);
+/// What is wrong with a mode's number as it was typed; empty if nothing is.
+std::string CheckModeNumber(const std::string& text);
 void DeclareMode(CLI::App& app, ProgramArgument& argument, bool required);
 
 /// Loads the file and makes the mode the current one. Anything but Success has been explained.

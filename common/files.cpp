@@ -30,12 +30,13 @@ bool ReadFileBytes(const std::filesystem::path& path, std::string& out) {
   // A folder opens on some platforms, and a pipe blocks until somebody writes into it.
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return false;
+  if (std::filesystem::file_size(path, error) > kMostFileBytes) return false;
   std::ifstream file(path, std::ios::binary);
   if (!file) return false;
 
   constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
   std::string bytes;
-  // In pieces until the end, since the size that is told beforehand can be wrong (files that grow, /proc).
+  // In pieces until the end, since the size that is told beforehand can be too low (files that grow, /proc).
   while (file) {
     const std::size_t length = bytes.size();
     if (length > kMostFileBytes) return false;

@@ -13,8 +13,9 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kCommands[] = {"info", "curve",  "new",  "edit",      "render", "frames",    "devices",
-                                     "scan", "upload", "demo", "sync-time", "clear",  "wifi-setup"};
+constexpr const char* kCommands[] = {"info",   "curve",     "new",     "edit",      "convert",
+                                     "render", "frames",    "devices", "scan",      "upload",
+                                     "demo",   "sync-time", "clear",   "wifi-setup"};
 
 class CommandLineTest : public CommandTest {};
 

@@ -123,6 +123,35 @@ for example in made/*.xml; do
   check "$(basename "$example") is what the recipe makes" cmp "$example" "$source/examples/$(basename "$example")"
 done
 
+# --- files of other tools
+
+for program in built-in reef-day planted-tank seedling-bed hostile; do
+  for kind in tmf lmf raw; do
+    exits "convert $program to $kind" 0 convert $program.xml $program.$kind --mode 2
+    cp $program.$kind "$outdir/"
+  done
+  exits "convert $program back" 0 convert $program.tmf $program.lmf back-$program.xml
+  check "convert writes well-formed XML" xmllint --noout back-$program.xml
+  cp back-$program.xml "$outdir/"
+done
+exits "convert a hostile mode" 0 convert hostile.xml hostile-1.raw --mode 1
+cp hostile-1.raw "$outdir/"
+check "a dump has five bytes a second" test "$(stat -c %s hostile-1.raw)" = 432000
+cp reef-day.tmf kept.tmf
+exits "a dump is not read" 2 convert reef-day.raw dump.xml
+says "it is told why" "RAW files can be written only, not read"
+exits "a file that is read is not written" 2 convert reef-day.lmf kept.tmf kept.tmf --mode 1
+head -c 100 reef-day.tmf >cut.tmf
+exits "a cut file" 4 convert reef-day.tmf cut.tmf dump.xml
+says "it is told" "Invalid file format"
+truncate -s 1G big.tmf
+cp --sparse=always big.tmf big.lmf
+exits "a TMF file of a gigabyte" 4 convert big.tmf dump.xml
+exits "an LMF file of a gigabyte" 4 convert big.lmf dump.xml
+rm -f big.tmf big.lmf
+check "no refusal left a file" test ! -e dump.xml
+check "nor changed one" cmp kept.tmf reef-day.tmf
+
 # --- refusals leave everything as it was
 
 cp reef-day.xml mine.xml
