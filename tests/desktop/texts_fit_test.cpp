@@ -306,7 +306,7 @@ TEST_P(TextsFit, DialogsOfValues) {
 TEST_P(TextsFit, DialogsOfSteps) {
   GivenSelection(0, 0);
   std::string manySteps;
-  for (int minute = 0; minute < 99; ++minute) manySteps += "12:00 50\n";
+  for (int minute = 0; minute < 99; ++minute) manySteps += "12:00 50\r\n";
   user.WillFill({Paste(dialogs::add_steps_control::kSteps, manySteps), Look(), PressEscape()});
   ASSERT_TRUE(user.Choose(command::kManualStepsAdd));
   user.WillFill({PressEscape()});
