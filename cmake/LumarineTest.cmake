@@ -17,6 +17,8 @@ function(lumarine_test name)
   target_link_libraries(${name} PRIVATE lumarine_options ${TEST_LINK} test_clock platform_system
     GTest::gmock GTest::gtest_main Threads::Threads)
   target_compile_definitions(${name} PRIVATE LUMARINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  # What is tested is built for speed, the tests themselves to be built soon.
+  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
   set_property(GLOBAL APPEND PROPERTY LUMARINE_TEST_PROGRAMS ${name})
   if(NOT WIN32)
     add_test(NAME ${name} COMMAND ${name})
