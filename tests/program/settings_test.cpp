@@ -218,6 +218,23 @@ TEST_F(SettingsFile, ANameWithAnAmpersandComesBackThroughItsEntity) {
   EXPECT_EQ(next.GetDeviceValue("device", "A & B", ""), "Sonne & Mond <'\">");
 }
 
+// Anybody on the network can send a name of any bytes; to rename such a controller must not cost the rest.
+TEST_F(SettingsFile, ADeviceThatReportsANameOfAnyBytesHarmsNoOtherSetting) {
+  std::vector<std::string> names = {"]]>", "<!--", "'\"></config>", "&#0;", "\xEF\xBB\xBF", "\xE2\x80\xAE"};
+  for (int byte = 1; byte <= 0xFF; ++byte) names.push_back("Tank" + std::string(1, static_cast<char>(byte)));
+  for (const std::string& name : names) {
+    Settings settings(file_);
+    settings.SetValue("locale", "de");
+    settings.SetDeviceValue("device", name, "Riff");
+    settings.SetDeviceValue("device", "TC421-1", "Moos");
+    ASSERT_TRUE(settings.Save());
+    Settings next(file_);
+    EXPECT_EQ(next.GetValue("locale"), "de") << name;
+    EXPECT_EQ(next.GetDeviceValue("device", "TC421-1", ""), "Moos") << name;
+    EXPECT_EQ(next.GetDeviceValue("device", name, "lost"), "Riff") << name;
+  }
+}
+
 TEST_F(SettingsFile, MayBeUsedByTheWindowAndTheWorkerAtOnce) {
   Settings settings(file_);
   settings.SetValue("demo_speed", "10");
