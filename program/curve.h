@@ -89,8 +89,8 @@ class CurveCursor {
   /// stretch ends there. The next second to be asked for is behind it.
   StraightCurve Behind(std::int64_t minuteSecond) {
     if (minuteSecond + 1 > lastSecond_) Advance(minuteSecond + 1);
-    return channel_.size() < 2 ? StraightCurve{0, 0.0F, ChannelValueAt(channel_, minuteSecond)}
-                               : stretch_.Behind(minuteSecond);
+    if (channel_.size() > 1) return stretch_.Behind(minuteSecond);
+    return {0, 0.0F, channel_.empty() ? 0.0F : channel_.front().value};
   }
 
  private:

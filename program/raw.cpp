@@ -87,8 +87,13 @@ class MinuteRows {
 
   /// Writes them, and is as new.
   void Take(char* out) {
-    if (changes_ != 0 || level_ != lastLevel_) Build();
-    std::copy(bytes_.begin(), bytes_.end(), out);
+    if (changes_ != 0) {
+      Write(out);
+    } else {
+      if (level_ != levelOfRows_) Write(levelRows_.data());
+      levelOfRows_ = level_;
+      std::copy(levelRows_.begin(), levelRows_.end(), out);
+    }
     level_ = {};
     changes_ = 0;
   }
@@ -100,13 +105,12 @@ class MinuteRows {
     bool isPlain;
   };
 
-  void Build() {
+  void Write(char* row) {
     for (std::size_t word = 0; word < level_.size(); ++word) words_[word].fill(level_[word]);
     for (std::size_t i = 0; i < changes_; ++i) {
       const auto& [channel, curve, isPlain] = changing_[i];
       (isPlain ? AddPlainBytes : AddBytes)(curve, ShiftOf(channel), words_[WordOf(channel)]);
     }
-    char* row = bytes_.data();
     for (std::size_t i = 0; i < kSeconds; ++i, row += kChannelCount) {
       // Loaded before the bytes are stored, so that the compiler can store the four as one.
       const std::uint32_t four = words_[0][i];
@@ -114,17 +118,15 @@ class MinuteRows {
       for (unsigned byte = 0; byte < 4; ++byte) row[byte] = static_cast<char>(four >> (8 * byte));
       row[4] = static_cast<char>(fifth);
     }
-    lastLevel_ = changes_ == 0 ? level_ : kNoLevel;
   }
-
-  static constexpr RowWords kNoLevel = {0, 0x100};  // no byte of channel 5
 
   RowWords level_{};  // the bytes that are the same in all rows
   std::array<Change, kChannelCount> changing_;
   std::size_t changes_ = 0;
   std::array<Words, 2> words_;
-  std::array<char, kSeconds * kChannelCount> bytes_;
-  RowWords lastLevel_ = kNoLevel;  // what all rows of `bytes_` are, if they are the same
+  // Most minutes without a change are like the one before.
+  std::array<char, kSeconds * kChannelCount> levelRows_{};
+  RowWords levelOfRows_{};
 };
 
 }  // namespace
