@@ -14,7 +14,6 @@ namespace {
 
 using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;

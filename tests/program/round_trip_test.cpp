@@ -183,9 +183,11 @@ TEST(LmfRoundTrip, TheStepsThatAnImportLeavesStandOnTheFilesHalfHours) {
 // further from the first.
 TEST(LmfRoundTrip, AnImportCanBeMoreThanOnePercentOffWhereACurveBendsSlowly) {
   Mode mode;
-  for (Channel& channel : mode.channels)
-    for (int i = 0; i < 48; ++i)
-      channel.push_back({i / 2, i % 2 * 30, static_cast<float>(i * i * 100 / (47 * 47))});
+  for (int i = 0; i < 48; ++i) {
+    const int percent = i * i * 100 / (47 * 47);
+    for (Channel& channel : mode.channels)
+      channel.push_back({i / 2, i % 2 * 30, static_cast<float>(percent)});
+  }
   const std::string data = Lmf(mode);
   const std::string again = Lmf(FromLmf(data));
   int most = 0;
