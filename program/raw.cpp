@@ -132,7 +132,8 @@ class MinuteRows {
 }  // namespace
 
 bool WriteRaw(const Mode& mode, std::string& data) {
-  data.resize(std::size_t{kSecondsPerDay} * kChannelCount);
+  data.assign(std::size_t{kSecondsPerDay} * kChannelCount, '\0');
+  if (std::ranges::all_of(mode.channels, &Channel::empty)) return true;
   std::vector<CurveCursor> curves(mode.channels.begin(), mode.channels.end());
   MinuteRows rows;
   char* row = data.data();
