@@ -78,7 +78,7 @@ Json JsonOf(const std::vector<DeviceInfo>& devices) {
 
 void Print(const Session& session, const ListArguments& arguments, const std::vector<DeviceInfo>& devices) {
   if (arguments.json) {
-    PrintJson(session.out, JsonOf(devices));
+    PrintJson(session.out, JsonOf(devices), Escaped::BeyondAscii);
   } else {
     PrintDevices(session.out, devices);
   }

@@ -105,6 +105,16 @@ TEST_F(NetworkCommandsTest, ANameCannotBreakOutOfItsLine) {
   EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr("\x1b")));
 }
 
+TEST_F(NetworkCommandsTest, ANameIsHarmlessAndWholeInJsonToo) {
+  const std::string name = "Ž\u009B2J\u202E\x7F\x1B\n";
+  sim_network::PlugIn(kTank, name);
+  const Outcome outcome = Run({"scan", "--json"});
+  EXPECT_TRUE(std::all_of(outcome.out.begin(), outcome.out.end() - 1, [](char byte) {
+    return byte >= ' ' && byte < '\x7F';
+  })) << outcome.out;
+  EXPECT_EQ(json::parse(outcome.out)[0]["name"], name);
+}
+
 // --device
 
 TEST_F(NetworkCommandsTest, AControllerIsServedWithoutAScan) {
