@@ -42,7 +42,7 @@ std::string AskText(dialogs::DialogsPort& port, std::int32_t maxLength, std::u16
 }  // namespace
 
 void Commands::OnLanguageCommand(int number) {
-  std::string id = kEnglishId;
+  std::string id(TranslationStore::kEnglish);
   if (number != command::kEnglish) {
     const auto& languages = shell_.translations.GetLanguages().children;
     const std::int32_t index = number - command::kFirstLanguage;

@@ -70,8 +70,9 @@ void MenuBar::ForEachLanguage(const Action& action) const {
 
 // "English" itself is an item of the table.
 void MenuBar::FillLanguageMenu() {
-  ForEachLanguage([this](int number, const ovk::xml::element& language) {
-    const std::u16string name = WideFromUtf8(language.attribute_or_empty("name").view());
+  ForEachLanguage([this](int number, ovk::xml::element& language) {
+    // A language without a name has an empty one from then on.
+    const std::u16string name = WideFromUtf8(language.attribute("name").value.view());
     if (menu_.HasItem(number)) {
       menu_.SetItemText(number, name);
     } else {
@@ -82,7 +83,7 @@ void MenuBar::FillLanguageMenu() {
 
 void MenuBar::MarkLanguageMenu() {
   const std::string active = translations_.GetLanguageId();
-  menu_.SetChecked(command::kEnglish, active == kEnglishId);
+  menu_.SetChecked(command::kEnglish, active == TranslationStore::kEnglish);
   ForEachLanguage([&](int number, const ovk::xml::element& language) {
     // One that was merged in has no item before the next change of language.
     if (!menu_.HasItem(number)) return;

@@ -82,9 +82,6 @@ inline constexpr int kRandomMode = 32928;
 inline constexpr int kMergeTranslations = 32947;
 }  // namespace command
 
-/// The language that the program is written in.
-inline constexpr char kEnglishId[] = "en";
-
 /// What a list says of itself in its command event.
 inline constexpr int kListSelectionChanged = 1;
 inline constexpr int kListDoubleClick = 2;

@@ -8,7 +8,7 @@ namespace cli {
 
 namespace {
 
-constexpr std::string_view kEnglish = "en";
+constexpr std::string_view kEnglish = TranslationStore::kEnglish;
 
 /// What a locale calls a language, and the id of its translation.
 struct Row {

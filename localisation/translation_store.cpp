@@ -13,8 +13,6 @@ namespace {
 
 using ovk::xml::element;
 
-constexpr std::string_view kEnglish = "en";
-
 /// Calls `visit` with every element of the tree, the root first. A document decides how deep its tree is, so
 /// this does not recurse.
 template <class Visit>
@@ -108,7 +106,7 @@ std::string TranslationStore::GetLanguageId() const {
   return languageId_;
 }
 
-const element& TranslationStore::GetLanguages() {
+element& TranslationStore::GetLanguages() {
   const std::lock_guard guard(lock_);
   return root_.child("languages");
 }

@@ -27,7 +27,7 @@
 #include "common/message.h"
 
 /// The translations and the language in use. English is no language of the tree: it is built in under the id
-/// "en", and each key is its own text there.
+/// kEnglish, and each key is its own text there.
 ///
 /// The store is also a recorder: in any other language, a key that it is asked for and does not know is
 /// added, so that an export offers translators all that the program has said. Nothing of that is kept when
@@ -36,6 +36,9 @@
 /// Translate() may be called on any thread at any time. All else belongs to the user interface thread.
 class TranslationStore {
  public:
+  /// The id of the language that the program is written in.
+  static constexpr std::string_view kEnglish = "en";
+
   /// The number of the document among the resources of kind "XML".
   static constexpr int kDocumentResource = 131;
 
@@ -54,16 +57,16 @@ class TranslationStore {
   /// the other, as tests do.
   void StartWith(std::string_view document);
 
-  /// Makes a language the one in use: "en", or the id of one that is in GetLanguages(). With any other id
+  /// Makes a language the one in use: kEnglish, or the id of one that is in GetLanguages(). With any other id
   /// nothing happens.
   void SetLanguage(std::string_view id);
   std::string GetLanguageId() const;
 
   /// The languages besides English, in the order of the Language menu: children "language" with the
   /// attributes "id", "name" and "author", any of which a document may leave out. Good until StartWith(); no
-  /// lookup changes it, only loading one does. Take texts out of it as std::string: a copied
-  /// ovk::string shares its memory with the tree.
-  const ovk::xml::element& GetLanguages();
+  /// lookup changes it, only loading one does, and its caller may. Take texts out of it as std::string: a
+  /// copied ovk::string shares its memory with the tree.
+  ovk::xml::element& GetLanguages();
 
   /// The text for `key` (UTF-8) in the language in use: up to its first zero byte, and `key` itself if there
   /// is none. Any thread.
