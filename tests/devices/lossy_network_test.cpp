@@ -76,6 +76,8 @@ struct Tally {
 
 class LossyNetworkTest : public NetworkTest {
  protected:
+  const virtual_clock::Alone alone;
+
   static Tally UploadOverAllSeeds(const Weather& there, const Weather& back, std::uint32_t seeds = kSeeds,
                                   Closing closing = Closing::Checked) {
     const sim::Memory whole = WholeProgram();

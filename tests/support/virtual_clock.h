@@ -23,6 +23,16 @@ void Advance(double seconds);
 /// may call anything but SleepMilliseconds. Appointments of one moment run in the order they were made.
 void At(double seconds, std::function<void()> action);
 
+/// While one lives, only one thread sleeps and nobody waits for another: a sleep then does not let others
+/// run, which on a busy machine takes longer than all else. For tests of many thousand sleeps.
+class Alone {
+ public:
+  Alone();
+  ~Alone();
+  Alone(const Alone&) = delete;
+  Alone& operator=(const Alone&) = delete;
+};
+
 /// What platform::LocalTime() answers at Reset() and onward; it moves with the clock, within one day.
 void SetLocalTime(const DateTime& time);
 
