@@ -262,8 +262,10 @@ TEST_F(DesktopChart, ShowsADemoAsItPlays) {
   }
   LeavePicture("-playing");
   user.Press(Control::StopButton);
-  ExpectShown("no cursor", [&](const ScreenPicture& chart) { return cursorOf(chart) == top.width; });
-  EXPECT_TRUE(user.IsEnabled(Control::ModeList));
+  // The cursor is gone at once, the controls come back when the worker has ended the demo.
+  ExpectShown("no cursor and the controls", [&](const ScreenPicture& chart) {
+    return cursorOf(chart) == top.width && user.IsEnabled(Control::ModeList);
+  });
 }
 
 TEST_F(DesktopChart, IsDrawnAnewInAnotherSize) {
