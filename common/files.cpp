@@ -26,11 +26,11 @@ int AppendToFile(const std::filesystem::path& path, std::string_view data) {
 
 }  // namespace
 
-bool ReadFileBytes(const std::filesystem::path& path, std::string& out) {
+bool ReadFileBytes(const std::filesystem::path& path, std::string& out, std::size_t most) {
   // A folder opens on some platforms, and a pipe blocks until somebody writes into it.
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return false;
-  if (std::filesystem::file_size(path, error) > kMostFileBytes) return false;
+  if (std::filesystem::file_size(path, error) > most) return false;
   std::ifstream file(path, std::ios::binary);
   if (!file) return false;
 
@@ -39,12 +39,12 @@ bool ReadFileBytes(const std::filesystem::path& path, std::string& out) {
   // In pieces until the end, since the size that is told beforehand can be too low (files that grow, /proc).
   while (file) {
     const std::size_t length = bytes.size();
-    if (length > kMostFileBytes) return false;
+    if (length > most) return false;
     bytes.resize(length + kPieceBytes);
     file.read(bytes.data() + length, static_cast<std::streamsize>(kPieceBytes));
     bytes.resize(length + static_cast<std::size_t>(file.gcount()));
   }
-  if (!file.eof() || bytes.size() > kMostFileBytes) return false;
+  if (!file.eof() || bytes.size() > most) return false;
   out = std::move(bytes);
   return true;
 }

@@ -11,8 +11,8 @@
 inline constexpr std::size_t kMostFileBytes = std::size_t{64} * 1024 * 1024;
 
 /// Reads a whole file. False, with `out` as it was, if it is no regular file, cannot be read or is longer
-/// than kMostFileBytes. Logs nothing.
-bool ReadFileBytes(const std::filesystem::path& path, std::string& out);
+/// than `most` bytes. Logs nothing.
+bool ReadFileBytes(const std::filesystem::path& path, std::string& out, std::size_t most = kMostFileBytes);
 
 /// Writes a file. Without `append` it is all or nothing: the old content is there until the new one is
 /// complete on disk. On failure logs "Error creating file {1}, error: {2}" on statusLog and returns false.

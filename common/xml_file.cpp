@@ -9,7 +9,7 @@ namespace ovk::xml {
 
 bool load(const std::filesystem::path& path, element& root) {
   std::string bytes;
-  if (!ReadFileBytes(path, bytes)) return false;
+  if (!ReadFileBytes(path, bytes, kMostXmlBytes)) return false;
   if (!parse(root, bytes.data(), bytes.size())) return false;
   trim(root);
   return true;

@@ -127,7 +127,7 @@ std::string TranslationStore::Translate(std::string_view key) {
 bool TranslationStore::LoadTranslationFile(const std::filesystem::path& path, std::string_view id,
                                            std::string_view name) {
   std::string bytes;
-  return ReadFileBytes(path, bytes) && LoadTranslation(bytes, id, name);
+  return ReadFileBytes(path, bytes, kMostExchangeBytes) && LoadTranslation(bytes, id, name);
 }
 
 bool TranslationStore::LoadTranslation(std::string_view bytes, std::string_view id, std::string_view name) {

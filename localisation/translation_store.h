@@ -18,6 +18,7 @@
 //     <string id='Step {1}'> <translate>Krok {1}</translate> </string>
 //   </strings>
 
+#include <cstddef>
 #include <filesystem>
 #include <mutex>
 #include <string>
@@ -72,9 +73,13 @@ class TranslationStore {
   /// is none. Any thread.
   std::string Translate(std::string_view key);
 
+  /// Longest exchange file that is read: eighty times one of all texts of the program. Its tree takes up
+  /// to forty times as much memory.
+  static constexpr std::size_t kMostExchangeBytes = std::size_t{4} * 1024 * 1024;
+
   /// Adds a language from an exchange file, or its texts to one that is there. Texts of keys that the store
   /// does not know, and entries without or with several texts, are left out. False, with nothing changed, if
-  /// the file cannot be read or is no XML; logs nothing.
+  /// the file cannot be read, is longer than kMostExchangeBytes or is no XML; logs nothing.
   bool LoadTranslationFile(const std::filesystem::path& path, std::string_view id, std::string_view name);
 
   /// The same from the bytes of such a file.

@@ -94,6 +94,16 @@ TEST_F(Files, AFileOfImmoderateLengthIsNotRead) {
   EXPECT_EQ(bytes, "before");
 }
 
+TEST_F(Files, ALimitOfTheCallersHoldsToTheByte) {
+  const fs::path path = folder_ / "file";
+  ASSERT_TRUE(WriteFileBytes(path, "twelve bytes"));
+  std::string bytes = "before";
+  EXPECT_FALSE(ReadFileBytes(path, bytes, 11));
+  EXPECT_EQ(bytes, "before");
+  EXPECT_TRUE(ReadFileBytes(path, bytes, 12));
+  EXPECT_EQ(bytes, "twelve bytes");
+}
+
 TEST_F(Files, AFailedWriteIsLoggedWithPathAndReason) {
   const fs::path path = folder_ / "absent" / "program.xml";
   const std::string line =

@@ -67,6 +67,19 @@ TEST_F(XmlFile, AFailedLoadLeavesTheTreeAsItWas) {
   EXPECT_EQ(tree.name.view(), "kept");
 }
 
+// A tree has many times the size of its file.
+TEST_F(XmlFile, AFileOfImmoderateLengthIsNotLoaded) {
+  std::string bytes = "<a>";
+  bytes.resize(ovk::xml::kMostXmlBytes - 4, ' ');
+  ASSERT_TRUE(WriteFileBytes(folder_ / "a.xml", bytes + "</a>"));
+  ASSERT_TRUE(WriteFileBytes(folder_ / "longer.xml", bytes + " </a>"));
+  element tree("kept");
+  EXPECT_FALSE(ovk::xml::load(folder_ / "longer.xml", tree));
+  EXPECT_EQ(tree.name.view(), "kept");
+  EXPECT_TRUE(ovk::xml::load(folder_ / "a.xml", tree));
+  EXPECT_EQ(tree.name.view(), "a");
+}
+
 TEST_F(XmlFile, AFailedSaveIsLogged) {
   EXPECT_FALSE(ovk::xml::save(folder_ / "absent" / "a.xml", SomeTree()));
   std::string lines;

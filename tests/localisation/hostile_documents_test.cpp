@@ -64,17 +64,21 @@ TEST_F(HostileDocuments, OfAHundredThousandEntries) {
   }
   GivenStrings(keys);
   // A walk through all keys for each entry would take minutes.
-  ASSERT_TRUE(store.LoadTranslationFile(File("<strings>" + texts + "</strings>"), "de", "Deutsch"));
+  ASSERT_TRUE(store.LoadTranslation("<strings>" + texts + "</strings>", "de", "Deutsch"));
   store.SetLanguage("de");
   EXPECT_EQ(store.Translate("99999"), "t99999");
 }
 
-TEST_F(HostileDocuments, OfMoreBytesThanAFileMayHave) {
+// Elements without text have forty times their size in memory, and a file of nothing else would fill it.
+TEST_F(HostileDocuments, OfMoreBytesThanAnExchangeFileMayHave) {
+  constexpr std::size_t kMost = TranslationStore::kMostExchangeBytes;
   std::string bytes = "<strings>";
-  bytes.resize(kMostFileBytes, ' ');
-  bytes += "</strings>";
-  EXPECT_FALSE(store.LoadTranslationFile(File(bytes), "pl", "Polish"));
+  while (bytes.size() + 4 + 10 <= kMost) bytes += "<a/>";
+  bytes.append(kMost - 10 - bytes.size(), ' ');
+  EXPECT_FALSE(store.LoadTranslationFile(File(bytes + " </strings>"), "pl", "Polish"));
   EXPECT_EQ(LanguageIds().size(), 2U);
+  EXPECT_TRUE(store.LoadTranslationFile(File(bytes + "</strings>"), "pl", "Polish"));
+  EXPECT_EQ(LanguageIds().size(), 3U);
 }
 
 TEST_F(HostileDocuments, WithOneLongText) {
