@@ -59,7 +59,7 @@ void Commands::AddRandomMode(int) {
   FillRandomMode(mode);
   std::string data;
   WriteTmf(mode, data);
-  const std::filesystem::path path = PathFromUtf8(mode.name + ".tmf");
+  const std::filesystem::path path = PathFromUtf8(mode.name + std::string(kTmfFile.extension));
   state_.program.modes.push_back(std::move(mode));
   ShowLastMode();
   WriteFileBytes(path, data);

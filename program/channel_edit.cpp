@@ -7,12 +7,14 @@ namespace TCBase::Program {
 
 namespace {
 
-void SwapSelectedWith(StepSelection& selection, std::int32_t other) {
+/// Moves the selected channel's steps by one channel, `by` being 1 or -1, and the selection with them.
+void MoveSelectedChannel(StepSelection& selection, std::int32_t by) {
   Channel* channel = SelectedChannel(selection);
-  Channel* neighbour = SelectedChannel({selection.document, other});
-  if (channel == nullptr || neighbour == nullptr) return;
+  if (channel == nullptr) return;
+  Channel* neighbour = SelectedChannel({selection.document, selection.channel + by});
+  if (neighbour == nullptr) return;
   channel->swap(*neighbour);
-  selection.channel = other;
+  selection.channel += by;
 }
 
 }  // namespace
@@ -76,11 +78,11 @@ void ClearChannel(StepSelection& selection) {
 }
 
 void MoveChannelUp(StepSelection& selection) {
-  SwapSelectedWith(selection, selection.channel - 1);
+  MoveSelectedChannel(selection, -1);
 }
 
 void MoveChannelDown(StepSelection& selection) {
-  SwapSelectedWith(selection, selection.channel + 1);
+  MoveSelectedChannel(selection, 1);
 }
 
 }  // namespace TCBase::Program

@@ -19,7 +19,6 @@ constexpr int kRowMinutes = 30;
 constexpr std::size_t kRows = kMinutesPerDay / kRowMinutes;
 constexpr std::size_t kCellSize = 4;
 constexpr std::size_t kRowSize = kChannelCount * kCellSize;
-constexpr int kMostPercent = 100;
 
 /// The halves of a byte change places: 0x64 becomes 0x46, and the other way round.
 constexpr std::uint8_t SwapHalves(std::uint8_t byte) {

@@ -1,5 +1,7 @@
 #include "program/mode_file.h"
 
+#include <algorithm>
+
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -9,9 +11,23 @@
 
 namespace TCBase::Program {
 
-const ModeFileKind kTmfFile = {"TMF", &ReadTmf, &WriteTmf};
-const ModeFileKind kLmfFile = {"LMF", &ReadLmf, &WriteLmf};
-const ModeFileKind kRawFile = {"RAW", nullptr, &WriteRaw};
+const ModeFileKind kTmfFile = {"TMF", ".tmf", &ReadTmf, &WriteTmf};
+const ModeFileKind kLmfFile = {"LMF", ".lmf", &ReadLmf, &WriteLmf};
+const ModeFileKind kRawFile = {"RAW", ".raw", nullptr, &WriteRaw};
+
+bool HasExtension(const std::filesystem::path& path, std::string_view extension) {
+  // By hand: tolower follows the locale, and has an i without a dot in some.
+  const auto small = [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  };
+  return std::ranges::equal(Utf8FromPath(path.extension()), extension, {}, small);
+}
+
+const ModeFileKind* ModeFileKindOf(const std::filesystem::path& path) {
+  for (const ModeFileKind* const kind : {&kTmfFile, &kLmfFile, &kRawFile})
+    if (HasExtension(path, kind->extension)) return kind;
+  return nullptr;
+}
 
 bool LoadModeFile(const ModeFileKind& kind, const std::filesystem::path& path, Mode& mode) {
   LogStatus(Message("Loading {1}", path));

@@ -20,6 +20,9 @@ inline constexpr int kManyModeSteps = 20;
 /// Fewest steps that editing leaves in a channel.
 inline constexpr int kMinChannelSteps = 2;
 
+/// Full light, in percent.
+inline constexpr int kMostPercent = 100;
+
 inline constexpr int kMinutesPerDay = 1440;
 inline constexpr int kSecondsPerDay = 86400;
 

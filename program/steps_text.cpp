@@ -32,7 +32,7 @@ std::int32_t ReadNumber(std::string_view text) {
 
 Step ReadStepWords(const std::vector<std::string>& words) {
   Step step{ReadNumber(words[0]), ReadNumber(words[1])};
-  step.value = static_cast<float>(std::clamp(ReadNumber(words[2]), 0, 100));
+  step.value = static_cast<float>(std::clamp(ReadNumber(words[2]), 0, kMostPercent));
   step.jump = words.size() == 4 && (words[3] == "J" || words[3] == "j");
   Normalize(step);
   return step;

@@ -25,8 +25,6 @@ constexpr std::size_t kTail = 54;
 constexpr std::size_t kRowSize = kTail + 2;
 constexpr char kTailByte = static_cast<char>(0xCC);
 
-constexpr int kMostPercent = 100;
-
 int ByteAt(std::string_view data, std::size_t offset) {
   return static_cast<std::uint8_t>(data[offset]);
 }

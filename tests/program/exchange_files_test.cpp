@@ -43,12 +43,6 @@ std::string TmfFile(const std::vector<TmfRow>& rows) {
   return data;
 }
 
-std::vector<ModeStep> Rows(const Mode& mode) {
-  std::vector<ModeStep> rows;
-  CollectModeSteps(mode, rows);
-  return rows;
-}
-
 TEST(Tmf, IsAHeaderAndARowOf56Bytes) {
   std::string data;
   EXPECT_TRUE(WriteTmf(GivenMode({"08:05 100 J", "08:05 40"}), data));
@@ -86,17 +80,25 @@ TEST(Tmf, OfOneRowGivesOneStepInEachChannel) {
   for (const auto& channel : mode.channels) EXPECT_EQ(Told(channel), "07:30 25 J");
 }
 
-TEST(Tmf, Of49RowsGives48StepsAndALine) {
+TEST(Tmf, Of49RowsGivesTheFirst48AndALine) {
   StatusLines log;
   std::vector<TmfRow> rows;
-  for (int i = 0; i < 49; ++i) rows.push_back({i / 4, i % 4 * 15, i});
+  for (int i = 0; i < 48; ++i) rows.push_back({1 + i / 4, i % 4 * 15, i});
+  Mode whole;
+  ASSERT_TRUE(ReadTmf(TmfFile(rows), whole));
+  EXPECT_THAT(log.Take(), IsEmpty());
+  rows.push_back({0, 30, 99});  // the first of the day, but the last of the file: it is not looked at
   Mode mode;
   ASSERT_TRUE(ReadTmf(TmfFile(rows), mode));
   EXPECT_THAT(log.Take(), ElementsAre("TMF max number of steps exceeded. Limiting to 48"));
-  for (const auto& channel : mode.channels) {
-    ASSERT_THAT(channel, SizeIs(48));
-    EXPECT_EQ(channel.back().value, 47.0F);
-  }
+  EXPECT_EQ(mode.channels, whole.channels);
+  for (const auto& channel : mode.channels) ASSERT_THAT(channel, SizeIs(48));
+}
+
+TEST(Tmf, OfMoreThan48RowsIsWrittenWhole) {
+  std::string data;
+  WriteTmf(GivenModeOfMergedSteps(60, 20), data);
+  EXPECT_THAT(data, SizeIs(12 + 56 * 60));
 }
 
 TEST(Tmf, BytesOutOfRangeComeIntoIt) {
@@ -196,10 +198,18 @@ TEST(Lmf, WrittenAndReadBackKeepsTheCornersOfACurve) {
   EXPECT_EQ(Told(back.channels[0]), "08:00 0, 12:00 80, 20:00 0");
 }
 
-TEST(Raw, IsEverySecondOfTheDayWhateverTheMode) {
+TEST(Raw, OfAnEmptyModeIsZeros) {
   std::string data;
   EXPECT_TRUE(WriteRaw(Mode{}, data));
   EXPECT_EQ(data, std::string(432000, '\0'));
+}
+
+TEST(Raw, IsEverySecondOfTheDayWhateverTheMode) {
+  std::string data = "what was there before";
+  for (const std::int32_t steps : {0, 1, 2, 48, 2000}) {
+    EXPECT_TRUE(WriteRaw(RandomProgram(1).AnyMode(steps), data));
+    EXPECT_THAT(data, SizeIs(432000)) << steps;
+  }
 }
 
 TEST(Raw, ShowsFadesAndJumpsToTheTruncation) {

@@ -13,6 +13,7 @@
 #include "program/mode_file.h"
 #include "tests/program/program_fixture.h"
 #include "tests/program/random_program.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -117,8 +118,7 @@ TEST_P(HostileModeFile, TextWithoutAnEnd) {
 
 TEST_P(HostileModeFile, AGigabyteIsToldByItsSize) {
   const TemporaryFolder folder;
-  const std::filesystem::path path = folder.path() / "Day.tmf";
-  ASSERT_TRUE(WriteFileBytes(path, Good()));
+  const std::filesystem::path path = FileWith(folder / "Day.tmf", Good());
   std::filesystem::resize_file(path, 12 + 56 * 19'173'961ULL);
   Mode mode;
   EXPECT_FALSE(LoadModeFile(GetParam().kind, path, mode));
@@ -136,8 +136,7 @@ TEST_P(HostileModeFile, WhatIsNoFileCannotBeOpened) {
 
 TEST_P(HostileModeFile, AModeIsNamedAfterItsFile) {
   const TemporaryFolder folder;
-  const std::filesystem::path path = folder.path() / PathFromUtf8("Příliš.dusk of many words.TMF");
-  ASSERT_TRUE(WriteFileBytes(path, Good()));
+  const std::filesystem::path path = FileWith(folder / PathFromUtf8("Příliš.dusk of many words.TMF"), Good());
   Mode mode;
   EXPECT_TRUE(LoadModeFile(GetParam().kind, path, mode));
   EXPECT_EQ(mode.name, "Příliš.dusk of many words");

@@ -17,6 +17,7 @@
 #include "common/files.h"
 #include "program/builtin_modes.h"
 #include "tests/program/program_fixture.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace program_test {
@@ -27,12 +28,6 @@ using testing::IsEmpty;
 
 const std::filesystem::path kGolden = std::filesystem::path(LUMARINE_SOURCE_DIR) / "tests/program/golden";
 
-std::string Bytes(const std::filesystem::path& file) {
-  std::string bytes;
-  EXPECT_TRUE(ReadFileBytes(file, bytes)) << file;
-  return bytes;
-}
-
 class ProgramFile : public testing::Test {
  protected:
   /// The document is saved as the golden file of that folder.
@@ -42,9 +37,9 @@ class ProgramFile : public testing::Test {
     ASSERT_TRUE(SaveProgram(document, saved));
     if (std::getenv("LUMARINE_REWRITE_GOLDEN") != nullptr) {
       std::filesystem::create_directories(golden.parent_path());
-      ASSERT_TRUE(WriteFileBytes(golden, Bytes(saved)));
+      FileWith(golden, BytesOf(saved));
     }
-    EXPECT_EQ(Bytes(saved), Bytes(golden));
+    EXPECT_EQ(BytesOf(saved), BytesOf(golden));
   }
 
   ModeListView SavedAndLoaded(const ModeListView& document) {
@@ -55,8 +50,7 @@ class ProgramFile : public testing::Test {
   }
 
   bool Load(std::string_view xml, ModeListView& document) {
-    EXPECT_TRUE(WriteFileBytes(folder / "given.xml", xml));
-    return LoadProgram(folder / "given.xml", document);
+    return LoadProgram(FileWith(folder / "given.xml", xml), document);
   }
 
   TemporaryFolder folder;

@@ -60,6 +60,12 @@ ModeListView GivenDocument(Mode mode) {
   return document;
 }
 
+std::vector<ModeStep> Rows(const Mode& mode) {
+  std::vector<ModeStep> rows;
+  CollectModeSteps(mode, rows);
+  return rows;
+}
+
 std::string Told(const Channel& channel) {
   std::ostringstream told;
   told << std::setfill('0');

@@ -35,6 +35,9 @@ Mode GivenModeOfMergedSteps(int count, int minutesApart = 1);
 /// A document with that mode alone.
 ModeListView GivenDocument(Mode mode);
 
+/// The merged table.
+std::vector<ModeStep> Rows(const Mode& mode);
+
 /// A channel as it is told to GivenChannel.
 std::string Told(const Channel& channel);
 

@@ -48,12 +48,6 @@ Mode FromLmf(const std::string& data) {
   return mode;
 }
 
-std::vector<ModeStep> Rows(const Mode& mode) {
-  std::vector<ModeStep> rows;
-  CollectModeSteps(mode, rows);
-  return rows;
-}
-
 /// What a file keeps of a value: its low byte, and of that no more than 100.
 int Kept(int value) {
   return std::min(value & 0xFF, 100);

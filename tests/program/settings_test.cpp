@@ -12,6 +12,7 @@
 #include "common/files.h"
 #include "common/platform.h"
 #include "tests/program/program_fixture.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -24,12 +25,8 @@ using testing::IsEmpty;
 
 class SettingsFile : public testing::Test {
  protected:
-  void Write(std::string_view text) { ASSERT_TRUE(WriteFileBytes(file_, text)); }
-  std::string Text() const {
-    std::string text;
-    EXPECT_TRUE(ReadFileBytes(file_, text));
-    return text;
-  }
+  void Write(std::string_view text) { FileWith(file_, text); }
+  std::string Text() const { return BytesOf(file_); }
 
   void ExpectDefaults() {
     StatusLines lines;
