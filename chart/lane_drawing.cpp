@@ -131,14 +131,17 @@ void LaneDrawing::DrawSteps(Canvas& canvas, std::int32_t lane) {
   const Step* const hovered = SelectedStep(scene_.hoverStep);
 
   std::optional<Marker> last;
+  bool lastIsASecond = false;  // on the one before it
   for (const Step& step : channel) {
     const MarkerCenter center = GetMarkerCenter(area, scene_.program, step);
     const Marker marker{{static_cast<float>(center.x), static_cast<float>(center.y)},
                         step.jump,
                         &step == selected,
                         &step == hovered};
-    if (last && *last != marker) DrawMarker(canvas, *last, scene_.layout);
+    const bool isASecond = last == marker;
+    if (last && !(isASecond && lastIsASecond)) DrawMarker(canvas, *last, scene_.layout);
     last = marker;
+    lastIsASecond = isASecond;
   }
   if (last) DrawMarker(canvas, *last, scene_.layout);
 }

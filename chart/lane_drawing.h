@@ -25,8 +25,8 @@ class LaneDrawing {
   void DrawBackground(Canvas& canvas, std::int32_t lane);
   /// The line and the area under it. A channel of fewer than two steps has neither.
   void DrawCurve(Canvas& canvas, std::int32_t lane);
-  /// A circle for a step that fades, a square for one that jumps. Those out of sight are left out, and those
-  /// that the next step's marker lies exactly on.
+  /// A circle for a step that fades, a square for one that jumps. Those out of sight are left out, and of
+  /// more than two in a row that lie exactly on one another those between the first and the last.
   void DrawSteps(Canvas& canvas, std::int32_t lane);
 
  private:
