@@ -1,4 +1,5 @@
-// Frames as text, to be reviewed by eye: what recording_canvas.h explains.
+// Labels, lanes and motion as text, to be reviewed by eye: what recording_canvas.h explains. Whole frames are in
+// golden_frames_test.cpp, which tells how the files are written anew.
 
 #include <gtest/gtest.h>
 
@@ -30,39 +31,6 @@ TEST(ChartGolden, RelayoutOfAMorning) {
   chart.document.viewEnd = 12 * 3600;
   chart.drawing.Relayout(chart.canvas);
   ExpectGolden("relayout_morning", chart.canvas.Text());
-}
-
-// Whole frames.
-
-TEST(ChartGolden, TheDailyProgram) {
-  GivenChart chart(NewProgram());
-  chart.PointAt(500, 200);
-  ExpectGolden("frame_daily_program", chart.Frame().Text());
-}
-
-TEST(ChartGolden, EverythingAtOnce) {
-  GivenChart chart(NewProgram());
-  chart.ShowHours(6, 12);
-  chart.layout.FocusLane(1);
-  chart.Select(1, 0);
-  chart.Hover(2, 1);
-  chart.PointAt(500, 200);
-  chart.PlayDemo(9 * 3600, {0, 25, 50, 75, 100});
-  chart.drawing.Update();
-  chart.Frame();
-  GivenChart::Wait(0.05);  // balloons and demo are on their way
-  ExpectGolden("frame_everything", chart.Frame().Text());
-}
-
-TEST(ChartGolden, ASmallWindow) {
-  GivenChart chart(GivenSteps("08:00 0, 12:00 80 J, 20:00 20"), 400, 330);
-  chart.PointAt(100, 50);
-  ExpectGolden("frame_small_window", chart.Frame().Text());
-}
-
-TEST(ChartGolden, AWindowOfOnePixel) {
-  GivenChart chart(GivenSteps("08:00 0, 12:00 80 J, 20:00 20"), 1, 1);
-  ExpectGolden("frame_one_pixel", chart.Frame().Text());
 }
 
 // Curve and markers of one lane.

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstddef>
+#include <span>
 #include <utility>
 #include <variant>
 
@@ -59,12 +60,34 @@ std::string Told(const Shape& shape) {
   return std::visit(ShapeTeller(), shape);
 }
 
+/// A contour as what it has in common with its neighbours, and what it has not.
+struct ContourTeller {
+  std::string common;
+  std::string own;
+
+  ContourTeller(std::span<const Point> points, bool closed) {
+    const bool isLine = points.size() == 2 && !closed;
+    if (isLine && points[0].y == points[1].y) {
+      common = Join("across ", Told(points[0].x), "..", Told(points[1].x), " at");
+      own = Join(" ", Told(points[0].y));
+    } else if (isLine && points[0].x == points[1].x) {
+      common = Join("down ", Told(points[0].y), "..", Told(points[1].y), " at");
+      own = Join(" ", Told(points[0].x));
+    } else {
+      for (const Point point : points) own += Join(own.empty() ? "" : " ", Told(point));
+      if (closed) own += " close";
+    }
+  }
+};
+
 std::string Told(const Figure& figure) {
   std::string text;
+  std::string common;
   for (const Figure::Contour& contour : figure.Contours()) {
-    if (!text.empty()) text += " |";
-    for (const Point point : figure.PointsOf(contour)) text += Join(" ", Told(point));
-    if (contour.closed) text += " close";
+    const ContourTeller told(figure.PointsOf(contour), contour.closed);
+    if (told.common.empty() || told.common != common)
+      text += Join(text.empty() ? " " : " | ", common = told.common);
+    text += told.own;
   }
   return text;
 }

@@ -10,7 +10,7 @@
 //   stroke box 6,6 892x113 cornflowerBlue w3
 //   fill round 20,30 34x15 r5 white 70%         the opacity that the brush has, unless it is full
 //   stroke line 1,2 3,4 gray w1
-//   stroke figure gray w0.5 at 10,10: 0,0 884,0 | 0,0 884,0 884,105 0,105 close
+//   stroke figure gray w0.5 at 10,10: across 0..884 at 0 10.5 | 0,0 884,0 884,105 0,105 close
 //   stroke figure gray w0.5 at 10,129: the same          as the figure before
 //   text small "08:00" within 100x50 gray at 30,40
 //   draw hours at 10,101
