@@ -1,5 +1,5 @@
-// Labels, lanes and motion as text, to be reviewed by eye: what recording_canvas.h explains. Whole frames are in
-// golden_frames_test.cpp, which tells how the files are written anew.
+// Labels, lanes and motion as text, to be reviewed by eye: what recording_canvas.h explains. Whole frames are
+// in golden_frames_test.cpp, which tells how the files are written anew.
 
 #include <gtest/gtest.h>
 
