@@ -6,8 +6,15 @@
 #   lab_computer NAME ADDRESS  a computer on the switch, with an address in 10.42.0.0/24
 #   lab_cable NAME ADAPTER ADDRESS NAME ADAPTER ADDRESS   two computers by themselves, each made if it is not there
 #   lab_run NAME COMMAND...    runs on that computer
-#   lab_flood NAME ADDRESS FILE   sends the file there without end, 64 bytes a datagram, until lab_pid is ended
-#   lab_listen NAME FILE FILTER   has tcpdump write what that computer sees of that, until lab_pid is interrupted
+#   lab_await COMMAND...       waits until it succeeds, for so long that only something broken does not
+#   lab_send NAME ADDRESS BYTES...   sends a datagram of each so many bytes there, from some port to port 5000
+#   lab_talk NAME COMMAND...   runs there, in the background and unheard, until lab_pid is ended by lab_quiet
+#   lab_flood NAME ADDRESS FILE   likewise sends the file there without end, 64 bytes a datagram
+#   lab_quiet PROCESS          ends it
+#   lab_listen NAME FILE FILTER   has tcpdump write what of that goes through the computer's adapter, until lab_pid is
+#                              interrupted
+#   lab_captured NAME FILE ADDRESS   prints what has been written, with all that the computer has sent by now; it
+#                              sends one more datagram to that address, which is left out
 #   lab_simulator NAME LOG OPTION...   starts tc421sim there and waits until it listens
 #
 # The script sets lab_simulator_program; what goes on behind it leaves its process in lab_pid.
@@ -64,29 +71,60 @@ lab_run() {
   ip netns exec "$name" "$@"
 }
 
+# What is waited for comes in a fraction of a second, but a busy machine may take its time.
+lab_await() {
+  local i
+  for ((i = 0; i < 1200; ++i)); do
+    ! "$@" >/dev/null 2>&1 || return 0
+    sleep 0.05
+  done
+  echo "# waited in vain: $*"
+  return 1
+}
+
+lab_send() {
+  # shellcheck disable=SC2016
+  lab_run "$1" bash -c 'for bytes in "${@:2}"; do printf "%0${bytes}d" 0 >"/dev/udp/$1/5000"; done' - "${@:2}"
+}
+
+lab_talk() {
+  # exec, so that the process id is that of the command.
+  (exec ip netns exec "$@" 2>/dev/null) &
+  lab_pid=$!
+}
+
 lab_flood() {
   # shellcheck disable=SC2016
-  (exec ip netns exec "$1" nice -n 19 bash -c 'while :; do dd if="$2" bs=64 status=none; done >"/dev/udp/$1/5000" 2>/dev/null' \
-    - "$2" "$3") &
-  lab_pid=$!
+  lab_talk "$1" nice -n 19 bash -c 'while :; do dd if="$2" bs=64 status=none; done >"/dev/udp/$1/5000"' - "$2" "$3"
+}
+
+lab_quiet() {
+  kill "$1"
+  wait "$1" 2>/dev/null
 }
 
 lab_listen() {
-  (exec ip netns exec "$1" tcpdump -Z root -i any -U -w "$2" "$3" 2>"$2.log") &
+  (exec ip netns exec "$1" tcpdump -Z root -i eth0 -U -w "$2" "$3" 2>"$2.log") &
   lab_pid=$!
-  until grep -qs "listening on" "$2.log"; do sleep 0.05; done
+  lab_await grep -s "listening on" "$2.log"
+}
+
+# What is sent last is written last: port 9, where nobody listens, is for that.
+lab_captured() {
+  local marks
+  lab_marks() { tcpdump -r "$1" "udp dst port 9" 2>/dev/null | wc -l; }
+  lab_has_marks() { [ "$(lab_marks "$1")" = "$2" ]; }
+  marks=$(lab_marks "$2")
+  lab_run "$1" bash -c "echo >/dev/udp/$3/9"
+  lab_await lab_has_marks "$2" $((marks + 1))
+  tcpdump -nn -t -r "$2" "not udp dst port 9" 2>/dev/null
 }
 
 lab_simulator() {
-  local name=$1 log=$2 i
+  local name=$1 log=$2
   shift 2
   : >"$log"
-  # exec, so that the process id is the simulator's.
   (exec ip netns exec "$name" "$lab_simulator_program" "$@" >"$log" 2>&1) &
   lab_pid=$!
-  for ((i = 0; i < 100; ++i)); do
-    ! grep -q '^listening on ' "$log" || return 0
-    sleep 0.05
-  done
-  return 1
+  lab_await grep '^listening on ' "$log"
 }
