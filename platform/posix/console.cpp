@@ -128,14 +128,13 @@ void EraseCharacter(std::string& line) {
   if (!line.empty()) line.pop_back();
 }
 
-/// Nothing if the person gives up.
+/// The line that is typed, on a quiet terminal; nothing if the person gives up.
 std::optional<std::string> TypeSecret(std::size_t most) {
   constexpr char kInterrupt = 3;
   constexpr char kEnd = 4;
   constexpr char kBackspace = 8;
   constexpr char kEraseLine = 21;
   constexpr char kDelete = 127;
-  const QuietTerminal terminal;
   std::string line;
   while (const std::optional<char> byte = ReadByte()) {
     if (*byte == '\n' || *byte == '\r') return line;
@@ -166,9 +165,10 @@ class PosixConsole : public Console {
 
   std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) override {
     if (!InputIsTerminal()) return ReadInputLine(most);
-    const std::string shown(prompt);
+    // Quiet first: what is typed as soon as the prompt shows would be seen, and then thrown away.
+    const QuietTerminal terminal;
     // Nothing can be done about a prompt that does not show.
-    if (write(STDERR_FILENO, shown.data(), shown.size()) < 0) return std::nullopt;
+    if (write(STDERR_FILENO, prompt.data(), prompt.size()) < 0) return std::nullopt;
     std::optional<std::string> line = TypeSecret(most);
     if (write(STDERR_FILENO, "\n", 1) < 0) return std::nullopt;
     return line;
