@@ -298,24 +298,40 @@ says "it is a connect error" "Connect error"
 
 # --- signals and terminals, which only the system's own programs have here
 
-# stopped STATUS WAIT... -- ARGUMENT...: the command with a SIGTERM after each wait of so many seconds.
+# awaits TEXT: until standard error has it, for so long that only something broken does not come to it.
+awaits() {
+  local i
+  for ((i = 0; i < 600; ++i)); do
+    ! grep -qsF -- "$1" err.txt || return 0
+    sleep 0.05
+  done
+  echo "there is no $1"
+  return 1
+}
+# stopped STATUS SIGNALS TEXT ARGUMENT...: the command, with up to so many SIGTERM once standard error has the text.
 stopped() {
-  local wanted=$1 waits=()
-  shift
-  while [ "$1" != -- ]; do waits+=("$1"); shift; done
-  shift
+  local wanted=$1 signals=$2 text=$3 pid i
+  shift 3
+  rm -f err.txt
   "${command[@]}" "$@" >out.txt 2>err.txt &
-  local pid=$!
-  for wait in "${waits[@]}"; do sleep "$wait"; kill -TERM "$pid"; done
+  pid=$!
+  awaits "$text"
+  for ((i = 0; i < signals; ++i)); do
+    # Two at once are taken for one.
+    [ $i = 0 ] || sleep 0.3
+    kill -TERM "$pid" || break
+  done
   wait "$pid"
   [ $? = "$wanted" ]
 }
 if $native; then
-  check "a demo can be stopped" stopped 1 0.7 -- demo reef-day.xml --device emulator
+  check "a demo can be stopped" stopped 1 1 "Playing whole day" demo reef-day.xml --device emulator
   check "a stopped demo gives the controller back" diff <(tail -n 2 err.txt) <(printf 'Demo finished\nCancelled!\n')
-  check "an upload can be stopped" stopped 1 0.3 -- upload reef-day.xml --device emulator
+  # Twenty seconds of modes.
+  exits "a program of many modes" 0 convert $(printf 'reef-day.xml %.0s' {1..20}) many.xml
+  check "an upload can be stopped" stopped 1 1 "Uploading mode" upload many.xml --device emulator
   check "a stopped upload is closed" diff <(tail -n 2 err.txt) <(printf 'Uploading finished\nCancelled!\n')
-  check "the second signal ends at once" stopped 130 0.5 0.5 -- clear --device emulator
+  check "the second signal ends at once" stopped 130 10 "Clearing all modes" clear --device emulator
   check "a closed standard output is a failed write" bash -c "${command[*]} info reef-day.xml >&- 2>err.txt; [ \$? = 4 ]"
 
   script -qec "${command[*]} demo reef-day.xml --device emulator --seconds 1" /dev/null >terminal.txt </dev/null
