@@ -32,6 +32,15 @@ ExitStatus ExitStatusOf(OperationResult result) {
   return ExitStatus::OperationFailed;
 }
 
+/// What may be wrong where a controller on a cable cannot be connected.
+void ExplainConnectError(const Session& session, const DeviceInfo& info) {
+  if (info.model != TCBase::ModelTC420 && info.model != TCBase::ModelTC421USB) return;
+  session.status.Print(
+      "No connection to " + WordOf(info) +
+      ". Does \"lumarinectl devices\" list it, and does no other program hold it? Linux keeps it to root "
+      "until resources/linux/70-lumarine.rules is in /etc/udev/rules.d.");
+}
+
 }  // namespace
 
 void DeclareTrace(CLI::App& app, DeviceArguments& arguments) {
@@ -76,6 +85,7 @@ ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments
     network->Begin(info);
     const OperationResult result = operation(info);
     const bool silent = result != OperationResult::Cancelled && network->Explain(session);
+    if (result == OperationResult::NotConnected) ExplainConnectError(session, info);
     worst = std::max(worst, silent ? ExitStatus::NoDevice : ExitStatusOf(result));
     return result;
   };

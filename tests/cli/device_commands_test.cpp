@@ -140,8 +140,15 @@ TEST_F(DeviceCommandsTest, AnAbsentControllerIsItsOwnFailure) {
   for (const Words& command : commands) {
     const Outcome outcome = Run(command);
     EXPECT_EQ(outcome.status, kNoDevice) << command.front();
-    EXPECT_THAT(outcome.err, HasSubstr("Configuring device TC420\nConnect error\n"));
+    EXPECT_THAT(outcome.err,
+                HasSubstr("Configuring device TC420\nConnect error\nNo connection to tc420. Does \""));
   }
+}
+
+TEST_F(DeviceCommandsTest, AControllerThatIsThereIsNotSaidToBeMissing) {
+  sim_hidapi::PlugIn(Family::TC420);
+  for (const char* device : {"tc420", "emulator"})
+    EXPECT_THAT(Run({"sync-time", "--device", device}).err, Not(HasSubstr("No connection to"))) << device;
 }
 
 TEST_F(DeviceCommandsTest, AControllerPulledOutOnTheWayFailsTheOperation) {
@@ -163,9 +170,9 @@ TEST_F(DeviceCommandsTest, ASilentControllerIsServed) {
 TEST_F(DeviceCommandsTest, SeveralControllersAreServedInTheOrderGivenAndTheWorstCounts) {
   const Outcome outcome = Run({"upload", "@tank.xml", "--device", "tc420", "--device", "emulator"});
   EXPECT_EQ(outcome.status, kNoDevice);
-  EXPECT_THAT(outcome.err, StartsWith("Configuring device TC420\nConnect error\n"
-                                      "Finished configuring device TC420\n"
-                                      "Configuring device TC420_Emulator\nUploading started\n"));
+  EXPECT_THAT(outcome.err, StartsWith("Configuring device TC420\nConnect error\nNo connection to tc420."));
+  EXPECT_THAT(outcome.err, HasSubstr("\nFinished configuring device TC420\n"
+                                     "Configuring device TC420_Emulator\nUploading started\n"));
   EXPECT_THAT(Run({"upload", "@tank.xml", "--device", "emulator", "--device", "tc420"}).err,
               StartsWith("Configuring device TC420_Emulator\n"));
 }
