@@ -1,6 +1,5 @@
 #include "devices/scan.h"
 
-#include <chrono>
 #include <future>
 #include <optional>
 #include <string>
@@ -22,7 +21,6 @@ namespace {
 constexpr int kMaxRounds = 3;
 constexpr float kRoundSeconds = 1.0F;
 constexpr int kPollMilliseconds = 100;
-constexpr std::chrono::seconds kLookupPatience{1};
 
 // Takes one datagram, if one has come, and lists its sender if it is an answer.
 void TakeAnswer(UDPSocket& socket, const std::string& probe, std::vector<DeviceInfo>& found) {
@@ -41,24 +39,24 @@ void TakeAnswer(UDPSocket& socket, const std::string& probe, std::vector<DeviceI
 }
 
 // Name services may take long to say that they know nothing, and anybody can have them asked by answering
-// from port zero: so they are given a second each. What they say after that is lost.
-std::optional<std::string> LookUp(const Ipv4Address& address) {
+// from port zero: so they are given `patience` each. What they say after that is lost.
+std::optional<std::string> LookUp(const Ipv4Address& address, std::chrono::milliseconds patience) {
   std::packaged_task<std::optional<std::string>()> ask([address] { return platform::HostNameOf(address); });
   std::future<std::optional<std::string>> answer = ask.get_future();
   std::thread(std::move(ask)).detach();
-  if (answer.wait_for(kLookupPatience) != std::future_status::ready) return std::nullopt;
+  if (answer.wait_for(patience) != std::future_status::ready) return std::nullopt;
   return answer.get();
 }
 
 // Names a controller after its host if the network knows one. The text that is looked up has a port behind
 // the address, and only a bare address is: so a controller keeps the name by which it reported, and which it
 // wants to see in its frames. Whoever takes the port out of the text breaks that.
-void FindHostName(DeviceInfo& device) {
+void FindHostName(DeviceInfo& device, std::chrono::milliseconds patience) {
   const std::string addressText = platform::AddressText(device.address);
   LogStatus(Message("Trying to find hostname for {1}...", addressText));
   const std::optional<Ipv4Address> address = platform::ParseAddress(addressText);
   std::optional<std::string> host;
-  if (address) host = LookUp(*address);
+  if (address) host = LookUp(*address, patience);
   if (host) {
     LogStatus(Message("Found hostname {1}", ShownName(*host)));
     device.name = std::move(*host);
@@ -86,12 +84,12 @@ void ScanDevices(std::vector<DeviceInfo>& found, float seconds) {
   }
 }
 
-std::vector<DeviceInfo> FindNetworkDevices() {
+std::vector<DeviceInfo> FindNetworkDevices(std::chrono::milliseconds lookupPatience) {
   LogStatus(Message("Searching for network devices..."));
   std::vector<DeviceInfo> found;
   ScanDevices(found, kRoundSeconds);
   LogStatus(Message("Found {1} device(s)", static_cast<std::int32_t>(found.size())));
-  for (DeviceInfo& device : found) FindHostName(device);
+  for (DeviceInfo& device : found) FindHostName(device, lookupPatience);
   return found;
 }
 

@@ -2,6 +2,7 @@
 
 // Who is on the network: a broadcast, and a short wait for answers.
 
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -16,10 +17,13 @@ namespace TCBase {
 /// log, while the port is taken.
 void ScanDevices(std::vector<DeviceInfo>& found, float seconds);
 
+/// How long name services are given to say what they know of an address, in real time.
+inline constexpr std::chrono::milliseconds kLookupPatience{1000};
+
 /// A whole scan, which tells the user of its progress: about a second if somebody answers, three if nobody
-/// does, and up to a second more for each that the name services are asked of. Nobody is selected in the
-/// answer.
-std::vector<DeviceInfo> FindNetworkDevices();
+/// does, and up to `lookupPatience` more for each that the name services are asked of. Nobody is selected in
+/// the answer.
+std::vector<DeviceInfo> FindNetworkDevices(std::chrono::milliseconds lookupPatience = kLookupPatience);
 
 /// Such a scan on the thread of `worker`, into its list; then posts `message` to `window`.
 void Scan(Worker& worker, EventTarget& window, std::uint32_t message);

@@ -38,6 +38,16 @@ TEST(ReplaceDevices, AFamilyIsListedOnce) {
   EXPECT_EQ(ToText(devices), "TC420");
 }
 
+TEST(ReplaceNetworkDevices, AScanTakesAllOfThemAwayAndPutsInWhatItFoundSorted) {
+  List devices{Unselected(ModelTC421UDP, "Gone"), Unselected(ModelTC420, "TC420"),
+               Unselected(ModelTC421USB, "TC421")};
+  TCBase::ReplaceNetworkDevices(devices,
+                                {Unselected(ModelTC421UDP, "Zoo"), Unselected(ModelTC421UDP, "Smart")});
+  EXPECT_EQ(ToText(devices), "Smart TC420 TC421 Zoo");
+  TCBase::ReplaceNetworkDevices(devices, {});
+  EXPECT_EQ(ToText(devices), "TC420 TC421");
+}
+
 TEST(TakeOverDevices, TicksSurviveARefresh) {
   const List shown{GivenDevice(ModelTC420, "TC420", true), GivenDevice(ModelTC421USB, "TC421", false)};
   const List found{Unselected(ModelTC421UDP, "Smart"), Unselected(ModelTC421USB, "TC421"),
@@ -60,6 +70,13 @@ TEST(TakeOverDevices, OfEqualEntriesTheFirstGetsTheTick) {
 TEST(TakeOverDevices, WithExactlyOneDeviceTheTickCannotBeTakenOffForLongerThanTheNextRefresh) {
   const List shown{GivenDevice(ModelTC420, "TC420", false)};
   EXPECT_EQ(ToText(TCBase::TakeOverDevices(shown, {Unselected(ModelTC420, "TC420")})), "TC420*");
+}
+
+TEST(TakeOverDevices, TheTickOfAControllerThatWasNotFoundIsLostWithIt) {
+  const List shown{GivenDevice(ModelTC421UDP, "Smart", true), GivenDevice(ModelTC420, "TC420", true)};
+  const List without = TCBase::TakeOverDevices(shown, {Unselected(ModelTC420, "TC420")});
+  const List again{Unselected(ModelTC421UDP, "Smart"), Unselected(ModelTC420, "TC420")};
+  EXPECT_EQ(ToText(TCBase::TakeOverDevices(without, again)), "Smart TC420*");
 }
 
 TEST(TakeOverDevices, NothingFoundLeavesNothing) {

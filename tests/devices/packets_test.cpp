@@ -208,15 +208,16 @@ class Verbose : public Family {
   }
 };
 
-TEST(PacketPayload, MoreThanFitsIsDroppedAndDoesNotFail) {
+TEST(PacketPayload, OfMoreThanFitsExactlyTheFirstBytesAreKept) {
+  const std::string alphabets = "ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZABCD";
   const Verbose<TC420::Packet> tc420(70, std::uint8_t{0x7F});
-  EXPECT_EQ(tc420.data.size(), 56U);
+  EXPECT_EQ(tc420.data, alphabets);
   EXPECT_EQ(FrameOf(tc420).size(), 64U);
   EXPECT_EQ(FrameOf(tc420).substr(5, 56), tc420.data);
   EXPECT_EQ(sim::ToHex(FrameOf(tc420).substr(62)), "0D 0A");
 
   const Verbose<TC421::Packet> tc421(70, std::uint8_t{0x7F}, std::uint8_t{0}, OnUsb());
-  EXPECT_EQ(tc421.data.size(), 54U);
+  EXPECT_EQ(tc421.data, alphabets.substr(0, 54));
   EXPECT_EQ(FrameOf(tc421).substr(6, 54), tc421.data);
 }
 

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <future>
 #include <optional>
+#include <thread>
 
 #include "devices/jobs.h"
 #include "devices/shown_name.h"
@@ -138,7 +139,8 @@ TEST_F(ScanTest, ADeviceThatAnswersFromPortZeroIsNamedAfterItsHost) {
   sim_network::SetAnswer(
       [](const Datagram& reply) { return std::vector{From(reply.from.address, reply.bytes, 0)}; });
   sim_network::PlugIn(kPond, "Pond");
-  EXPECT_EQ(ToText(TCBase::FindNetworkDevices()), "tank.example.net Pond");
+  // Names are looked up in real time, which a busy machine may not have: no second is counted here.
+  EXPECT_EQ(ToText(TCBase::FindNetworkDevices(std::chrono::minutes(5))), "tank.example.net Pond");
   EXPECT_EQ(TakeStatus(),
             "Searching for network devices...\nFound 2 device(s)\n"
             "Trying to find hostname for 192.168.4.7...\nFound hostname tank.example.net\n"
@@ -157,6 +159,10 @@ TEST_F(ScanTest, NameServicesThatDoNotAnswerAreGivenASecondOfRealTimeForEach) {
   EXPECT_EQ(ToText(TCBase::FindNetworkDevices()), "Smart-123456");
   EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
   EXPECT_THAT(TakeStatus(), HasSubstr("Hostname not found, using Smart-123456\n"));
+  // Who asks is a thread of its own, and on a busy machine may get to it behind the second.
+  const auto limit = begin + std::chrono::minutes(1);
+  while (sim_network::Lookups().empty() && std::chrono::steady_clock::now() < limit)
+    std::this_thread::yield();
   EXPECT_THAT(sim_network::Lookups(), ElementsAre(kTank));
   sim_network::HoldLookups(false);
 }
@@ -241,13 +247,35 @@ TEST_F(ScanJobTest, WhatWasFoundIsInTheListWhenTheWindowHears) {
 }
 
 TEST_F(ScanJobTest, AScanReplacesWhatAnEarlierOneFoundAndLeavesTheRest) {
+  sim_hidapi::PlugIn(sim_hidapi::Family::TC420);
+  worker_.emplace(TCBase::Discovery::AtOnce);
+  Run();  // USB is looked at behind a job, and so before the next one
   worker_->ReplaceNetworkDevices({SelectedTank(), GivenNetworkDevice(kPond, "Gone")});
-  sim_network::PlugIn(kPond, "Pond");
+  sim_network::PlugIn(kPond, "Zoo");
   Run();
-  EXPECT_EQ(ToText(worker_->GetDevices()), "Pond Smart-123456");
+  EXPECT_EQ(ToText(worker_->GetDevices()), "Smart-123456 TC420 Zoo");
   FindNobody();
   Run();
-  EXPECT_EQ(ToText(worker_->GetDevices()), "");
+  EXPECT_EQ(ToText(worker_->GetDevices()), "TC420");
+}
+
+// The list is not locked any more when a window hears of a scan.
+TEST_F(ScanJobTest, AWindowMayAskForTheListWhileItIsToldOfAScan) {
+  class AskingWindow : public EventTarget {
+   public:
+    explicit AskingWindow(const TCBase::Worker& worker) : worker_(worker) {}
+    void Post(std::uint32_t, std::uintptr_t, std::intptr_t) override {
+      listed_.set_value(ToText(worker_.GetDevices()));
+    }
+    std::string Await() { return listed_.get_future().get(); }
+
+   private:
+    const TCBase::Worker& worker_;
+    std::promise<std::string> listed_;
+  };
+  const auto window = std::make_shared<AskingWindow>(*worker_);
+  worker_->AddJob(TCBase::ScanJob(*worker_, window, 1025));
+  EXPECT_EQ(window->Await(), "Smart-123456");
 }
 
 TEST_F(ScanJobTest, AWindowThatHasGoneHarmsNothing) {

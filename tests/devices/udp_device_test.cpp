@@ -95,6 +95,14 @@ TEST_F(UdpDeviceTest, ASendThatFailsIsLoggedAndNotTriedAgain) {
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.0);
 }
 
+TEST_F(UdpDeviceTest, ASecondTryThatCannotBeSentIsTheLast) {
+  AnswerWith({});
+  sim_network::Inject(Call::Send, 2);
+  EXPECT_FALSE(Clear());
+  EXPECT_EQ(CountLines(TakeTrace(), "WritePacket: Packet_ClearAll()\n"), 2);
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 2.0);
+}
+
 TEST_F(UdpDeviceTest, WhatIsSentAndReceivedStandsInTheTrace) {
   EXPECT_TRUE(Clear());
   EXPECT_EQ(TakeTrace(),
@@ -241,6 +249,20 @@ TEST_F(UdpDeviceTest, ClockModesAndDemoReachTheController) {
   EXPECT_THAT(memory.live, testing::ElementsAre(10, 20, 30, 40, 50));
   EXPECT_FALSE(memory.playing);
   ExpectNoNetworkViolations();
+}
+
+TEST_F(UdpDeviceTest, StepsThatAreNeverAcknowledgedCostTheirTriesAndNeitherEndTheModeNorAreReported) {
+  int replies = 0;
+  sim_network::SetAnswer([&replies](const Datagram& reply) {
+    ++replies;
+    const bool isForAStep = replies > 1 && replies <= 1 + 2 * 3;
+    return isForAStep ? std::vector<Datagram>() : std::vector{reply};
+  });
+  TC421::UDPDevice device(SelectedTank());
+  ASSERT_TRUE(device.Connect());
+  EXPECT_TRUE(device.UploadMode(0, "A", {GivenStep(8, 0, {}), GivenStep(20, 0, {})}));
+  EXPECT_EQ(SentCommands(), "0101 0102*6 040A");
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 3 * 0.020 + 2 * 6.0);
 }
 
 // On a lost frame there is nothing to wait for: the next one is due in 50 ms.
