@@ -89,6 +89,18 @@ mv second.json memory.json
 remembers "the chosen one has all it needs" \
   '.wifi == {ssid: "Reef", security: "open", encryption: "none", password: "", whole: true}'
 
+# The last two that were live are those at which it stood.
+power_on
+suite 'NetworkDemo.*'
+power_off
+remembers "the demo was ended, and none of its frames was wrong" '.demo.playing == false and .objections == []'
+sed -n 's/^[^ ]*  live //p' sim.log | uniq | tail -n 2 >live.txt
+if [ -s live.txt ] && diff <(sed -n 's/^shown //p' suite.log | tr -d '\r') live.txt; then
+  ok "the controller has shown what the window has"
+else
+  not_ok "the controller has shown what the window has"
+fi
+
 power_on --wrong-ack
 suite 'WrongController.*'
 power_off
