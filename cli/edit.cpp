@@ -157,7 +157,8 @@ Run DeclareNew(CLI::App& app) {
 const Command kNew = {
     "new",
     "Write the built-in program, to start from",
-    R"(Example:
+    R"(A file that is there is replaced.
+Example:
   lumarinectl new tank.xml)",
     &DeclareNew,
 };
