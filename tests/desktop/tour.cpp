@@ -1,13 +1,13 @@
 // Opens the desktop program for a newcomer: an example is loaded and the emulated controller listed.
 //   desktop_tour EXAMPLE            and leaves it to the user until the window is closed
-//   desktop_tour EXAMPLE PICTURE    adds a step with the mouse, uploads to the emulator, plays a demo and has
-//   it
-//                                   go on from noon, leaves a picture of the window then and the log beside
-//                                   it (PICTURE.log), and closes
+//   desktop_tour EXAMPLE PICTURE    adds a step with the mouse, uploads to the emulator, has a demo go on
+//                                   from noon, leaves a picture of the window then and the log beside it
+//                                   (PICTURE.log), and closes
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <system_error>
 
 #include "app/numbers.h"
 #include "chart/chart_layout.h"
@@ -21,10 +21,12 @@ constexpr double kPatienceSeconds = 0.5;
 constexpr double kDemoSeconds = 2.0;
 constexpr int kLane = 0;
 
-/// What the program opens at its start, unless it has been used before and knows better.
+/// What the program opens at its start, unless it has been used before and the last file is still there.
 void PutInPlace(const std::filesystem::path& example) {
   Settings settings(DocumentPath(Settings::fileName));
-  if (!settings.GetValue("last_open_file").empty()) return;
+  const std::filesystem::path last = PathFromUtf8(settings.GetValue("last_open_file"));
+  std::error_code ignored;
+  if (std::filesystem::exists(last, ignored)) return;
   settings.SetValue("last_open_file", Utf8FromPath(std::filesystem::absolute(example)));
   settings.Save();
 }
