@@ -21,8 +21,6 @@ namespace cli {
 
 namespace {
 
-using TCBase::Program::kLmfFile;
-using TCBase::Program::kRawFile;
 using TCBase::Program::kTmfFile;
 using TCBase::Program::Mode;
 using TCBase::Program::ModeFileKind;
@@ -34,38 +32,26 @@ struct ConvertArguments {
   std::optional<int> mode;      // from 1, among those of all files
 };
 
-/// What a file is called behind its last dot, in small letters.
-std::string ExtensionOf(const std::string& file) {
-  std::string extension = Utf8FromPath(PathFromUtf8(file).extension());
-  for (char& letter : extension)
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  return extension;
-}
-
 bool IsProgram(const std::string& file) {
-  return ExtensionOf(file) == ".xml";
+  return TCBase::Program::HasExtension(PathFromUtf8(file), ".xml");
 }
 
 /// Null for a file of no such kind.
-const ModeFileKind* ModeFileKindOf(const std::string& file) {
-  const std::string extension = ExtensionOf(file);
-  if (extension == ".tmf") return &kTmfFile;
-  if (extension == ".lmf") return &kLmfFile;
-  if (extension == ".raw") return &kRawFile;
-  return nullptr;
+const ModeFileKind* KindOf(const std::string& file) {
+  return TCBase::Program::ModeFileKindOf(PathFromUtf8(file));
 }
 
 // What the files may be called: the text of a fault, or nothing.
 
 std::string CheckIn(const std::string& file) {
-  const ModeFileKind* const kind = ModeFileKindOf(file);
+  const ModeFileKind* const kind = KindOf(file);
   if (kind && !kind->read) return file + ": RAW files can be written only, not read";
   return kind || IsProgram(file) ? ""
                                  : "a file name that ends in .xml, .tmf or .lmf is expected, not " + file;
 }
 
 std::string CheckOut(const std::string& file) {
-  return ModeFileKindOf(file) || IsProgram(file)
+  return KindOf(file) || IsProgram(file)
              ? ""
              : "a file name that ends in .xml, .tmf, .lmf or .raw is expected, not " + file;
 }
@@ -73,7 +59,7 @@ std::string CheckOut(const std::string& file) {
 /// Reads a file of any kind as a program.
 ExitStatus ReadFile(const Session& session, const std::string& file, ModeListView& document) {
   document = TCBase::Program::NewProgram();
-  const ModeFileKind* const kind = ModeFileKindOf(file);
+  const ModeFileKind* const kind = KindOf(file);
   if (!kind) return LoadArgument(session, {file}, document);
   document.modes = {Mode{}};
   return LoadModeFile(*kind, PathFromUtf8(file), document.modes.front())
@@ -124,7 +110,7 @@ void TellOfRows(const Session& session, const std::string& file, const Mode& mod
 }
 
 ExitStatus Write(const Session& session, const std::string& file, const ModeListView& document) {
-  const ModeFileKind* const kind = ModeFileKindOf(file);
+  const ModeFileKind* const kind = KindOf(file);
   if (!kind) return SaveProgram(document, PathFromUtf8(file)) ? ExitStatus::Success : ExitStatus::FileFailed;
   std::string data;
   kind->write(document.modes.front(), data);
