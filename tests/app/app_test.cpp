@@ -65,10 +65,14 @@ void AppTest::GivenDevices(std::initializer_list<const char*> names, TCBase::Dev
 std::filesystem::path AppTest::GivenFile(const std::string& name) {
   ModeListView program = NewProgram();
   program.modes.front().name = name;
-  const std::filesystem::path path = folder / (name + ".xml");
+  std::filesystem::path path = folder / (name + ".xml");
   EXPECT_TRUE(SaveProgram(program, path));
   statusLog.Drain();
   return path;
+}
+
+std::filesystem::path AppTest::GivenFile(const std::string& name, std::string_view bytes) const {
+  return FileWith(folder / PathFromUtf8(name), bytes);
 }
 
 bool AppTest::WaitUntil(const std::function<bool()>& isSo) {

@@ -8,9 +8,11 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "app/numbers.h"
 #include "program/program.h"
+#include "tests/support/files.h"
 #include "tests/support/headless_user.h"
 #include "tests/support/temporary_folder.h"
 
@@ -34,6 +36,8 @@ class AppTest : public testing::Test {
                     TCBase::DeviceModel model = TCBase::ModelTC421UDP);
   /// A program file of the test's folder.
   std::filesystem::path GivenFile(const std::string& name);
+  /// A file of the test's folder with these bytes; the name in UTF-8.
+  std::filesystem::path GivenFile(const std::string& name, std::string_view bytes) const;
 
   /// Turns the main loop until something is so; false if it is not within a minute.
   bool WaitUntil(const std::function<bool()>& isSo);

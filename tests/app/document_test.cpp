@@ -9,6 +9,7 @@
 #include "app/program_document.h"
 #include "common/files.h"
 #include "tests/app/app_test.h"
+#include "tests/support/files.h"
 
 namespace {
 
@@ -39,11 +40,6 @@ class Document : public AppTest {
     user.WillAnswer(answer);
     user.Close();
     return !user.IsRunning();
-  }
-  static std::string Bytes(const std::filesystem::path& path) {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(path, bytes));
-    return bytes;
   }
 
   std::filesystem::path file_;
@@ -98,18 +94,18 @@ TEST_F(Document, CancelLeavesTheWindow) {
 
 TEST_F(Document, NoLeavesTheFileAsItWas) {
   GivenLoaded("Tank");
-  const std::string before = Bytes(file_);
+  const std::string before = BytesOf(file_);
   Edit();
   EXPECT_TRUE(ClosesWith(Answer::No));
-  EXPECT_EQ(Bytes(file_), before);
+  EXPECT_EQ(BytesOf(file_), before);
 }
 
 TEST_F(Document, YesSavesToTheFile) {
   GivenLoaded("Tank");
-  const std::string before = Bytes(file_);
+  const std::string before = BytesOf(file_);
   Edit();
   EXPECT_TRUE(ClosesWith(Answer::Yes));
-  EXPECT_NE(Bytes(file_), before);
+  EXPECT_NE(BytesOf(file_), before);
 }
 
 TEST_F(Document, YesWithoutAFileAsksForOne) {
@@ -201,7 +197,7 @@ TEST_F(Document, ALoadThatFailsLeavesEverythingButTheChart) {
   GivenLoaded("Tank");
   Edit();
   const auto edited = Program();
-  ASSERT_TRUE(WriteFileBytes(folder / "noise.xml", "noise"));
+  GivenFile("noise.xml", "noise");
   user.WillAnswer(Answer::No);
   user.WillPick({folder / "noise.xml"});
   NewJournal();

@@ -8,6 +8,7 @@
 #include "common/files.h"
 #include "program/tmf.h"
 #include "tests/app/app_test.h"
+#include "tests/support/files.h"
 
 namespace {
 
@@ -23,16 +24,6 @@ class Exchange : public AppTest {
     AppTest::SetUp();
     GivenTheProgramRuns();
   }
-  std::filesystem::path File(const std::string& name, std::string_view bytes) {
-    const std::filesystem::path path = folder.path() / PathFromUtf8(name);
-    EXPECT_TRUE(WriteFileBytes(path, bytes));
-    return path;
-  }
-  static std::string Bytes(const std::filesystem::path& path) {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(path, bytes)) << path;
-    return bytes;
-  }
   std::string TmfOfTheMode() {
     std::string data;
     TCBase::Program::WriteTmf(Mode(), data);
@@ -45,7 +36,7 @@ TEST_F(Exchange, ExportOffersTheModesNameAndWrites) {
   const std::filesystem::path file = folder.path() / "out.tmf";
   user.WillPick({file});
   ASSERT_TRUE(user.Choose(command::kExportTmf));
-  EXPECT_EQ(Bytes(file), expected);
+  EXPECT_EQ(BytesOf(file), expected);
   const auto& asked = user.GetDesktop().questions.filesAsked.back();
   EXPECT_TRUE(asked.save);
   EXPECT_EQ(asked.filter.name, u"TMF PLed File");
@@ -67,7 +58,7 @@ TEST_F(Exchange, EachFormatHasItsSizeAndName) {
     user.WillPick({file});
     ASSERT_TRUE(user.Choose(row.command));
     EXPECT_EQ(user.GetDesktop().questions.filesAsked.back().filter.name, row.name);
-    EXPECT_THAT(Bytes(file), SizeIs(row.size));
+    EXPECT_THAT(BytesOf(file), SizeIs(row.size));
   }
 }
 
@@ -81,7 +72,7 @@ TEST_F(Exchange, ImportOfThreeFilesOneBadAppendsTwoAndShowsTheLast) {
   GivenSelection(2, 0);
   const std::string mode = TmfOfTheMode();
   const std::size_t before = Program().modes.size();
-  user.WillPick({File("Dawn.tmf", mode), File("Bad.tmf", "x"), File("Příliš.dusk.tmf", mode)});
+  user.WillPick({GivenFile("Dawn.tmf", mode), GivenFile("Bad.tmf", "x"), GivenFile("Příliš.dusk.tmf", mode)});
   ASSERT_TRUE(user.Choose(command::kImportTmf));
   EXPECT_TRUE(user.GetDesktop().questions.filesAsked.back().multiple);
   ASSERT_EQ(Program().modes.size(), before + 2);
@@ -101,7 +92,7 @@ TEST_F(Exchange, ImportOfThreeFilesOneBadAppendsTwoAndShowsTheLast) {
 
 TEST_F(Exchange, AFileThatCannotBeReadIsPassedOver) {
   const std::size_t before = Program().modes.size();
-  user.WillPick({folder.path() / "none.lmf", File("Day.lmf", std::string(960, '\0'))});
+  user.WillPick({folder.path() / "none.lmf", GivenFile("Day.lmf", std::string(960, '\0'))});
   ASSERT_TRUE(user.Choose(command::kImportLmf));
   EXPECT_EQ(Program().modes.size(), before + 1);
   EXPECT_EQ(Mode().name, "Day");
@@ -109,7 +100,7 @@ TEST_F(Exchange, AFileThatCannotBeReadIsPassedOver) {
 }
 
 TEST_F(Exchange, BadFilesAloneShowTheLastModeAllTheSame) {
-  user.WillPick({File("Bad.tmf", std::string(12, '\0'))});
+  user.WillPick({GivenFile("Bad.tmf", std::string(12, '\0'))});
   ASSERT_TRUE(user.Choose(command::kImportTmf));
   EXPECT_EQ(Program().currentMode, static_cast<int>(Program().modes.size()) - 1);
 }
@@ -132,7 +123,7 @@ TEST_F(Exchange, ARandomModeIsShownAndWrittenIntoTheWorkingFolder) {
   user.SendCommand(command::kRandomMode);
   std::filesystem::current_path(home);
   EXPECT_EQ(Mode().name, name);
-  EXPECT_EQ(Bytes(folder.path() / (name + ".tmf")), TmfOfTheMode());
+  EXPECT_EQ(BytesOf(folder.path() / (name + ".tmf")), TmfOfTheMode());
 }
 
 }  // namespace

@@ -11,7 +11,6 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/menu_table.h"
 #include "app/numbers.h"
-#include "common/files.h"
 #include "common/xml_file.h"
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"
@@ -67,17 +66,6 @@ class Language : public AppTest {
   headless::Desktop& Desk() { return user.GetDesktop(); }
   static TranslationStore& Store() { return TranslationStore::Instance(); }
   std::string Locale() { return user.GetSettings().GetValue("locale"); }
-
-  std::filesystem::path File(const std::string& name, std::string_view bytes) {
-    const std::filesystem::path path = folder / PathFromUtf8(name);
-    EXPECT_TRUE(WriteFileBytes(path, bytes));
-    return path;
-  }
-  static std::string Bytes(const std::filesystem::path& path) {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(path, bytes)) << path;
-    return bytes;
-  }
 
   void Test(const std::filesystem::path& file) {
     user.WillPick({file});

@@ -10,7 +10,6 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/menu_table.h"
-#include "common/files.h"
 #include "common/message.h"
 #include "common/xml_file.h"
 #include "dialogs/dialog.h"

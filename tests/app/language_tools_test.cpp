@@ -16,6 +16,7 @@
 #include "dialogs/dialog_template.h"
 #include "localisation/translation_store.h"
 #include "tests/app/language_fixture.h"
+#include "tests/support/files.h"
 
 namespace {
 
@@ -76,7 +77,7 @@ TEST_F(Language, AnExportThatCannotBeWrittenSaysSo) {
 // Test
 
 TEST_F(Language, ATestIsSpokenAtOnce) {
-  const std::filesystem::path file = File("přeloženo.xml", kTested);
+  const std::filesystem::path file = GivenFile("přeloženo.xml", kTested);
   Test(file);
   EXPECT_EQ(Desk().questions.filesAsked.back().filter.name, u"XML Files");
   EXPECT_FALSE(Desk().questions.filesAsked.back().multiple);
@@ -89,7 +90,7 @@ TEST_F(Language, ATestIsSpokenAtOnce) {
 
 TEST_F(Language, AGoodTestIsCheckedInTheMenuAndTheSettingKeepsTheFormerOne) {
   user.Choose(kGerman);
-  Test(File("test.xml", kTested));
+  Test(GivenFile("test.xml", kTested));
   EXPECT_THAT(LanguageMenu(), ElementsAre("Deutsch", "Slovak", "Test Translation*", "English"));
   EXPECT_EQ(Locale(), "de");
   user.Close();
@@ -98,9 +99,9 @@ TEST_F(Language, AGoodTestIsCheckedInTheMenuAndTheSettingKeepsTheFormerOne) {
 }
 
 TEST_F(Language, ALanguageAddedByATestKeepsItsPlaceInFrontOfEnglish) {
-  Test(File("test.xml", kTested));
+  Test(GivenFile("test.xml", kTested));
   user.Choose(kGerman);
-  Test(File("test.xml", kTested));
+  Test(GivenFile("test.xml", kTested));
   user.Choose(command::kEnglish);
   EXPECT_THAT(LanguageMenu(), ElementsAre("Deutsch", "Slovak", "Test Translation", "English*"));
   ASSERT_TRUE(user.Choose(kTest));
@@ -111,7 +112,7 @@ TEST_F(Language, ALanguageAddedByATestKeepsItsPlaceInFrontOfEnglish) {
 TEST_F(Language, AfterABadTestTheLanguageIsUnchangedAndThereIsNoTest) {
   user.Choose(kGerman);
   NewLog();
-  const std::filesystem::path file = File("bad.xml", "<strings><string");
+  const std::filesystem::path file = GivenFile("bad.xml", "<strings><string");
   user.WillAnswer(app::Answer::Ok);
   Test(file);
   const std::vector<app::Question> asked = user.Questions();
@@ -147,7 +148,7 @@ TEST_F(Language, ATestThatIsCancelledOnlyShowsEverythingAnew) {
 
 // Whoever cancels is looking at the test that he has, whatever he spoke meanwhile.
 TEST_F(Language, ATestThatIsCancelledGoesBackToTheOneBefore) {
-  Test(File("test.xml", kTested));
+  Test(GivenFile("test.xml", kTested));
   user.Choose(kGerman);
   user.WillPick({});
   user.Choose(command::kTestTranslation);
@@ -156,10 +157,10 @@ TEST_F(Language, ATestThatIsCancelledGoesBackToTheOneBefore) {
 }
 
 TEST_F(Language, ASecondTestOverwritesKeyByKey) {
-  Test(File("first.xml", kTested));
-  Test(File("second.xml",
-            "<strings><string id='Devices'><translate>Maschinen</translate></string>"
-            "<string id='Channel power'><translate>Kraft</translate></string></strings>"));
+  Test(GivenFile("first.xml", kTested));
+  Test(GivenFile("second.xml",
+                 "<strings><string id='Devices'><translate>Maschinen</translate></string>"
+                 "<string id='Channel power'><translate>Kraft</translate></string></strings>"));
   EXPECT_EQ(user.Text(Control::DevicesLabel), "Maschinen");
   EXPECT_EQ(user.Text(Control::PowerTitleLabel), "Kraft");
   EXPECT_EQ(user.MenuItem(command::kUndo).text, "Oje") << "what the new file leaves out stays";
@@ -168,7 +169,7 @@ TEST_F(Language, ASecondTestOverwritesKeyByKey) {
 
 TEST_F(Language, AnExportWhileATestIsActiveGivesTheTestedTexts) {
   user.Choose(kGerman);
-  Test(File("test.xml", kTested));
+  Test(GivenFile("test.xml", kTested));
   const std::filesystem::path file = Export();
   EXPECT_EQ(TextIn(file, "Devices"), "Apparate");
   EXPECT_EQ(TextIn(file, "Channel power"), "Channel power");
@@ -178,14 +179,14 @@ TEST_F(Language, AnExportWhileATestIsActiveGivesTheTestedTexts) {
 
 TEST_F(Language, WhatWasExportedIsTestedAndExportedAsTheSameBytes) {
   user.Choose(kGerman);
-  const std::string first = Bytes(Export());
-  Test(File("copy.xml", first));
+  const std::string first = BytesOf(Export());
+  Test(GivenFile("copy.xml", first));
   EXPECT_EQ(user.Text(Control::DevicesLabel), "Geräte");
   // What the test itself said is recorded, so it is exported once more.
   Export();
-  Test(File("copy.xml", Bytes(Export())));
-  const std::string second = Bytes(Export());
-  EXPECT_EQ(Bytes(Export()), second);
+  Test(GivenFile("copy.xml", BytesOf(Export())));
+  const std::string second = BytesOf(Export());
+  EXPECT_EQ(BytesOf(Export()), second);
   EXPECT_EQ(TextIn(folder / "exported.xml", "Devices"), "Geräte");
 }
 
@@ -214,7 +215,7 @@ TEST_F(Language, AMergeAsksForIdAndNameInEnglish) {
 }
 
 TEST_F(Language, AMergedIdOfMoreThanFourCharactersCannotBeTyped) {
-  const std::filesystem::path file = File("new.xml", kTested);
+  const std::filesystem::path file = GivenFile("new.xml", kTested);
   WillName("polish", std::string(40, 'n'));
   user.WillPick({file});
   user.WillPick({});
@@ -225,12 +226,12 @@ TEST_F(Language, AMergedIdOfMoreThanFourCharactersCannotBeTyped) {
 }
 
 TEST_F(Language, AMergeWritesTheWholeDocument) {
-  Test(File("test.xml", kTested));
+  Test(GivenFile("test.xml", kTested));
   user.Choose(kGerman);
   const std::filesystem::path file =
-      File("pl.xml",
-           "<strings><string id='Devices'><translate>Urządzenia</translate></string>"
-           "<string id='two\\r\\nlines'><translate>dwie\\r\\nlinie</translate></string></strings>");
+      GivenFile("pl.xml",
+                "<strings><string id='Devices'><translate>Urządzenia</translate></string>"
+                "<string id='two\\r\\nlines'><translate>dwie\\r\\nlinie</translate></string></strings>");
   const std::filesystem::path merged = folder / "merged.xml";
   WillName("pl", "Polish");
   user.WillPick({file});
@@ -252,7 +253,7 @@ TEST_F(Language, AMergeWritesTheWholeDocument) {
   for (const auto& language : languages.children)
     ids += std::string(language->attribute_or_empty("id").view()) + " ";
   EXPECT_EQ(ids, "de sk pl ") << "a test reaches no merged document";
-  EXPECT_EQ(Bytes(merged).find("Apparate"), std::string::npos);
+  EXPECT_EQ(BytesOf(merged).find("Apparate"), std::string::npos);
   ovk::xml::element& strings = root.child("strings");
   EXPECT_TRUE(strings.find_child_by_id("string", "Devices")->child("pl").text == "Urządzenia");
   EXPECT_TRUE(strings.find_child_by_id("string", "two\\r\\nlines")->child("pl").text == "dwie\\r\\nlinie");
@@ -262,7 +263,7 @@ TEST_F(Language, AMergeWritesTheWholeDocument) {
   EXPECT_EQ(Store().GetLanguages().children.count(), 4) << "the test is, too";
   // The next build starts with it.
   user.Close();
-  user.translations = Bytes(merged);
+  user.translations = BytesOf(merged);
   user.Start();
   EXPECT_THAT(LanguageMenu(), ElementsAre("Deutsch*", "Slovak", "Polish", "Englisch"));
   user.Choose(kTest);  // which number is Polish now
@@ -271,7 +272,7 @@ TEST_F(Language, AMergeWritesTheWholeDocument) {
 }
 
 TEST_F(Language, AMergeCanBeLeftAtEachQuestion) {
-  const std::filesystem::path file = File("new.xml", kTested);
+  const std::filesystem::path file = GivenFile("new.xml", kTested);
   const std::string before = Menus();
   user.WillFill({Press(kCancel)});  // no id
   user.SendCommand(command::kMergeTranslations);
@@ -299,7 +300,7 @@ TEST_F(Language, AMergeCanBeLeftAtEachQuestion) {
 
 TEST_F(Language, ABadFileIsNotMerged) {
   WillName("xx", "Xx");
-  user.WillPick({File("bad.xml", "<")});
+  user.WillPick({GivenFile("bad.xml", "<")});
   user.WillAnswer(app::Answer::Ok);
   user.SendCommand(command::kMergeTranslations);
   EXPECT_EQ(user.Questions().at(0).title, u"Invalid Translation File");
@@ -307,7 +308,7 @@ TEST_F(Language, ABadFileIsNotMerged) {
 }
 
 TEST_F(Language, AMergeThatCannotBeWrittenSaysNothingOfItsOwn) {
-  const std::filesystem::path file = File("new.xml", kTested);
+  const std::filesystem::path file = GivenFile("new.xml", kTested);
   WillName("xx", "Xx");
   user.WillPick({file});
   user.WillPick({folder / "missing" / "merged.xml"});

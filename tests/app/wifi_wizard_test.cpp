@@ -5,10 +5,10 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/numbers.h"
-#include "common/files.h"
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"
 #include "tests/app/app_test.h"
+#include "tests/support/files.h"
 #include "tests/support/held_scan.h"
 #include "tests/support/sim_network.h"
 
@@ -222,8 +222,7 @@ TEST_F(WifiWizard, ThePasswordIsInTheDeviceLogFileInClear) {
   user.Choose(command::kLogging);
   ASSERT_TRUE(RunWizard({Init(), FindOne(), UseReef(), {Press(kOk)}}));
   user.Close();
-  std::string log;
-  ASSERT_TRUE(ReadFileBytes(folder / "LumarineLog.txt", log));
+  const std::string log = BytesOf(folder / "LumarineLog.txt");
   EXPECT_THAT(log, HasSubstr("Packet_SetWiFi_Password(Password=secret coral)"));
   EXPECT_THAT(log, HasSubstr("Packet_SetWiFi_SSID(SSID=Reef, Security=2, Encryption=1)"));
 }

@@ -317,7 +317,7 @@ TEST_F(ExchangeFile, TheProgramsOwnDocumentIsAsAMergeWritesIt) {
   RemoveLanguage(copy, "test");
   EscapeLineBreaks(copy);
   ASSERT_TRUE(ovk::xml::save(folder / "merged.xml", copy));
-  EXPECT_EQ(Bytes(folder / "merged.xml"), document);
+  EXPECT_EQ(BytesOf(folder / "merged.xml"), document);
 }
 
 }  // namespace

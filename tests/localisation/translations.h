@@ -12,6 +12,7 @@
 #include "common/files.h"
 #include "localisation/translation_store.h"
 #include "tests/OvkLib/xml_trees.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 class Translations : public testing::Test {
@@ -62,19 +63,12 @@ class Translations : public testing::Test {
   }
 
   std::filesystem::path File(std::string_view bytes, const std::string& name = "exchange.xml") const {
-    const std::filesystem::path path = folder / name;
-    EXPECT_TRUE(WriteFileBytes(path, bytes));
-    return path;
-  }
-  static std::string Bytes(const std::filesystem::path& path) {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(path, bytes));
-    return bytes;
+    return FileWith(folder / name, bytes);
   }
   /// What an export writes now.
   std::string Exported() {
     EXPECT_TRUE(store.ExportTranslationFile(folder / "exported.xml"));
-    return Bytes(folder / "exported.xml");
+    return BytesOf(folder / "exported.xml");
   }
 
   const TemporaryFolder folder;

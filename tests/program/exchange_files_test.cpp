@@ -207,6 +207,8 @@ TEST(Raw, OfAnEmptyModeIsZeros) {
 TEST(Raw, IsEverySecondOfTheDayWhateverTheMode) {
   std::string data = "what was there before";
   for (const std::int32_t steps : {0, 1, 2, 48, 2000}) {
+    EXPECT_TRUE(WriteRaw(RandomProgram(1).AscendingMode(steps), data));
+    EXPECT_THAT(data, SizeIs(432000)) << steps;
     EXPECT_TRUE(WriteRaw(RandomProgram(1).AnyMode(steps), data));
     EXPECT_THAT(data, SizeIs(432000)) << steps;
   }
