@@ -7,6 +7,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "platform/win32/windows_headers.h"
+#include "tests/desktop/patience.h"
 
 namespace desktop {
 
@@ -45,7 +46,8 @@ HGLOBAL CopyToGlobalMemory(const std::u16string& text) {
 }  // namespace
 
 bool PutOnClipboard(std::string_view text) {
-  if (!OpenClipboard(ClipboardOwner().get())) return false;
+  // Others look at it when it has changed.
+  if (!WaitUntil([] { return OpenClipboard(ClipboardOwner().get()) != 0; })) return false;
   EmptyClipboard();
   const HGLOBAL memory = CopyToGlobalMemory(WithCarriageReturns(WideFromUtf8(text)));
   const bool put = memory != nullptr && SetClipboardData(CF_UNICODETEXT, memory) != nullptr;

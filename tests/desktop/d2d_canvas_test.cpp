@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "platform/win32/d2d_canvas.h"
+#include "tests/desktop/patience.h"
 #include "tests/desktop/screen_picture.h"
 #include "tests/desktop/test_window.h"
 
@@ -61,12 +62,11 @@ class D2DCanvas : public testing::Test {
     canvas.SetTransform(UX::kIdentity);
     canvas.Fill(UX::Rectangle{kWidth, 0, kMarkWidth, kHeight}, Brush::Gray);
     EXPECT_EQ(canvas.EndFrame(), S_OK);
-    for (int tries = 0; tries < 500; ++tries) {
+    const auto isShown = [&] {
       picture = ScreenPicture::Take();
-      if (At(kWidth + 1, 1) == mark) return;
-      Sleep(10);
-    }
-    ADD_FAILURE() << "the frame is not shown";
+      return At(kWidth + 1, 1) == mark;
+    };
+    EXPECT_TRUE(desktop::WaitUntil(isShown)) << "the frame is not shown";
   }
   Color At(int x, int y) const { return picture.At(window.x() + x, window.y() + y); }
   int Count(const UX::Rect& area, Color color) const {

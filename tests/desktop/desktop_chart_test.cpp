@@ -18,6 +18,7 @@
 #include "program/view.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/first_day.h"
+#include "tests/desktop/patience.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -137,11 +138,12 @@ class DesktopChart : public testing::Test {
 
   /// Waits until the chart shows what it should; a frame takes its time.
   void ExpectShown(const char* what, const std::function<bool(const ScreenPicture&)>& isShown) {
-    for (int tries = 0; tries < 400; ++tries) {  // a demo needs six seconds for a tenth of the chart
-      if (isShown(driver.ChartPicture())) return;
-      user.Wait(0.05);
-    }
-    ADD_FAILURE() << "the chart does not show " << what;
+    EXPECT_TRUE(desktop::WaitUntil([&] {
+      if (isShown(driver.ChartPicture())) return true;
+      user.Wait(0.05);  // looking takes time that drawing needs
+      return false;
+    })) << "the chart does not show "
+        << what;
   }
   /// A marker of a step that is not selected: white, with a black rim.
   bool IsMarker(const ScreenPicture& chart, POINT at) {
@@ -211,7 +213,11 @@ TEST_F(DesktopChart, SelectedLaneIsFramedAndGrows) {
 TEST_F(DesktopChart, BalloonGrowsOutOfTheStepUnderTheMouse) {
   const POINT point = PointOf(1, 1);
   const Rect around{point.x - 60, point.y - 60, 120, 120};
-  const int before = driver.ChartPicture().Count(around, kBlack);
+  int before = 0;
+  ExpectShown("the step", [&](const ScreenPicture& chart) {
+    before = chart.Count(around, kBlack);
+    return IsMarker(chart, point);
+  });
   user.MoveMouse(static_cast<int>(point.x), static_cast<int>(point.y));
   ExpectShown("the balloon", [&](const ScreenPicture& chart) {
     return chart.Count(around, kBlack) > before + 150;  // its outline and its text
@@ -219,7 +225,6 @@ TEST_F(DesktopChart, BalloonGrowsOutOfTheStepUnderTheMouse) {
   user.Wait(kRestSeconds);
   LeavePicture("-shown");
   user.MoveMouse(static_cast<int>(layout.LaneRect(1).x) + 30, static_cast<int>(point.y));
-  user.Wait(2.0);
   ExpectShown("the step without it",
               [&](const ScreenPicture& chart) { return chart.Count(around, kBlack) < before + 20; });
 }
@@ -236,9 +241,9 @@ TEST_F(DesktopChart, CrosshairFollowsTheMouse) {
 
 TEST_F(DesktopChart, ShowsADemoAsItPlays) {
   user.Choose(command::kAddEmulator);
+  user.Choose(command::kSpeedSlow);  // so that it does not end before all has been looked at
   user.Press(Control::PlayButton);
-  for (int tries = 0; tries < 100 && user.Text(Control::DemoStatusLabel) != "Playing"; ++tries)
-    user.Wait(0.1);
+  ASSERT_TRUE(desktop::WaitUntil([&] { return user.Text(Control::DemoStatusLabel) == "Playing"; }));
   EXPECT_FALSE(user.IsEnabled(Control::ModeList));
   EXPECT_FALSE(user.IsEnabled(Control::PowerSlider));
 
@@ -251,9 +256,8 @@ TEST_F(DesktopChart, ShowsADemoAsItPlays) {
   };
   ExpectShown("the cursor", [&](const ScreenPicture& chart) { return cursorOf(chart) < top.width; });
   const ScreenPicture early = driver.ChartPicture();
-  // In the white of noon.
   ExpectShown("the cursor farther on", [&](const ScreenPicture& chart) {
-    return cursorOf(chart) > cursorOf(early) + 100 && cursorOf(chart) < top.width;
+    return cursorOf(chart) > cursorOf(early) + 30 && cursorOf(chart) < top.width;
   });
   const ScreenPicture late = driver.ChartPicture();
   for (int lane = 0; lane < 5; ++lane) {

@@ -14,16 +14,13 @@
 #include "tests/desktop/dialog_user.h"
 #include "tests/desktop/dialogs.h"
 #include "tests/desktop/input.h"
+#include "tests/desktop/patience.h"
 #include "tests/desktop/window_text.h"
 
 namespace desktop {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kPatience = 60s;
-constexpr auto kGlance = 5ms;
 constexpr int kWheelNotch = 120;
 
 POINT OnScreen(HWND window, POINT point) {
@@ -35,13 +32,6 @@ POINT Middle(HWND window) {
   RECT client{};
   GetClientRect(window, &client);
   return OnScreen(window, {client.right / 2, client.bottom / 2});
-}
-
-bool TakesMessages(HWND window) {
-  // Longer than anything takes but a wait for somebody else.
-  constexpr UINT kMilliseconds = 1500;
-  DWORD_PTR result = 0;
-  return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kMilliseconds, &result) != 0;
 }
 
 /// How often the Down key goes to an item of the chart's menu; 0 if it is not there.
@@ -80,33 +70,22 @@ void DesktopUser::Close() {
   if (!IsWindow(program_->mainWindow())) program_->ExpectEnd();
 }
 
-std::future<bool> DesktopUser::CloseOnceItHangs(Closed closed) {
+std::future<bool> DesktopUser::CloseBehindNextSpace(Closed closed) {
   const HWND window = closed == Closed::Dialog ? program_->Dialog() : program_->mainWindow();
-  return std::async(std::launch::async, [window] {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    while (TakesMessages(window)) {
-      if (std::chrono::steady_clock::now() > end) return false;
-      std::this_thread::sleep_for(kGlance);
-    }
-    return PostMessageW(window, WM_CLOSE, 0, 0) != 0;
+  return std::async(std::launch::async, [this, window, before = program_->SpacesTaken()] {
+    return WaitUntil([&] { return program_->SpacesTaken() != before; }) &&
+           PostMessageW(window, WM_CLOSE, 0, 0) != 0;
   });
 }
 
-bool DesktopUser::WaitUntil(const std::function<bool()>& reached) {
-  const auto end = std::chrono::steady_clock::now() + kPatience;
-  while (!reached()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(kGlance);
-  }
-  return true;
-}
-
 void DesktopUser::Settle() {
-  // Twice: what was worked off may have posted more.
-  for (int round = 0; round < 2; ++round) {
+  const auto isClosed = [this] { return !IsWindow(program_->mainWindow()); };
+  // Twice: what was worked off may have posted more. And again while there is input: the display tells by
+  // itself, a little later, over what the mouse stands when a menu or a dialog has gone.
+  for (int round = 0; round < 2 || (program_->InputWaits() && !isClosed()); ++round) {
     program_->PostMark();
-    const auto metMark = [this] { return program_->HasMetMark() || !IsWindow(program_->mainWindow()); };
-    ASSERT_TRUE(WaitUntil(metMark)) << "the program does not answer";
+    ASSERT_TRUE(WaitUntil([&] { return program_->HasMetMark() || isClosed(); }))
+        << "the program does not answer";
     // The mark is met within the dialog's own loop, too: what opened it goes on after the answer.
     if (const HWND dialog = DialogInFront()) {
       AnswerDialog(dialog);

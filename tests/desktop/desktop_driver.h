@@ -72,9 +72,10 @@ class DesktopUser final : public User {
 
   /// What somebody who has lost patience closes.
   enum class Closed { Program, Dialog };
-  /// Asks the main window or the dialog over it to close, as the system does, once the program takes no
-  /// messages; goes on beside the script. False if the program never stops to take them.
-  std::future<bool> CloseOnceItHangs(Closed closed);
+  /// Asks the main window or the dialog over it to close, as the system does, as soon as the program has
+  /// taken the next Space key, with which a script presses a button, and is busy with what that does; goes on
+  /// beside the script. False if the key never comes.
+  std::future<bool> CloseBehindNextSpace(Closed closed);
 
   /// What the screen shows of the chart, in the chart's coordinates.
   ScreenPicture ChartPicture();
@@ -91,8 +92,6 @@ class DesktopUser final : public User {
   void SettleInput();
   /// Waits until the program has worked off its queue, and answers what it asks meanwhile.
   void Settle();
-  /// False if that took too long.
-  bool WaitUntil(const std::function<bool()>& reached);
   /// The dialog that waits for the user; null if there is none.
   HWND DialogInFront();
   void AnswerDialog(HWND dialog);

@@ -3,11 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string>
+
 #include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/files.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/first_day.h"
+#include "tests/desktop/patience.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -33,7 +37,7 @@ class DesktopWindow : public testing::Test {
   const desktop::FirstDay firstDay;
   /// Waits until the demo's label says `text`.
   void WaitForDemo(const std::string& text) {
-    for (int tries = 0; tries < 100 && user.Text(Control::DemoStatusLabel) != text; ++tries) user.Wait(0.1);
+    desktop::WaitUntil([&] { return user.Text(Control::DemoStatusLabel) == text; });
     EXPECT_EQ(user.Text(Control::DemoStatusLabel), text);
   }
 
@@ -91,7 +95,7 @@ TEST_F(DesktopWindow, DemoGreysTheMenusAndEndsByTheStopButton) {
   EXPECT_FALSE(user.IsEnabled(Control::ModeList));
   user.Press(Control::StopButton);
   WaitForDemo("Ready (60s)");
-  EXPECT_TRUE(user.MenuItem(command::kUndo).enabled);
+  EXPECT_TRUE(desktop::WaitUntil([&] { return user.MenuItem(command::kUndo).enabled; }));
   EXPECT_TRUE(user.IsEnabled(Control::ModeList));
 }
 
@@ -132,10 +136,11 @@ TEST_F(DesktopWindow, LoadIsCancelledByItsDialog) {
 
 TEST_F(DesktopWindow, PictureShowsTheWindow) {
   const TemporaryFolder folder;
-  ASSERT_TRUE(user.TakePicture(folder / "window.png"));
+  const std::filesystem::path file = folder / "window.png";
   std::string bytes;
-  ASSERT_TRUE(ReadFileBytes(folder / "window.png", bytes));
-  EXPECT_GT(bytes.size(), 10000U) << "a screen of one colour is smaller";
+  EXPECT_TRUE(desktop::WaitUntil([&] {
+    return user.TakePicture(file) && ReadFileBytes(file, bytes) && bytes.size() > 10000;
+  })) << "a screen of one colour is smaller, and so is a window that is not painted yet";
 }
 
 }  // namespace

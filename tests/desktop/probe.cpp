@@ -60,7 +60,12 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK OnTaken(int code, WPARAM first
   auto& taken = *reinterpret_cast<MSG*>(second);
   if (code >= 0 && first == PM_REMOVE && Shared() != nullptr) {
     const bool isKey = taken.message == WM_KEYDOWN || taken.message == WM_KEYUP;
-    if (taken.message == mark) InterlockedExchange(&Shared()->mark, static_cast<LONG>(taken.wParam));
+    if (taken.message == mark) {
+      // What the display has told but nobody has asked for comes into the queue by this question.
+      InterlockedExchange(&Shared()->inputWaits, HIWORD(GetQueueStatus(QS_INPUT)));
+      InterlockedExchange(&Shared()->mark, static_cast<LONG>(taken.wParam));
+    }
+    if (taken.message == WM_KEYUP && taken.wParam == VK_SPACE) InterlockedIncrement(&Shared()->spaces);
     if (isKey && taken.wParam == probe::kInputMark) {
       if (taken.message == WM_KEYUP) InterlockedIncrement(&Shared()->inputMarks);
       taken.message = WM_NULL;

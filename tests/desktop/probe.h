@@ -17,7 +17,7 @@ inline constexpr char kTakenHook[] = "OnTaken";  // of kind WH_GETMESSAGE
 inline constexpr wchar_t kLookAtMenu[] = L"LumarineProbeLookAtMenu";
 /// Sent to a date and time picker: look at its time.
 inline constexpr wchar_t kLookAtPicker[] = L"LumarineProbeLookAtPicker";
-/// Posted: note that the program has come this far; the first parameter is the mark.
+/// Posted: note that the program has come this far, and whether input waits; the first parameter is the mark.
 inline constexpr wchar_t kMark[] = L"LumarineProbeMark";
 
 /// A key that no keyboard has and the program never sees. Pressed behind input, it marks that the input was
@@ -28,7 +28,9 @@ inline constexpr WORD kInputMark = VK_F24;
 inline constexpr wchar_t kMemory[] = L"Local\\LumarineProbe";
 struct Findings {
   volatile LONG mark;        // the last one met
+  volatile LONG inputWaits;  // when that was met; not 0 if so
   volatile LONG inputMarks;  // met so far
+  volatile LONG spaces;      // of Space keys, their releases taken so far
   // Of the menu item looked at last.
   LONG exists;
   LONG enabled;  // by itself and by the menus that it stands in

@@ -5,20 +5,18 @@
 #include <array>
 #include <chrono>
 #include <filesystem>
-#include <thread>
 #include <utility>
 #include <vector>
 
 #include "tests/desktop/input.h"
+#include "tests/desktop/patience.h"
 
 namespace desktop {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kPatience = 60s;
 constexpr wchar_t kMainClass[] = L"LUMARINE";
+constexpr int kFirstTitleLength = 8;  // "Lumarine"
 
 std::filesystem::path Folder() {
   std::array<wchar_t, 1024> own{};
@@ -79,8 +77,12 @@ ProgramUnderTest::ProgramUnderTest() {
   processId_ = started.dwProcessId;
   CloseHandle(started.hThread);
   FindMainWindow();
+  if (mainWindow_ == nullptr) return;
   InstallProbe();
-  SetForegroundWindow(mainWindow_);
+  EXPECT_TRUE(WaitUntil([this] {
+    SetForegroundWindow(mainWindow_);
+    return GetForegroundWindow() == mainWindow_;
+  })) << "the window does not come to the front";
 }
 
 ProgramUnderTest::~ProgramUnderTest() {
@@ -89,18 +91,15 @@ ProgramUnderTest::~ProgramUnderTest() {
 }
 
 void ProgramUnderTest::FindMainWindow() {
-  const auto end = std::chrono::steady_clock::now() + kPatience;
-  // The title tells of the program from the last step of the start on.
-  while (mainWindow_ == nullptr || GetWindowTextLengthW(mainWindow_) <= 8) {
-    if (HasEnded() || std::chrono::steady_clock::now() > end) {
-      ADD_FAILURE() << "Lumarine.exe has no window";
-      return;
-    }
-    std::this_thread::sleep_for(10ms);
+  const auto isComplete = [this] {
     for (const HWND window : WindowsOf(processId_)) {
       if (ClassOf(window) == kMainClass) mainWindow_ = window;
     }
-  }
+    // The title tells of the program from the last step of the start on.
+    return mainWindow_ != nullptr && GetWindowTextLengthW(mainWindow_) > kFirstTitleLength;
+  };
+  ASSERT_TRUE(WaitUntil([&] { return isComplete() || HasEnded(); })) << "Lumarine.exe has no window";
+  ASSERT_FALSE(HasEnded()) << "Lumarine.exe has ended";
 }
 
 void ProgramUnderTest::InstallProbe() {

@@ -44,9 +44,13 @@ class ProgramUnderTest {
   void PostMark();
   /// The program has come to the last mark.
   bool HasMetMark() const { return findings_->mark == mark_; }
+  /// When it came there, it had input to take yet.
+  bool InputWaits() const { return findings_->inputWaits != 0; }
   /// Presses the key that marks the end of input.
   void PressInputMark();
   bool HasMetInputMark() const { return findings_->inputMarks == inputMarks_; }
+  /// How often the program has taken the release of the Space key.
+  LONG SpacesTaken() const { return findings_->spaces; }
 
   /// The menu item as it is now.
   const probe::Findings& LookAtMenu(int command) const;

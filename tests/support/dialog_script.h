@@ -81,7 +81,7 @@ inline DialogStep PressEnter() {
 inline DialogStep PressEscape() {
   return {DialogStep::Kind::PressEscape};
 }
-/// Does nothing until the dialog, or whatever else one looks at, is as it should be: up to a minute, and then
+/// Does nothing until the dialog, or whatever else one looks at, is as it should be: for a long time, and then
 /// that is a mistake.
 inline DialogStep Await(std::function<bool(const SeenDialog&)> isSo) {
   DialogStep step{DialogStep::Kind::Await};

@@ -91,7 +91,7 @@ class User {
   virtual void Restore() = 0;
   /// Lets that much of the program's time pass.
   virtual void Wait(double seconds) = 0;
-  /// Waits until the log holds a text; false if that does not happen within a minute.
+  /// Waits until the log holds a text; false if that does not happen for a long time.
   virtual bool WaitForLog(const std::string& text) = 0;
 
   // Seeing.
