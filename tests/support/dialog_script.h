@@ -81,8 +81,8 @@ inline DialogStep PressEnter() {
 inline DialogStep PressEscape() {
   return {DialogStep::Kind::PressEscape};
 }
-/// Does nothing until the dialog, or whatever else one looks at, is as it should be: for a long time, and then
-/// that is a mistake.
+/// Does nothing until the dialog, or whatever else one looks at, is as it should be: for a long time, and
+/// then that is a mistake.
 inline DialogStep Await(std::function<bool(const SeenDialog&)> isSo) {
   DialogStep step{DialogStep::Kind::Await};
   step.until = std::move(isSo);
