@@ -1,14 +1,10 @@
 // Commands of the Device menu. What takes time is a job for the worker, which gets copies of the device list
 // and the program as they are at this moment.
 
-#include <algorithm>
-#include <charconv>
 #include <cstddef>
-#include <limits>
+#include <cstdlib>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
@@ -37,14 +33,6 @@ namespace app {
 namespace {
 
 constexpr std::int32_t kSpeedLength = 20;
-
-/// A text without a number is 0; one too large is the largest.
-std::int32_t ReadNumber(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-  std::int32_t number = 0;
-  const std::from_chars_result read = std::from_chars(text.data(), text.data() + text.size(), number);
-  return read.ec == std::errc::result_out_of_range ? std::numeric_limits<std::int32_t>::max() : number;
-}
 
 }  // namespace
 
@@ -100,9 +88,10 @@ void Commands::AskDemoSpeed(int) {
                                  Message("OK").ToWide(),
                                  Message("Cancel").ToWide()};
   if (dialogs::DlgGetValue(shell_.dialogs, params).DoModal() != dialogs::kOk) return;
-  const std::int32_t seconds = ReadNumber(Utf8FromWide(params.value));
+  // As the setting is read: letters, which can be pasted, end the number, and one too large is the largest.
+  const long seconds = std::strtol(Utf8FromWide(params.value).c_str(), nullptr, 10);
   if (seconds >= Settings::kMinDemoSpeed && seconds <= Settings::kMaxDemoSpeed) {
-    SetDemoSpeed(seconds);
+    SetDemoSpeed(static_cast<int>(seconds));
   } else {
     shell_.questions.Ask(
         {Message("Invalid value").ToWide(), Message("Please enter value between 10 - 86400").ToWide()});

@@ -189,9 +189,18 @@ struct SpeedRow {
   int seconds;
 };
 
+// A field for digits looks at keys alone. What is pasted is read as the setting is.
+TEST_F(DeviceDialogs, LettersPastedIntoASpeedEndItsNumber) {
+  const SpeedRow rows[] = {{"12x", 12}, {" 99", 99}, {"\t98", 98}, {"+97", 97}, {"96.5", 96}, {"95 水", 95}};
+  for (const SpeedRow& row : rows) {
+    AskSpeed(row.text);
+    EXPECT_EQ(user.GetSettings().DemoSpeed(), row.seconds) << row.text;
+  }
+  EXPECT_THAT(user.Questions(), IsEmpty());
+}
+
 TEST_F(DeviceDialogs, SpeedsInRangeAreTaken) {
-  const SpeedRow rows[] = {{"10", 10},      {"86400", 86400}, {"120", 120}, {"60", 60},
-                           {"0000075", 75}, {"12x", 12},      {" 99", 99}};
+  const SpeedRow rows[] = {{"10", 10}, {"86400", 86400}, {"120", 120}, {"60", 60}, {"0000075", 75}};
   for (const SpeedRow& row : rows) {
     const double before = virtual_clock::Seconds();
     AskSpeed(row.text);
@@ -206,7 +215,8 @@ TEST_F(DeviceDialogs, SpeedsInRangeAreTaken) {
 TEST_F(DeviceDialogs, SpeedsOutOfRangeAreRefused) {
   user.GetSettings().SetDemoSpeed(180);
   NewLog();
-  for (const char* text : {"9", "86401", "", "0", "-60", "x", "4294967356", "99999999999999999999"}) {
+  for (const char* text : {"9", "86401", "", "0", "-60", "x", "x60", "水槽🐠", "６０", "٦٠", "4294967356",
+                           "99999999999999999999", "-99999999999999999999"}) {
     user.WillAnswer(app::Answer::Ok);
     AskSpeed(text);
     const std::vector<app::Question> asked = user.Questions();
@@ -242,10 +252,12 @@ TEST_F(DeviceDialogs, TenMegabytesAreNoSpeed) {
 TEST_F(DeviceDialogs, AboutIsOneKeyAway) {
   user.WillFill({Press(dialogs::about_control::kWebLink), PressEscape()});
   user.Choose(command::kAbout);
-  user.WillFill({Press(kOk)});
-  Desk().queue.Push({headless::Event::Kind::AltCharacter, '?', false, nullptr});
-  user.Settle();
-  EXPECT_THAT(user.Dialogs(), SizeIs(2));
+  for (const int character : {'/', '?'}) {
+    user.WillFill({Press(kOk)});
+    Desk().queue.Push({headless::Event::Kind::AltCharacter, character, false, nullptr});
+    user.Settle();
+  }
+  EXPECT_THAT(user.Dialogs(), SizeIs(3));
   EXPECT_THAT(Desk().dialogs.links, SizeIs(1));
 }
 

@@ -79,4 +79,11 @@ TEST_F(GetValue, NumbersOnlyStillTakesWhatIsPasted) {
   EXPECT_EQ(params.value, u"1a2");
 }
 
+TEST_F(GetValue, NumbersOnlyLimitsWhatIsPastedToo) {
+  params.numbersOnly = true;
+  params.maxLength = 4;
+  Ask({Paste(id::kValue, "12水456"), Press(kOk)});
+  EXPECT_EQ(params.value, u"12水4");
+}
+
 }  // namespace

@@ -500,6 +500,14 @@ TEST_F(TC421Config, TextsAreReadThroughRoomFor128) {
   EXPECT_EQ(config.password, std::string(127, 'p'));
 }
 
+TEST_F(TC421Config, TenMegabytesOfATextAreReadThroughTheSameRoom) {
+  const std::string tenMegabytes(10'000'000, 'w');
+  Ask({Paste(config_id::kNetwork, tenMegabytes), Paste(config_id::kPassword, tenMegabytes), SetUpDevice(),
+       PressEscape()});
+  EXPECT_EQ(config.ssid, std::string(127, 'w'));
+  EXPECT_EQ(config.password, std::string(127, 'w'));
+}
+
 TEST_F(TC421Config, NetworksOfAnyScriptAreHandedOverAsTheyAreCalled) {
   for (const std::string name : {"Žluťoučký kůň", "水槽 🐠", "Φως & <b>", "{1}"}) {
     GivenNetworks({{name, kOpenAuth, kCcmp}});
