@@ -9,6 +9,7 @@
 #include "app/numbers.h"
 #include "common/files.h"
 #include "tests/support/chart_scripts.h"
+#include "tests/support/command_scripts.h"
 #include "tests/support/language_scripts.h"
 
 namespace scripts {
@@ -223,6 +224,10 @@ constexpr Script kScripts[] = {
     {"SecondStartBringsTheFileBack", SecondStartBringsTheFileBack},
     {"DrawADay", DrawADay},
     {"DeleteSteps", DeleteSteps},
+    {"EditByMenu", EditByMenu},
+    {"MoveTheViewByKeys", MoveTheViewByKeys},
+    {"FilesByMenu", FilesByMenu},
+    {"DevicesByMenu", DevicesByMenu},
     {"SpeakGerman", SpeakGerman},
     {"TryATranslation", TryATranslation},
 };
