@@ -40,7 +40,7 @@ void UseEverything(TranslationStore& store) {
 
 /// Exports the language in use, loads that as the test language and makes it the one in use.
 std::string ExportAndLoad(TranslationStore& store) {
-  const std::string bytes = Exported(store);
+  std::string bytes = Exported(store);
   Require(store.LoadTranslation(bytes, "test", "Test Translation"));
   store.SetLanguage("test");
   return bytes;

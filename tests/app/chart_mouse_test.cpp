@@ -213,7 +213,7 @@ TEST_F(ChartMouse, TheWarningComesAtExactly21StepsEachTime) {
   GivenMergedSteps(19);
   const auto logOfPress = [this](int x) {
     Press(x, 107);
-    const std::string log = NewLog();
+    std::string log = NewLog();
     Release();
     NewLog();
     return log;

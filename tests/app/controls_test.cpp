@@ -16,7 +16,6 @@ namespace {
 using app::Control;
 using headless::Focus;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::StartsWith;
 namespace scroll = app::scroll;
 

@@ -243,7 +243,9 @@ TEST_F(DeviceDialogs, ASpeedOf60IsTheFastOneAndOf120OnesOwn) {
 
 TEST_F(DeviceDialogs, TenMegabytesAreNoSpeed) {
   user.WillAnswer(app::Answer::Ok);
-  AskSpeed(std::string(10'000'000, '7'));
+  std::string digits;
+  digits.resize(10'000'000, '7');
+  AskSpeed(digits);
   EXPECT_EQ(user.GetSettings().DemoSpeed(), 60);
 }
 
@@ -252,9 +254,9 @@ TEST_F(DeviceDialogs, TenMegabytesAreNoSpeed) {
 TEST_F(DeviceDialogs, AboutIsOneKeyAway) {
   user.WillFill({Press(dialogs::about_control::kWebLink), PressEscape()});
   user.Choose(command::kAbout);
-  for (const int character : {'/', '?'}) {
+  for (const char32_t character : {U'/', U'?'}) {
     user.WillFill({Press(kOk)});
-    Desk().queue.Push({headless::Event::Kind::AltCharacter, character, false, nullptr});
+    Desk().queue.Push({headless::Event::Kind::AltCharacter, static_cast<int>(character), false, nullptr});
     user.Settle();
   }
   EXPECT_THAT(user.Dialogs(), SizeIs(3));

@@ -26,7 +26,6 @@ using program_test::GivenModeOfMergedSteps;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 namespace command = app::command;
 

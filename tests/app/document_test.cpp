@@ -17,7 +17,6 @@ using app::Answer;
 using app::Control;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::SizeIs;
 namespace command = app::command;
 

@@ -14,7 +14,6 @@ namespace {
 
 using app::Control;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::SizeIs;
 namespace command = app::command;
 

@@ -78,7 +78,7 @@ class Language : public AppTest {
     user.WillFill({Type(dialogs::get_value_control::kValue, name), Press(dialogs::kOk)});
   }
   std::filesystem::path Export() {
-    const std::filesystem::path file = folder / "exported.xml";
+    std::filesystem::path file = folder / "exported.xml";
     user.WillPick({file});
     user.Choose(app::command::kExportTranslation);
     return file;

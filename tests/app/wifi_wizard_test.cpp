@@ -22,7 +22,6 @@ using sim_network::Datagram;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 using namespace in_dialog;
 namespace command = app::command;
@@ -76,7 +75,7 @@ class WifiWizard : public AppTest {
     return Await(
         [count](const SeenDialog& seen) { return seen.controls.at(search_id::kFound).rows.size() == count; });
   }
-  DialogStep WaitForLog(std::string text) {
+  DialogStep WaitForLog(const std::string& text) {
     return Await([this, text](const SeenDialog&) { return user.Log().find(text) != std::string::npos; });
   }
   static DialogScript Init() { return {PressEnter()}; }

@@ -9,7 +9,6 @@ namespace {
 
 using nlohmann::json;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 class FramesTest : public CommandTest {
  protected:
@@ -61,6 +60,7 @@ TEST_F(FramesTest, OfATC421AreThoseThatItReceives) {
   GivenProgram("tank.xml", document);
   const auto hexOf = [](const std::vector<sim::Received>& frames) {
     std::vector<std::string> lines;
+    lines.reserve(frames.size());
     for (const auto& frame : frames) lines.push_back(Hex(frame.frame));
     return lines;
   };

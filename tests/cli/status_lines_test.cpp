@@ -16,7 +16,7 @@ constexpr bool kPiped = false;
 class StatusLinesTest : public testing::Test {
  protected:
   std::string Take() {
-    const std::string text = stream_.str();
+    std::string text = stream_.str();
     stream_.str("");
     return text;
   }

@@ -14,7 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 std::string StatusLines() {
   std::string lines;

@@ -17,7 +17,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
 
 class PosixFiles : public testing::Test {
  protected:

@@ -17,7 +17,6 @@ namespace {
 using sim_network::Weather;
 using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
-using TCBase::Program::ModeStep;
 
 constexpr int kModes = 10;
 constexpr std::uint32_t kSeeds = 200;

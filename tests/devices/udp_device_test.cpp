@@ -16,7 +16,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
-using testing::StartsWith;
 
 class UdpDeviceTest : public NetworkTest {
  protected:

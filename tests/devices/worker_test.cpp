@@ -23,8 +23,6 @@ using TCBase::Discovery;
 using TCBase::Worker;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 constexpr std::uint32_t kDevicesChanged = 1026;
 constexpr std::uint32_t kDemoState = 1027;

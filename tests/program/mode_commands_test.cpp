@@ -13,7 +13,6 @@ namespace program_test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// Two modes, the second one current.
 ModeListView GivenCurrentMode(Mode mode) {

@@ -12,7 +12,6 @@ namespace program_test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 std::string Parsed(std::string_view text) {
   std::vector<Step> steps(2);  // what was in there goes

@@ -14,8 +14,6 @@
 namespace {
 
 using nlohmann::json;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 const TCBase::Ipv4Address kComputer = TCBase::MakeIpv4Address({192, 168, 4, 2}, 5000);
 const std::string kAnswer = "An answer of some bytes.";
