@@ -169,7 +169,7 @@ TEST(ManySteps, CostNoMoreThanThereIsToSee) {
   EXPECT_EQ(chart.canvas.fault, "");
   constexpr std::int64_t kColumns = 884;
   constexpr std::int64_t kGrid = 10 * 2 + 24 * 2 + 4;
-  EXPECT_LE(chart.canvas.points, std::int64_t{5} * (2 * 4 * kColumns + kGrid));
+  EXPECT_LE(chart.canvas.points, 5 * (8 * kColumns + kGrid));
   EXPECT_LE(chart.canvas.operations, std::int64_t{5} * (2 * 2 * kMinutesPerDay + 20))
       << "two markers for each minute at most";
 }
