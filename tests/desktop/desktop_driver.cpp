@@ -61,7 +61,10 @@ void DesktopUser::Start() {
 }
 
 bool DesktopUser::IsRunning() {
-  return program_ && !program_->HasEnded();
+  if (!program_ || program_->HasEnded()) return false;
+  if (IsWindow(program_->mainWindow())) return true;
+  program_->ExpectEnd();  // which may take a moment without its window
+  return !program_->HasEnded();
 }
 
 void DesktopUser::Close() {

@@ -70,7 +70,7 @@ ProgramUnderTest::ProgramUnderTest() {
   PROCESS_INFORMATION started{};
   if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how,
                       &started)) {
-    ADD_FAILURE() << "Lumarine.exe does not start";
+    ADD_FAILURE() << "Lumarine.exe does not start: error " << GetLastError();
     return;
   }
   process_.reset(started.hProcess);

@@ -21,7 +21,7 @@ lab_simulator_program=$(realpath "$2")
 pictures=()
 [ $# = 2 ] || pictures=("Z:$(realpath "$3")")
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+trap 'wineserver -k; rm -rf "$work"' EXIT
 cd "$work" || exit 1
 
 failed=0
@@ -31,7 +31,7 @@ not_ok() { echo "not ok $1"; failed=1; }
 
 # suite TESTS: of desktop_wizard's; each is a check. A run that hangs must not take all with it.
 suite() {
-  lab_run computer timeout 150 "${command[@]}" --gtest_filter="$1" --gtest_color=no $name "${pictures[@]}" \
+  lab_run computer timeout 400 "${command[@]}" --gtest_filter="$1" --gtest_color=no $name "${pictures[@]}" \
     >suite.log 2>&1 </dev/null
   local status=$?
   sed -n 's/^\[       OK \] \(.*\) (.*/ok \1/p; s/^\[  FAILED  \] \(.*\) (.*/not ok \1/p' suite.log | tr -d '\r'
@@ -52,6 +52,8 @@ remembers() {
 
 computer=10.42.0.1
 lab_computer computer $computer
+# It stays between the suites: one that goes because nobody needs it for three seconds lets no new program start.
+lab_run computer wineserver -p
 lab_computer controller 10.42.0.2
 lab_computer second 10.42.0.3
 lab_computer stranger 10.42.0.66
