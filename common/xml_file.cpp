@@ -1,9 +1,12 @@
 #include "common/xml_file.h"
 
 #include <string>
+#include <system_error>
 
 #include "OvkLib/src/ovk_xml_reader.h"
 #include "common/files.h"
+#include "common/log.h"
+#include "common/message.h"
 
 namespace ovk::xml {
 
@@ -18,6 +21,11 @@ bool load(const std::filesystem::path& path, element& root) {
 bool save(const std::filesystem::path& path, const element& root) {
   string text;
   serialize(text, root, 0);
+  if (text.view().size() > kMostXmlBytes) {
+    const std::string reason = std::make_error_code(std::errc::file_too_large).message();
+    LogStatus(Message("Error creating file {1}, error: {2}", path, reason));
+    return false;
+  }
   return WriteFileBytes(path, text.view());
 }
 

@@ -6,18 +6,20 @@
 #include <filesystem>
 
 #include "OvkLib/src/ovk_xml.h"
+#include "common/files.h"
 
 namespace ovk::xml {
 
-/// Longest file that `load` takes. In memory the smallest elements have forty times the room that they have
-/// in the file; a program of five hundred modes with as many steps as controllers take has a third of this.
-inline constexpr std::size_t kMostXmlBytes = std::size_t{16} * 1024 * 1024;
+/// Longest file that `load` takes and `save` writes: room for five thousand modes with as many steps as
+/// controllers take. In memory the smallest elements have forty times the room that they have in the file.
+inline constexpr std::size_t kMostXmlBytes = kMostFileBytes;
 
 /// Reads a file into `root`, without the blanks around texts that the indentation makes. False, with `root`
 /// as it was, if the file cannot be read, is longer than kMostXmlBytes or is no XML; logs nothing.
 bool load(const std::filesystem::path& path, element& root);
 
-/// Writes a file that `load` reads, all or nothing. False and a line on statusLog if that fails.
+/// Writes a file that `load` reads, all or nothing. False and a line on statusLog if that fails, also if it
+/// would be longer than kMostXmlBytes: better unsaved and known than saved and never to be opened again.
 bool save(const std::filesystem::path& path, const element& root);
 
 }  // namespace ovk::xml

@@ -80,6 +80,17 @@ TEST_F(XmlFile, AFileOfImmoderateLengthIsNotLoaded) {
   EXPECT_EQ(tree.name.view(), "a");
 }
 
+TEST_F(XmlFile, WhatCouldNotBeLoadedAgainIsNotSaved) {
+  ASSERT_TRUE(ovk::xml::save(folder_ / "a.xml", element("kept")));
+  element tree("a");
+  const std::string name(ovk::xml::kMostXmlBytes, 'b');
+  tree.append_child(name);
+  EXPECT_FALSE(ovk::xml::save(folder_ / "a.xml", tree));
+  element loaded("");
+  ASSERT_TRUE(ovk::xml::load(folder_ / "a.xml", loaded));
+  EXPECT_EQ(loaded.name.view(), "kept");
+}
+
 TEST_F(XmlFile, AFailedSaveIsLogged) {
   EXPECT_FALSE(ovk::xml::save(folder_ / "absent" / "a.xml", SomeTree()));
   std::string lines;
