@@ -33,15 +33,18 @@ class Gate {
  public:
   // The worker is past it before it goes.
   ~Gate() {
+    const virtual_clock::Waiting waiting;
     open_ = true;
     while (reached_ && !passed_) std::this_thread::yield();
   }
   void WaitAtGate() {
+    const virtual_clock::Waiting waiting;
     reached_ = true;
     while (!open_) std::this_thread::yield();
     passed_ = true;
   }
   void WaitUntilReached() const {
+    const virtual_clock::Waiting waiting;
     while (!reached_) std::this_thread::yield();
   }
   void Open() { open_ = true; }

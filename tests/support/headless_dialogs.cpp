@@ -10,6 +10,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "dialogs/dialog_template.h"
+#include "tests/support/virtual_clock.h"
 
 namespace headless {
 
@@ -294,7 +295,10 @@ void Window::Await(const std::function<bool(const SeenDialog&)>& isSo) {
   const auto end = std::chrono::steady_clock::now() + kPatience;
   while (!isSo(Look())) {
     if (std::chrono::steady_clock::now() > end) Mistake(Title() + ": what is waited for does not come");
-    std::this_thread::yield();
+    {
+      const virtual_clock::Waiting forOthers;
+      std::this_thread::yield();
+    }
     if (port_.meanwhile) port_.meanwhile();
     DeliverPosted();
   }

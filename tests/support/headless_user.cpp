@@ -59,13 +59,17 @@ void HeadlessUser::Start() {
 }
 
 void HeadlessUser::End() {
+  const virtual_clock::Waiting forWorker;
   desktop_.reset();
   settings_->Save();
 }
 
 void HeadlessUser::Turn() {
   if (desktop_->application->Turn()) return;
-  desktop_->application->ShutDown();
+  {
+    const virtual_clock::Waiting forWorker;
+    desktop_->application->ShutDown();
+  }
   const bool allAsked = desktop_->questions.answers.empty() && desktop_->questions.picks.empty() &&
                         desktop_->dialogs.scripts.empty();
   lastJournal = desktop_->journal;

@@ -49,6 +49,7 @@ class HeldScan {
   }
 
   void StandStill() {
+    const virtual_clock::Waiting forTest;
     std::unique_lock lock(mutex_);
     isHeld_ = true;
     changed_.wait(lock, [this] { return mayGo_; });

@@ -398,6 +398,7 @@ std::optional<std::string> HostNameOf(const Ipv4Address& address) {
   Sim().lookups.push_back(address.address);
   HeldLookups& held = NameServices();
   ++held.waiting;
+  const virtual_clock::Waiting forTest;
   held.changed.wait(lock, [&held] { return !held.areHeld; });
   --held.waiting;
   held.changed.notify_all();

@@ -2,7 +2,13 @@
 
 // The clock that the unit tests link: time passes when somebody sleeps, and only then. A 60-second demo takes
 // milliseconds, and every moment in it is exact.
+//
+// Of several threads nobody is overtaken: time passes when all who have slept since Reset() sleep again, up
+// to the earliest of their goals. So a thread that listens for a second loses none of it to a busy machine.
+// One that stays awake while nothing happens for 20 ms of real time is taken to wait for another, and counts
+// as asleep; whoever is known to wait says so by Waiting.
 
+#include <cstdint>
 #include <functional>
 
 #include "common/platform.h"
@@ -31,6 +37,19 @@ class Alone {
   ~Alone();
   Alone(const Alone&) = delete;
   Alone& operator=(const Alone&) = delete;
+};
+
+/// While one lives, its thread waits for another and holds up no time.
+class Waiting {
+ public:
+  Waiting();
+  ~Waiting();
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+
+ private:
+  bool counts_ = false;
+  std::uint64_t run_ = 0;
 };
 
 /// What platform::LocalTime() answers at Reset() and onward; it moves with the clock, within one day.
