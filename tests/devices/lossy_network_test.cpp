@@ -15,7 +15,6 @@
 namespace {
 
 using sim_network::Weather;
-using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
 
 constexpr int kModes = 10;

@@ -32,7 +32,7 @@ class UdpDeviceTest : public NetworkTest {
     return device.SendPacket(TC421::Packet_SetWiFi_Open(SelectedTank(), "Reef"), expected);
   }
 
-  static void AnswerWith(std::vector<Datagram> answer) {
+  static void AnswerWith(const std::vector<Datagram>& answer) {
     sim_network::SetAnswer([answer](const Datagram&) { return answer; });
   }
 };

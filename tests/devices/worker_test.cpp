@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <cmath>
 #include <future>
 #include <optional>
 
@@ -32,7 +33,7 @@ constexpr int kLongDemo = 20'000;
 class Window : public EventTarget {
  public:
   void Post(std::uint32_t event, std::uintptr_t first, std::intptr_t second) override {
-    const int tenths = static_cast<int>(virtual_clock::Seconds() * 10 + 0.5);
+    const auto tenths = std::lround(virtual_clock::Seconds() * 10);
     const std::lock_guard lock(mutex_);
     messages_.push_back(std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + ": " +
                         std::to_string(event) + " " + std::to_string(first) + " " + std::to_string(second));
@@ -375,7 +376,9 @@ TEST_F(WorkerTest, ManyThreadsMayAskAtOnce) {
   Start();
   Go();
   std::vector<std::thread> threads;
-  for (int i = 0; i < 3; ++i) {
+  constexpr int kThreads = 3;
+  threads.reserve(kThreads);
+  for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([&, i] {
       for (int round = 0; round < 20; ++round) {
         AddJob([&ran] { ++ran; });
