@@ -76,7 +76,7 @@ std::filesystem::path AppTest::GivenFile(const std::string& name, std::string_vi
 }
 
 bool AppTest::WaitUntil(const std::function<bool()>& isSo) {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(3);
   while (!isSo()) {
     if (std::chrono::steady_clock::now() > end) return false;
     user.Turn();

@@ -39,7 +39,7 @@ class AppTest : public testing::Test {
   /// A file of the test's folder with these bytes; the name in UTF-8.
   std::filesystem::path GivenFile(const std::string& name, std::string_view bytes) const;
 
-  /// Turns the main loop until something is so; false if it is not within a minute.
+  /// Turns the main loop until something is so; false if it is not within three minutes.
   bool WaitUntil(const std::function<bool()>& isSo);
 
   // Seeing

@@ -1,5 +1,5 @@
-// Every field of every dialog, as the templates in Lumarine.exe have it, with a clipboard that holds far too
-// much.
+// Every field of one line of every dialog, as the templates in Lumarine.exe have it, with a clipboard that
+// holds far too much.
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,8 @@ class DialogFields : public desktop::ProgramResources {
     ProgramResources::SetUp();
   }
 
-  /// Calls `look` with each field that the user can write into: its dialog and its own window.
+  /// Calls `look` with each field of one line that the user can write into: its dialog and its own window.
+  /// Those of several lines are for the real window: breaking so much text into lines takes its time.
   template <class Look>
   void InEachField(const Look& look) {
     int fields = 0;
@@ -49,7 +50,7 @@ class DialogFields : public desktop::ProgramResources {
         win32::OpenDialog dialog(window, nullptr);
         for (const ControlTemplate& control : form.controls) {
           const bool isField = control.kind == ControlKind::Edit || control.kind == ControlKind::ComboBox;
-          if (!isField || (control.traits & trait::kReadOnly) != 0) continue;
+          if (!isField || (control.traits & (trait::kReadOnly | trait::kMultiLine)) != 0) continue;
           SCOPED_TRACE("dialog " + std::to_string(form.number) + ", " + std::to_string(control.id));
           look(dialog, control, FieldOf(GetDlgItem(window, control.id)));
           ++fields;
@@ -57,7 +58,7 @@ class DialogFields : public desktop::ProgramResources {
       }
       DestroyWindow(window);
     }
-    EXPECT_EQ(fields, 6) << "two of names, a value, two of the network, the steps";
+    EXPECT_EQ(fields, 4) << "a name, a value, two of the network";
   }
 
  private:
