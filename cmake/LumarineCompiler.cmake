@@ -25,8 +25,12 @@ endif()
 
 find_program(CCACHE ccache)
 if(CCACHE)
+  # The second so that it keeps what was compiled with precompiled headers, too.
   set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+  add_compile_options("$<$<COMPILE_LANG_AND_ID:CXX,Clang>:SHELL:-Xclang -fno-pch-timestamp>"
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fpch-preprocess>)
 endif()
 
 # Every public header must compile on its own: the target all_verify_interface_header_sets does it.

@@ -1,0 +1,1 @@
+// Nothing of its own: what every test includes is compiled with it, and once.
