@@ -42,7 +42,7 @@ exits() {
   shift 2
   ctl "$@" >out.txt 2>err.txt
   status=$?
-  # Once in thousands of times Wine ends with 1 without a word before it has come to the program, which never does.
+  # Once in some thousand times a start under Wine ended so, why is not known. lumarinectl never ends without a word.
   if ! $native && [ $status = 1 ] && [ ! -s out.txt ] && [ ! -s err.txt ]; then
     echo "# $name: Wine did not start it, once more"
     ctl "$@" >out.txt 2>err.txt
