@@ -5,6 +5,7 @@
 #include <charconv>
 #include <limits>
 #include <optional>
+#include <system_error>
 
 #include "OvkLib/src/ovk_exception.h"
 
@@ -70,10 +71,13 @@ basic_string<Char> padded(std::int32_t number, std::int32_t width) {
 template <class Char>
 void basic_format<Char>::arg(const Char* text, std::int32_t length) {
   const placeholder<Char> pattern(next_);
-  std::int32_t found = text_.find(pattern.text(), 0);
+  basic_string<Char> blanks;
+  blanks.resize(length, Char(' '));
+  std::int32_t found = open_.find(pattern.text(), 0);
   while (found != basic_string<Char>::not_found) {
     text_.replace(found, pattern.length(), text, length);
-    found = text_.find(pattern.text(), found + length);
+    open_.replace(found, pattern.length(), blanks.c_str(), length);
+    found = open_.find(pattern.text(), found + length);
   }
   ++next_;
 }
@@ -91,72 +95,51 @@ void wformat::arg(std::int32_t number) {
 
 namespace {
 
-constexpr std::size_t kShortLength = 3;  // of "{1}"
+/// A placeholder within a template: the argument that it takes, counted from 0, and the place behind it.
+struct found_placeholder {
+  std::size_t argument;
+  std::size_t end;
+};
 
-/// The argument that the placeholder at `brace` takes, counted from 0; kNoArgument for a number that is not
-/// in the list, kNoPlaceholder for a brace that begins no placeholder of one digit.
-constexpr std::size_t kNoArgument = 10;
-constexpr std::size_t kNoPlaceholder = 11;
-std::size_t argument_at(std::string_view text, std::size_t brace, std::size_t count) {
-  if (text.size() - brace < kShortLength || text[brace + 2] != '}') return kNoPlaceholder;
-  const char digit = text[brace + 1];
-  if (digit < '0' || digit > '9') return kNoPlaceholder;
-  const auto index = static_cast<std::size_t>(digit - '1');  // {0} becomes very large
-  return index < count ? index : kNoArgument;
+/// The placeholder that begins at `brace`, if one does that one of `count` arguments fills.
+std::optional<found_placeholder> placeholder_at(std::string_view text, std::size_t brace, std::size_t count) {
+  const char* const digits = text.data() + brace + 1;
+  const char* const last = text.data() + text.size();
+  // Arguments count from 1, and a placeholder is written without zeros in front.
+  if (digits == last || *digits == '0') return std::nullopt;
+  std::size_t number = 0;
+  const auto [end, fault] = std::from_chars(digits, last, number);
+  if (fault != std::errc() || end == last || *end != '}' || number > count) return std::nullopt;
+  return found_placeholder{number - 1, static_cast<std::size_t>(end - text.data()) + 1};
 }
 
-/// The length of the filled text if all placeholders can be filled at once, else nothing. They can if no
-/// brace that an argument brings, and none that stands in the text for itself, could become part of a
-/// placeholder once its surroundings are filled.
-std::optional<std::size_t> length_in_one_pass(std::string_view text,
-                                              std::span<const std::string_view> arguments) {
-  constexpr std::size_t kMostArguments = 9;
-  if (arguments.size() > kMostArguments) return std::nullopt;
-  for (const std::string_view argument : arguments) {
-    if (argument.find('{') != std::string_view::npos) return std::nullopt;
-  }
-  std::size_t length = text.size();
-  for (std::size_t brace = text.find('{'); brace != std::string_view::npos;
-       brace = text.find('{', brace + kShortLength)) {
-    const std::size_t index = argument_at(text, brace, arguments.size());
-    if (index == kNoPlaceholder) return std::nullopt;
-    if (index != kNoArgument) length += arguments[index].size() - kShortLength;
-  }
-  return length;
-}
-
-char* put(char* to, std::string_view text) {
-  return to + text.copy(to, text.size());
-}
-
-void fill_in_one_pass(char* to, std::string_view text, std::span<const std::string_view> arguments) {
+/// Calls `take` with each piece of the filled text, in order. The template alone is searched, so that nothing
+/// an argument brings is ever taken for a placeholder.
+template <class Take>
+void for_each_piece(std::string_view text, std::span<const std::string_view> arguments, Take take) {
   std::size_t done = 0;
-  for (std::size_t brace = text.find('{'); brace != std::string_view::npos;
-       brace = text.find('{', brace + kShortLength)) {
-    const std::size_t index = argument_at(text, brace, arguments.size());
-    if (index == kNoArgument) continue;
-    to = put(to, text.substr(done, brace - done));
-    to = put(to, arguments[index]);
-    done = brace + kShortLength;
+  std::size_t brace = text.find('{');
+  while (brace != std::string_view::npos) {
+    std::size_t next = brace + 1;
+    if (const auto found = placeholder_at(text, brace, arguments.size())) {
+      take(text.substr(done, brace - done));
+      take(arguments[found->argument]);
+      done = next = found->end;
+    }
+    brace = text.find('{', next);
   }
-  put(to, text.substr(done));
+  take(text.substr(done));
 }
 
 }  // namespace
 
 void fill(std::string& out, std::string_view text, std::span<const std::string_view> arguments) {
-  if (const auto length = length_in_one_pass(text, arguments)) {
-    if (*length > static_cast<std::size_t>(string::max_length)) throw_out_of_memory();
-    out.resize(*length);
-    fill_in_one_pass(out.data(), text, arguments);
-    return;
-  }
-  format format(text);
-  for (const std::string_view argument : arguments) {
-    if (argument.size() > static_cast<std::size_t>(string::max_length)) throw_out_of_memory();
-    format.arg(argument.data(), static_cast<std::int32_t>(argument.size()));
-  }
-  out = format.text().view();
+  std::size_t length = 0;
+  for_each_piece(text, arguments, [&](std::string_view piece) { length += piece.size(); });
+  if (length > static_cast<std::size_t>(string::max_length)) throw_out_of_memory();
+  out.resize(length);
+  char* to = out.data();
+  for_each_piece(text, arguments, [&](std::string_view piece) { to += piece.copy(to, piece.size()); });
 }
 
 template class basic_format<char>;

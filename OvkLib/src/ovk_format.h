@@ -20,11 +20,11 @@ class basic_format {
  public:
   using view_type = std::basic_string_view<Char>;
 
-  explicit basic_format(view_type text) : text_(text) {}
+  explicit basic_format(view_type text) : text_(text), open_(text) {}
 
-  /// Replaces all occurrences of the current placeholder and moves on to the next one. What this call inserts
-  /// is not searched again by it, so an argument may hold its own placeholder. The text must not be this
-  /// format's.
+  /// Replaces all occurrences of the current placeholder in the template and moves on to the next one. What
+  /// was put in is not searched again, by this call or a later one: an argument may hold any placeholder. The
+  /// text must not be this format's.
   void arg(const Char* text, std::int32_t length);
 
   const basic_string<Char>& text() const { return text_; }
@@ -32,7 +32,8 @@ class basic_format {
 
  private:
   basic_string<Char> text_;
-  std::int32_t next_ = 1;  // number of the placeholder that the next argument fills
+  basic_string<Char> open_;  // the text with blanks in the place of what was put in
+  std::int32_t next_ = 1;    // number of the placeholder that the next argument fills
 };
 
 class format : public basic_format<char> {
@@ -54,8 +55,8 @@ class wformat : public basic_format<char16_t> {
   void arg(std::int32_t number);
 };
 
-/// Puts into `out` the text that a format of `text` has when it was given the arguments in order; in one pass
-/// where that cannot make a difference. Neither `text` nor an argument may be a part of `out`.
+/// Puts into `out` the text that a format of `text` has when it was given the arguments in order. Neither
+/// `text` nor an argument may be a part of `out`.
 void fill(std::string& out, std::string_view text, std::span<const std::string_view> arguments);
 
 extern template class basic_format<char>;

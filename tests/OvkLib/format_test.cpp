@@ -38,11 +38,16 @@ TEST(Format, AnArgumentThatContainsItsOwnPlaceholderKeepsIt) {
   EXPECT_EQ(Filled("{1}{1}", {"<{1}>"}), "<{1}><{1}>");
 }
 
-// Every argument searches from the front of the text, what earlier ones brought included. It looks odd where
-// a mode is called "{2}", but translations and their tests rest on one rule: what one call inserts that call
-// does not scan, and nothing more.
-TEST(Format, AnArgumentThatContainsTheNextPlaceholderIsFilledByTheNextArgument) {
-  EXPECT_EQ(Filled("{1} {2}", {"{2}", "b"}), "b b");
+// A mode may be called "{2}", and so may a folder.
+TEST(Format, AnArgumentThatContainsALaterPlaceholderKeepsIt) {
+  EXPECT_EQ(Filled("{1} {2}", {"{2}", "b"}), "{2} b");
+  EXPECT_EQ(Filled("{2} {1} {3}", {"{3}{2}", "<{3}>", "c"}), "<{3}> {3}{2} c");
+}
+
+TEST(Format, FillingPutsNoPlaceholderTogether) {
+  EXPECT_EQ(Filled("{{1}}", {"2", "b"}), "{2}");
+  EXPECT_EQ(Filled("{1}2}", {"{", "b"}), "{2}");
+  EXPECT_EQ(Filled("{1}{2}", {"{", "2}"}), "{2}");
 }
 
 TEST(Format, AnArgumentThatContainsAnEarlierPlaceholderKeepsIt) {
@@ -132,10 +137,16 @@ TEST(Fill, TakesViewsOfNothing) {
   EXPECT_EQ(out, "");
 }
 
-TEST(Fill, KeepsPlaceholdersThatFillingPutsTogether) {
-  EXPECT_EQ(AtOnce("{{1}}", {"2", "b"}), "b");
-  EXPECT_EQ(AtOnce("{1}2}", {"{", "b"}), "b");
-  EXPECT_EQ(AtOnce("{1} {2}", {"{2}", "b"}), "b b");
+TEST(Fill, LooksIntoNoArgument) {
+  EXPECT_EQ(AtOnce("{{1}}", {"2", "b"}), "{2}");
+  EXPECT_EQ(AtOnce("{1}2}", {"{", "b"}), "{2}");
+  EXPECT_EQ(AtOnce("{1} {2}", {"{2}", "b"}), "{2} b");
+}
+
+TEST(Fill, KnowsPlaceholdersByTheirWholeNumber) {
+  EXPECT_EQ(AtOnce("{01} {+1} {-1} { 1} {1 } {1", {"a"}), "{01} {+1} {-1} { 1} {1 } {1");
+  EXPECT_EQ(AtOnce("{4294967297} {18446744073709551617}", {"a"}), "{4294967297} {18446744073709551617}");
+  EXPECT_EQ(AtOnce("{11}{10}{1}", {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"}), "kja");
 }
 
 // The one pass beside the plain definition, on templates and arguments made of little else than placeholders.

@@ -70,6 +70,13 @@ TEST(Message, KeepsAPlaceholderWithoutArgument) {
   EXPECT_EQ(Message("{1} and {2}", std::filesystem::path("a")).utf8(), "a and {2}");
 }
 
+// A mode may be called "{2}", and a folder "d{2}".
+TEST(Message, LooksIntoNoArgument) {
+  EXPECT_EQ(Message("Error creating file {1}, error: {2}", PathFromUtf8("d{2}"), "gone").utf8(),
+            "Error creating file d{2}, error: gone");
+  EXPECT_EQ(Message("{1} {2} {3}", "{3}", 5, "{1}").utf8(), "{3} 5 {1}");
+}
+
 TEST(Message, CutsNothingFromTextsWithATerminatorInside) {
   EXPECT_EQ(Message("<{1}>", std::string("a\0b", 3)).utf8(), std::string("<a\0b>", 5));
 }
