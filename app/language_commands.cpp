@@ -1,5 +1,6 @@
 // Commands of the Language menu, and the translators' tools of the Help menu.
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -39,6 +40,30 @@ std::string AskText(dialogs::DialogsPort& port, std::int32_t maxLength, std::u16
   return Utf8FromWide(params.value);
 }
 
+/// Tags are named by the id, and English is built in. The reader takes more for a tag than others do, and
+/// these documents are for other readers too.
+bool CanBeLanguageId(std::string_view id) {
+  const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  return id != TranslationStore::kEnglish && isLetter(id.front()) &&
+         std::ranges::all_of(id, [&](char c) { return isLetter(c) || isDigit(c); });
+}
+
+/// The file of the second document: "name-more.xml" beside "name.xml".
+std::filesystem::path SecondFileBeside(const std::filesystem::path& first) {
+  std::filesystem::path name = first.stem();
+  name += "-more";
+  name += first.extension();
+  return first.parent_path() / name;
+}
+
+/// A failed write is told by its own line only.
+void SaveMerged(const std::filesystem::path& path, ovk::xml::element& merged) {
+  RemoveLanguage(merged, kTestId);
+  EscapeLineBreaks(merged);
+  if (ovk::xml::save(path, merged)) LogStatus(Message("Translation merge success: {1}.", path));
+}
+
 }  // namespace
 
 void Commands::OnLanguageCommand(int number) {
@@ -71,19 +96,28 @@ void Commands::OnTestTranslation(int) {
   ApplyLanguage(state_, shell_, kTestId);
 }
 
-// No menu item: for those who build the program. A failed write is told by its own line only.
+// No menu item: for those who build the program.
 void Commands::OnMergeTranslation(int) {
   const std::string id =
       AskText(shell_.dialogs, kIdLength, u"Language ID", u"Enter language ID (en, fr, sk, etc...)");
   if (id.empty()) return;
+  if (!CanBeLanguageId(id)) {
+    shell_.questions.Ask(
+        {Message("Invalid value").ToWide(),
+         Message("\"{1}\" cannot be the ID of a language. An ID begins with a letter, has only "
+                 "letters and digits, and is not \"en\": English is built in.",
+                 id)
+             .ToWide(),
+         Buttons::Ok, Icon::Error});
+    return;
+  }
   const std::string name = AskText(shell_.dialogs, kNameLength, u"Language name", u"Enter language name");
   if (name.empty() || !LoadTranslationWithDialog(id, name)) return;
   std::filesystem::path path = "LumarineStrings_merged.xml";
   if (!shell_.questions.AskSaveFile(kXmlFilter, path)) return;
-  ovk::xml::element merged = shell_.translations.CopyTree();
-  RemoveLanguage(merged, kTestId);
-  EscapeLineBreaks(merged);
-  if (ovk::xml::save(path, merged)) LogStatus(Message("Translation merge success: {1}.", path));
+  TranslationStore::Documents merged = shell_.translations.CopyDocuments();
+  SaveMerged(path, merged.document);
+  if (merged.more.child("strings").children.count() > 0) SaveMerged(SecondFileBeside(path), merged.more);
 }
 
 bool Commands::LoadTranslationWithDialog(std::string_view id, std::string_view name) {

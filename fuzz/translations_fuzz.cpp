@@ -1,5 +1,5 @@
-// Bytes as a translations document and as an exchange file: whatever they are, the store works on them, and
-// an exchange file that is exported, loaded and exported again settles.
+// Bytes as a translations document, as the second one and as an exchange file: whatever they are, the store
+// works on them, and an exchange file that is exported, loaded and exported again settles.
 
 #include <cstddef>
 #include <cstdint>
@@ -70,6 +70,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       "<l><languages><language id='de'/></languages><strings><string id='Undo'><de>Zur</de></string>"
       "<string id='a\\r\\nb'/><string id='not_found'/></strings></l>");
   if (store.LoadTranslation(bytes, "de", "Deutsch")) Require(store.GetLanguages().children.count() == 1);
+  UseEverything(store);
+
+  store.StartWith(
+      "<l><languages><language id='de'/></languages><strings><string id='Undo'><de>Zur</de></string>"
+      "</strings></l>",
+      bytes);
+  Require(store.GetLanguages().children.count() == 1);
+  Require(store.CopyDocuments().document.child("strings").children.count() == 1);
   UseEverything(store);
   return 0;
 }

@@ -63,10 +63,27 @@ bool ParseTexts(element& root, std::string_view bytes) {
   return true;
 }
 
-std::string ResourceBytes() {
+std::string ResourceBytes(int number) {
   std::string bytes;
-  LoadResourceBytes(TranslationStore::kDocumentResource, "XML", bytes);
+  LoadResourceBytes(number, "XML", bytes);
   return bytes;
+}
+
+/// Moves the entries of the second document, as bytes, behind those of the first. Answers their keys.
+std::set<std::string, std::less<>> AddEntries(element& root, std::string_view bytes) {
+  std::set<std::string, std::less<>> keys;
+  element more;
+  if (!ParseTexts(more, bytes)) return keys;
+  element& strings = root.child("strings");
+  for (const auto& entry : more.child("strings").children) {
+    const std::int32_t at = entry->find_attribute("id");
+    if (entry->name != "string" || at < 0) continue;
+    const std::string_view key = entry->attributes[at].value.view();
+    if (strings.find_child_by_id("string", key) != nullptr) continue;
+    keys.emplace(key);
+    strings.add_child(std::move(*entry));
+  }
+  return keys;
 }
 
 }  // namespace
@@ -74,20 +91,27 @@ std::string ResourceBytes() {
 TranslationStore& TranslationStore::Instance() {
   // Never destroyed: messages are also built when the process ends.
   static TranslationStore& store =
-      *new TranslationStore(ResourceBytes(), [](std::string_view key) { return Instance().Translate(key); });
+      *new TranslationStore(ResourceBytes(kDocumentResource), ResourceBytes(kMoreResource),
+                            [](std::string_view key) { return Instance().Translate(key); });
   return store;
 }
 
-TranslationStore::TranslationStore(std::string_view document, Translator translator)
+TranslationStore::TranslationStore(std::string_view document, std::string_view more, Translator translator)
     : translator_(translator) {
-  StartWith(document);
+  StartWith(document, more);
 }
 
-void TranslationStore::StartWith(std::string_view document) {
+void TranslationStore::StartWith(std::string_view document, std::string_view more) {
   element root("localisation");
-  if (!ParseTexts(root, document)) root.child("languages");
+  std::set<std::string, std::less<>> moreKeys;
+  if (!ParseTexts(root, document)) {
+    root.child("languages");
+  } else if (!more.empty()) {
+    moreKeys = AddEntries(root, more);
+  }
   const std::lock_guard guard(lock_);
   root_.swap(root);
+  moreKeys_.swap(moreKeys);
   UseLanguage(kEnglish);
 }
 
@@ -196,6 +220,22 @@ element TranslationStore::CopyTree() const {
       attribute.value.writable();
     }
   });
+  return copy;
+}
+
+TranslationStore::Documents TranslationStore::CopyDocuments() const {
+  Documents copy{CopyTree(), element("localisation")};
+  copy.more.child("languages");
+  element first("strings");
+  element& more = copy.more.child("strings");
+  element& strings = copy.document.child("strings");
+  const std::lock_guard guard(lock_);
+  for (const auto& entry : strings.children) {
+    const bool isOfMore =
+        entry->name == "string" && moreKeys_.contains(entry->attribute_or_empty("id").view());
+    (isOfMore ? more : first).add_child(std::move(*entry));
+  }
+  strings.children = std::move(first.children);
   return copy;
 }
 

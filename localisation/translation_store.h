@@ -3,7 +3,9 @@
 // All texts that a user sees, in all languages: one tree of them, looked up by their English wording.
 //
 // The document (resources/translations.xml) and the translators' exchange file, which holds one language. In
-// both, a line break is written as the four characters \r\n:
+// both, a line break is written as the four characters \r\n. A second document
+// (resources/translations-more.xml) has the form of the first and holds further keys; only the first says
+// which languages there are:
 //
 //   <localisation>
 //     <languages>
@@ -20,7 +22,9 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -42,21 +46,25 @@ class TranslationStore {
 
   /// The number of the document among the resources of kind "XML".
   static constexpr int kDocumentResource = 131;
+  /// That of the second document.
+  static constexpr int kMoreResource = 135;
 
-  /// The one of the process, from the document that is built into the program. It is made at the first call,
-  /// on any thread, and never destroyed. It answers Translate() of common/message.h while its language is not
-  /// English.
+  /// The one of the process, from the documents that are built into the program. It is made at the first
+  /// call, on any thread, and never destroyed. It answers Translate() of common/message.h while its language
+  /// is not English.
   static TranslationStore& Instance();
 
-  /// A store of its own, from the bytes of a document; see StartWith().
-  explicit TranslationStore(std::string_view document) : TranslationStore(document, nullptr) {}
+  /// A store of its own, from the bytes of the documents; see StartWith().
+  explicit TranslationStore(std::string_view document, std::string_view more = {})
+      : TranslationStore(document, more, nullptr) {}
   TranslationStore(const TranslationStore&) = delete;
   TranslationStore& operator=(const TranslationStore&) = delete;
 
-  /// Forgets everything and begins with English and this document. One that is no XML counts as none: the
-  /// store then knows only English, and nothing is reported. For a process that plays several runs, one after
-  /// the other, as tests do.
-  void StartWith(std::string_view document);
+  /// Forgets everything and begins with English and these documents. A first one that is no XML counts as
+  /// none: the store then knows only English, and nothing is reported. The keys of the second document stand
+  /// behind those of the first; it adds no language, a key that the first has too is passed over, and one
+  /// that is no XML adds nothing. For a process that plays several runs, one after the other, as tests do.
+  void StartWith(std::string_view document, std::string_view more = {});
 
   /// Makes a language the one in use: kEnglish, or the id of one that is in GetLanguages(). With any other id
   /// nothing happens.
@@ -94,13 +102,21 @@ class TranslationStore {
   /// The whole tree, which shares nothing with the store.
   ovk::xml::element CopyTree() const;
 
+  /// The same tree as the two documents that it came from. What was recorded and the languages are in the
+  /// first; the second has no entries if there was no second document.
+  struct Documents {
+    ovk::xml::element document;
+    ovk::xml::element more;
+  };
+  Documents CopyDocuments() const;
+
   /// Nothing reads it: no file of this name is opened.
   const std::u16string externalFileName = u"LumarineStrings.xml";
 
  private:
   /// `translator` is what messages ask while this store's language is not English; null for a store that they
   /// do not know of.
-  TranslationStore(std::string_view document, Translator translator);
+  TranslationStore(std::string_view document, std::string_view more, Translator translator);
 
   void UseLanguage(std::string_view id);  // under lock_
 
@@ -111,6 +127,7 @@ class TranslationStore {
   // changes.
   std::string languageId_;
   ovk::xml::element root_;
+  std::set<std::string, std::less<>> moreKeys_;  // those that the second document brought
 };
 
 /// In the root of a copied tree, removes one language: from each key its first text in that language, and its

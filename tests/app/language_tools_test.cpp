@@ -271,6 +271,88 @@ TEST_F(Language, AMergeWritesTheWholeDocument) {
   EXPECT_EQ(Message("two\r\nlines").utf8(), "dwie\r\nlinie");
 }
 
+TEST_F(Language, AMergeWritesTheSecondDocumentBesideTheFirst) {
+  user.Close();
+  user.moreTranslations =
+      "<localisation><languages/><strings><string id='Demo playback resumed'><de>Weiter</de></string>"
+      "</strings></localisation>";
+  user.Start();
+  Test(
+      GivenFile("test.xml",
+                "<strings><string id='Demo playback resumed'><translate>Los</translate></string></strings>"));
+  const std::filesystem::path file =
+      GivenFile("sk.xml",
+                "<strings><string id='Demo playback resumed'><translate>Ďalej</translate></string>"
+                "<string id='Undo'><translate>Krok späť</translate></string></strings>");
+  WillName("sk", "Slovak");
+  user.WillPick({file});
+  user.WillPick({folder / PathFromUtf8("přeložené.xml")});
+  NewLog();
+  user.SendCommand(command::kMergeTranslations);
+  const std::filesystem::path more = folder / PathFromUtf8("přeložené-more.xml");
+  EXPECT_THAT(NewLog(), AllOf(HasSubstr("Translation merge success: "),
+                              HasSubstr("Translation merge success: " + Utf8FromPath(more) + ".\n")));
+  EXPECT_EQ(BytesOf(more),
+            "<localisation>\r\n  <languages/>\r\n  <strings>\r\n    <string id='Demo playback resumed'>\r\n"
+            "      <de>Weiter</de>\r\n      <sk>Ďalej</sk>\r\n    </string>\r\n  </strings>\r\n"
+            "</localisation>\r\n");
+  const std::string first = BytesOf(folder / PathFromUtf8("přeložené.xml"));
+  EXPECT_THAT(first, AllOf(HasSubstr("<sk>Krok späť</sk>"), Not(HasSubstr("Demo playback resumed"))));
+  // The next build has them both.
+  user.Close();
+  user.translations = first;
+  user.moreTranslations = BytesOf(more);
+  user.Start();
+  user.Choose(kSlovak);
+  EXPECT_EQ(user.MenuItem(command::kUndo).text, "Krok späť");
+  EXPECT_EQ(Message("Demo playback resumed").utf8(), "Ďalej");
+}
+
+TEST_F(Language, AMergeWithoutASecondDocumentWritesOneFile) {
+  WillName("xx", "Xx");
+  user.WillPick({GivenFile("new.xml", kTested)});
+  user.WillPick({folder / "merged.xml"});
+  user.SendCommand(command::kMergeTranslations);
+  EXPECT_TRUE(std::filesystem::exists(folder / "merged.xml"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "merged-more.xml"));
+}
+
+// A tag of that name could not be read again, and nobody asks for texts in English.
+TEST_F(Language, AMergeRefusesAnIdThatIsNoTag) {
+  for (const char* const id :
+       {"1a", "a b", "&", "en", "<a", "a>", "a'", "\"a", "-a", "a-", "a:b", ".", "é", " a", "a/"}) {
+    user.WillFill({Type(value_id::kValue, id), Press(kOk)});
+    user.WillAnswer(app::Answer::Ok);
+    user.SendCommand(command::kMergeTranslations);
+    const std::vector<app::Question> asked = user.Questions();
+    ASSERT_THAT(asked, SizeIs(1)) << id;
+    EXPECT_EQ(asked[0].title, u"Invalid value");
+    EXPECT_EQ(Utf8FromWide(asked[0].text),
+              "\"" + std::string(id) +
+                  "\" cannot be the ID of a language. An ID begins with a letter, has only "
+                  "letters and digits, and is not \"en\": English is built in.");
+    EXPECT_EQ(asked[0].buttons, app::Buttons::Ok);
+    EXPECT_EQ(asked[0].icon, app::Icon::Error);
+    EXPECT_THAT(user.Dialogs(), SizeIs(1)) << "no name is asked for";
+  }
+  EXPECT_EQ(Store().GetLanguages().children.count(), 2);
+  EXPECT_EQ(NewLog(), "");
+}
+
+TEST_F(Language, AMergeTakesIdsOfLettersAndDigits) {
+  for (const char* const id : {"a", "fr01", "EN", "en1", "z9Z9"}) {
+    const std::filesystem::path merged = folder / (std::string(id) + ".xml");
+    WillName(id, "New");
+    user.WillPick({GivenFile("new.xml", kTested)});
+    user.WillPick({merged});
+    user.SendCommand(command::kMergeTranslations);
+    ovk::xml::element root;
+    ASSERT_TRUE(ovk::xml::load(merged, root)) << id;
+    EXPECT_NE(root.child("languages").find_child_by_id("language", id), nullptr);
+    EXPECT_TRUE(root.child("strings").find_child_by_id("string", "Undo")->child(id).text == "Oje") << id;
+  }
+}
+
 TEST_F(Language, AMergeCanBeLeftAtEachQuestion) {
   const std::filesystem::path file = GivenFile("new.xml", kTested);
   const std::string before = Menus();

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "common/files.h"
 #include "tests/app/app_test.h"
 
 namespace {
@@ -16,7 +15,7 @@ TEST_P(ScriptTest, RunsHeadless) {
   std::filesystem::create_directory(work);
   const std::filesystem::path source(LUMARINE_SOURCE_DIR);
   const scripts::Folders folders{source / "examples", folder.path(), work, source / "resources"};
-  ASSERT_TRUE(ReadFileBytes(folders.resources / "translations.xml", user.translations));
+  ASSERT_TRUE(user.ReadTranslations(folders.resources));
   GetParam().run(user, folders);
 }
 

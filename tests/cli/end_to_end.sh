@@ -247,6 +247,8 @@ fi
 speaking() { LC_ALL=$1 ctl "${@:2}" >out.txt 2>err.txt; }
 check "in German" speaking de_DE.UTF-8 new german.xml
 says "a file is saved" "german.xml"
+exits "a cut file in German" 4 convert --language de cut.tmf dump.xml
+says "it is told so, from the second document of texts" "Ungültiges Dateiformat"
 check "and not in English" bash -c '! grep -qF "Saved program" err.txt'
 check "the same with the option" ctl --language de new german-too.xml
 check "and the same file" cmp german.xml german-too.xml

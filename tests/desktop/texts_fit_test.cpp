@@ -158,8 +158,7 @@ class TextsFit : public AppTest, public testing::WithParamInterface<const char*>
     ASSERT_EQ(GetDpiForSystem(), UINT{USER_DEFAULT_SCREEN_DPI});
     AppTest::SetUp();
     sim_network::Reset();
-    const std::filesystem::path resources = std::filesystem::path(LUMARINE_SOURCE_DIR) / "resources";
-    ASSERT_TRUE(ReadFileBytes(resources / "translations.xml", user.translations));
+    ASSERT_TRUE(user.ReadTranslations(std::filesystem::path(LUMARINE_SOURCE_DIR) / "resources"));
     Settings settings(folder / Settings::fileName);
     settings.SetValue("locale", GetParam());
     settings.Save();

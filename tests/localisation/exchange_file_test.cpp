@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "common/log.h"
 #include "common/xml_file.h"
@@ -21,6 +22,15 @@ class ExchangeFile : public Translations {
   bool LoadGerman(const std::string& entries) {
     return store.LoadTranslationFile(File("<strings>" + entries + "</strings>"), "de", "Deutsch");
   }
+
+  void GivenTheProgramsDocuments() {
+    ASSERT_TRUE(LoadResourceBytes(TranslationStore::kDocumentResource, "XML", document_));
+    ASSERT_TRUE(LoadResourceBytes(TranslationStore::kMoreResource, "XML", more_));
+    store.StartWith(document_, more_);
+  }
+
+  std::string document_;
+  std::string more_;
 };
 
 // Writing.
@@ -246,10 +256,8 @@ TEST_F(ExchangeFile, WrittenReadAndWrittenAgainIsTheSameBytes) {
   EXPECT_EQ(Exported(), first);
 }
 
-TEST_F(ExchangeFile, OfTheProgramsOwnDocumentComesBackInEveryLanguage) {
-  std::string document;
-  ASSERT_TRUE(LoadResourceBytes(TranslationStore::kDocumentResource, "XML", document));
-  GivenDocument(document);
+TEST_F(ExchangeFile, OfTheProgramsOwnDocumentsComesBackInEveryLanguage) {
+  GivenTheProgramsDocuments();
   const int keys = Entries();
   std::vector<std::string> ids = LanguageIds();
   ids.emplace_back("en");
@@ -308,16 +316,48 @@ TEST_F(ExchangeFile, RemovingAnUnknownLanguageChangesNothing) {
   EXPECT_EQ(xml_trees::Serialized(copy), Tree());
 }
 
-// The program's document is edited by merging: what a merge writes has its form, down to the byte.
-TEST_F(ExchangeFile, TheProgramsOwnDocumentIsAsAMergeWritesIt) {
-  std::string document;
-  ASSERT_TRUE(LoadResourceBytes(TranslationStore::kDocumentResource, "XML", document));
-  GivenDocument(document);
-  ovk::xml::element copy = store.CopyTree();
-  RemoveLanguage(copy, "test");
-  EscapeLineBreaks(copy);
-  ASSERT_TRUE(ovk::xml::save(folder / "merged.xml", copy));
-  EXPECT_EQ(BytesOf(folder / "merged.xml"), document);
+// The program's documents are edited by merging: what a merge writes has their form, down to the byte. Lines
+// end with CR LF.
+TEST_F(ExchangeFile, TheProgramsOwnDocumentsAreAsAMergeWritesThem) {
+  GivenTheProgramsDocuments();
+  TranslationStore::Documents copy = store.CopyDocuments();
+  for (const auto& [tree, document] : {std::pair{&copy.document, &document_}, {&copy.more, &more_}}) {
+    RemoveLanguage(*tree, "test");
+    EscapeLineBreaks(*tree);
+    ASSERT_TRUE(ovk::xml::save(folder / "merged.xml", *tree));
+    EXPECT_EQ(BytesOf(folder / "merged.xml"), *document);
+  }
+}
+
+TEST_F(ExchangeFile, AMergeKeepsTheKeysOfEachDocumentApart) {
+  store.StartWith(kFewWords,
+                  "<l><strings><string id='More'><de>Mehr</de></string><string id='Undo'/></strings></l>");
+  store.SetLanguage("de");
+  store.Translate("Recorded");
+  ASSERT_TRUE(
+      store.LoadTranslation("<s><string id='More'><translate>Viac</translate></string>"
+                            "<string id='Redo'><translate>Znova</translate></string></s>",
+                            "sk", "Slovak"));
+  const std::string before = Tree();
+  TranslationStore::Documents copy = store.CopyDocuments();
+  EXPECT_EQ(Tree(), before);
+  EXPECT_EQ(xml_trees::Serialized(copy.more, -100),
+            "<localisation>\r\n<languages/>\r\n<strings>\r\n<string id='More'>\r\n<de>Mehr</de>\r\n"
+            "<sk>Viac</sk>\r\n</string>\r\n</strings>\r\n</localisation>\r\n");
+  ovk::xml::element& strings = copy.document.child("strings");
+  EXPECT_EQ(copy.document.child("languages").children.count(), 2);
+  std::string keys;
+  for (const auto& entry : strings.children) keys.append(entry->attribute_or_empty("id").view()).append(" ");
+  EXPECT_EQ(keys, "Step {1} Undo Redo Recorded ");
+  EXPECT_TRUE(strings.find_child_by_id("string", "Redo")->child("sk").text == "Znova");
+}
+
+TEST_F(ExchangeFile, WithoutASecondDocumentAMergeHasOnlyTheFirst) {
+  store.SetLanguage("de");
+  store.Translate("Recorded");
+  TranslationStore::Documents copy = store.CopyDocuments();
+  EXPECT_EQ(xml_trees::Serialized(copy.document), Tree());
+  EXPECT_EQ(copy.more.child("strings").children.count(), 0);
 }
 
 }  // namespace

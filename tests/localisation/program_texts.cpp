@@ -111,19 +111,10 @@ std::set<std::string> Asked() {
 }
 
 const std::vector<English>& LookedUpInVain() {
-  static const char* const kLater = "said since the keys were chosen";
   static const char* const kOfTheBuild = "set when the program is built";
   static const char* const kOfTranslators = "for translators, who read the English keys";
   static const char* const kOfTheSystem = "of the system's WiFi functions";
   static const std::vector<English> texts = {
-      {"\"{1}\" ({2} steps)", kLater},
-      {"Demo playback paused at {1}", kLater},
-      {"Demo playback resumed", kLater},
-      {"Error setting WiFi password", kLater},
-      {"Error setting open WiFi", kLater},
-      {"Found hostname {1}", kLater},
-      {"Invalid file format", kLater},
-      {"Please enter value between 10 - 86400", kLater},
       {LUMARINE_FIRST_TERMS, kOfTheBuild},
       {LUMARINE_SECOND_TERMS, kOfTheBuild},
       {LUMARINE_EMAIL_CAPTION, kOfTheBuild},

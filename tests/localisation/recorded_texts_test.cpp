@@ -29,8 +29,7 @@ class RecordedTexts : public AppTest {
  protected:
   void SetUp() override {
     AppTest::SetUp();
-    const std::filesystem::path resources = std::filesystem::path(LUMARINE_SOURCE_DIR) / "resources";
-    ASSERT_TRUE(ReadFileBytes(resources / "translations.xml", user.translations));
+    ASSERT_TRUE(user.ReadTranslations(std::filesystem::path(LUMARINE_SOURCE_DIR) / "resources"));
     Settings settings(folder / Settings::fileName);
     settings.SetValue("locale", "de");
     settings.Save();

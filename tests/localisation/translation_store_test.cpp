@@ -255,23 +255,89 @@ TEST_F(Translations, AttributesAreNotTrimmed) {
   EXPECT_EQ(store.Translate(" a "), "b");
 }
 
+// The second document.
+
+class TwoDocuments : public Translations {
+ protected:
+  void GivenMore(std::string_view strings) {
+    store.StartWith(kFewWords, "<localisation><languages/><strings>" + std::string(strings) +
+                                   "</strings></localisation>");
+    store.SetLanguage("de");
+  }
+};
+
+TEST_F(TwoDocuments, AreSpokenFromOneTree) {
+  GivenMore(R"(<string id='two\r\nlines'><de>  zwei\r\nZeilen </de></string>)");
+  EXPECT_EQ(store.Translate("two\r\nlines"), "zwei\r\nZeilen");
+  EXPECT_EQ(store.Translate("Undo"), "Rückgängig");
+  EXPECT_EQ(Entries(), 4);
+  EXPECT_NE(Exported().find("<string id='two\\r\\nlines'>"), std::string::npos);
+}
+
+TEST_F(TwoDocuments, AKeyThatIsInBothIsThatOfTheFirst) {
+  GivenMore(
+      "<string id='Undo'><de>anders</de><sk>inak</sk></string><string id='Redo'><de>Wieder</de></string>");
+  EXPECT_EQ(store.Translate("Undo"), "Rückgängig");
+  EXPECT_EQ(store.Translate("Redo"), "Redo");
+  EXPECT_EQ(Entries(), 3);
+}
+
+TEST_F(TwoDocuments, HaveTheLanguagesOfTheFirst) {
+  store.StartWith(kFewWords,
+                  "<l><languages><language id='pl'/></languages><strings><string id='More'><pl>Dalej</pl>"
+                  "</string></strings></l>");
+  EXPECT_THAT(LanguageIds(), ElementsAre("de", "sk"));
+  store.SetLanguage("pl");
+  EXPECT_EQ(store.GetLanguageId(), "en");
+}
+
+TEST_F(TwoDocuments, AreAsTheFirstAloneIfTheSecondIsEmptyOrNoXml) {
+  const std::string alone = Tree();
+  for (const char* const more : {"", "no XML", "<l>", "<l/>", "<l><strings/></l>"}) {
+    store.StartWith(kFewWords, more);
+    EXPECT_EQ(Tree(), alone) << more;
+  }
+}
+
+TEST_F(TwoDocuments, AreNoneWithoutTheFirst) {
+  store.StartWith("no XML", "<l><strings><string id='More'/></strings></l>");
+  EXPECT_EQ(Tree(), "<localisation>\r\n  <languages/>\r\n</localisation>\r\n");
+}
+
+TEST_F(TwoDocuments, AreForgottenByTheNextStart) {
+  GivenMore("<string id='More'><de>Mehr</de></string>");
+  GivenDocument(kFewWords);
+  store.SetLanguage("de");
+  EXPECT_EQ(store.Translate("More"), "More");
+  EXPECT_EQ(store.CopyDocuments().more.child("strings").children.count(), 0);
+}
+
+// What is not an entry there would be taken for one of the first document by a merge.
+TEST_F(TwoDocuments, OnlyEntriesOfTheSecondAreTaken) {
+  GivenMore("<other id='a'><de>b</de></other><string><de>c</de></string><string id='d'><de>e</de></string>");
+  EXPECT_EQ(Entries(), 4);
+  EXPECT_EQ(store.Translate("d"), "e");
+}
+
 // The one of the process, and messages.
 
 class TheProgramsTranslations : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_TRUE(LoadResourceBytes(TranslationStore::kDocumentResource, "XML", document_));
+    ASSERT_TRUE(LoadResourceBytes(TranslationStore::kMoreResource, "XML", more_));
     TranslationStore::Instance().StartWith(
         "<l><languages><language id='de'/></languages>"
         "<strings><string id='Step {1}'><de>Schritt {1}</de></string></strings></l>");
   }
-  void TearDown() override { TranslationStore::Instance().StartWith(document_); }
+  void TearDown() override { TranslationStore::Instance().StartWith(document_, more_); }
 
   std::string document_;
+  std::string more_;
 };
 
 TEST_F(TheProgramsTranslations, AreBuiltIn) {
-  TranslationStore::Instance().StartWith(document_);
+  TranslationStore::Instance().StartWith(document_, more_);
   std::string all;
   for (const auto& language : TranslationStore::Instance().GetLanguages().children) {
     all.append(language->attribute_or_empty("id").view()).append(" ");

@@ -1,10 +1,11 @@
-// The translations document against the program and against itself: every text that the program has
-// translated stands in it, and every translation says what its key says.
+// The translations documents against the program and against themselves: every text that the program has
+// translated stands in one of them, and every translation says what its key says.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <map>
 #include <regex>
 #include <set>
@@ -36,11 +37,14 @@ std::filesystem::path SourceFile(const char* path) {
   return std::filesystem::path(LUMARINE_SOURCE_DIR) / path;
 }
 
+constexpr char kFirst[] = "resources/translations.xml";
+constexpr char kSecond[] = "resources/translations-more.xml";
+
 struct Language {
   const char* id;
   const char* name;
   bool hasAuthor;
-  std::size_t texts;
+  std::size_t texts;  // in the first document
 };
 constexpr Language kLanguages[] = {
     {"de", "Deutsch", false, 221},
@@ -53,13 +57,16 @@ constexpr Language kLanguages[] = {
     {"es", "Spanish", true, 227},
 };
 
-/// The document as the program sees it, with line breaks for their escapes.
+/// Documents as the program sees them, as one, with line breaks for their escapes.
 class Document {
  public:
-  Document() {
-    EXPECT_TRUE(ovk::xml::load(SourceFile("resources/translations.xml"), root_));
-    UnescapeLineBreaks(root_);
-    for (const auto& entry : root_.child("strings").children) Read(*entry);
+  explicit Document(std::initializer_list<const char*> files) {
+    for (const char* const file : files) {
+      ovk::xml::element root;
+      EXPECT_TRUE(ovk::xml::load(SourceFile(file), root)) << file;
+      UnescapeLineBreaks(root);
+      for (const auto& entry : root.child("strings").children) Read(*entry);
+    }
   }
 
   const std::vector<std::string>& keys() const { return keys_; }
@@ -86,7 +93,6 @@ class Document {
     }
     return ids;
   }
-  ovk::xml::element& root() { return root_; }
 
  private:
   void Read(const ovk::xml::element& entry) {
@@ -95,14 +101,29 @@ class Document {
     for (const auto& child : entry.children) texts_[key][Text(child->name)] = Text(child->text);
   }
 
-  ovk::xml::element root_;
   std::vector<std::string> keys_;
   std::map<std::string, std::map<std::string, std::string>> texts_;
 };
 
-Document& TheDocument() {
-  static Document document;
+const Document& FirstDocument() {
+  static const Document document{kFirst};
   return document;
+}
+
+/// Both.
+const Document& TheDocument() {
+  static const Document document{kFirst, kSecond};
+  return document;
+}
+
+/// As they stand in the file, line breaks escaped.
+std::vector<std::string> KeysIn(const ovk::xml::element& strings) {
+  std::vector<std::string> keys;
+  for (const auto& entry : strings.children) {
+    EXPECT_EQ(entry->name, "string");
+    keys.push_back(Text(entry->attribute_or_empty("id")));
+  }
+  return keys;
 }
 
 /// All of a pattern that a text has, sorted.
@@ -138,21 +159,36 @@ TEST(TranslationsDocument, HasTheseKeysInThisOrder) {
   std::vector<std::string> keys;
   for (std::istringstream lines(file); std::getline(lines, file);) keys.push_back(file);
   ovk::xml::element escaped;
-  ASSERT_TRUE(ovk::xml::load(SourceFile("resources/translations.xml"), escaped));
-  std::vector<std::string> found;
-  for (const auto& entry : escaped.child("strings").children) {
-    EXPECT_EQ(entry->name, "string");
-    found.push_back(Text(entry->attribute_or_empty("id")));
-  }
+  ASSERT_TRUE(ovk::xml::load(SourceFile(kFirst), escaped));
+  const std::vector<std::string> found = KeysIn(escaped.child("strings"));
   EXPECT_THAT(found, ElementsAreArray(keys));
   EXPECT_EQ(found.size(), 227U);
   EXPECT_EQ(std::set(found.begin(), found.end()).size(), 227U) << "none comes twice";
   EXPECT_EQ(std::ranges::count_if(found, [](const auto& key) { return !Placeholders(key).empty(); }), 63);
 }
 
+// New texts stand here, sorted, so that two who add some do not meet at the end.
+TEST(TranslationsDocument, TheSecondHasFurtherKeysSortedAndNoLanguages) {
+  ovk::xml::element root;
+  ASSERT_TRUE(ovk::xml::load(SourceFile(kSecond), root));
+  EXPECT_EQ(root.name, "localisation");
+  EXPECT_EQ(root.child("languages").children.count(), 0);
+  const std::vector<std::string> keys = KeysIn(root.child("strings"));
+  EXPECT_FALSE(keys.empty());
+  for (std::size_t i = 1; i < keys.size(); ++i)
+    EXPECT_LT(keys[i - 1], keys[i]) << "sorted by their bytes, and none comes twice";
+}
+
+TEST(TranslationsDocument, NoKeyIsInBoth) {
+  const Document second{kSecond};
+  for (const std::string& key : second.keys()) EXPECT_FALSE(FirstDocument().Has(key)) << key;
+}
+
 TEST(TranslationsDocument, HasTheseLanguagesInTheOrderOfTheMenu) {
+  ovk::xml::element root;
+  ASSERT_TRUE(ovk::xml::load(SourceFile(kFirst), root));
   std::vector<std::string> found;
-  for (const auto& language : TheDocument().root().child("languages").children) {
+  for (const auto& language : root.child("languages").children) {
     EXPECT_EQ(language->name, "language");
     found.push_back(Text(language->attribute_or_empty("id")) + ": " +
                     Text(language->attribute_or_empty("name")) +
@@ -234,7 +270,7 @@ source_texts::Found ReadSource(const char* source) {
   return found;
 }
 
-std::vector<std::string> KeysIn(const char* source) {
+std::vector<std::string> KeysOf(const char* source) {
   std::vector<std::string> keys;
   for (const Place& place : ReadSource(source).places)
     keys.insert(keys.end(), place.keys.begin(), place.keys.end());
@@ -242,21 +278,21 @@ std::vector<std::string> KeysIn(const char* source) {
 }
 
 TEST(SourceTexts, AreJoinedAndUnescaped) {
-  EXPECT_THAT(KeysIn("LogStatus(Message(\"a \"  // \"no\"\n  \"b\\r\\n\\\"c\\\"\\\\\" /* \"no\" */, 1));"),
+  EXPECT_THAT(KeysOf("LogStatus(Message(\"a \"  // \"no\"\n  \"b\\r\\n\\\"c\\\"\\\\\" /* \"no\" */, 1));"),
               ElementsAre("a b\r\n\"c\"\\"));
-  EXPECT_THAT(KeysIn("Message text(u8R\"-(raw \\n)\")-\"); auto c = '\"'; Message m{\"\\u00e9\\x41\"};"),
+  EXPECT_THAT(KeysOf("Message text(u8R\"-(raw \\n)\")-\"); auto c = '\"'; Message m{\"\\u00e9\\x41\"};"),
               ElementsAre("raw \\n)\"", "éA"));
 }
 
 TEST(SourceTexts, OfEveryBranchAndEveryBraceCount) {
-  EXPECT_THAT(KeysIn("Message(on ? \"a\" : off ? \"b\" : \"c\", \"argument\");"), ElementsAre("a", "b", "c"));
-  EXPECT_THAT(KeysIn("Tell(window, \"title\", \"text\", Icon::Error);"), ElementsAre("title", "text"));
-  EXPECT_THAT(KeysIn("Message({\"a\", \"b\"});"), ElementsAre("a", "b"));
+  EXPECT_THAT(KeysOf("Message(on ? \"a\" : off ? \"b\" : \"c\", \"argument\");"), ElementsAre("a", "b", "c"));
+  EXPECT_THAT(KeysOf("Tell(window, \"title\", \"text\", Icon::Error);"), ElementsAre("title", "text"));
+  EXPECT_THAT(KeysOf("Message({\"a\", \"b\"});"), ElementsAre("a", "b"));
 }
 
 TEST(SourceTexts, AreFoundBehindConstants) {
   EXPECT_THAT(
-      KeysIn(
+      KeysOf(
           "constexpr char kA[] = \"a\" \"b\"; const auto kC = \"c\"; Message(kA); Message(up ? kC : \"d\");"),
       ElementsAre("ab", "c", "d"));
 }
@@ -296,7 +332,7 @@ class EachLanguage : public testing::TestWithParam<Language> {
 };
 
 TEST_P(EachLanguage, HasItsNumberOfTexts) {
-  EXPECT_EQ(Texts().size(), GetParam().texts);
+  EXPECT_EQ(FirstDocument().Texts(id).size(), GetParam().texts);
 }
 
 TEST_P(EachLanguage, LeavesOutOnlyWhatNobodyAsksFor) {

@@ -7,6 +7,7 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/numbers.h"
 #include "chart/bumper.h"
+#include "common/files.h"
 #include "common/log.h"
 #include "devices/demo_state.h"
 #include "localisation/translation_store.h"
@@ -24,7 +25,7 @@ constexpr std::chrono::seconds kPatience{60};
 
 }  // namespace
 
-void BeginProcess(std::string_view translations) {
+void BeginProcess(std::string_view translations, std::string_view moreTranslations) {
   for (LogChannel* log : {&statusLog, &warningLog, &deviceLog}) {
     log->wakeHandler = nullptr;
     log->textHandler = nullptr;
@@ -37,15 +38,20 @@ void BeginProcess(std::string_view translations) {
   frameClock.Reset();
   idleTimer.Reset();
   now = 0.0;
-  TranslationStore::Instance().StartWith(translations);
+  TranslationStore::Instance().StartWith(translations, moreTranslations);
 }
 
 HeadlessUser::HeadlessUser(std::filesystem::path documents) : documents_(std::move(documents)) {}
 
 HeadlessUser::~HeadlessUser() = default;
 
+bool HeadlessUser::ReadTranslations(const std::filesystem::path& resources) {
+  return ReadFileBytes(resources / "translations.xml", translations) &&
+         ReadFileBytes(resources / "translations-more.xml", moreTranslations);
+}
+
 void HeadlessUser::Start() {
-  BeginProcess(translations);
+  BeginProcess(translations, moreTranslations);
   settings_.emplace(documents_ / Settings::fileName);
   desktop_ = std::make_unique<Desktop>(*settings_, documents_ / "LumarineLog.txt");
   desktop_->refuseWindow = refuseWindow;

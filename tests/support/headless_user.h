@@ -17,8 +17,8 @@
 namespace headless {
 
 /// Brings logs, clocks, demo, clipboard and translations back to what a process begins with; these come from
-/// the bytes of a document.
-void BeginProcess(std::string_view translations = {});
+/// the bytes of the two documents.
+void BeginProcess(std::string_view translations = {}, std::string_view moreTranslations = {});
 
 class HeadlessUser final : public User {
  public:
@@ -81,8 +81,11 @@ class HeadlessUser final : public User {
   void Settle();
   /// One turn, and the end of the program if it was the last.
   void Turn();
-  /// The translations document of the next start. Without one the program knows English alone.
+  /// The translations documents of the next start. Without the first the program knows English alone.
   std::string translations;
+  std::string moreTranslations;
+  /// Those that the program is built with, from the folder of its resources. False if one cannot be read.
+  bool ReadTranslations(const std::filesystem::path& resources);
   /// The main window cannot be made at the next start.
   bool refuseWindow = false;
   /// Of the run that ended last.

@@ -28,16 +28,18 @@ namespace command = app::command;
 constexpr int kGerman = command::kFirstLanguage;
 constexpr int kTest = command::kFirstLanguage + 8;
 
-/// The German of the program's own document.
+/// The German of the program's own documents.
 class German {
  public:
   explicit German(const Folders& folders) {
     EXPECT_TRUE(ovk::xml::load(folders.resources / "translations.xml", document_));
+    EXPECT_TRUE(ovk::xml::load(folders.resources / "translations-more.xml", more_));
   }
 
   /// For a key, with {1} replaced. Not the key itself: all that is asked for here is translated.
   std::string operator()(std::string_view key, std::string_view argument = {}) {
-    ovk::xml::element* const entry = document_.child("strings").find_child_by_id("string", key);
+    ovk::xml::element* entry = document_.child("strings").find_child_by_id("string", key);
+    if (entry == nullptr) entry = more_.child("strings").find_child_by_id("string", key);
     if (entry == nullptr) {
       ADD_FAILURE() << "no translation of " << key;
       return std::string(key);
@@ -51,6 +53,7 @@ class German {
 
  private:
   ovk::xml::element document_;
+  ovk::xml::element more_;
 };
 
 }  // namespace
@@ -104,6 +107,9 @@ void TryATranslation(User& user, const Folders& folders) {
   ovk::xml::element* const devices = texts.find_child_by_id("string", "Devices");
   ASSERT_NE(devices, nullptr);
   EXPECT_EQ(devices->child("translate").text.view(), german("Devices"));
+  ovk::xml::element* const resumed = texts.find_child_by_id("string", "Demo playback resumed");
+  ASSERT_NE(resumed, nullptr) << "of the second document";
+  EXPECT_EQ(resumed->child("translate").text.view(), german("Demo playback resumed"));
   devices->child("translate").text = ovk::string("Apparate 🐠");
   ASSERT_TRUE(ovk::xml::save(file, texts));
   user.WillPick({file});
