@@ -1,8 +1,11 @@
 // What the desktop program costs while nothing moves: the headless shell on the real clock, left alone for
-// ten seconds. Prints the share of one core that the process took, the worker's polling included.
+// ten seconds, or as many as are asked for. Prints the share of one core that the process took, the worker's
+// polling included.
+//   app_idle [SECONDS]
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 
@@ -10,14 +13,22 @@
 #include "tests/support/headless_user.h"
 #include "tests/support/virtual_clock.h"
 
-// The shell in memory asks the tests' clock; here that is the platform's.
+// The shell in memory asks the tests' clock; here that is the platform's, which waits for nobody.
+
 double virtual_clock::Seconds() {
   return static_cast<double>(platform::ClockTicks()) / static_cast<double>(platform::ClockFrequency());
 }
 
-int main() {
+virtual_clock::Waiting::Waiting() = default;
+virtual_clock::Waiting::~Waiting() = default;
+
+int main(int argc, char** argv) {
   constexpr double kSettleSeconds = 2.0;  // the chart is drawn for a second after the last input
-  constexpr double kIdleSeconds = 10.0;
+  const double idleSeconds = argc > 1 ? std::strtod(argv[1], nullptr) : 10.0;
+  if (!(idleSeconds > 0.0)) {
+    std::fputs("usage: app_idle [SECONDS]\n", stderr);
+    return 2;
+  }
   const std::filesystem::path folder = std::filesystem::temp_directory_path() / "lumarine-idle";
   std::filesystem::create_directories(folder);
   {
@@ -25,9 +36,9 @@ int main() {
     user.Start();
     user.Wait(kSettleSeconds);
     const std::clock_t before = std::clock();
-    user.Wait(kIdleSeconds);
+    user.Wait(idleSeconds);
     const double used = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
-    std::printf("%.2f %% of a core while idle\n", used / kIdleSeconds * 100.0);
+    std::printf("%.2f %% of a core while idle\n", used / idleSeconds * 100.0);
     user.Close();
   }
   std::filesystem::remove_all(folder);

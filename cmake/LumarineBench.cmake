@@ -11,4 +11,5 @@ function(lumarine_bench name)
   target_link_libraries(${name} PRIVATE lumarine_options ${BENCH_LINK} platform_clock platform_system
     benchmark::benchmark_main Threads::Threads)
   target_compile_definitions(${name} PRIVATE LUMARINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  set_property(GLOBAL APPEND PROPERTY LUMARINE_BENCH_PROGRAMS ${name})
 endfunction()
