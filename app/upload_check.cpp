@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/message.h"
+#include "devices/operations.h"
 #include "program/mode_commands.h"
 
 namespace app {
@@ -41,10 +42,6 @@ constexpr char kKnownIssuesText[] =
     "Here is the list showing the current number of steps for each mode in your program:\r\n\r\n"
     "{3}\r\n";
 
-bool NeedsFewSteps(const TCBase::DeviceInfo& device) {
-  return device.model == TCBase::ModelTC420 || device.model == TCBase::ModelEmulator;
-}
-
 }  // namespace
 
 ModeReport BuildModeReport(const ModeListView& program) {
@@ -65,7 +62,8 @@ bool CheckBeforeUpload(ModeListView& program, const std::vector<TCBase::DeviceIn
     return false;
   }
   const ModeReport report = BuildModeReport(program);
-  if (!report.manySteps || std::none_of(devices.begin(), devices.end(), NeedsFewSteps)) return true;
+  if (!report.manySteps || std::none_of(devices.begin(), devices.end(), TCBase::MayIgnoreManySteps))
+    return true;
   return questions.Ask({Message(kManyStepsTitle, TCBase::kTC420Name).ToWide(),
                         Message(kManyStepsText, TCBase::kTC420Name, report.text).ToWide(), Buttons::YesNo,
                         Icon::Warning}) == Answer::Yes;

@@ -35,7 +35,7 @@ ExitStatus Upload(const Session& session, const UploadArguments& arguments) {
 
   UploadProgress progress(document, DevicesOf(arguments));
   return ServeDevices(
-      session, arguments, [&](const DeviceInfo& info) { return UploadOperation(info, document); },
+      session, arguments, [&](const DeviceInfo& info) { return UploadOperation(info, document).result; },
       [&] { return progress.Text(); }, [&](const std::string& text) { progress.Listen(text); });
 }
 
@@ -84,7 +84,8 @@ ExitStatus Demo(const Session& session, const DemoArguments& arguments) {
   if (const auto minute = ParseTimeOfDay(arguments.from)) seek.emplace(*minute * kSecondsPerMinute);
   return ServeDevices(
       session, arguments,
-      [&](const DeviceInfo& info) { return DemoOperation(info, document, arguments.seconds); }, DemoProgress,
+      [&](const DeviceInfo& info) { return DemoOperation(info, document, arguments.seconds).result; },
+      DemoProgress,
       [&](const std::string& /*text*/) {
         if (seek) seek->Listen();
       });
@@ -124,7 +125,7 @@ Run DeclareSyncTime(CLI::App& app) {
   return [arguments](Session& session) {
     const DateTime time = ParseDateTime(arguments->time).value_or(platform::LocalTime());
     return ServeDevices(session, *arguments,
-                        [&](const DeviceInfo& info) { return SyncTimeOperation(info, {}, time); });
+                        [&](const DeviceInfo& info) { return SyncTimeOperation(info, {}, time).result; });
   };
 }
 
@@ -135,7 +136,7 @@ Run DeclareClear(CLI::App& app) {
   DeclareDevices(app, *arguments);
   return [arguments](Session& session) {
     return ServeDevices(session, *arguments,
-                        [](const DeviceInfo& info) { return ClearAllOperation(info, {}); });
+                        [](const DeviceInfo& info) { return ClearAllOperation(info, {}).result; });
   };
 }
 

@@ -130,11 +130,12 @@ class Demo {
 
 }  // namespace
 
-OperationResult DemoOperation(const DeviceInfo& info, const Program::ModeListView& program, int seconds) {
+OperationReport DemoOperation(const DeviceInfo& info, const Program::ModeListView& program, int seconds) {
   const Program::Mode* mode = CurrentMode(program);
-  if (mode == nullptr) return OperationResult::Failed;
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info);
-  if (device == nullptr) return OperationResult::NotConnected;
+  if (mode == nullptr) return OperationReport(OperationResult::Failed);
+  OperationReport report(OperationResult::NotConnected);
+  const std::unique_ptr<DeviceBase> device = ConnectDevice(info, &report.exchange);
+  if (device == nullptr) return report;
   LogStatus(Message("Demo started"));
   device->DemoStart(mode->name);
   LogStatus(Message("Playing whole day in {1} seconds", static_cast<float>(seconds)));
@@ -142,7 +143,11 @@ OperationResult DemoOperation(const DeviceInfo& info, const Program::ModeListVie
   device->DemoFinish();
   demoState.SetIdle();
   LogStatus(Message("Demo finished"));
-  return played ? OperationResult::Done : OperationResult::Cancelled;
+  report.exchange = device->Exchanged();
+  const bool confirmed = report.exchange.unconfirmed == 0;
+  report.result = confirmed ? OperationResult::Done : OperationResult::Failed;
+  if (!played) report.result = OperationResult::Cancelled;
+  return report;
 }
 
 }  // namespace TCBase

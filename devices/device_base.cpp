@@ -16,6 +16,12 @@ bool DeviceBase::WritePacket(const PacketBase& packet) {
   return Write(frame);
 }
 
+bool DeviceBase::CountPacket(bool confirmed) {
+  ++exchange_.packets;
+  if (!confirmed) ++exchange_.unconfirmed;
+  return confirmed;
+}
+
 bool DeviceBase::ClearAll() {
   LogDevice("ClearAll");
   return DoClearAll();

@@ -12,6 +12,14 @@
 
 namespace TCBase {
 
+/// What became of the packets that a device was given. A packet counts once, however often it is sent.
+struct Exchange {
+  bool portTaken = false;  // another program has the network port: nothing could be sent
+  int packets = 0;
+  int unconfirmed = 0;  // of them: did not leave, or got no reply that will do where one is awaited
+  int replies = 0;      // that came from the controller, whatever stands in them
+};
+
 /// A controller, made by CreateDevice (operations.h) and not connected yet. Its owner calls Connect once,
 /// uses it for one operation and destroys it, which closes the transport. Belongs to the thread that made it.
 ///
@@ -52,14 +60,17 @@ class DeviceBase {
   virtual bool TimeSync(const DateTime& time);
   virtual void UploadStart();
   /// Stores a mode in `bank`, which counts from 0. Refused, with nothing sent, if `bank` is kMaxBanks or
-  /// more, if `name` is empty or if there are fewer than two steps. Only a failure of the first or the last
-  /// frame of the mode is reported.
+  /// more, if `name` is empty or if there are fewer than two steps. The answer tells of the first and the
+  /// last frame of the mode only; Exchanged() counts the steps too.
   virtual bool UploadMode(int bank, const std::string& name, const Steps& steps);
   virtual void UploadFinish();
-  /// Puts the controller under live control. Failures of the three demo operations go unnoticed.
+  /// Puts the controller under live control. Of failures in the three demo operations only Exchanged() tells.
   virtual void DemoStart(const std::string& name);
   virtual void DemoSetChannels(const Program::ModeStep& step);
   virtual void DemoFinish();
+
+  /// All that was exchanged since the device was made.
+  const Exchange& Exchanged() const { return exchange_; }
 
  protected:
   virtual bool DoClearAll() = 0;
@@ -70,6 +81,11 @@ class DeviceBase {
   virtual void DoDemoStart(const std::string& name) = 0;
   virtual void DoDemoSetChannels(const Program::ModeStep& step) = 0;
   virtual void DoDemoFinish() = 0;
+
+  /// Counts a packet, and hands on whether it is confirmed.
+  bool CountPacket(bool confirmed);
+
+  Exchange exchange_;
 };
 
 /// Modes that a controller can store.

@@ -10,25 +10,27 @@ namespace TCBase {
 Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program,
                         const DateTime& time) {
   return [devices = std::move(devices), program = std::move(program), time] {
-    RunOnDevices([&](const DeviceInfo& info) { return SyncTimeOperation(info, program, time); }, devices);
+    RunOnDevices([&](const DeviceInfo& info) { return SyncTimeOperation(info, program, time).result; },
+                 devices);
   };
 }
 
 Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program) {
   return [devices = std::move(devices), program = std::move(program)] {
-    RunOnDevices([&](const DeviceInfo& info) { return UploadOperation(info, program); }, devices);
+    RunOnDevices([&](const DeviceInfo& info) { return UploadOperation(info, program).result; }, devices);
   };
 }
 
 Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program) {
   return [devices = std::move(devices), program = std::move(program)] {
-    RunOnDevices([&](const DeviceInfo& info) { return ClearAllOperation(info, program); }, devices);
+    RunOnDevices([&](const DeviceInfo& info) { return ClearAllOperation(info, program).result; }, devices);
   };
 }
 
 Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds) {
   return [devices = std::move(devices), program = std::move(program), seconds] {
-    RunOnDevices([&](const DeviceInfo& info) { return DemoOperation(info, program, seconds); }, devices);
+    RunOnDevices([&](const DeviceInfo& info) { return DemoOperation(info, program, seconds).result; },
+                 devices);
   };
 }
 

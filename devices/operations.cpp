@@ -22,6 +22,10 @@ bool KeepsHalfHours(const DeviceInfo& info) {
 
 }  // namespace
 
+bool MayIgnoreManySteps(const DeviceInfo& info) {
+  return info.model == ModelTC420 || info.model == ModelEmulator;
+}
+
 DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode) {
   DeviceBase::Steps steps;
   if (KeepsHalfHours(info)) {
@@ -47,57 +51,87 @@ std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info) {
   }
 }
 
-std::unique_ptr<DeviceBase> ConnectDevice(const DeviceInfo& info) {
+std::unique_ptr<DeviceBase> ConnectDevice(const DeviceInfo& info, Exchange* exchange) {
   std::unique_ptr<DeviceBase> device = CreateDevice(info);
   if (device->Connect()) return device;
+  if (exchange != nullptr) *exchange = device->Exchanged();
   LogStatus(Message("Connect error"));
   return nullptr;
 }
 
-OperationResult SyncTimeOperation(const DeviceInfo& info, const Program::ModeListView& /*program*/,
+namespace {
+
+/// Does `operation` on a controller that is connected for it.
+OperationReport WithDevice(const DeviceInfo& info,
+                           const std::function<OperationReport(DeviceBase&)>& operation) {
+  OperationReport report(OperationResult::NotConnected);
+  const std::unique_ptr<DeviceBase> device = ConnectDevice(info, &report.exchange);
+  if (device == nullptr) return report;
+  report = operation(*device);
+  report.exchange = device->Exchanged();
+  return report;
+}
+
+/// Whether all packets that `send` gives to the device are confirmed.
+bool IsConfirmed(const DeviceBase& device, const std::function<void()>& send) {
+  const int before = device.Exchanged().unconfirmed;
+  send();
+  return device.Exchanged().unconfirmed == before;
+}
+
+/// True if the controller has confirmed the whole mode. The log has an error only where the device has.
+bool UploadMode(DeviceBase& device, const DeviceInfo& info, int bank, const Program::Mode& mode) {
+  const DeviceBase::Steps steps = StepsFor(info, mode);
+  LogStatus(Message("Uploading mode: {1}", mode.name));
+  bool taken = false;
+  const bool confirmed = IsConfirmed(device, [&] { taken = device.UploadMode(bank, mode.name, steps); });
+  if (!taken) LogStatus(Message("Upload error"));
+  return taken && confirmed;
+}
+
+}  // namespace
+
+OperationReport SyncTimeOperation(const DeviceInfo& info, const Program::ModeListView& /*program*/,
                                   const DateTime& time) {
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info);
-  if (device == nullptr) return OperationResult::NotConnected;
-  LogStatus(Message("Syncing time"));
-  return device->TimeSync(time) ? OperationResult::Done : OperationResult::Failed;
+  return WithDevice(info, [&](DeviceBase& device) {
+    LogStatus(Message("Syncing time"));
+    return OperationReport(device.TimeSync(time) ? OperationResult::Done : OperationResult::Failed);
+  });
 }
 
-OperationResult ClearAllOperation(const DeviceInfo& info, const Program::ModeListView& /*program*/) {
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info);
-  if (device == nullptr) return OperationResult::NotConnected;
-  LogStatus(Message("Clearing all modes"));
-  const bool cleared = device->ClearAll();
-  platform::SleepMilliseconds(kClearMilliseconds);
-  return cleared ? OperationResult::Done : OperationResult::Failed;
+OperationReport ClearAllOperation(const DeviceInfo& info, const Program::ModeListView& /*program*/) {
+  return WithDevice(info, [](DeviceBase& device) {
+    LogStatus(Message("Clearing all modes"));
+    const bool cleared = device.ClearAll();
+    platform::SleepMilliseconds(kClearMilliseconds);
+    return OperationReport(cleared ? OperationResult::Done : OperationResult::Failed);
+  });
 }
 
-OperationResult UploadOperation(const DeviceInfo& info, const Program::ModeListView& program) {
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info);
-  if (device == nullptr) return OperationResult::NotConnected;
-  LogStatus(Message("Uploading started"));
-  TakeCommand();
-  demoState.SetIdle();
-  device->UploadStart();
-  OperationResult result = OperationResult::Done;
-  for (int bank = 0; const Program::Mode& mode : program.modes) {
-    const DeviceBase::Steps steps = StepsFor(info, mode);
-    LogStatus(Message("Uploading mode: {1}", mode.name));
-    if (!device->UploadMode(bank++, mode.name, steps)) {
-      LogStatus(Message("Upload error"));
-      result = OperationResult::Failed;
+OperationReport UploadOperation(const DeviceInfo& info, const Program::ModeListView& program) {
+  return WithDevice(info, [&](DeviceBase& device) {
+    LogStatus(Message("Uploading started"));
+    TakeCommand();
+    demoState.SetIdle();
+    device.UploadStart();
+    OperationReport report;
+    for (int bank = 0; const Program::Mode& mode : program.modes) {
+      if (!UploadMode(device, info, bank++, mode)) report.unconfirmedModes.push_back(mode.name);
+      platform::SleepMilliseconds(kModeMilliseconds);
+      if (IsStop(TakeCommand())) {
+        // For RunOnDevices, which has further controllers to leave alone.
+        PostCommand(CommandStop);
+        report.result = OperationResult::Cancelled;
+        break;
+      }
     }
-    platform::SleepMilliseconds(kModeMilliseconds);
-    if (IsStop(TakeCommand())) {
-      // For RunOnDevices, which has further controllers to leave alone.
-      PostCommand(CommandStop);
-      result = OperationResult::Cancelled;
-      break;
-    }
-  }
-  device->UploadFinish();
-  // Also after a cancel or errors: it closes what "Uploading started" opened.
-  LogStatus(Message("Uploading finished"));
-  return result;
+    report.endUnconfirmed = !IsConfirmed(device, [&] { device.UploadFinish(); });
+    // Also after a cancel or errors: it closes what "Uploading started" opened.
+    LogStatus(Message("Uploading finished"));
+    const bool confirmed = report.unconfirmedModes.empty() && !report.endUnconfirmed;
+    if (report.result == OperationResult::Done && !confirmed) report.result = OperationResult::Failed;
+    return report;
+  });
 }
 
 OperationResult RunOnDevices(const std::function<OperationResult(const DeviceInfo&)>& operation,

@@ -67,10 +67,13 @@ void FindHostName(DeviceInfo& device, std::chrono::milliseconds patience) {
 
 }  // namespace
 
-void ScanDevices(std::vector<DeviceInfo>& found, float seconds) {
+void ScanDevices(std::vector<DeviceInfo>& found, float seconds, bool* portTaken) {
   LogDevice("ScanDevices");
   UDPSocket socket;
-  if (!socket.Open() || !socket.Bind()) return;
+  if (!socket.Open()) return;
+  const bool bound = socket.Bind();
+  if (portTaken != nullptr) *portTaken = !bound;
+  if (!bound) return;
   found.clear();
   std::string probe;
   TC421::Packet_Find().Serialize(probe);
@@ -84,10 +87,10 @@ void ScanDevices(std::vector<DeviceInfo>& found, float seconds) {
   }
 }
 
-std::vector<DeviceInfo> FindNetworkDevices(std::chrono::milliseconds lookupPatience) {
+std::vector<DeviceInfo> FindNetworkDevices(std::chrono::milliseconds lookupPatience, bool* portTaken) {
   LogStatus(Message("Searching for network devices..."));
   std::vector<DeviceInfo> found;
-  ScanDevices(found, kRoundSeconds);
+  ScanDevices(found, kRoundSeconds, portTaken);
   LogStatus(Message("Found {1} device(s)", static_cast<std::int32_t>(found.size())));
   for (DeviceInfo& device : found) FindHostName(device, lookupPatience);
   return found;

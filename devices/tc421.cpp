@@ -106,12 +106,12 @@ bool UDPDevice::DoUploadMode(int bank, const std::string& name, const Steps& ste
 void UDPDevice::DoUploadFinish() {}
 
 void UDPDevice::DoDemoStart(const std::string& name) {
-  WritePacket(Packet_PlayInit(Info(), name));
+  SendUnanswered(Packet_PlayInit(Info(), name));
 }
 
 void UDPDevice::DoDemoSetChannels(const TCBase::Program::ModeStep& step) {
   // A lost frame is out of date before it could be sent again.
-  WritePacket(Packet_PlaySetChannels(Info(), step));
+  SendUnanswered(Packet_PlaySetChannels(Info(), step));
 }
 
 void UDPDevice::DoDemoFinish() {

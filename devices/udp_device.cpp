@@ -62,7 +62,9 @@ bool UDPSocket::Receive(std::string& bytes, Ipv4Address& from) {
 }
 
 bool UDPDevice::Connect() {
-  return udp.Open() && udp.Bind();
+  if (!udp.Open()) return false;
+  exchange_.portTaken = !udp.Bind();
+  return !exchange_.portTaken;
 }
 
 bool UDPDevice::Write(const std::string& frame) {
@@ -74,13 +76,24 @@ bool UDPDevice::Read(std::string& reply) {
   do {
     Ipv4Address from;
     // The port does not matter: controllers answer from any.
-    if (udp.Receive(reply, from) && from.address == info.address.address) return true;
+    if (udp.Receive(reply, from) && from.address == info.address.address) {
+      ++exchange_.replies;
+      return true;
+    }
     platform::SleepMilliseconds(kPollMilliseconds);
   } while (waited.Now() < kReplySeconds);
   return false;
 }
 
 bool UDPDevice::SendPacket(const PacketBase& packet, int expected) {
+  return CountPacket(Exchanges(packet, expected));
+}
+
+void UDPDevice::SendUnanswered(const PacketBase& packet) {
+  CountPacket(WritePacket(packet));
+}
+
+bool UDPDevice::Exchanges(const PacketBase& packet, int expected) {
   for (int tries = 0; tries < kMaxTries; ++tries) {
     if (!WritePacket(packet)) return false;
     std::string reply;

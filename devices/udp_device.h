@@ -55,9 +55,13 @@ class UDPDevice : public DeviceBase {
   bool SendPacket(const PacketBase& packet, int expected) override;
 
  protected:
+  /// Sends a packet once and awaits no reply.
+  void SendUnanswered(const PacketBase& packet);
   const DeviceInfo& Info() const { return info; }
 
  private:
+  bool Exchanges(const PacketBase& packet, int expected);
+
   DeviceInfo info;
   UDPSocket udp;
 };

@@ -83,7 +83,9 @@ bool USBDevice::Read(std::string& reply) {
 
 bool USBDevice::SendPacket(const PacketBase& packet, int expected) {
   std::string reply;
-  return WritePacket(packet) && Read(reply) && CheckReply(reply, expected);
+  const bool confirmed = WritePacket(packet) && Read(reply) && CheckReply(reply, expected);
+  if (!reply.empty()) ++exchange_.replies;
+  return CountPacket(confirmed);
 }
 
 void USBDevice::LogError(const char* where) const {

@@ -67,6 +67,23 @@ bool Send(DeviceBase& device, const PacketBase& packet, int expected, const char
   return false;
 }
 
+bool SendConfig(DeviceBase& device, const DeviceInfo& info, const WifiNetworkConfig& config) {
+  switch (config.security) {
+    case SecurityOpen:
+      return Send(device, TC421::Packet_SetWiFi_Open(info, config.ssid), kOpenTaken,
+                  "Error setting open WiFi");
+    case SecurityWPA:
+    case SecurityWPA2:
+      return Send(device, TC421::Packet_SetWiFi_SSID(info, config.ssid, config.security, config.encryption),
+                  kSsidTaken, "Error setting WiFi SSID") &&
+             Send(device, TC421::Packet_SetWiFi_Password(info, config.password), kPasswordTaken,
+                  "Error setting WiFi password");
+    default:
+      // Not an error: there is nothing that a controller could be told.
+      return true;
+  }
+}
+
 }  // namespace
 
 const char* NameOf(WifiSecurity security) {
@@ -122,24 +139,13 @@ bool ListWifiNetworks(std::vector<WifiNetwork>& networks) {
   return true;
 }
 
-bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config) {
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info);
+bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config, Exchange* exchange) {
+  const std::unique_ptr<DeviceBase> device = ConnectDevice(info, exchange);
   if (device == nullptr) return false;
   LogStatus(Message("Setting up WiFi"));
-  switch (config.security) {
-    case SecurityOpen:
-      return Send(*device, TC421::Packet_SetWiFi_Open(info, config.ssid), kOpenTaken,
-                  "Error setting open WiFi");
-    case SecurityWPA:
-    case SecurityWPA2:
-      return Send(*device, TC421::Packet_SetWiFi_SSID(info, config.ssid, config.security, config.encryption),
-                  kSsidTaken, "Error setting WiFi SSID") &&
-             Send(*device, TC421::Packet_SetWiFi_Password(info, config.password), kPasswordTaken,
-                  "Error setting WiFi password");
-    default:
-      // Not an error: there is nothing that a controller could be told.
-      return true;
-  }
+  const bool done = SendConfig(*device, info, config);
+  if (exchange != nullptr) *exchange = device->Exchanged();
+  return done;
 }
 
 }  // namespace TCBase

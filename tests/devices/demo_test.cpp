@@ -29,7 +29,7 @@ class DemoTest : public DeviceTest {
   }
 
   OperationResult Play(const Mode& mode, int seconds) {
-    return DemoOperation(SelectedTC420(), GivenProgram({mode}), seconds);
+    return DemoOperation(SelectedTC420(), GivenProgram({mode}), seconds).result;
   }
 
   static void At(double seconds, std::function<void()> action) {
@@ -258,9 +258,12 @@ TEST_F(DemoTest, OnSeveralDevicesTheWholeDayIsPlayedOnEachAndNothingIsShownBetwe
   ExpectNoViolations();
 }
 
-TEST_F(DemoTest, AFailingControllerGoesUnnoticedAndTheDemoRunsToItsEnd) {
+TEST_F(DemoTest, ADemoWhoseCableIsPulledRunsToItsEndAndReportsIt) {
   At(10.0, [] { sim_hidapi::PullOut(Family::TC420); });
-  EXPECT_EQ(Play(GivenRamp("Ramp"), 60), OperationResult::Done);
+  const auto report = DemoOperation(SelectedTC420(), GivenProgram({GivenRamp("Ramp")}), 60);
+  EXPECT_EQ(report.result, OperationResult::Failed);
+  EXPECT_GT(report.exchange.unconfirmed, 1);
+  EXPECT_LT(report.exchange.unconfirmed, report.exchange.packets);
   EXPECT_NEAR(virtual_clock::Seconds(), 60.0, kPass);
   EXPECT_THAT(TakeStatus(), testing::EndsWith("Playing whole day in 60 seconds\nDemo finished\n"));
 }
@@ -290,16 +293,16 @@ TEST_F(DemoTest, WithoutACurrentModeThereIsNothingToPlay) {
   ModeListView program = GivenProgram({GivenRamp("Ramp")});
   for (const int current : {-1, 1, 1000000}) {
     program.currentMode = current;
-    EXPECT_EQ(DemoOperation(SelectedTC420(), program, 60), OperationResult::Failed) << current;
+    EXPECT_EQ(DemoOperation(SelectedTC420(), program, 60).result, OperationResult::Failed) << current;
   }
-  EXPECT_EQ(DemoOperation(SelectedTC420(), {}, 60), OperationResult::Failed);
+  EXPECT_EQ(DemoOperation(SelectedTC420(), {}, 60).result, OperationResult::Failed);
   EXPECT_THAT(sim_hidapi::Frames(Family::TC420), testing::IsEmpty());
 }
 
 TEST_F(DemoTest, TheModeOnTheChartIsPlayed) {
   ModeListView program = GivenProgram({GivenRamp("First"), GivenRamp("Second")});
   program.currentMode = 1;
-  EXPECT_EQ(DemoOperation(SelectedTC420(), program, 1), OperationResult::Done);
+  EXPECT_EQ(DemoOperation(SelectedTC420(), program, 1).result, OperationResult::Done);
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).playName, "Second");
 }
 

@@ -18,7 +18,7 @@ using sim_network::Weather;
 using TCBase::Program::ModeListView;
 
 constexpr int kModes = 10;
-constexpr std::uint32_t kSeeds = 200;
+constexpr std::uint32_t kSeeds = 60;
 
 // Ten modes that differ in every step.
 ModeListView TenModes() {
@@ -61,15 +61,17 @@ std::set<int> FailedBanks(const std::string& status) {
   return failed;
 }
 
-// What the controller does with the end of a mode of which steps are missing.
-enum class Closing { Checked, Trusting };
+// What the controller does with the end of a mode of which steps are missing. All that is known of real ones
+// is that they answer every frame; that one checks what it was given is an assumption.
+enum class Closing { AnsweredAsAll, RefusedWithStepsMissing };
 
 struct Tally {
-  int uploads = 0;         // without any error
-  int modes = 0;           // without one
-  int missed = 0;          // not whole, and reported as good: must not be
+  int uploads = 0;         // that are done
+  int modes = 0;           // not reported
+  int missed = 0;          // not whole, and not reported: must not be
   int reported = 0;        // not whole, and reported
-  int unacknowledged = 0;  // whole, and reported: only the last acknowledgement was lost
+  int unacknowledged = 0;  // whole, and reported: only acknowledgements were lost
+  int silent = 0;          // not whole, and no "Upload error" in the log
 };
 
 class LossyNetworkTest : public NetworkTest {
@@ -77,31 +79,40 @@ class LossyNetworkTest : public NetworkTest {
   const virtual_clock::Alone alone;
 
   static Tally UploadOverAllSeeds(const Weather& there, const Weather& back, std::uint32_t seeds = kSeeds,
-                                  Closing closing = Closing::Checked) {
+                                  Closing closing = Closing::AnsweredAsAll) {
     const sim::Memory whole = WholeProgram();
-    const ModeListView program = TenModes();
     Tally tally;
     for (std::uint32_t seed = 1; seed <= seeds; ++seed) {
       virtual_clock::Reset();
       sim_network::Reset();
       sim_network::PlugIn(kTank, "Smart-123456");
-      if (closing == Closing::Trusting) sim_network::TrustIncompleteModes();
+      if (closing == Closing::AnsweredAsAll) sim_network::TrustIncompleteModes();
       sim_network::SetWeather(there, back, seed);
-      TCBase::UploadOperation(SelectedTank(), program);
-      const std::set<int> failed = FailedBanks(TakeStatus());
-      TakeTrace();
-      const sim::Memory memory = sim_network::MemoryOf(kTank);
-      tally.uploads += failed.empty();
-      for (int bank = 0; bank < kModes; ++bank) {
-        const bool isWhole = IsWhole(memory, whole, bank);
-        const bool isReported = failed.count(bank) != 0;
-        tally.modes += !isReported;
-        tally.missed += !isWhole && !isReported;
-        tally.reported += !isWhole && isReported;
-        tally.unacknowledged += isWhole && isReported;
-      }
+      UploadOnce(whole, tally);
     }
     return tally;
+  }
+
+ private:
+  static void UploadOnce(const sim::Memory& whole, Tally& tally) {
+    const ModeListView program = TenModes();
+    const TCBase::OperationReport report = TCBase::UploadOperation(SelectedTank(), program);
+    const std::string status = TakeStatus();
+    EXPECT_THAT(status, testing::EndsWith("Uploading finished\n"));
+    const std::set<int> failed = FailedBanks(status);
+    TakeTrace();
+    const sim::Memory memory = sim_network::MemoryOf(kTank);
+    const std::set<std::string> unconfirmed(report.unconfirmedModes.begin(), report.unconfirmedModes.end());
+    tally.uploads += report.result == TCBase::OperationResult::Done;
+    for (int bank = 0; bank < kModes; ++bank) {
+      const bool isWhole = IsWhole(memory, whole, bank);
+      const bool isReported = unconfirmed.contains(program.modes[static_cast<std::size_t>(bank)].name);
+      tally.modes += !isReported;
+      tally.missed += !isWhole && !isReported;
+      tally.reported += !isWhole && isReported;
+      tally.unacknowledged += isWhole && isReported;
+      tally.silent += !isWhole && !failed.contains(bank);
+    }
   }
 };
 
@@ -113,18 +124,14 @@ TEST_F(LossyNetworkTest, OverAFairNetworkEveryModeArrives) {
   EXPECT_EQ(tally.modes, kModes);
 }
 
-// Whatever is lost, nobody is told that a mode is stored which is not. A step whose three transmissions are
-// lost ends nothing by itself: the controller, which knows how many were announced, does not acknowledge the
-// end.
-TEST_F(LossyNetworkTest, WithALossOf30PercentEachWayNoDifferenceIsSilent) {
+// Whatever is lost, no report has a mode as stored which is not. The other way round there is no certainty:
+// who hears nothing cannot know whether a frame or its acknowledgement was lost.
+TEST_F(LossyNetworkTest, WithALossOf30PercentEachWayEveryIncompleteModeIsReported) {
   const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {.loss = 0.3});
   EXPECT_EQ(tally.missed, 0);
-  EXPECT_EQ(tally.modes + tally.reported + tally.unacknowledged, kAllModes);
-  EXPECT_GT(tally.modes, 0);
-  EXPECT_GT(tally.reported, 0);
-  // The other way round there is no certainty over such a network: who hears nothing of the end of a mode
-  // cannot know whether the mode or the acknowledgement was lost. It is about one mode in fifty.
-  EXPECT_LT(tally.unacknowledged, kAllModes / 25);
+  EXPECT_GT(tally.reported, kAllModes / 3);
+  // The log, which tells of the first and the last frame of a mode only, has most of them as good.
+  EXPECT_GT(tally.silent, kAllModes / 3);
 }
 
 TEST_F(LossyNetworkTest, WithALossOf30PercentOnTheWayThereExactlyTheIncompleteModesAreReported) {
@@ -132,27 +139,30 @@ TEST_F(LossyNetworkTest, WithALossOf30PercentOnTheWayThereExactlyTheIncompleteMo
   EXPECT_EQ(tally.missed, 0);
   EXPECT_EQ(tally.unacknowledged, 0);
   EXPECT_GT(tally.reported, 0);
+  EXPECT_GT(tally.modes, 0);
 }
 
-TEST_F(LossyNetworkTest, WithALossOf5PercentEachWayEveryUploadSucceeds) {
+TEST_F(LossyNetworkTest, WithALossOf5PercentEachWayMostUploadsSucceed) {
   const Tally tally = UploadOverAllSeeds({.loss = 0.05}, {.loss = 0.05}, 20);
   EXPECT_EQ(tally.missed, 0);
   EXPECT_GE(tally.uploads, 10);
 }
 
-// The upload looks at the replies to the first and the last frame of a mode only. With a controller that
-// acknowledges the end of any mode, most modes are incomplete here and reported as good.
-TEST_F(LossyNetworkTest, OfAControllerThatTrustsTheUploadItTellsNothing) {
-  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {.loss = 0.3}, 20, Closing::Trusting);
-  EXPECT_GT(tally.missed, 20 * kModes / 3);
+TEST_F(LossyNetworkTest, OfAControllerThatRefusesTheEndOfAnIncompleteModeTheLogTellsToo) {
+  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {.loss = 0.3}, 50, Closing::RefusedWithStepsMissing);
+  EXPECT_EQ(tally.missed, 0);
+  EXPECT_EQ(tally.silent, 0);
+  EXPECT_GT(tally.reported, 0);
 }
 
-// Repeats, delays and garbling: no promise is kept here but that it ends.
+// Repeats, delays and garbling: replies are then taken for those to other frames, and no promise is kept but
+// that an upload comes to its end. Each frame is sent three times at most, and waited for two seconds.
 TEST_F(LossyNetworkTest, InFoulWeatherEveryUploadComesToItsEnd) {
   const Weather foul{
       .loss = 0.1, .repeat = 0.1, .shorten = 0.05, .corrupt = 0.05, .delay = 0.2, .longestDelay = 3.0};
   const Tally tally = UploadOverAllSeeds(foul, foul, 20);
-  EXPECT_EQ(tally.modes + tally.reported + tally.unacknowledged, 20 * kModes);
+  EXPECT_GT(tally.modes, 0);
+  EXPECT_LT(tally.modes, 20 * kModes);
 }
 
 // Frames are not numbered, and any block from the controller counts as the reply to the frame in hand: so

@@ -13,6 +13,7 @@ namespace {
 using sim_hidapi::Call;
 using sim_hidapi::Family;
 using TCBase::DeviceInfo;
+using TCBase::OperationReport;
 using TCBase::OperationResult;
 using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
@@ -37,8 +38,8 @@ class OperationsTest : public DeviceTest {
   }
 
   static OperationResult Upload(const DeviceInfo& info, const ModeListView& program) {
-    return TCBase::RunOnDevices([&](const DeviceInfo& device) { return UploadOperation(device, program); },
-                                {info});
+    return TCBase::RunOnDevices(
+        [&](const DeviceInfo& device) { return UploadOperation(device, program).result; }, {info});
   }
 
   // Compares what the user and the log file saw with tests/devices/golden/<name>/.
@@ -91,10 +92,10 @@ TEST_F(OperationsTest, TranscriptOfAClearOfASilentTC421) {
 TEST_F(OperationsTest, AControllerThatIsNotThereIsAConnectErrorInEveryOperation) {
   sim_hidapi::Reset();
   const ModeListView program = TwoModes();
-  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), program, kMoment), OperationResult::NotConnected);
-  EXPECT_EQ(ClearAllOperation(SelectedTC420(), program), OperationResult::NotConnected);
-  EXPECT_EQ(UploadOperation(SelectedTC421(), program), OperationResult::NotConnected);
-  EXPECT_EQ(DemoOperation(SelectedTC421(), program, 60), OperationResult::NotConnected);
+  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), program, kMoment).result, OperationResult::NotConnected);
+  EXPECT_EQ(ClearAllOperation(SelectedTC420(), program).result, OperationResult::NotConnected);
+  EXPECT_EQ(UploadOperation(SelectedTC421(), program).result, OperationResult::NotConnected);
+  EXPECT_EQ(DemoOperation(SelectedTC421(), program, 60).result, OperationResult::NotConnected);
   EXPECT_EQ(TakeStatus(), "Connect error\nConnect error\nConnect error\nConnect error\n");
   EXPECT_EQ(TakeTrace(), "");
   // Nor does a controller that is not there need three seconds to clear.
@@ -113,7 +114,7 @@ TEST_F(OperationsTest, AfterAConnectErrorTheNextDeviceIsServed) {
 // Time and clear.
 
 TEST_F(OperationsTest, TheClockIsSetToTheGivenTimeAndNotToTheComputers) {
-  EXPECT_EQ(SyncTimeOperation(SelectedTC421(), {}, kMoment), OperationResult::Done);
+  EXPECT_EQ(SyncTimeOperation(SelectedTC421(), {}, kMoment).result, OperationResult::Done);
   const DateTime clock = *sim_hidapi::MemoryOf(Family::TC421).clock;
   EXPECT_EQ(clock.year, 2026);
   EXPECT_EQ(clock.month, 12);
@@ -123,19 +124,19 @@ TEST_F(OperationsTest, TheClockIsSetToTheGivenTimeAndNotToTheComputers) {
 
 TEST_F(OperationsTest, AFailingTimeSyncIsNotToldToTheUser) {
   sim_hidapi::Inject({.call = Call::Write});
-  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), {}, kMoment), OperationResult::Failed);
+  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), {}, kMoment).result, OperationResult::Failed);
   EXPECT_EQ(TakeStatus(), "Syncing time\n");
 }
 
 TEST_F(OperationsTest, AClearWaitsThreeSeconds) {
-  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}), OperationResult::Done);
+  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}).result, OperationResult::Done);
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 3.0);
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).clears, 1);
 }
 
 TEST_F(OperationsTest, AFailingClearWaitsAllTheSame) {
   sim_hidapi::Inject({.call = Call::Write});
-  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}), OperationResult::Failed);
+  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}).result, OperationResult::Failed);
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 3.0);
   EXPECT_EQ(TakeStatus(), "Clearing all modes\n");
 }
@@ -256,7 +257,7 @@ TEST_F(OperationsTest, OtherCommandsDoNotDisturbAnUpload) {
 
 TEST_F(OperationsTest, AnUploadShowsThatNoDemoRuns) {
   TCBase::demoState.SetRunning(3600, TCBase::StatePlaying);
-  EXPECT_EQ(UploadOperation(SelectedEmulator(), {}), OperationResult::Done);
+  EXPECT_EQ(UploadOperation(SelectedEmulator(), {}).result, OperationResult::Done);
   EXPECT_EQ(TCBase::demoState.state, TCBase::StateIdle);
   EXPECT_EQ(TCBase::demoState.position, -1);
 }
@@ -266,6 +267,64 @@ TEST_F(OperationsTest, AModeWhoseStepsAllStandOnOneMinuteIsSentCapped) {
   odd.channels[1] = GivenRamp("").channels[0];
   EXPECT_EQ(Upload(SelectedTC420(), GivenProgram({odd})), OperationResult::Done);
   ExpectNoViolations();
+}
+
+// The report knows more than the log.
+
+TEST_F(OperationsTest, AnUploadThatWentWellIsConfirmedWhole) {
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  EXPECT_EQ(report.result, OperationResult::Done);
+  EXPECT_THAT(report.unconfirmedModes, IsEmpty());
+  EXPECT_FALSE(report.endUnconfirmed);
+  EXPECT_EQ(report.exchange.packets, 9);
+  EXPECT_EQ(report.exchange.replies, 9);
+  EXPECT_EQ(report.exchange.unconfirmed, 0);
+}
+
+TEST_F(OperationsTest, AStepThatWasNotWrittenIsReportedThoughNoLineTellsOfIt) {
+  constexpr int kStepOfTheSecondMode = 4 + 2;
+  sim_hidapi::Inject({.call = Call::Write, .nth = kStepOfTheSecondMode});
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  EXPECT_EQ(report.result, OperationResult::Failed);
+  EXPECT_THAT(report.unconfirmedModes, ElementsAre("Night"));
+  EXPECT_FALSE(report.endUnconfirmed);
+  EXPECT_EQ(report.exchange.unconfirmed, 1);
+  EXPECT_THAT(TakeStatus(), Not(HasSubstr("error")));
+}
+
+TEST_F(OperationsTest, AStepThatWasNotAnsweredIsReported) {
+  sim_hidapi::SetAnswer({[answered = 0](const std::string& reply) mutable {
+    constexpr int kSecondStep = 3;
+    return ++answered == kSecondStep ? std::vector<std::string>() : std::vector{reply};
+  }});
+  const OperationReport report = UploadOperation(SelectedTC421(), TwoModes());
+  EXPECT_EQ(report.result, OperationResult::Failed);
+  EXPECT_THAT(report.unconfirmedModes, ElementsAre("Day"));
+  EXPECT_THAT(TakeStatus(), Not(HasSubstr("error")));
+}
+
+TEST_F(OperationsTest, ACablePulledBeforeTheLastFrameIsReported) {
+  constexpr int kLastFrame = 4 + 4 + 1;
+  sim_hidapi::Inject({.call = Call::Write, .nth = kLastFrame, .times = sim_hidapi::kForever});
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  EXPECT_EQ(report.result, OperationResult::Failed);
+  EXPECT_THAT(report.unconfirmedModes, IsEmpty());
+  EXPECT_TRUE(report.endUnconfirmed);
+}
+
+TEST_F(OperationsTest, ModesThatAreRefusedAreReported) {
+  const OperationReport report = UploadOperation(
+      SelectedEmulator(), GivenProgram({GivenRamp("A"), GivenRamp(""), Mode{.name = "No steps"}}));
+  EXPECT_EQ(report.result, OperationResult::Failed);
+  EXPECT_THAT(report.unconfirmedModes, ElementsAre("", "No steps"));
+}
+
+TEST_F(OperationsTest, ACancelledUploadReportsWhatItHadSent) {
+  StopAt(0.2);
+  sim_hidapi::Inject({.call = Call::Write, .nth = 2});
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  EXPECT_EQ(report.result, OperationResult::Cancelled);
+  EXPECT_THAT(report.unconfirmedModes, ElementsAre("Day"));
 }
 
 // Several devices.

@@ -50,7 +50,7 @@ TEST_F(UdpDeviceTest, ConnectTakesThePortAndSendsNothing) {
 
 TEST_F(UdpDeviceTest, WithAnotherProgramOnThePortTheOperationSaysConnectError) {
   sim_network::HoldPort(true);
-  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("A")})),
+  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("A")})).result,
             OperationResult::NotConnected);
   EXPECT_EQ(TakeStatus(), "Connect error\n");
   EXPECT_EQ(TakeTrace(), "9:26:53:589 bind error: Address already in use\n");
@@ -287,7 +287,7 @@ TEST_F(UdpDeviceTest, AModeIsRefusedByTheRulesOfTheOtherControllers) {
 }
 
 TEST_F(UdpDeviceTest, ANetworkControllerGetsTheHalfHoursOfTheDay) {
-  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("Ramp")})),
+  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("Ramp")})).result,
             OperationResult::Done);
   EXPECT_EQ(SentCommands(), "0101 0102*48 040A");
   const sim::StoredMode mode = sim_network::MemoryOf(kTank).banks.at(0);
@@ -311,6 +311,39 @@ TEST_F(UdpDeviceTest, EveryFrameBearsTheControllersNameAndItsChecksumBeforeTheEn
     EXPECT_NE(sent.bytes[clock ? 63 : 61], 0);
     EXPECT_EQ(sent.bytes[clock ? 61 : 63], 0);
   }
+}
+
+// What an operation reports of the network.
+
+TEST_F(UdpDeviceTest, AReportTellsOfATakenPort) {
+  sim_network::HoldPort(true);
+  EXPECT_TRUE(TCBase::ClearAllOperation(SelectedTank(), {}).exchange.portTaken);
+  sim_network::HoldPort(false);
+  EXPECT_FALSE(TCBase::ClearAllOperation(SelectedTank(), {}).exchange.portTaken);
+}
+
+TEST_F(UdpDeviceTest, AReportCountsAPacketOnceAndEachReply) {
+  const TCBase::Exchange fair = TCBase::ClearAllOperation(SelectedTank(), {}).exchange;
+  EXPECT_EQ(fair.packets, 1);
+  EXPECT_EQ(fair.replies, 1);
+  EXPECT_EQ(fair.unconfirmed, 0);
+  AnswerWith({});
+  const TCBase::Exchange silent = TCBase::ClearAllOperation(SelectedTank(), {}).exchange;
+  EXPECT_EQ(silent.packets, 1);
+  EXPECT_EQ(silent.replies, 0);
+  EXPECT_EQ(silent.unconfirmed, 1);
+}
+
+TEST_F(UdpDeviceTest, OfADemoTheFramesThatDidNotLeaveAreReported) {
+  const auto demo = [] {
+    return TCBase::DemoOperation(SelectedTank(), GivenProgram({GivenRamp("Ramp")}), 1);
+  };
+  EXPECT_EQ(demo().result, OperationResult::Done);
+  constexpr int kAFrame = 3;
+  sim_network::Inject(sim_network::Call::Send, kAFrame);
+  const TCBase::OperationReport report = demo();
+  EXPECT_EQ(report.result, OperationResult::Failed);
+  EXPECT_EQ(report.exchange.unconfirmed, 1);
 }
 
 }  // namespace
