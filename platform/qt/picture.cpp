@@ -7,7 +7,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +19,7 @@
 #include "common/truncate.h"
 #include "devices/demo_state.h"
 #include "platform/qt/qt_canvas.h"
+#include "platform/qt/svg_canvas.h"
 
 namespace qt {
 
@@ -80,6 +80,17 @@ class Chart {
     canvas.End();
   }
 
+  std::string DrawSvg() {
+    SvgCanvas canvas;
+    drawing_.Rebuild(canvas);
+    drawing_.Draw(canvas);  // a rehearsal, as below
+    AwaitRest();
+    canvas.BeginFrame();
+    drawing_.Draw(canvas);
+    const UX::Rect area = layout_.ChartWindowRect();
+    return canvas.Document(area.width, area.height);
+  }
+
  private:
   /// What moves starts with a frame, and is where it belongs in the next one.
   void Rehearse(QtCanvas& canvas) {
@@ -113,20 +124,6 @@ bool DrawPng(Chart& chart, const PictureRequest& request, QBuffer& file) {
   return image.save(&file, "PNG");
 }
 
-bool DrawSvg(Chart& chart, const PictureRequest& request, QBuffer& file) {
-  // Pixels of the web, so that a browser shows it in the size asked for.
-  constexpr int kPixelsPerInch = 96;
-  QSvgGenerator svg;
-  svg.setOutputDevice(&file);
-  svg.setResolution(kPixelsPerInch);
-  svg.setSize({request.width, request.height});
-  svg.setViewBox(QRect(0, 0, request.width, request.height));
-  svg.setTitle(QStringLiteral("Light program"));
-  svg.setDescription(QStringLiteral("Five channels over a day, drawn by Lumarine"));
-  chart.DrawOn(svg, Surface::Vectors, 1.0);
-  return true;
-}
-
 bool DrawPdf(Chart& chart, const PictureRequest& request, QBuffer& file) {
   // A point for a pixel: Qt knows page sizes in whole points only.
   constexpr int kPointsPerInch = 72;
@@ -148,12 +145,12 @@ std::string DrawPicture(const ModeListView& document, const PictureRequest& requ
   if (request.minuteOfDay)
     demo.emplace(document.modes[static_cast<std::size_t>(document.currentMode)], *request.minuteOfDay);
   Chart chart(document, request);
+  if (request.format == PictureFormat::Svg) return chart.DrawSvg();
   QByteArray bytes;
   QBuffer file(&bytes);
   file.open(QIODevice::WriteOnly);
-  const bool drawn = request.format == PictureFormat::Png   ? DrawPng(chart, request, file)
-                     : request.format == PictureFormat::Svg ? DrawSvg(chart, request, file)
-                                                            : DrawPdf(chart, request, file);
+  const bool drawn =
+      request.format == PictureFormat::Png ? DrawPng(chart, request, file) : DrawPdf(chart, request, file);
   file.close();
   return drawn ? std::string(bytes.constData(), static_cast<std::size_t>(bytes.size())) : std::string();
 }

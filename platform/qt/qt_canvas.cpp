@@ -14,7 +14,7 @@ namespace {
 constexpr int kLargestLabel = 16384;
 
 /// Flat ends and sharp corners, as far out as Direct2D draws them. What Qt rasterizes itself it measures in
-/// whole widths of the stroke, SVG and PDF in halves.
+/// whole widths of the stroke, a PDF in halves.
 QPen PenOf(const QColor& color, float width, Surface surface) {
   QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
   pen.setMiterLimit(surface == Surface::Pixels ? 5.0 : 10.0);

@@ -23,7 +23,7 @@
 
 namespace qt {
 
-/// What the canvas is drawn on. Vectors keep text as text, and everything sharp at any size.
+/// What the canvas is drawn on. Vectors, as of a PDF, keep text as text, and everything sharp at any size.
 enum class Surface { Pixels, Vectors };
 
 /// User interface thread; needs a QGuiApplication, for the fonts. Drawing goes to the painter between Begin()

@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <QColor>
+#include <QProcess>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -17,6 +21,15 @@ bool Differ(QRgb a, QRgb b, int difference) {
 
 QString PathText(const std::filesystem::path& path) {
   return QString::fromStdString(path.string());
+}
+
+/// Runs a program; the picture, or what else it prints, is its output.
+std::string OutputOf(const char* program, const QStringList& arguments) {
+  QProcess process;
+  process.start(QString::fromLatin1(program), arguments);
+  EXPECT_TRUE(process.waitForFinished()) << program;
+  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+  return process.readAllStandardOutput().toStdString();
 }
 
 }  // namespace
@@ -55,4 +68,14 @@ void pictures::ExpectGolden(const QImage& actual, const std::string& name) {
 
 QImage pictures::FromBytes(std::string_view bytes) {
   return QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()));
+}
+
+std::string pictures::OutputOver(std::string_view svg, const char* program, const QStringList& options) {
+  const TemporaryFolder folder;
+  std::ofstream(folder / "a.svg", std::ios::binary) << svg;
+  return OutputOf(program, options + QStringList{PathText(folder / "a.svg")});
+}
+
+QImage pictures::FromSvg(std::string_view svg) {
+  return FromBytes(OutputOver(svg, "rsvg-convert", {}));
 }

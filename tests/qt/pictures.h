@@ -3,6 +3,7 @@
 // Pictures that are compared, with golden ones or with each other.
 
 #include <QImage>
+#include <QStringList>
 
 #include <string>
 #include <string_view>
@@ -25,5 +26,10 @@ void ExpectGolden(const QImage& actual, const std::string& name);
 
 /// A picture file in memory.
 QImage FromBytes(std::string_view bytes);
+/// An SVG in memory as rsvg-convert draws it, a pixel for a pixel.
+QImage FromSvg(std::string_view svg);
+
+/// What a program says of an SVG in memory; fails the test if the program does.
+std::string OutputOver(std::string_view svg, const char* program, const QStringList& options);
 
 }  // namespace pictures

@@ -344,6 +344,28 @@ TEST_F(QtCanvasTest, ALabelCanBeMadeWhileNothingIsDrawn) {
   EXPECT_EQ(At(20, 10), kOrange);
 }
 
+TEST_F(QtCanvasTest, ALabelIsPutOnWholePixelsAtEveryScale) {
+  for (const double scale : {1.0, 1.25, 1.37, 1.5, 2.0}) {
+    Start(scale);
+    canvas().SetBrush(Brush::Black, {0, 0, 0}, 1.0F);
+    canvas().SetFont(UX::TextFormat::Small, {12.0F, false});
+    canvas().BeginLabel(Label::Hours, 40, 20);
+    canvas().LayOutText(UX::TextFormat::Small, "08:30", {40.0F, 20.0F});
+    canvas().DrawLayout(Brush::Black);
+    canvas().EndLabel();
+    canvas().DrawLabel(Label::Hours);
+    const QSize size(static_cast<int>(40 * scale), static_cast<int>(20 * scale));
+    const QImage letters = image_.copy({{0, 0}, size});
+    for (int x = 41; x < 50; ++x) {
+      canvas().SetTransform(UX::Translation(static_cast<float>(x), 3 * static_cast<float>(x)));
+      image_.fill(Qt::white);
+      canvas().DrawLabel(Label::Hours);
+      const QPoint pixel = (QPointF(x, 3 * x) * scale).toPoint();
+      EXPECT_EQ(image_.copy({pixel, size}), letters) << scale << ", " << x;
+    }
+  }
+}
+
 TEST_F(QtCanvasTest, ALabelOfVectorsHasItsSizeOnEveryDevice) {
   for (const int dotsPerInch : {72, 96, 300}) {
     QImage image = White();
