@@ -6,6 +6,8 @@
 #include <string>
 
 #include "app/menu_table.h"
+#include "app/numbers.h"
+#include "localisation/translation_store.h"
 #include "program/optimize.h"
 #include "tests/app/chart_test.h"
 
@@ -34,6 +36,58 @@ class ChartMouse : public ChartTest {
     GivenFocusOn(0);
   }
 };
+
+// Hints
+
+class ChartHints : public ChartMouse {
+ protected:
+  void SetUp() override {
+    ChartMouse::SetUp();
+    TranslationStore::Instance().StartWith(kGermanHints);
+    GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
+    GivenSelection(0, 1);
+  }
+  /// By its command: the menu knows the languages of the start.
+  void GivenGerman() { user.SendCommand(command::kFirstLanguage); }
+  std::string LogOfAClick() {
+    NewLog();
+    Press(452, 107);
+    Release();
+    return NewLog();
+  }
+
+  static constexpr char kGermanHints[] = R"(<localisation>
+  <languages><language id='de' name='Deutsch'/></languages>
+  <strings>
+    <string id='Hint: {1}'><de>Tipp: {1}</de></string>
+    <string id='Press DELETE or BACKSPACE to remove the selected step.'><de>Entf nimmt ihn weg.</de></string>
+  </strings>
+</localisation>)";
+};
+
+TEST_F(ChartHints, AreInTheLanguageOfTheMoment) {
+  GivenGerman();
+  EXPECT_THAT(LogOfAClick(),
+              HasSubstr("Tipp: Entf nimmt ihn weg.\n"
+                        "Tipp: You can also use keyboard ARROWS to move the step with higher accuracy.\n"));
+}
+
+TEST_F(ChartHints, ThatWereSeenInEnglishDoNotComeAgainInGerman) {
+  EXPECT_THAT(LogOfAClick(), HasSubstr(kHints));
+  GivenGerman();
+  EXPECT_THAT(LogOfAClick(), Not(HasSubstr("Tipp")));
+  user.Choose(command::kEnglish);
+  EXPECT_THAT(LogOfAClick(), Not(HasSubstr("Hint")));
+}
+
+TEST_F(ChartHints, ThatWereSeenInGermanDoNotComeAgainInEnglish) {
+  GivenGerman();
+  EXPECT_THAT(LogOfAClick(), HasSubstr("Tipp"));
+  user.Choose(command::kEnglish);
+  EXPECT_THAT(LogOfAClick(), Not(HasSubstr("Hint")));
+  GivenGerman();
+  EXPECT_THAT(LogOfAClick(), Not(HasSubstr("Tipp")));
+}
 
 // Selecting
 

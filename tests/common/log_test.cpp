@@ -160,6 +160,20 @@ TEST_F(Log, AHintShowsOnceInARun) {
   EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: " + another, "\r\n"));
 }
 
+TEST_F(Log, AHintShowsInTheLanguageOfTheMomentAndOnceWhateverTheLanguage) {
+  SetTranslator(
+      [](std::string_view key) { return key == "Hint: {1}" ? "Tipp: {1}" : "de: " + std::string(key); });
+  const std::string hint = FreshHint();
+  Hint(hint);
+  EXPECT_THAT(Taken(statusLog), ElementsAre("Tipp: de: " + hint, "\r\n"));
+  SetTranslator(
+      [](std::string_view key) { return key == "Hint: {1}" ? "Tip: {1}" : "sk: " + std::string(key); });
+  Hint(hint);
+  SetTranslator(nullptr);
+  Hint(hint);
+  EXPECT_THAT(Taken(statusLog), IsEmpty());
+}
+
 TEST_F(Log, AHintShowsAgainInTheNextRun) {
   const std::string hint = FreshHint();
   Hint(hint);
