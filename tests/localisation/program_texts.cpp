@@ -145,6 +145,7 @@ const std::vector<English>& NeverLookedUp() {
   static const char* const kName = "a name";
   static const char* const kWord = "a word of the networks themselves";
   static const char* const kTraffic = "of the log of device traffic";
+  static const char* const kFilledIn = "filled into a sentence, which is translated without it";
   static const std::vector<English> texts = {
       {"All Files", kFilter},
       {"LMF LEDControl File", kFilter},
@@ -169,6 +170,11 @@ const std::vector<English>& NeverLookedUp() {
       {"Segoe UI Black", kName},
       {"Tahoma", kName},
       {"Test Translation", kName},
+      {"PRG{1}", kName},
+      {"Rand_", kName},
+      {"TC420_Emulator", kName},
+      {"ON.", kFilledIn},
+      {"OFF.", kFilledIn},
       {"Open", kWord},
       {"Invalid", kWord},
       {"Received invalid packet size", kTraffic},

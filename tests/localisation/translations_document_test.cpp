@@ -25,9 +25,7 @@ namespace {
 using program_texts::English;
 using source_texts::Literal;
 using source_texts::Place;
-using testing::ElementsAre;
 using testing::ElementsAreArray;
-using testing::IsEmpty;
 
 std::string Text(const ovk::string& text) {
   return std::string(text.view());
@@ -261,68 +259,6 @@ TEST(TranslationsDocument, ListsWhatNobodyAsksForAnyMore) {
   EXPECT_EQ(unasked, program_texts::LeftOver());
 }
 
-// The reader of the sources
-
-source_texts::Found ReadSource(const char* source) {
-  source_texts::Found found;
-  source_texts::Read(source, "app/a.cpp", {{"Message", {0}}, {"Tell", {1, 2}}, {"Own", {0}, "app/b.cpp"}},
-                     found);
-  return found;
-}
-
-std::vector<std::string> KeysOf(const char* source) {
-  std::vector<std::string> keys;
-  for (const Place& place : ReadSource(source).places)
-    keys.insert(keys.end(), place.keys.begin(), place.keys.end());
-  return keys;
-}
-
-TEST(SourceTexts, AreJoinedAndUnescaped) {
-  EXPECT_THAT(KeysOf("LogStatus(Message(\"a \"  // \"no\"\n  \"b\\r\\n\\\"c\\\"\\\\\" /* \"no\" */, 1));"),
-              ElementsAre("a b\r\n\"c\"\\"));
-  EXPECT_THAT(KeysOf("Message text(u8R\"-(raw \\n)\")-\"); auto c = '\"'; Message m{\"\\u00e9\\x41\"};"),
-              ElementsAre("raw \\n)\"", "éA"));
-}
-
-TEST(SourceTexts, OfEveryBranchAndEveryBraceCount) {
-  EXPECT_THAT(KeysOf("Message(on ? \"a\" : off ? \"b\" : \"c\", \"argument\");"), ElementsAre("a", "b", "c"));
-  EXPECT_THAT(KeysOf("Tell(window, \"title\", \"text\", Icon::Error);"), ElementsAre("title", "text"));
-  EXPECT_THAT(KeysOf("Message({\"a\", \"b\"});"), ElementsAre("a", "b"));
-}
-
-TEST(SourceTexts, AreFoundBehindConstants) {
-  EXPECT_THAT(
-      KeysOf(
-          "constexpr char kA[] = \"a\" \"b\"; const auto kC = \"c\"; Message(kA); Message(up ? kC : \"d\");"),
-      ElementsAre("ab", "c", "d"));
-}
-
-TEST(SourceTexts, OtherArgumentsAreToldByName) {
-  const source_texts::Found found =
-      ReadSource("\n\nMessage(row . text, 3); Message(on ? kA : Name(\"x\", 1));");
-  ASSERT_EQ(found.places.size(), 2U);
-  EXPECT_EQ(found.places[0].line, 3);
-  EXPECT_THAT(found.places[0].names, ElementsAre("row.text"));
-  EXPECT_THAT(found.places[1].names, ElementsAre("kA", "Name(x,1)"));
-}
-
-TEST(SourceTexts, DeclarationsMembersOfOthersAndOtherFilesDoNotAsk) {
-  EXPECT_THAT(
-      ReadSource("class Message { explicit Message(std::string_view key); void Tell(Window& w, "
-                 "std::string_view title, const char* text); };\nwindow.Tell(a, b, c); p->Message(x); "
-                 "Own(\"own\"); void f(const Message& m);")
-          .places,
-      IsEmpty());
-}
-
-TEST(SourceTexts, AllLiteralsAreSeen) {
-  std::vector<std::string> texts;
-  for (const Literal& literal :
-       ReadSource("#include \"a.h\"\nx = u\"wide\"; y = 1'000; z(\"n\" \"arrow\");").literals)
-    texts.push_back(literal.text);
-  EXPECT_THAT(texts, ElementsAre("wide", "narrow"));
-}
-
 // Each language
 
 class EachLanguage : public testing::TestWithParam<Language> {
@@ -372,9 +308,9 @@ TEST_P(EachLanguage, HasNoStrayBlanks) {
 // Words that a language shares with English.
 const std::map<std::string, std::set<std::string>> kSameWords = {
     {"de", {"Normal", "OK", "Zoom", "{1}, Version {2}.{3}, Build {4}"}},
-    {"sk", {"OK"}},
+    {"sk", {"Normal", "OK"}},
     {"it", {"File", "OK", "Password", "Zoom"}},
-    {"cz", {"OK"}},
+    {"cz", {"Normal", "OK"}},
     {"fr01", {"Mode", "Mode {1}", "Normal", "OK", "Zoom"}},
     {"fr", {"Mode", "Mode {1}", "Normal", "OK", "Zoom"}},
     {"pl", {"OK"}},
@@ -387,6 +323,29 @@ TEST_P(EachLanguage, RepeatsTheEnglishOnlyWhereItIsTheSameWord) {
     if (key == text) same.insert(key);
   }
   EXPECT_EQ(same, kSameWords.at(id));
+}
+
+// Controllers show so many bytes of a mode's name. The English "AlwaysOn" is longer.
+TEST_P(EachLanguage, NamesTheBuiltInModesAsControllersCanShowThem) {
+  for (const char* const key : {"Normal", "AlwaysOn"}) {
+    EXPECT_LE(TheDocument().Of(key, id).size(), 7U) << TheDocument().Of(key, id);
+  }
+}
+
+// With U+00A0, so that no line of the log or of a box ends between them.
+TEST_P(EachLanguage, KeepsNumbersAndTheirUnitsTogether) {
+  static const std::regex apart(R"((\}|\d) (s|ms|min|h)($|[ .,:;)!?\r\n])| (Nr\.|č\.|n\.|nr|n\.º) \{)");
+  for (const auto& [key, text] : Texts()) {
+    const bool isAName = key == "Search for TC421 WiFi device";  // "TC421 s Wi-Fi" means "with"
+    EXPECT_TRUE(isAName || !std::regex_search(text, apart)) << key << ": " << text;
+  }
+}
+
+TEST_P(EachLanguage, WritesTheNetworkAsItsBrandAndDashesAsDashes) {
+  for (const auto& [key, text] : Texts()) {
+    EXPECT_EQ(text.find("WiFi"), std::string::npos) << key << ": " << text;
+    EXPECT_EQ(text.find(" - "), std::string::npos) << key << ": " << text;
+  }
 }
 
 /// Names of menu items and buttons that a text sends its reader to.
