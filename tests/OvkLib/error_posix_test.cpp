@@ -50,6 +50,7 @@ TEST(PosixError, NoNumberIsCodeZero) {
   errno = 0;
   try {
     ovk::win::check(true, 1, "a");
+    FAIL() << "a call that failed without a number has failed all the same";
   } catch (const ovk::win::xsystem& thrown) {
     EXPECT_EQ(thrown.code(), 0U);
   }

@@ -172,6 +172,15 @@ TEST(Lmf, KeepsPercentsWithTheHalvesOfTheByteExchanged) {
   }
 }
 
+// 61 percent half an hour after nothing: the curve arrives there at 60.99999.
+TEST(Lmf, BringsWholePercentsOfTheCurveAndNotTheFiles) {
+  std::string data(960, '\0');
+  data[20] = '\xD3';
+  Mode mode;
+  ASSERT_TRUE(ReadLmf(data, mode));
+  EXPECT_EQ(Told(mode.channels[0]), "00:00 0, 00:30 60, 01:00 0");
+}
+
 TEST(Lmf, HasARowForEachHalfHour) {
   std::string data;
   EXPECT_TRUE(WriteLmf(GivenMode({"00:00 10, 12:00 10", "09:00 100, 17:00 100"}), data));

@@ -190,6 +190,12 @@ TEST(LmfRoundTrip, AnImportCanBeMoreThanOnePercentOffWhereACurveBendsSlowly) {
   EXPECT_EQ(most, 2);
 }
 
+TEST(LmfRoundTrip, ASlowRiseToThreePercentComesBackAsNothing) {
+  std::string data = Lmf(GivenMode({"04:30 0, 06:00 3, 23:30 3"}));
+  ASSERT_EQ(LmfPercent(data, 12, 0), 3);
+  EXPECT_EQ(LmfPercent(Lmf(FromLmf(data)), 12, 0), 0);
+}
+
 TEST(LmfRoundTrip, StraightStretchesComeBackAsTheyWere) {
   for (const char* const steps :
        {"08:00 0, 12:00 80, 20:00 0", "00:00 50, 12:00 50", "06:00 0, 06:30 100, 18:00 100, 18:30 0"}) {

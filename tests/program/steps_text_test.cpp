@@ -50,6 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
         StepsText{"TwentyFourHoursAreTheLastMinute", "24:00 10", "23:59 10"},
         StepsText{"BeforeMidnightIsMidnight", "-1:00 10", "00:00 10"},
         StepsText{"ValuesAreClamped", "08:00 120\r09:00 -5", "08:00 100, 09:00 0"},
+        StepsText{"FractionsAreCutOff", "08:00 12.5\r09:00 99.9 J", "08:00 12, 09:00 99 J"},
         StepsText{"ASmallJIsAJump", "08:00 10 j", "08:00 10 J"},
         StepsText{"AnyOtherFourthWordIsNothing", "08:00 10 JJ\r09:00 10 x", "08:00 10, 09:00 10"},
         StepsText{"TwoWordsOrFiveArePassedOver", "08:00\r09:00 1 J J\r10:00 5\r\r", "10:00 5"},
