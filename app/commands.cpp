@@ -1,5 +1,6 @@
 // The table of commands and what looks into it. The handlers stand in file_commands.cpp, edit_commands.cpp,
-// device_commands.cpp, channel_commands.cpp, mode_commands.cpp and language_commands.cpp.
+// exchange_commands.cpp, device_commands.cpp, channel_commands.cpp, mode_commands.cpp and
+// language_commands.cpp.
 
 #include "app/commands.h"
 

@@ -49,7 +49,8 @@ namespace platform {
 std::vector<std::string> ProgramArguments(int argc, char** argv);
 
 /// Makes the standard streams carry bytes as they are written: UTF-8, no conversion of line ends. A reader
-/// who goes away makes writes fail instead of ending the program. Call it once, first thing in main.
+/// who goes away makes writes fail instead of ending the program. Call it once, before anything is
+/// written.
 Console& OpenConsole();
 
 }  // namespace platform

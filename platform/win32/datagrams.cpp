@@ -117,7 +117,7 @@ std::optional<Ipv4Address> ParseAddress(const std::string& text) {
 
 std::optional<std::string> HostNameOf(const Ipv4Address& address) {
   const sockaddr_in system = ToSystem(address);
-  // The lookup itself takes no socket. This one has always been open beside it.
+  // The lookup itself takes no socket; this one is open beside it, and its time limit reaches nothing else.
   const SOCKET beside = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
   setsockopt(beside, SOL_SOCKET, SO_RCVTIMEO, reinterpret_cast<const char*>(&kLookupMilliseconds),
              sizeof kLookupMilliseconds);

@@ -100,8 +100,8 @@ TEST(ParseUnsigned, OverflowsOneAboveTheLargest) {
   EXPECT_EQ(Parse("99999999999"), (ParsedUnsigned{4294967295U, true, 10}));
 }
 
-// A step that wraps all the way past the previous value is not seen. It looks like a fault, and the numbers
-// of files that other versions wrote depend on it.
+// A number that wraps all the way past its value of a digit earlier is not seen to overflow: only these two
+// are compared.
 TEST(ParseUnsigned, DoesNotSeeAnOverflowThatWrapsPastThePreviousValue) {
   EXPECT_EQ(Parse("5000000000"), (ParsedUnsigned{705032704U, false, 10}));
 }

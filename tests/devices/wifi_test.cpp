@@ -234,7 +234,7 @@ TEST_F(WifiSetupTest, ASilentControllerCostsSixSeconds) {
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 6.0);
 }
 
-// Odd, and as it has always been: the dialog never offers a security that would end here.
+// A security that is none has no packets, and none of them fails.
 TEST_F(WifiSetupTest, AnInvalidSecuritySendsNothingAndCountsAsSuccess) {
   EXPECT_TRUE(Setup(TCBase::SecurityInvalid));
   EXPECT_TRUE(Setup(static_cast<TCBase::WifiSecurity>(3)));

@@ -406,8 +406,7 @@ TEST_F(TC421Config, Wpa2WithAnEmptyPasswordTellsSoAndSendsNothing) {
   EXPECT_TRUE(Last().controls.at(config_id::kSetUp).enabled);
 }
 
-// Odd, and as it has always been: nobody has chosen a security, so there is nothing to send, and nothing went
-// wrong with it.
+// Nobody has chosen a security, so there is nothing to send, and nothing went wrong with it.
 TEST_F(TC421Config, WithNoSecurityChosenAPasswordIsEnoughForASuccessThatSendsNothing) {
   EXPECT_EQ(Ask({TypeNetwork("Reef"), SetUpDevice(), PressEscape()}), kCancel);
   ExpectTold(kPasswordTold, Icon::Error);
