@@ -13,6 +13,7 @@ constexpr float kSecondsPerPixel = 0.0002F;
 void CursorFollower::MouseMoved(std::int32_t x, std::int32_t y) {
   const Point mouse{static_cast<float>(x), static_cast<float>(y)};
   followerPosition_ = Position();
+  followerGoal_ = mouse;
   followerHeading_ = HeadingTo(followerPosition_, mouse);
   const float distance = DistanceBetween(followerPosition_, mouse);
   followerTravel_.from = 0.0F;
@@ -23,6 +24,9 @@ void CursorFollower::MouseMoved(std::int32_t x, std::int32_t y) {
 }
 
 Point CursorFollower::Position() {
+  // Direction and distance bring it to within a fraction of a pixel, which may be another minute than that
+  // of the pixel itself.
+  if (!(followerTravel_.RunTime() < followerTravel_.duration)) return Bounded(followerGoal_);
   return Bounded(Along(followerPosition_, followerHeading_, followerTravel_.Value()));
 }
 

@@ -15,11 +15,12 @@ class CursorFollower {
  public:
   /// Sends it to a point of the chart window, from where it is now.
   void MouseMoved(std::int32_t x, std::int32_t y);
-  /// Where it is now; within kFarthest.
+  /// Where it is now; within kFarthest. After its run exactly where the mouse is.
   Point Position();
 
  private:
   Point followerPosition_;        // where the run began
+  Point followerGoal_;            // where it ends
   float followerHeading_ = 0.0F;  // radians
   bumper_base::CounterBumper followerTravel_;
 };

@@ -57,6 +57,21 @@ TEST_F(CursorFollowerTest, CoversFiveThousandPixelsASecondWithASoftArrival) {
   ExpectAt(600.0F, 800.0F);
 }
 
+// A click adds a step at the minute of the pixel; a hair beside it is another minute.
+TEST_F(CursorFollowerTest, RestsExactlyWhereTheMouseIs) {
+  int places = 0;
+  for (int y = 0; y < 602; y += 7) {
+    for (int x = 0; x < 904; ++x) {
+      follower_.MouseMoved((x * 577) % 904, (y * 389) % 602);
+      virtual_clock::Advance(0.05);
+      follower_.MouseMoved(x, y);
+      virtual_clock::Advance(0.5);
+      if (!(follower_.Position() == Point{static_cast<float>(x), static_cast<float>(y)})) ++places;
+    }
+  }
+  EXPECT_EQ(places, 0) << "places that it misses";
+}
+
 TEST_F(CursorFollowerTest, GoesInEveryDirection) {
   for (const Point mouse : {Point{300, 300}, Point{100, 300}, Point{100, 100}, Point{300, 100},
                             Point{300, 300}, Point{50, 20}, Point{50, 400}, Point{400, 20}}) {
