@@ -36,7 +36,7 @@ int Application::Run() {
 }
 
 bool Application::Turn() {
-  return TurnMainLoop(shell_.events, *state.renderer);
+  return TurnMainLoop(shell_.events, *state.renderer, state.chartLayout);
 }
 
 bool Application::StartUp() {

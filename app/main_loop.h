@@ -5,9 +5,13 @@
 
 namespace app {
 
+/// Whether something on the chart moves by itself: balloons, or lanes on their way to other places.
+bool IsChartMoving(UX::RendererBase& renderer, const UX::ChartLayout& layout);
+
 /// One turn of the main loop: takes an event, or else animates, and draws or rests. Draws in every turn while
 /// the user touches the chart, something moves by itself or a demo plays, and sleeps for 5 ms otherwise. The
-/// only place that moves `now` on, but for a window that is being sized. False once the quit event was taken.
-bool TurnMainLoop(EventSource& events, UX::RendererBase& renderer);
+/// only place that moves `now` on, but for the main window while a loop of the platform's own turns. False
+/// once the quit event was taken.
+bool TurnMainLoop(EventSource& events, UX::RendererBase& renderer, const UX::ChartLayout& layout);
 
 }  // namespace app

@@ -13,6 +13,7 @@ using TCBase::Program::ModeListView;
 
 constexpr float kFirstLaneHeight = 10.0F;
 constexpr float kGlideSeconds = 0.2F;
+constexpr float kSettledSeconds = 1.0F;      // longer than any frame takes
 constexpr std::int32_t kCollapsedLanes = 7;  // that would fill the area
 
 // Of the main window: what surrounds the chart's window, and that window's own margin around the lanes.
@@ -56,6 +57,13 @@ void ChartLayout::FocusLane(std::int32_t index) {
 void ChartLayout::ClearFocus() {
   focusedLane = -1;
   Reflow();
+}
+
+bool ChartLayout::IsGliding() const {
+  // Every paint of the main window sends the lanes to where they stand already; that is no motion.
+  return std::any_of(laneHeights.begin(), laneHeights.end(), [](const auto& height) {
+    return height.from != height.to && height.RunTime() < kSettledSeconds;
+  });
 }
 
 void ChartLayout::Reflow() {

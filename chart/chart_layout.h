@@ -40,6 +40,9 @@ class ChartLayout {
   /// All lanes alike again.
   void ClearFocus();
 
+  /// Whether a lane has moved within the last second: its last frame has been drawn by then, too.
+  bool IsGliding() const;
+
   /// Where a lane, 0 to 4, is at this moment, in the chart window's coordinates.
   Rect LaneRect(std::int32_t index);
   /// The lane that holds a point, or -1. Lanes are taken to be where they are gliding to.

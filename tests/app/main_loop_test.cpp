@@ -76,7 +76,7 @@ class MainLoop : public testing::Test {
   }
   void TearDown() override { TCBase::demoState.SetIdle(); }
 
-  bool Turn() { return app::TurnMainLoop(events_, renderer_); }
+  bool Turn() { return app::TurnMainLoop(events_, renderer_, layout_); }
   // Frames drawn while time goes on to `seconds`.
   int FramesUntil(double seconds) {
     const int before = renderer_.frames;
@@ -146,12 +146,40 @@ TEST_F(MainLoop, DrawsWithoutPauseWhileADemoPlays) {
   EXPECT_LE(FramesUntil(10.0), 1);
 }
 
-TEST_F(MainLoop, DrawsWithoutLimitWhileTheIdleTimerIsStopped) {
+TEST_F(MainLoop, RestsWhileTheIdleTimerIsStoppedAndNothingMoves) {
+  FramesUntil(5.0);
   idleTimer.Stop();
-  EXPECT_NEAR(FramesUntil(5.0), 300, 2);
-  idleTimer.Restart(0.0);
-  EXPECT_NEAR(FramesUntil(6.0), 60, 2);
   EXPECT_LE(FramesUntil(10.0), 1);
+  idleTimer.Restart(0.0);
+  EXPECT_NEAR(FramesUntil(11.0), 60, 2);
+  EXPECT_LE(FramesUntil(15.0), 1);
+}
+
+// The crosshair may be on its way.
+TEST_F(MainLoop, AStoppedIdleTimerLeavesTheLastTouchItsSecond) {
+  FramesUntil(0.25);
+  idleTimer.Stop();
+  EXPECT_NEAR(FramesUntil(1.0), 45, 2);
+  EXPECT_LE(FramesUntil(10.0), 1);
+}
+
+TEST_F(MainLoop, WhileTheIdleTimerIsStoppedDrawsUntilNothingMoves) {
+  FramesUntil(5.0);
+  idleTimer.Stop();
+  renderer_.animating = true;
+  EXPECT_NEAR(FramesUntil(7.0), 120, 2);
+  renderer_.animating = false;
+  EXPECT_LE(FramesUntil(10.0), 1);
+}
+
+TEST_F(MainLoop, DrawsUntilTheLanesAreThereWhateverSetThemInMotion) {
+  layout_.Update(1024, 768);
+  FramesUntil(5.0);
+  layout_.FocusLane(2);
+  EXPECT_NEAR(FramesUntil(6.0), 60, 2) << "0.2 seconds, and the frame that shows their end";
+  EXPECT_LE(FramesUntil(10.0), 1);
+  layout_.Update(1024, 768);
+  EXPECT_LE(FramesUntil(15.0), 1) << "sent to where they are, they do not move";
 }
 
 TEST_F(MainLoop, SleepsFiveMillisecondsATurnWhileIdle) {
