@@ -1,8 +1,11 @@
 #include "app/channel_power.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include "app/numbers.h"
+#include "common/log.h"
+#include "common/message.h"
 #include "common/truncate.h"
 #include "program/channel_edit.h"
 
@@ -75,8 +78,18 @@ void ChannelPowerControl::OnWheel(int delta) {
   if (channel == nullptr) return;
   const float power = ChannelPower(*channel);
   if ((delta < 0 && power < 1.0F) || (delta > 0 && power > 99.0F)) return;
+  LogBeforeWheel(power);
   ScaleChannel(*channel, delta < 0 ? power - 1.0F : power + 1.0F);
+  wheeled_ = {selection_.document.currentMode, selection_.channel, ChannelPower(*channel)};
   chartInput_.InvalidateChart();
+}
+
+// No undo brings it back. One line for as long as the wheel alone changes the channel, not one a notch.
+void ChannelPowerControl::LogBeforeWheel(float power) const {
+  const std::int32_t channel = selection_.channel;
+  if (wheeled_ == Wheeled{selection_.document.currentMode, channel, power}) return;
+  const ChannelInfo& info = selection_.document.channelInfos.at(static_cast<std::size_t>(channel));
+  LogStatus(Message("Power of channel {1} was {2}%", info.name, TruncateToInt(power)));
 }
 
 }  // namespace app

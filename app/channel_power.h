@@ -24,8 +24,8 @@ class ChannelPowerControl {
   /// its own.
   void OnSlider(int code, int position);
 
-  /// The wheel, turned with Shift held: a percent up or down, without an entry in the history. The slider
-  /// does not show it before the next Update().
+  /// The wheel, turned with Shift held: a percent up or down, without an entry in the history; the log says
+  /// once where it began. The slider does not show it before the next Update().
   void OnWheel(int delta);
 
  private:
@@ -33,6 +33,18 @@ class ChannelPowerControl {
   const TCBase::Program::StepSelection& selection_;
   UndoStack& undoStack_;
   ChartInput& chartInput_;
+
+  void LogBeforeWheel(float power) const;
+
+  /// Where the wheel has left a channel, by its place.
+  struct Wheeled {
+    std::int32_t mode = -1;
+    std::int32_t channel = -1;
+    float power = 0.0F;
+
+    friend bool operator==(const Wheeled&, const Wheeled&) = default;
+  };
+  Wheeled wheeled_;
 
   bool powerTracking_ = false;  // the thumb is being dragged
   std::int32_t lastPower_ = 0;  // where the slider was when the history was last written

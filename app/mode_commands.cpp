@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
@@ -70,9 +71,14 @@ void Commands::EditMode(int) {
   params.name = WideFromUtf8(mode.name);
   params.description = WideFromUtf8(mode.description);
   if (dialogs::DlgModeName(shell_.dialogs, params).DoModal() == dialogs::kOk) {
-    mode.name = Utf8FromWide(params.name);
-    mode.description = Utf8FromWide(params.description);
+    const std::string name = std::exchange(mode.name, Utf8FromWide(params.name));
+    const std::string description = std::exchange(mode.description, Utf8FromWide(params.description));
     state_.ctrls->FillModeList();
+    // No undo brings these back.
+    if (mode.name != name) LogStatus(Message("Mode {1} was named {2}", mode.name, name));
+    if (mode.description != description && !description.empty()) {
+      LogStatus(Message("Description of mode {1} was: {2}", mode.name, description));
+    }
   }
   shell_.mainWindow.TakeFocus();
 }

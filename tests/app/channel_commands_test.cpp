@@ -269,6 +269,25 @@ TEST_F(ChannelCommands, ShiftAndWheelChangeThePowerByOne) {
   EXPECT_EQ(UndoDepth(), 0) << "no entry is made";
 }
 
+// No undo brings it back. A series of turns says it once.
+TEST_F(ChannelCommands, TheLogKeepsThePowerThatShiftAndWheelChange) {
+  Info(2).name = "Blue";
+  GivenSteps(2, {{480, 80.5F}, {600, 20.0F}});
+  for (int turns = 0; turns < 3; ++turns) user.TurnWheel(400, 300, -1, false, true);
+  EXPECT_EQ(NewLog(), "Power of channel Blue was 80%\n");
+  GivenSelection(1, -1);
+  Info(1).name = "Red";
+  Channel(1) = GivenChannel("08:00 60, 10:00 0");
+  user.TurnWheel(400, 300, 1, false, true);
+  EXPECT_EQ(NewLog(), "Power of channel Red was 60%\n");
+  Channel(1)[0].value = 30.0F;
+  user.TurnWheel(400, 300, 1, false, true);
+  EXPECT_EQ(NewLog(), "Power of channel Red was 30%\n") << "somebody else changed it meanwhile";
+  Channel(1)[0].value = 0.5F;
+  user.TurnWheel(400, 300, -1, false, true);
+  EXPECT_EQ(NewLog(), "") << "nothing changes";
+}
+
 TEST_F(ChannelCommands, ShiftAndWheelWithoutAChannelDoNothing) {
   const auto before = Program();
   GivenSelection(-1, -1);

@@ -165,6 +165,22 @@ TEST_F(Modes, AnEditedModeIsCalledAnew) {
   EXPECT_EQ(Desk().focus, Focus::MainWindow);
 }
 
+// No undo brings them back.
+TEST_F(Modes, TheLogKeepsNameAndDescriptionOfAnEditedMode) {
+  NewLog();
+  Edit(0, {Type(id::kName, "Reef"), Type(id::kDescription, "a day"), Press(kOk)});
+  EXPECT_THAT(NewLog(), testing::HasSubstr("Mode Reef was named Normal\nDescription of mode Reef was: "));
+  Edit(0, {Type(id::kDescription, "a night"), Press(kOk)});
+  EXPECT_THAT(NewLog(), testing::EndsWith("\nDescription of mode Reef was: a day\n"));
+  const std::size_t before = user.Log().size();
+  Edit(0, {Press(kOk)});
+  Edit(0, {Type(id::kName, "Other"), Press(kCancel)});
+  EXPECT_THAT(user.Log().substr(before), Not(testing::HasSubstr(" was"))) << "nothing has changed";
+  Program().modes[0].description.clear();
+  Edit(0, {Type(id::kDescription, "a day"), Press(kOk)});
+  EXPECT_THAT(user.Log().substr(before), Not(testing::HasSubstr(" was"))) << "nothing is lost";
+}
+
 TEST_F(Modes, AnEditedModeIsAChangeToBeSaved) {
   Edit(0, {Type(id::kName, "Reef"), Press(kOk)});
   user.WillAnswer(app::Answer::No);
