@@ -6,6 +6,7 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
 #include "app/name_dialog.h"
+#include "app/numbers.h"
 #include "common/log.h"
 #include "common/message.h"
 #include "dialogs/dlg_add_steps.h"
@@ -18,8 +19,21 @@ namespace app {
 
 using namespace TCBase::Program;
 
-void Commands::ChartKey(int key) {
-  state_.chartInput.OnKey(key);
+void Commands::DeleteStep(int) {
+  const Channel* channel = SelectedChannel(state_.selection);
+  const std::size_t before = channel != nullptr ? channel->size() : 0;
+  state_.chartInput.OnKey(key::kDelete);
+  if (channel == nullptr || channel->size() == before) return;
+  // The release of the key makes the entry of the history. From a menu no key is down, and from another
+  // window's focus its release does not come here.
+  if (fromKey_ && state_.chartInput.WillSeeRelease()) return;
+  state_.chartInput.OnKeyUp(key::kDelete);
+  state_.powerControl->Update();
+  state_.ctrls->ShowModeDescription();
+}
+
+void Commands::ToggleJump(int) {
+  state_.chartInput.OnKey(key::kJ);
 }
 
 void Commands::CopySteps(int) {
@@ -35,6 +49,8 @@ void Commands::PasteSteps(int) {
 }
 
 void Commands::MoveSteps(int down) {
+  if (SelectedChannel(state_.selection) == nullptr) return;
+  state_.undoStack.Snapshot();
   if (down != 0) {
     MoveChannelDown(state_.selection);
   } else {

@@ -58,7 +58,7 @@ ChartInput::ChartInput(UX::ChartWindowPort& chartWindow, MenuPort& menu, ModeLis
 void ChartInput::OnLeftDown(std::int32_t x, std::int32_t y) {
   chartWindow_.TakeFocus();
   if (IsDemoRunning()) {
-    dragging_ = true;
+    dragging_ = seeking_ = true;
     SeekDemo(x);
     return;
   }
@@ -111,18 +111,26 @@ void ChartInput::AddStep(std::int32_t lane, std::int32_t x, std::int32_t y) {
 }
 
 void ChartInput::OnLeftUp() {
-  if (dragging_) {
-    dragging_ = false;
-    const Step* step = SelectedStep(selection_);
-    if (!IsDemoRunning() && step != nullptr) {
-      LogStatus(Message("Step {1}", ToDescription(*step)));
-      Hint("Press DELETE or BACKSPACE to remove the selected step.");
-      Hint("You can also use keyboard ARROWS to move the step with higher accuracy.");
-      OptimizeMode(CurrentMode());
-      undoStack_.CommitPending();
-    }
-  }
+  LetGo();
+  // Which tells of a lost capture; nothing is held any more.
   chartWindow_.ReleaseCapture();
+}
+
+void ChartInput::OnCaptureLost() {
+  // Without giving it back: it may be another window's by now.
+  LetGo();
+}
+
+void ChartInput::LetGo() {
+  if (!dragging_) return;
+  dragging_ = seeking_ = false;
+  const Step* step = SelectedStep(selection_);
+  if (IsDemoRunning() || step == nullptr) return;
+  LogStatus(Message("Step {1}", ToDescription(*step)));
+  Hint("Press DELETE or BACKSPACE to remove the selected step.");
+  Hint("You can also use keyboard ARROWS to move the step with higher accuracy.");
+  OptimizeMode(CurrentMode());
+  undoStack_.CommitPending();
 }
 
 void ChartInput::OnMouseMove(std::int32_t x, std::int32_t y) {
@@ -145,6 +153,8 @@ void ChartInput::DragStep(std::int32_t x, std::int32_t y) {
   // A view may begin within a minute, so that the full minute is before it.
   const std::int32_t second =
       std::max(std::min(FullMinute(pointed), program_.viewEnd - 1), program_.viewStart);
+  // A seek whose demo has ended under it goes on as a drag.
+  if (seeking_) undoStack_.BeginPending();
   step->value = StrengthAt(lane, y);
   SetTime(*step, second);
   Resort(step->id);
@@ -161,6 +171,7 @@ void ChartInput::Select(std::int32_t channel, std::int32_t step) {
 
 void ChartInput::Grab() {
   dragging_ = true;
+  seeking_ = false;
   chartWindow_.Capture();
   InvalidateLane(selection_.channel);
 }

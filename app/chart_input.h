@@ -41,6 +41,10 @@ class ChartInput {
   void OnLeftDown(std::int32_t x, std::int32_t y);
   /// Lets go of what is held. A drag from press to release makes one entry in the history.
   void OnLeftUp();
+  /// The capture is gone, and the release with it: lets go as well. Nothing if nothing is held.
+  void OnCaptureLost();
+  /// Between a left press that took hold of something and its release.
+  bool IsHolding() const { return dragging_; }
   /// Marks the step under the mouse and moves the step that is held, or seeks.
   void OnMouseMove(std::int32_t x, std::int32_t y);
   /// Selects the step or the lane under the mouse.
@@ -61,6 +65,8 @@ class ChartInput {
   /// Ends the gesture that the key began: the mode is brought within the step limit, and all that happened
   /// since the key first went down becomes one entry of the history.
   void OnKeyUp(int key);
+  /// Whether a key that went down brings its release to the chart.
+  bool WillSeeRelease() const { return chartWindow_.HasFocus(); }
 
   void InvalidateChart();
   /// The lane and what sticks out of it. Nothing for a number that is no lane.
@@ -73,6 +79,7 @@ class ChartInput {
   void Select(std::int32_t channel, std::int32_t step);
   /// Holds the selected step from now on.
   void Grab();
+  void LetGo();
   void UpdateHover(std::int32_t x, std::int32_t y);
   void SeekDemo(std::int32_t x);
   /// Sorts the selected channel; the selection goes with its step, which has the serial number `id`.
@@ -88,6 +95,7 @@ class ChartInput {
   UX::ChartWindowPort& chartWindow_;
   MenuPort& menu_;
   bool dragging_ = false;  // between a left press that took hold of something and its release
+  bool seeking_ = false;   // the press was during a demo, and no copy was kept of the document
   TCBase::Program::ModeListView& program_;
   TCBase::Program::StepSelection& selection_;
   TCBase::Program::StepSelection& hoverStep_;

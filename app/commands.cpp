@@ -52,12 +52,12 @@ const Commands::Row Commands::kRows[] = {
     {command::kSetupWifi, Undo::None, &Commands::SetupWifi},
     {command::kAddEmulator, Undo::None, &Commands::AddEmulator},
     // Channel. The first two make their own entries, as the same keys on the chart do.
-    {command::kDeleteStep, Undo::None, &Commands::ChartKey, key::kDelete},
-    {command::kToggleJump, Undo::None, &Commands::ChartKey, key::kJ},
+    {command::kDeleteStep, Undo::None, &Commands::DeleteStep},
+    {command::kToggleJump, Undo::None, &Commands::ToggleJump},
     {command::kCopySteps, Undo::Snapshot, &Commands::CopySteps},
     {command::kPasteSteps, Undo::Snapshot, &Commands::PasteSteps},
-    {command::kMoveStepsUp, Undo::Snapshot, &Commands::MoveSteps, false},
-    {command::kMoveStepsDown, Undo::Snapshot, &Commands::MoveSteps, true},
+    {command::kMoveStepsUp, Undo::None, &Commands::MoveSteps, false},
+    {command::kMoveStepsDown, Undo::None, &Commands::MoveSteps, true},
     {command::kClearSteps, Undo::Snapshot, &Commands::ClearSteps},
     {command::kManualStepsAdd, Undo::None, &Commands::AddManualSteps},
     {command::kManualStepsEdit, Undo::None, &Commands::EditManualSteps},
@@ -112,6 +112,7 @@ void Commands::Dispatch(int id, int code) {
   const Row* row = Find(id);
   if (row == nullptr) return;
   if (row->undo == Undo::Snapshot) state_.undoStack.Snapshot();
+  fromKey_ = code == kFromKey;
   (this->*row->handler)(row->argument);
 }
 

@@ -79,7 +79,8 @@ class Commands {
   void RenameDevice(int);
   void AskDeviceName(const std::string& device);
   // Channel
-  void ChartKey(int key);
+  void DeleteStep(int);
+  void ToggleJump(int);
   void CopySteps(int);
   void PasteSteps(int);
   void MoveSteps(int down);
@@ -122,6 +123,7 @@ class Commands {
 
   AppState& state_;
   const Shell& shell_;
+  bool fromKey_ = false;  // the command last given came from an accelerator key
 };
 
 }  // namespace app

@@ -4,9 +4,11 @@
 #include "app/chart_hit.h"
 #include "app/commands.h"
 #include "app/demo_control.h"
+#include "app/main_loop.h"
 #include "app/numbers.h"
 #include "common/log.h"
 #include "devices/demo_state.h"
+#include "program/channel_edit.h"
 
 namespace app {
 
@@ -39,16 +41,27 @@ Outcome MainWindow::OnClose() {
 }
 
 Outcome MainWindow::OnCommand(int id, int code) {
+  if (code == kFromKey && !state_.menuBar->TakesKey(id, TCBase::demoState.position)) return Outcome::Done;
   commands_.Dispatch(id, code);
   return Outcome::Done;
 }
 
 Outcome MainWindow::OnTimer(int id) {
   if (id != kDemoTimer) return Outcome::Default;
-  if (!IsDemoRunning()) return Outcome::Done;
+  if (!IsDemoRunning()) {
+    MoveChartOn();
+    return Outcome::Done;
+  }
   state_.chartInput.InvalidateChart();
   state_.ctrls->ShowDemoStatus(TCBase::demoState);
   return Outcome::Done;
+}
+
+void MainWindow::MoveChartOn() {
+  if (!IsChartMoving(*state_.renderer, state_.chartLayout)) return;
+  now = frameClock.Now();
+  state_.renderer->Update();
+  state_.chartInput.InvalidateChart();
 }
 
 Outcome MainWindow::OnHorizontalScroll(Control sender, int code, int position) {
@@ -74,10 +87,33 @@ Outcome MainWindow::OnInitMenuPopup() {
 }
 
 Outcome MainWindow::OnLeftButtonDown() {
-  // Stands at 0 from now on: drawing goes on until the next event restarts it.
-  idleTimer.Stop();
+  idleTimer.Stop();  // stands at 0 until the next event restarts it
   state_.chartLayout.ClearFocus();
   state_.chartInput.InvalidateChart();
+  return Outcome::Default;
+}
+
+bool MainWindow::IsForChart(int key) const {
+  switch (key) {
+    case key::kLeft:
+    case key::kUp:
+    case key::kRight:
+    case key::kDown:
+    case key::kJ:
+    case key::kSpace:
+      return TCBase::Program::SelectedStep(state_.selection) != nullptr;
+    default:
+      return false;
+  }
+}
+
+Outcome MainWindow::OnKeyDown(int key) {
+  if (IsForChart(key)) ChartWindow(state_).OnKeyDown(key);
+  return Outcome::Default;
+}
+
+Outcome MainWindow::OnKeyUp(int key) {
+  if (IsForChart(key)) ChartWindow(state_).OnKeyUp(key);
   return Outcome::Default;
 }
 
@@ -141,8 +177,9 @@ void ChartWindow::OnKeyUp(int key) {
   state_.ctrls->ShowModeDescription();
 }
 
-void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y) {
+void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton) {
   idleTimer.Restart(0.0);
+  if (!leftButton && state_.chartInput.IsHolding()) OnLeftUp(x, y);
   state_.renderer->MouseMoved(x, y);
   state_.chartInput.OnMouseMove(x, y);
   if (IsDemoRunning()) return;  // the labels show the demo's time
@@ -158,6 +195,16 @@ void ChartWindow::OnLeftDown(std::int32_t x, std::int32_t y) {
 void ChartWindow::OnLeftUp(std::int32_t, std::int32_t) {
   idleTimer.Restart(0.0);
   state_.chartInput.OnLeftUp();
+  ShowChange();
+}
+
+void ChartWindow::OnCaptureLost() {
+  if (!state_.chartInput.IsHolding()) return;
+  state_.chartInput.OnCaptureLost();
+  ShowChange();
+}
+
+void ChartWindow::ShowChange() {
   state_.powerControl->Update();
   state_.ctrls->ShowModeDescription();
 }

@@ -33,13 +33,17 @@ class MainWindow {
   /// Between the platform's beginning and end of painting; MainWindowPort::PaintLogo is called from here.
   Outcome OnPaint();
   Outcome OnClose();
-  /// A menu item or accelerator (code 0 or 1), or a control with its notification.
+  /// A menu item or accelerator (code 0 or kFromKey), or a control with its notification. The shell sends on
+  /// every accelerator, whatever its menu item looks like: which ones act is decided here.
   Outcome OnCommand(int id, int code);
   Outcome OnTimer(int id);
   /// From a scroll bar or slider. `position` is that of the event, of use only for scroll::kThumbMoving.
   Outcome OnHorizontalScroll(Control sender, int code, int position);
   Outcome OnInitMenuPopup();
   Outcome OnLeftButtonDown();
+  /// Keys that no control has the focus for. The chart's own keys go on to it while a step is selected.
+  Outcome OnKeyDown(int key);
+  Outcome OnKeyUp(int key);
   /// While the platform's own loop sizes the window. A window procedure returns 1.
   Outcome OnSizing();
   Outcome OnExitSizeMove();
@@ -49,6 +53,10 @@ class MainWindow {
  private:
   void UpdateLayout();
   void ShowDemoAtRest();
+  /// The key is one of the chart's, and there is a step for it.
+  bool IsForChart(int key) const;
+  /// While a menu or a dialog stands open the main loop does not turn.
+  void MoveChartOn();
 
   AppState& state_;
   Commands& commands_;
@@ -63,15 +71,21 @@ class ChartWindow {
   void OnPaint();
   void OnKeyDown(int key);
   void OnKeyUp(int key);
-  void OnMouseMove(std::int32_t x, std::int32_t y);
+  /// `leftButton`: it is down. Where it is up although something is held, its release went elsewhere and is
+  /// made up for first.
+  void OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton);
   void OnLeftDown(std::int32_t x, std::int32_t y);
   void OnLeftUp(std::int32_t x, std::int32_t y);
+  /// Another window has the mouse's capture now, or nobody; that may be the chart's own doing. A release.
+  void OnCaptureLost();
   void OnRightDown(std::int32_t x, std::int32_t y);
   void OnRightUp(std::int32_t x, std::int32_t y);
   /// `delta` is 120 for a notch away from the user. The shell brings the point from the screen.
   void OnWheel(std::int32_t x, std::int32_t y, int delta, bool shift, bool ctrl, bool otherButtons);
 
  private:
+  void ShowChange();
+
   AppState& state_;
 };
 

@@ -1,6 +1,8 @@
 #include "app/menu_bar.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <span>
 #include <string>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
@@ -20,7 +22,13 @@ constexpr int kIdleCommands[] = {
     command::kSpeedFast,  command::kSpeedNormal, command::kSpeedSlow,     command::kSpeedCustom,
     command::kPlayDemo,   command::kScanWifi,    command::kSetupWifi,
 };
+// What there must be a selected step for.
+constexpr int kStepCommands[] = {command::kToggleJump, command::kDeleteStep};
 constexpr int kIdlePopups[] = {menu::kChannel, menu::kMode};
+
+bool Contains(std::span<const int> commands, int command) {
+  return std::find(commands.begin(), commands.end(), command) != commands.end();
+}
 
 std::u16string MenuText(std::string_view key, std::string_view suffix = {}) {
   return WideFromUtf8(Translate(key).append(suffix));
@@ -98,12 +106,16 @@ void MenuBar::Refresh(std::int32_t demoPosition, bool loggingOn) {
   menu_.SetEnabled(command::kStopDemo, !idle);
 
   const bool hasStep = SelectedStep(selection_) != nullptr;
-  menu_.SetEnabled(command::kToggleJump, hasStep);
-  menu_.SetEnabled(command::kDeleteStep, hasStep);
+  for (const int number : kStepCommands) menu_.SetEnabled(number, hasStep);
 
   MarkLogging(loggingOn);
   MarkDemoSpeed();
   MarkLanguageMenu();
+}
+
+bool MenuBar::TakesKey(int command, std::int32_t demoPosition) const {
+  if (Contains(kStepCommands, command)) return SelectedStep(selection_) != nullptr;
+  return demoPosition < 0 || !Contains(kIdleCommands, command);
 }
 
 void MenuBar::RefreshNow(std::int32_t demoPosition, bool loggingOn) {

@@ -26,6 +26,10 @@ class MenuBar {
 
   void MarkLogging(bool on);
 
+  /// Whether a command's accelerator key acts. As its menu item, but for the menus of the bar that are greyed
+  /// as a whole during a demo: keys change the document then, too.
+  bool TakesKey(int command, std::int32_t demoPosition) const;
+
  private:
   /// Calls `action` with the command number of each language besides English, and the language.
   template <class Action>

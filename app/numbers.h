@@ -82,6 +82,9 @@ inline constexpr int kRandomMode = 32928;
 inline constexpr int kMergeTranslations = 32947;
 }  // namespace command
 
+/// The code of a command that an accelerator key gave; 0 is that of a menu item.
+inline constexpr int kFromKey = 1;
+
 /// What a list says of itself in its command event.
 inline constexpr int kListSelectionChanged = 1;
 inline constexpr int kListDoubleClick = 2;

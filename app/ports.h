@@ -162,7 +162,7 @@ class EventSource {
   /// Takes the next event, without waiting. False if there is none.
   virtual bool Take() = 0;
   /// Offers the event last taken to the accelerator keys. True if one of them took it: it has then been sent
-  /// on as a command.
+  /// on as a command, whatever its menu item looks like, unless the mouse is captured.
   virtual bool OfferToAccelerators() = 0;
   /// Sends the event last taken on to its window.
   virtual void Dispatch() = 0;

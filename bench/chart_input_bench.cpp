@@ -55,7 +55,7 @@ void DragAStep(benchmark::State& state) {
     x += direction;
     if (x == 880 || x == 20) direction = -direction;
     mode.Invalidated().clear();
-    mode.Chart().OnMouseMove(x, 250 + x % 50);
+    mode.Chart().OnMouseMove(x, 250 + x % 50, true);
     if (mode.Invalidated().size() != 1) state.SkipWithError("nothing was dragged");
   }
 }
@@ -66,7 +66,7 @@ void MoveWithoutAButton(benchmark::State& state) {
   int x = 20;
   for (auto _ : state) {
     x = x == 880 ? 20 : x + 1;
-    mode.Chart().OnMouseMove(x, 250);
+    mode.Chart().OnMouseMove(x, 250, false);
   }
 }
 BENCHMARK(MoveWithoutAButton)->Unit(benchmark::kMicrosecond);

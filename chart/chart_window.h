@@ -15,7 +15,10 @@ class ChartWindowPort {
   virtual void Invalidate(const Rect& area) = 0;
   /// Takes the keyboard focus.
   virtual void TakeFocus() = 0;
-  /// From now on mouse events come here wherever the mouse is, until the capture is released.
+  /// Keys go to this window, and so will their releases.
+  virtual bool HasFocus() const = 0;
+  /// From now on mouse events come here wherever the mouse is, until the capture is released or another
+  /// window takes it. app::ChartWindow::OnCaptureLost comes in both cases, within ReleaseCapture, too.
   virtual void Capture() = 0;
   virtual void ReleaseCapture() = 0;
 };

@@ -19,6 +19,10 @@ void ChartWindow::TakeFocus() {
   SetFocus(handle_);
 }
 
+bool ChartWindow::HasFocus() const {
+  return GetFocus() == handle_;
+}
+
 void ChartWindow::Capture() {
   SetCapture(handle_);
 }
@@ -33,12 +37,14 @@ std::span<const Handler<ChartWindow>> ChartWindow::Handlers() {
       {WM_PAINT, &ChartWindow::OnPaint},
       {WM_KEYDOWN, &ChartWindow::OnKey<&Logic::OnKeyDown>},
       {WM_KEYUP, &ChartWindow::OnKey<&Logic::OnKeyUp>},
-      {WM_MOUSEMOVE, &ChartWindow::OnMouse<&Logic::OnMouseMove>},
+      {WM_MOUSEMOVE, &ChartWindow::OnMouseMove},
       {WM_LBUTTONDOWN, &ChartWindow::OnMouse<&Logic::OnLeftDown>},
       {WM_LBUTTONUP, &ChartWindow::OnMouse<&Logic::OnLeftUp>},
       {WM_RBUTTONDOWN, &ChartWindow::OnMouse<&Logic::OnRightDown>},
       {WM_RBUTTONUP, &ChartWindow::OnMouse<&Logic::OnRightUp>},
       {WM_MOUSEWHEEL, &ChartWindow::OnWheel},
+      {WM_CAPTURECHANGED, &ChartWindow::OnCaptureChanged},
+      {WM_COMMAND, &ChartWindow::OnCommand},
   });
   return kHandlers;
 }
@@ -55,6 +61,23 @@ LRESULT ChartWindow::OnMouse(const Event& event) {
   const POINT point = event.Point();
   (logic_->*method)(scale.Units(point.x), scale.Units(point.y));
   return event.Default();
+}
+
+LRESULT ChartWindow::OnMouseMove(const Event& event) {
+  const Scale scale(handle_);
+  const POINT point = event.Point();
+  logic_->OnMouseMove(scale.Units(point.x), scale.Units(point.y), (event.first & MK_LBUTTON) != 0);
+  return event.Default();
+}
+
+LRESULT ChartWindow::OnCaptureChanged(const Event& event) {
+  // Who takes what is his already is told so, too.
+  if (reinterpret_cast<HWND>(event.second) != handle_) logic_->OnCaptureLost();
+  return event.Default();
+}
+
+LRESULT ChartWindow::OnCommand(const Event& event) {
+  return SendMessageW(GetParent(handle_), event.message, event.first, event.second);
 }
 
 LRESULT ChartWindow::OnPaint(const Event& event) {

@@ -23,6 +23,7 @@ class ChartWindow final : public UX::ChartWindowPort {
 
   void Invalidate(const UX::Rect& area) override;
   void TakeFocus() override;
+  bool HasFocus() const override;
   void Capture() override;
   void ReleaseCapture() override;
 
@@ -35,6 +36,9 @@ class ChartWindow final : public UX::ChartWindowPort {
   LRESULT OnKey(const Event& event);
   template <void (app::ChartWindow::*method)(std::int32_t, std::int32_t)>
   LRESULT OnMouse(const Event& event);
+  LRESULT OnMouseMove(const Event& event);
+  LRESULT OnCaptureChanged(const Event& event);
+  LRESULT OnCommand(const Event& event);
   LRESULT OnPaint(const Event& event);
   LRESULT OnWheel(const Event& event);
 

@@ -2,8 +2,8 @@
 
 namespace win32 {
 
-void EventQueue::UseAccelerators(HWND mainWindow, HACCEL accelerators) {
-  mainWindow_ = mainWindow;
+void EventQueue::UseAccelerators(HWND window, HACCEL accelerators) {
+  target_ = window;
   accelerators_ = accelerators;
 }
 
@@ -12,7 +12,7 @@ bool EventQueue::Take() {
 }
 
 bool EventQueue::OfferToAccelerators() {
-  return TranslateAcceleratorW(mainWindow_, accelerators_, &event_) != 0;
+  return TranslateAcceleratorW(target_, accelerators_, &event_) != 0;
 }
 
 void EventQueue::Dispatch() {

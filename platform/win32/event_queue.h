@@ -12,8 +12,9 @@ class EventQueue final : public app::EventSource {
   EventQueue(const EventQueue&) = delete;
   EventQueue& operator=(const EventQueue&) = delete;
 
-  /// From now on accelerator keys go to `mainWindow` as commands. The table is the process's.
-  void UseAccelerators(HWND mainWindow, HACCEL accelerators);
+  /// From now on accelerator keys go to `window` as commands. A window without a menu gets all of them; with
+  /// one, Windows holds back those whose item looks grey to it. The table is the process's.
+  void UseAccelerators(HWND window, HACCEL accelerators);
 
   bool Take() override;
   bool OfferToAccelerators() override;
@@ -23,7 +24,7 @@ class EventQueue final : public app::EventSource {
 
  private:
   MSG event_{};
-  HWND mainWindow_ = nullptr;
+  HWND target_ = nullptr;
   HACCEL accelerators_ = nullptr;
 };
 

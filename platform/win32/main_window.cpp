@@ -112,6 +112,8 @@ std::span<const Handler<MainWindow>> MainWindow::Handlers() {
       {WM_HSCROLL, &MainWindow::OnHorizontalScroll},
       {WM_INITMENUPOPUP, &MainWindow::OnInitMenuPopup},
       {WM_LBUTTONDOWN, &MainWindow::OnLeftButtonDown},
+      {WM_KEYDOWN, &MainWindow::OnKeyDown},
+      {WM_KEYUP, &MainWindow::OnKeyUp},
       {WM_SIZING, &MainWindow::OnSizing},
       {WM_EXITSIZEMOVE, &MainWindow::OnExitSizeMove},
       {WM_DPICHANGED, &MainWindow::OnDpiChanged},
@@ -174,6 +176,14 @@ LRESULT MainWindow::OnInitMenuPopup(const Event& event) {
 
 LRESULT MainWindow::OnLeftButtonDown(const Event& event) {
   return Finish(logic_->OnLeftButtonDown(), event);
+}
+
+LRESULT MainWindow::OnKeyDown(const Event& event) {
+  return Finish(logic_->OnKeyDown(static_cast<int>(event.first)), event);
+}
+
+LRESULT MainWindow::OnKeyUp(const Event& event) {
+  return Finish(logic_->OnKeyUp(static_cast<int>(event.first)), event);
 }
 
 LRESULT MainWindow::OnSizing(const Event&) {

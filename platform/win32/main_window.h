@@ -53,6 +53,8 @@ class MainWindow final : public app::MainWindowPort {
   LRESULT OnHorizontalScroll(const Event& event);
   LRESULT OnInitMenuPopup(const Event& event);
   LRESULT OnLeftButtonDown(const Event& event);
+  LRESULT OnKeyDown(const Event& event);
+  LRESULT OnKeyUp(const Event& event);
   LRESULT OnSizing(const Event& event);
   LRESULT OnExitSizeMove(const Event& event);
   LRESULT OnDpiChanged(const Event& event);

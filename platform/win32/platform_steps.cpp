@@ -75,7 +75,7 @@ bool PlatformSteps::Do(app::PlatformStep step) {
       pieces_.menu.Take(pieces_.mainWindow.Handle(), pieces_.controls.HandleOf(app::Control::ChartWindow));
       break;
     case TakeAccelerators:
-      pieces_.events.UseAccelerators(pieces_.mainWindow.Handle(),
+      pieces_.events.UseAccelerators(pieces_.controls.HandleOf(app::Control::ChartWindow),
                                      LoadAcceleratorsW(instance_, MAKEINTRESOURCEW(resource::kAccelerators)));
       break;
     case DeleteLogo:

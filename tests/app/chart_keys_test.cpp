@@ -114,6 +114,70 @@ TEST_F(ChartKeys, DeleteRemovesAllStepsOfTheMinute) {
   EXPECT_EQ(UndoDepth(), 1);
 }
 
+TEST_F(ChartKeys, BackspaceDoesTheSame) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+  user.PressKey(key::kBackspace);
+  EXPECT_EQ(Told(0), "08:00 0, 20:00 0");
+  EXPECT_EQ(UndoDepth(), 1);
+}
+
+TEST_F(ChartKeys, TheReleaseOfBackspaceEndsAGesture) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+  Chart().OnKeyDown(key::kBackspace);
+  EXPECT_EQ(UndoDepth(), 0);
+  Chart().OnKeyUp(key::kBackspace);
+  EXPECT_EQ(UndoDepth(), 1);
+}
+
+TEST_F(ChartKeys, ADeletedStepIsPaintedAway) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+  Invalidated();
+  Chart().OnKeyDown(key::kDelete);
+  EXPECT_THAT(Invalidated(), ElementsAre(kWholeChart));
+}
+
+TEST_F(ChartKeys, AHeldDeleteIsOneUndo) {
+  GivenStepSelected("08:00 0, 12:00 50, 16:00 20, 20:00 0", 1);
+  user.GetDesktop().application->mainWindow.OnCommand(command::kDeleteStep, app::kFromKey);
+  GivenSelection(0, 1);
+  user.GetDesktop().application->mainWindow.OnCommand(command::kDeleteStep, app::kFromKey);
+  EXPECT_EQ(UndoDepth(), 0) << "the key is down";
+  Chart().OnKeyUp(key::kDelete);
+  EXPECT_EQ(UndoDepth(), 1);
+  user.Choose(command::kUndo);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 16:00 20, 20:00 0");
+}
+
+TEST_F(ChartKeys, ADeletionFromTheMenuCanBeUndoneAtOnce) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+  ASSERT_TRUE(user.Choose(command::kDeleteStep));
+  EXPECT_EQ(UndoDepth(), 1);
+  EXPECT_THAT(user.Text(app::Control::ModeDescription), HasSubstr("(Steps: 2)"));
+  EXPECT_EQ(user.SliderPosition(app::Control::PowerSlider), 0);
+  user.Choose(command::kUndo);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
+}
+
+TEST_F(ChartKeys, ADeletionThatIsRefusedEndsNoGesture) {
+  GivenStepSelected("08:00 0, 20:00 0", 1);
+  user.State().undoStack.BeginPending();  // as a click on a step does
+  user.SendCommand(command::kToggleJump);
+  user.SendCommand(command::kDeleteStep);
+  EXPECT_EQ(UndoDepth(), 1) << "the jump";
+}
+
+// Which gets the release of the key.
+TEST_F(ChartKeys, ADeletionFromTheFocusOfAControlCanBeUndoneAtOnce) {
+  for (const headless::Focus focus : {headless::Focus::Control, headless::Focus::MainWindow}) {
+    GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+    user.GetDesktop().focus = focus;
+    user.PressKey(key::kDelete);
+    EXPECT_EQ(Told(0), "08:00 0, 20:00 0");
+    user.Choose(command::kUndo);
+    EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
+  }
+}
+
 TEST_F(ChartKeys, DeleteLeavesTwoSteps) {
   GivenStepSelected("08:00 0, 20:00 0", 1);
   for (const int number : {key::kDelete, key::kBackspace}) {
@@ -179,6 +243,86 @@ TEST_F(ChartKeys, DuringADemoKeysChangeTheLiveDocument) {
   Chart().OnKeyUp(key::kUp);
   EXPECT_EQ(Told(0), "08:00 0, 12:00 51, 20:00 0");
   EXPECT_EQ(UndoDepth(), 1);
+}
+
+// Its menu is greyed as a whole; the keys change the document all the same.
+TEST_F(ChartKeys, DuringADemoDeleteAndBackspaceDelete) {
+  GivenStepSelected("08:00 0, 12:00 50, 16:00 50, 20:00 0", 1);
+  GivenDemoAt(3725);
+  ASSERT_FALSE(user.MenuItem(command::kDeleteStep).enabled);
+  user.PressKey(key::kDelete);
+  EXPECT_EQ(Told(0), "08:00 0, 16:00 50, 20:00 0");
+  GivenSelection(0, 1);
+  user.PressKey(key::kBackspace);
+  EXPECT_EQ(Told(0), "08:00 0, 20:00 0");
+  EXPECT_EQ(UndoDepth(), 2);
+}
+
+TEST_F(ChartKeys, DuringADemoUndoAndRedoHaveNoKeys) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+  user.PressKey(key::kUp);
+  GivenDemoAt(3725);
+  user.PressKey('Z', true);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 51, 20:00 0");
+  GivenDemoAt(-1);
+  user.PressKey('Z', true);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
+  GivenDemoAt(3725);
+  user.PressKey('Y', true);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
+}
+
+TEST_F(ChartKeys, WhatNoDemoForbidsHasItsKeysThen) {
+  GivenDemoAt(3725);
+  user.PressKey(key::kNumpadAdd);
+  EXPECT_EQ(Program().viewEnd - Program().viewStart, 23 * 3600);
+}
+
+TEST_F(ChartKeys, KeysThatReachTheMainWindowGoToTheChartIfAStepIsSelected) {
+  const Nudge nudges[] = {{key::kLeft, "08:00 0, 11:59 50"},
+                          {key::kRight, "08:00 0, 12:01 50"},
+                          {key::kUp, "08:00 0, 12:00 51"},
+                          {key::kDown, "08:00 0, 12:00 49"},
+                          {key::kJ, "08:00 0, 12:00 50 J"}};
+  for (const Nudge& nudge : nudges) {
+    GivenStepSelected("08:00 0, 12:00 50", 1);
+    const int before = UndoDepth();
+    user.Scroll(app::Control::ZoomSlider, app::scroll::kThumbReleased);
+    ASSERT_EQ(user.GetDesktop().focus, headless::Focus::MainWindow);
+    user.PressKey(nudge.key);
+    EXPECT_EQ(Told(0), nudge.to) << nudge.key;
+    EXPECT_EQ(UndoDepth(), before + 1) << "the release is the chart's, too";
+    EXPECT_EQ(user.GetDesktop().focus, headless::Focus::MainWindow);
+  }
+  GivenStepSelected("08:00 0, 12:00 50", 1);
+  user.GetDesktop().focus = headless::Focus::MainWindow;
+  GivenDemoAt(3725);
+  user.PressKey(key::kSpace);
+  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandPause);
+}
+
+TEST_F(ChartKeys, KeysThatReachTheMainWindowStayThereWithoutAStep) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", -1);
+  user.GetDesktop().focus = headless::Focus::MainWindow;
+  Invalidated();
+  for (const int number : {key::kLeft, key::kUp, key::kRight, key::kDown, key::kJ}) user.PressKey(number);
+  EXPECT_EQ(NewLog(), "") << "no jump was toggled";
+  EXPECT_EQ(UndoDepth(), 0);
+  EXPECT_THAT(Invalidated(), testing::IsEmpty());
+}
+
+TEST_F(ChartKeys, OtherKeysThatReachTheMainWindowAreNotTheCharts) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+  user.GetDesktop().focus = headless::Focus::MainWindow;
+  for (const int number : {key::kF1, 13, 9, 27, 65}) user.PressKey(number);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
+}
+
+TEST_F(ChartKeys, AControlKeepsItsKeys) {
+  GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
+  user.GetDesktop().focus = headless::Focus::Control;
+  for (const int number : {key::kLeft, key::kUp, key::kJ, key::kSpace}) user.PressKey(number);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
 }
 
 TEST_F(ChartKeys, TheReleaseOfAnArrowBringsTheModeWithinTheLimit) {

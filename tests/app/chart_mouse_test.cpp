@@ -7,9 +7,11 @@
 
 #include "app/menu_table.h"
 #include "app/numbers.h"
+#include "devices/demo_state.h"
 #include "localisation/translation_store.h"
 #include "program/optimize.h"
 #include "tests/app/chart_test.h"
+#include "tests/support/virtual_clock.h"
 
 namespace {
 
@@ -443,15 +445,86 @@ TEST_F(ChartMouse, AMoveWithoutAPressMovesNoStep) {
   EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
 }
 
-TEST_F(ChartMouse, ADragLostToAnotherWindowLastsUntilTheNextRelease) {
+TEST_F(ChartMouse, ADragThatLosesTheCaptureIsReleased) {
+  GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
+  Mode().name = "Renamed";
+  Press(452, 107);
+  Move(341, 107);
+  user.GetDesktop().chart.LoseCapture();  // to another window, which gets the release
+  EXPECT_EQ(UndoDepth(), 1);
+  EXPECT_THAT(NewLog(), HasSubstr("Step (Time: 08:59) (Strength: 50)\n"));
+  EXPECT_THAT(user.Text(app::Control::ModeDescription), HasSubstr("Renamed"));
+  Move(600, 107);
+  EXPECT_EQ(Told(0), "08:00 0, 08:59 50, 20:00 0");
+}
+
+TEST_F(ChartMouse, TheReleaseGivesTheCaptureBackAndIsNoSecondRelease) {
+  GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
+  Drag(452, 107, 341, 10);
+  NewLog();
+  EXPECT_FALSE(IsCaptured());
+  Drag(341, 10, 452, 107);
+  EXPECT_EQ(NewLog(), "Step (Time: 12:00) (Strength: 50)\n") << "said once";
+  user.GetDesktop().chart.Capture();
+  user.GetDesktop().chart.LoseCapture();
+  EXPECT_EQ(NewLog(), "") << "nothing was held";
+}
+
+TEST_F(ChartMouse, ALostCaptureIsNotTakenFromItsNewOwner) {
   GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
   Press(452, 107);
-  user.GetDesktop().chart.captured = false;  // another window took it, and the release with it
+  Chart().OnCaptureLost();
+  EXPECT_TRUE(IsCaptured()) << "by somebody else";
+  Move(341, 107);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
+}
+
+// A seek takes no capture, so its release may come down beside the chart.
+TEST_F(ChartMouse, AReleaseBesideTheChartDuringADemoIsMadeUpForByTheNextMove) {
+  GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
+  GivenSelection(0, 1);
+  GivenDemoAt(600);
+  user.MoveMouse(300, 107);
+  user.HoldButton();
+  user.MoveMouse(300, -20);
+  user.ReleaseButton();
+  GivenDemoAt(-1);
+  user.MoveMouse(600, 10);
+  user.MoveMouse(700, 20);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
+  EXPECT_EQ(UndoDepth(), 0);
+  user.WillPick({GivenFile("Other")});
+  user.WillAnswer(app::Answer::No);
+  user.Choose(command::kLoadProgram);
+  const auto loaded = Program();
+  GivenSelection(0, 0);
+  user.MoveMouse(500, 30);
+  EXPECT_TRUE(Program() == loaded);
+}
+
+TEST_F(ChartMouse, AReleaseBesideTheChartDuringADemoEndsTheSeek) {
+  GivenDemoAt(600);
+  user.MoveMouse(300, 107);
+  user.HoldButton();
+  user.MoveMouse(300, -20);
+  user.ReleaseButton();
+  TCBase::TakeCommand();
+  user.MoveMouse(400, 107);
+  EXPECT_EQ(TCBase::TakeCommand(), nullptr);
+}
+
+TEST_F(ChartMouse, ASeekWhoseDemoEndsUnderItGoesOnAsADragThatCanBeUndone) {
+  GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
+  GivenSelection(0, 1);
+  GivenDemoAt(600);
+  Press(300, 107);
+  GivenDemoAt(-1);
   Move(341, 107);
   EXPECT_EQ(Told(0), "08:00 0, 08:59 50, 20:00 0");
   Release();
-  Move(600, 107);
-  EXPECT_EQ(Told(0), "08:00 0, 08:59 50, 20:00 0");
+  EXPECT_EQ(UndoDepth(), 1);
+  user.Choose(command::kUndo);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 20:00 0");
 }
 
 TEST_F(ChartMouse, ASelectionThatWentStaleUnderTheDragIsLeftAlone) {
@@ -525,7 +598,7 @@ TEST_F(ChartMouse, TheRightButtonNeverDragsNorAdds) {
   GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
   for (const int x : {452, 600, 600}) {
     Chart().OnRightDown(x, 107);
-    Chart().OnMouseMove(700, 10);
+    Chart().OnMouseMove(700, 10, false);
     Chart().OnRightUp(700, 10);
   }
   EXPECT_EQ(Selected(), Place(0, -1));
@@ -549,6 +622,52 @@ TEST_F(ChartMouse, TheMenuOfTheRightButtonWorksOnTheStepUnderIt) {
   EXPECT_FALSE(user.ChooseAtChart(600, 107, command::kAlign60)) << "not in this menu";
 }
 
+// The main loop stands still under a menu; the timer comes all the same.
+TEST_F(ChartMouse, LanesGlideOnUnderTheMenuOfTheRightButton) {
+  GivenChannels({"08:00 0"});
+  Chart().OnRightDown(452, 300);
+  user.GetDesktop().menu.whileOpen = [this] {
+    for (int ticks = 0; ticks < 3; ++ticks) {
+      virtual_clock::Advance(0.1);
+      Invalidated();
+      user.GetDesktop().application->mainWindow.OnTimer(app::kDemoTimer);
+      EXPECT_THAT(Invalidated(), ElementsAre(kWholeChart));
+    }
+    EXPECT_EQ(Layout().LaneRect(2), (UX::Rect{10, 204, 884, 194}));
+    virtual_clock::Advance(1.0);
+    user.GetDesktop().application->mainWindow.OnTimer(app::kDemoTimer);
+    Invalidated();
+    user.GetDesktop().application->mainWindow.OnTimer(app::kDemoTimer);
+    EXPECT_THAT(Invalidated(), IsEmpty()) << "they have arrived";
+  };
+  Chart().OnRightUp(452, 300);
+  EXPECT_TRUE(user.GetDesktop().menu.openedAtChart);
+}
+
+TEST_F(ChartMouse, BalloonsGrowOnUnderTheMenuOfTheRightButton) {
+  GivenChannels({"08:00 0"});
+  user.Wait(1.0);
+  Invalidated();
+  user.GetDesktop().Renderer().animating = true;
+  const int before = user.GetDesktop().Renderer().updates;
+  user.GetDesktop().application->mainWindow.OnTimer(app::kDemoTimer);
+  EXPECT_EQ(user.GetDesktop().Renderer().updates, before + 1);
+  EXPECT_THAT(Invalidated(), ElementsAre(kWholeChart));
+}
+
+TEST_F(ChartMouse, DeletingFromTheMenuOfTheRightButtonIsAnEntryOfItsOwn) {
+  GivenStepsInLane0("08:00 0, 12:00 50, 16:00 50, 20:00 0");
+  ASSERT_TRUE(user.ChooseAtChart(452, 107, command::kDeleteStep));
+  EXPECT_EQ(UndoDepth(), 1);
+  ASSERT_TRUE(user.ChooseAtChart(599, 107, command::kDeleteStep));
+  EXPECT_EQ(UndoDepth(), 2);
+  EXPECT_EQ(Told(0), "08:00 0, 20:00 0");
+  user.Choose(command::kUndo);
+  EXPECT_EQ(Told(0), "08:00 0, 16:00 50, 20:00 0");
+  user.Choose(command::kUndo);
+  EXPECT_EQ(Told(0), "08:00 0, 12:00 50, 16:00 50, 20:00 0");
+}
+
 TEST_F(ChartMouse, ADemoHasNoContextMenu) {
   GivenDemoAt(600);
   user.RightClickChart(452, 107);
@@ -556,6 +675,14 @@ TEST_F(ChartMouse, ADemoHasNoContextMenu) {
 }
 
 // Hovering
+
+TEST_F(ChartMouse, TheRendererLearnsOfAMoveBeforeTheStepUnderItIsMarked) {
+  GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
+  Move(600, 30);
+  Move(452, 107);
+  EXPECT_EQ(user.GetDesktop().Renderer().hoverAtMove, Place(-1, -1));
+  EXPECT_EQ(Hovered(), Place(0, 1));
+}
 
 TEST_F(ChartMouse, TheStepUnderTheMouseIsMarkedAndUnmarked) {
   GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");

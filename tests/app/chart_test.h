@@ -30,9 +30,15 @@ class ChartTest : public AppTest {
 
   // When. At a pixel, with nothing turning the main loop: time stands still, and so do the lanes.
 
-  void Press(int x, int y) { Chart().OnLeftDown(x, y); }
-  void Move(int x, int y) { Chart().OnMouseMove(x, y); }
-  void Release() { Chart().OnLeftUp(0, 0); }
+  void Press(int x, int y) {
+    buttonHeld_ = true;
+    Chart().OnLeftDown(x, y);
+  }
+  void Move(int x, int y) { Chart().OnMouseMove(x, y, buttonHeld_); }
+  void Release() {
+    buttonHeld_ = false;
+    Chart().OnLeftUp(0, 0);
+  }
   void Drag(int fromX, int fromY, int toX, int toY);
   /// Lets the lanes come to rest.
   void Rest();
@@ -55,4 +61,7 @@ class ChartTest : public AppTest {
   app::UndoStack& History() { return user.State().undoStack; }
 
   static constexpr UX::Rect kWholeChart{0, 0, 904, 602};
+
+ private:
+  bool buttonHeld_ = false;
 };

@@ -85,7 +85,7 @@ const Row kRows[] = {
     {command::kClearSteps, 1, 1, "Cleared all steps\n"},
     {command::kChannelColor, 1, 1, ""},
     {command::kToggleJump, 1, 1, "Step jump toggle\n"},
-    {command::kDeleteStep, 0, 1, "Step deleted. Current number of steps: 12\n"},
+    {command::kDeleteStep, 1, 1, "Step deleted. Current number of steps: 12\n"},
     {command::kOptimizeForTC421, 1, 1,
      "All steps were aligned to 30 minute intervals. This is useful for configuring TC421 device.\n"},
     {command::kEndpointStart, 1, 1, "Added step at 00:00 to all channels. Current number of steps is 13.\n"},
@@ -126,7 +126,7 @@ TEST_F(Commands, LeaveTheirTraces) {
   }
 }
 
-TEST_F(Commands, WithoutASelectionChannelCommandsLogAllTheSame) {
+TEST_F(Commands, WithoutASelectionSomeChannelCommandsLogAllTheSame) {
   const Row rows[] = {
       {command::kCopySteps, 1, 1, "Copied steps to clipboard\n"},
       {command::kClearSteps, 1, 1, "Cleared all steps\n"},
@@ -134,6 +134,8 @@ TEST_F(Commands, WithoutASelectionChannelCommandsLogAllTheSame) {
       {command::kChannelColor, 1, 0, ""},
       {command::kToggleJump, 1, 1, "Step jump toggle\n"},
       {command::kDeleteStep, 0, 0, ""},
+      {command::kMoveStepsUp, 0, 0, ""},
+      {command::kMoveStepsDown, 0, 0, ""},
   };
   const auto before = Program();
   for (const Row& row : rows) {
@@ -257,9 +259,12 @@ TEST_F(Commands, TwoStepsStayInAChannel) {
 
 TEST_F(Commands, AGreyedItemsKeyDoesNothing) {
   GivenSelection(0, 0);
+  user.SendCommand(command::kToggleJump);
+  NewLog();
   const auto before = Program();
-  GivenDemoAt(0);
+  GivenSelection(0, -1);
   user.PressKey(app::key::kDelete);
+  GivenDemoAt(0);
   user.PressKey('Z', true);
   GivenDemoAt(-1);
   EXPECT_TRUE(Program() == before);

@@ -246,6 +246,7 @@ TEST_F(DemoControl, APressBeforeTheWorkersTurnQueuesASecondDemo) {
 }
 
 TEST_F(DemoControl, BetweenThePressAndTheWorkersTurnTheChartStillEdits) {
+  user.Wait(1.0);  // nothing moves any more
   GivenTheEmulator(10);
   Gate gate;
   user.State().worker.AddJob([&gate] { gate.WaitAtGate(); });
@@ -262,6 +263,20 @@ TEST_F(DemoControl, BetweenThePressAndTheWorkersTurnTheChartStillEdits) {
   EXPECT_EQ(user.State().selection.channel, 0);
   EXPECT_EQ(TCBase::TakeCommand(), nullptr) << "no seek";
   gate.Open();
+}
+
+// Before the worker has got to it.
+TEST_F(DemoControl, StopBringsTheMenuBackAtOnce) {
+  GivenDemoAt(kNoon);
+  Desk().application->mainWindow.OnInitMenuPopup();
+  ASSERT_FALSE(Desk().menu.IsEnabled(command::kUploadProgram));
+  ASSERT_TRUE(Desk().menu.IsEnabled(command::kStopDemo));
+  NewJournal();
+  Desk().application->mainWindow.OnCommand(command::kStopDemo, 0);
+  EXPECT_TRUE(Desk().menu.IsEnabled(command::kUploadProgram));
+  EXPECT_FALSE(Desk().menu.IsEnabled(command::kStopDemo));
+  EXPECT_THAT(NewJournal(), testing::ElementsAre("redraw menu"));
+  GivenDemoAt(-1);
 }
 
 TEST_F(DemoControl, StopLeavesThePausedStateAtOnce) {

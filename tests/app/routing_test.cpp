@@ -98,7 +98,9 @@ TEST_F(Routing, CommandsAreCarriedOut) {
   EXPECT_EQ(Program().viewEnd - Program().viewStart, 23 * 3600);
 }
 
-TEST_F(Routing, TheTimerDoesNothingWithoutADemo) {
+TEST_F(Routing, TheTimerDoesNothingWithoutADemoWhileNothingMoves) {
+  user.Wait(1.0);
+  Invalidated().clear();
   EXPECT_EQ(Main().OnTimer(300), Outcome::Done);
   EXPECT_THAT(Invalidated(), IsEmpty());
 }
@@ -141,11 +143,11 @@ TEST_F(Routing, AClickOnTheBackgroundStopsTheIdleTimerAndClearsTheFocus) {
   EXPECT_THAT(Invalidated(), ElementsAre(wholeChart_));
 }
 
-TEST_F(Routing, AfterAClickOnTheBackgroundOnlyTheChartEndsTheDrawing) {
+TEST_F(Routing, AfterAClickOnTheBackgroundOnlyTheChartRestartsTheTimer) {
   user.ClickBackground();
   user.SendCommand(app::command::kProgramInfo);
   EXPECT_FALSE(HasWoken());
-  Chart().OnMouseMove(5, 5);
+  Chart().OnMouseMove(5, 5, false);
   EXPECT_TRUE(HasWoken());
 }
 
@@ -211,7 +213,7 @@ TEST_F(Routing, AChartThatIsPaintedIsDrawn) {
 
 TEST_F(Routing, InputOnTheChartWakesTheDrawing) {
   const std::vector<std::pair<const char*, std::function<void()>>> events = {
-      {"mouse move", [this] { Chart().OnMouseMove(300, 5); }},
+      {"mouse move", [this] { Chart().OnMouseMove(300, 5, false); }},
       {"left down", [this] { Chart().OnLeftDown(300, 5); }},
       {"left up", [this] { Chart().OnLeftUp(300, 5); }},
       {"right down", [this] { Chart().OnRightDown(300, 5); }},
@@ -228,7 +230,7 @@ TEST_F(Routing, InputOnTheChartWakesTheDrawing) {
 }
 
 TEST_F(Routing, TheRendererFollowsTheMouse) {
-  Chart().OnMouseMove(300, 200);
+  Chart().OnMouseMove(300, 200, false);
   EXPECT_EQ(Desk().Renderer().mouse, (std::pair<std::int32_t, std::int32_t>{300, 200}));
 }
 

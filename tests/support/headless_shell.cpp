@@ -261,6 +261,7 @@ void Menu::SetPopupEnabled(int position, bool enabled) {
 
 void Menu::OpenAtChart(int position, std::int32_t x, std::int32_t y) {
   openedAtChart = {position, x, y};
+  if (whileOpen) whileOpen();
 }
 
 // Questions
@@ -303,11 +304,11 @@ void RecordingRenderer::Render() {
 Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile)
     : settings_(settings), deviceLogFile_(std::move(deviceLogFile)) {
   queue.whenEmpty = [this] { return NextTimerOrPaint(); };
-  // As the platform does it: the menu is brought up to date first, and a greyed item is not carried out.
+  // As the platform does it: while the mouse is captured the key is lost.
   queue.onAccelerator = [this](int command) {
-    application->mainWindow.OnInitMenuPopup();
-    if (!menu.HasItem(command) || menu.IsEnabled(command)) application->mainWindow.OnCommand(command, 1);
+    if (!chart.captured) application->mainWindow.OnCommand(command, app::kFromKey);
   };
+  chart.onCaptureLost = [this] { application->chartWindow.OnCaptureLost(); };
   dialogs.meanwhile = [this] { DeliverPosted(); };
   application.emplace(Ports());
 }

@@ -167,6 +167,8 @@ class Menu final : public app::MenuPort {
     friend bool operator==(const Opened&, const Opened&) = default;
   };
   std::optional<Opened> openedAtChart;
+  /// What goes on while that menu stands open.
+  std::function<void()> whileOpen;
 
  private:
   MenuItem& Get(int command);
@@ -209,12 +211,16 @@ class RecordingRenderer final : public UX::RendererBase {
   void Update() override { ++updates; }
   void Rebuild() override { journal_.push_back("renderer: rebuild"); }
   void Relayout() override { journal_.push_back("renderer: relayout"); }
-  void MouseMoved(std::int32_t x, std::int32_t y) override { mouse = {x, y}; }
+  void MouseMoved(std::int32_t x, std::int32_t y) override {
+    mouse = {x, y};
+    hoverAtMove = {hoverStep.channel, hoverStep.step};
+  }
   bool IsAnimating() override { return animating; }
 
   int frames = 0;
   int updates = 0;
   std::pair<std::int32_t, std::int32_t> mouse{-1, -1};
+  std::pair<std::int32_t, std::int32_t> hoverAtMove{-1, -1};  // the step under it, as it was told then
   bool animating = false;
 
  private:
@@ -232,8 +238,15 @@ class ChartWindow final : public UX::ChartWindowPort {
     dirty = true;
   }
   void TakeFocus() override { focus_ = Focus::Chart; }
+  bool HasFocus() const override { return focus_ == Focus::Chart; }
   void Capture() override { captured = true; }
-  void ReleaseCapture() override { captured = false; }
+  void ReleaseCapture() override { LoseCapture(); }
+
+  /// To nobody, or to another window.
+  void LoseCapture() {
+    if (std::exchange(captured, false) && onCaptureLost) onCaptureLost();
+  }
+  std::function<void()> onCaptureLost;
 
   std::vector<UX::Rect> invalidated;  // since the start
   bool dirty = false;                 // since it was painted last

@@ -133,16 +133,17 @@ void HeadlessUser::HoldKey(int key, int times) {
 }
 
 void HeadlessUser::PushKey(int key, bool ctrl, int times) {
-  const bool toChart = desktop_->focus == Focus::Chart;
-  const auto deliver = [this, toChart](void (app::ChartWindow::*handler)(int), int number) {
-    return [this, toChart, handler, number] {
-      if (toChart) (desktop_->application->chartWindow.*handler)(number);
-    };
+  // To the window that has the focus when its turn comes; a control keeps its keys.
+  const auto down = [this, key] {
+    if (desktop_->focus == Focus::Chart) desktop_->application->chartWindow.OnKeyDown(key);
+    if (desktop_->focus == Focus::MainWindow) desktop_->application->mainWindow.OnKeyDown(key);
   };
-  for (int i = 0; i < times; ++i) {
-    desktop_->queue.Push({Event::Kind::KeyDown, key, ctrl, deliver(&app::ChartWindow::OnKeyDown, key)});
-  }
-  desktop_->queue.Push({Event::Kind::Other, 0, false, deliver(&app::ChartWindow::OnKeyUp, key)});
+  const auto up = [this, key] {
+    if (desktop_->focus == Focus::Chart) desktop_->application->chartWindow.OnKeyUp(key);
+    if (desktop_->focus == Focus::MainWindow) desktop_->application->mainWindow.OnKeyUp(key);
+  };
+  for (int i = 0; i < times; ++i) desktop_->queue.Push({Event::Kind::KeyDown, key, ctrl, down});
+  desktop_->queue.Push({Event::Kind::Other, 0, false, up});
 }
 
 void HeadlessUser::Notify(app::Control control, int code) {
@@ -187,28 +188,32 @@ void HeadlessUser::Scroll(app::Control bar, int code, int position) {
   Settle();
 }
 
-void HeadlessUser::PushMouse(void (app::ChartWindow::*handler)(std::int32_t, std::int32_t)) {
-  desktop_->queue.Push({Event::Kind::Other, 0, false, [this, handler, x = mouseX_, y = mouseY_] {
-                          const UX::Rect chart = Place(app::Control::ChartWindow);
-                          const bool isOver = x >= 0 && x < chart.width && y >= 0 && y < chart.height;
-                          if (!isOver && !desktop_->chart.captured) return;
-                          (desktop_->application->chartWindow.*handler)(x, y);
-                        }});
+void HeadlessUser::PushMouse(std::function<void(app::ChartWindow&, std::int32_t x, std::int32_t y)> deliver) {
+  const auto toChart = [this, deliver = std::move(deliver), x = mouseX_, y = mouseY_] {
+    const UX::Rect chart = Place(app::Control::ChartWindow);
+    const bool isOver = x >= 0 && x < chart.width && y >= 0 && y < chart.height;
+    if (isOver || desktop_->chart.captured) deliver(desktop_->application->chartWindow, x, y);
+  };
+  desktop_->queue.Push({Event::Kind::Other, 0, false, toChart});
 }
 
 void HeadlessUser::MoveMouse(int x, int y) {
   mouseX_ = x;
   mouseY_ = y;
-  PushMouse(&app::ChartWindow::OnMouseMove);
+  PushMouse([held = buttonHeld_](app::ChartWindow& chart, std::int32_t toX, std::int32_t toY) {
+    chart.OnMouseMove(toX, toY, held);
+  });
   Settle();
 }
 
 void HeadlessUser::HoldButton() {
+  buttonHeld_ = true;
   PushMouse(&app::ChartWindow::OnLeftDown);
   Settle();
 }
 
 void HeadlessUser::ReleaseButton() {
+  buttonHeld_ = false;
   PushMouse(&app::ChartWindow::OnLeftUp);
   Settle();
 }

@@ -95,7 +95,7 @@ class HeadlessUser final : public User {
   /// Puts an event for one of the windows into the queue.
   void Push(std::function<void(app::Application&)> deliver);
   /// The same for the mouse, which is the chart's while it is over it or captured.
-  void PushMouse(void (app::ChartWindow::*handler)(std::int32_t, std::int32_t));
+  void PushMouse(std::function<void(app::ChartWindow&, std::int32_t x, std::int32_t y)> deliver);
   void PushKey(int key, bool ctrl, int times);
   void SetSize(app::Size size, app::SizeKind kind);
   void Notify(app::Control control, int code);
@@ -108,6 +108,7 @@ class HeadlessUser final : public User {
   app::Size restored_;                // what Restore() goes back to
   int mouseX_ = 0;                    // in the chart window
   int mouseY_ = 0;
+  bool buttonHeld_ = false;  // the left one
   std::size_t questionsSeen_ = 0;
 };
 
