@@ -90,6 +90,18 @@ class DesktopChart : public testing::Test {
     LetLanesRest();
   }
 
+  /// On the emulator, slowly enough not to end by itself.
+  void StartDemo() {
+    user.Choose(command::kAddEmulator);
+    user.Choose(command::kSpeedSlow);
+    user.Press(Control::PlayButton);
+    ASSERT_TRUE(desktop::WaitUntil([&] { return user.Text(Control::DemoStatusLabel) == "Playing"; }));
+  }
+  void StopDemo() {
+    user.Press(Control::StopButton);
+    ASSERT_TRUE(desktop::WaitUntil([&] { return user.IsEnabled(Control::ModeList); }));
+  }
+
   Channel& ChannelOf(int lane) { return expected.modes[0].channels[static_cast<std::size_t>(lane)]; }
   Step& StepOf(int lane, std::size_t step) { return ChannelOf(lane).at(step); }
   POINT PointOf(int lane, const Step& step) {
@@ -240,10 +252,7 @@ TEST_F(DesktopChart, CrosshairFollowsTheMouse) {
 }
 
 TEST_F(DesktopChart, ShowsADemoAsItPlays) {
-  user.Choose(command::kAddEmulator);
-  user.Choose(command::kSpeedSlow);  // so that it does not end before all has been looked at
-  user.Press(Control::PlayButton);
-  ASSERT_TRUE(desktop::WaitUntil([&] { return user.Text(Control::DemoStatusLabel) == "Playing"; }));
+  StartDemo();
   EXPECT_FALSE(user.IsEnabled(Control::ModeList));
   EXPECT_FALSE(user.IsEnabled(Control::PowerSlider));
 
@@ -315,6 +324,99 @@ TEST_F(DesktopChart, DragGoesOnBesideTheWindow) {
   StepOf(0, 2).value = 0.0F;
   ExpectSaved();
   EXPECT_THAT(user.SelectedRows(Control::ModeList), ElementsAre(0));
+}
+
+TEST_F(DesktopChart, ADragThatLosesTheCaptureIsReleased) {
+  Focus(0);
+  const POINT from = PointOf(0, 2);
+  const POINT to{from.x - 23, from.y + 41};
+  user.MoveMouse(from.x, from.y);
+  user.HoldButton();
+  user.MoveMouse(to.x, to.y);
+  driver.TakeCapture();
+  user.MoveMouse(to.x + 50, to.y + 20);
+  user.ReleaseButton();
+  const Step before = StepOf(0, 2);
+  MoveTo(StepOf(0, 2), 0, to);
+  ExpectSaved();
+  user.PressKey('Z', true);
+  StepOf(0, 2) = before;
+  ExpectSaved();
+}
+
+// The press seeks and takes no capture, so the release goes to another window.
+TEST_F(DesktopChart, AReleaseBesideTheChartDuringADemoIsNotLost) {
+  const POINT step = PointOf(0, 2);
+  user.ClickChart(step.x, step.y);
+  StartDemo();
+  user.MoveMouse(step.x + 40, step.y + 30);
+  user.HoldButton();
+  user.MoveMouse(step.x + 40, -12);
+  user.ReleaseButton();
+  StopDemo();
+  user.MoveMouse(step.x + 60, step.y + 40);
+  user.MoveMouse(step.x + 90, step.y + 60);
+  ExpectSaved();
+}
+
+TEST_F(DesktopChart, DuringADemoDeleteDeletesAndUndoWaits) {
+  const POINT step = PointOf(0, 2);
+  user.ClickChart(step.x, step.y);
+  StartDemo();
+  ASSERT_FALSE(user.MenuItem(command::kDeleteStep).enabled);
+  user.PressKey(app::key::kDelete);
+  user.PressKey('Z', true);
+  const Channel before = ChannelOf(0);
+  ChannelOf(0).erase(ChannelOf(0).begin() + 2);
+  ExpectSaved();
+  StopDemo();
+  user.PressKey('Z', true);
+  ChannelOf(0) = before;
+  ExpectSaved();
+}
+
+TEST_F(DesktopChart, AfterAClickOnASliderTheKeysAreTheCharts) {
+  const POINT point = PointOf(0, 2);
+  user.ClickChart(point.x, point.y);
+  user.Press(Control::ZoomSlider);
+  for (const int key : {app::key::kRight, app::key::kDown, app::key::kDown, app::key::kLeft, app::key::kRight,
+                        app::key::kJ}) {
+    user.PressKey(key);
+  }
+  const Step before = StepOf(0, 2);
+  StepOf(0, 2).minute += 1;
+  StepOf(0, 2).value -= 2.0F;
+  StepOf(0, 2).jump = true;
+  ExpectSaved();
+  for (int i = 0; i < 6; ++i) user.PressKey('Z', true);
+  StepOf(0, 2) = before;
+  ExpectSaved();
+  // Other controls keep theirs.
+  user.Press(Control::LogPane);
+  for (const int key : {app::key::kRight, app::key::kDown, app::key::kJ}) user.PressKey(key);
+  ExpectSaved();
+  user.Choose(command::kZoomAll);
+}
+
+TEST_F(DesktopChart, ADeletionFromTheChartsMenuCanBeUndoneAtOnce) {
+  const POINT point = PointOf(0, 2);
+  ASSERT_TRUE(user.ChooseAtChart(point.x, point.y, command::kDeleteStep));
+  const Channel before = ChannelOf(0);
+  ChannelOf(0).erase(ChannelOf(0).begin() + 2);
+  ExpectSaved();
+  ASSERT_TRUE(user.Choose(command::kUndo));
+  ChannelOf(0) = before;
+  ExpectSaved();
+}
+
+TEST_F(DesktopChart, LanesGlideToTheirEndUnderTheMenu) {
+  const Rect place = layout.LaneRect(3);
+  ASSERT_TRUE(driver.OpenChartMenu(place.x + place.width - 20, place.y + place.height / 2));
+  layout.FocusLane(3);
+  now += 1.0;  // of the layout here
+  ExpectShown("the lane enlarged behind the menu",
+              [&](const ScreenPicture& chart) { return IsFramed(chart, layout.LaneRect(3)); });
+  driver.LeaveMenu();
 }
 
 TEST_F(DesktopChart, SecondClickAddsAStepAndTheKeyDeletesIt) {

@@ -273,18 +273,27 @@ bool DesktopUser::HasOpenMenu() {
   return (thread.flags & GUI_INMENUMODE) != 0;
 }
 
-void DesktopUser::RightClickChart(int x, int y) {
+bool DesktopUser::OpenChartMenu(int x, int y) {
   input::Click(OnScreen(Handle(app::Control::ChartWindow), {x, y}), input::Button::Right);
   SettleInput();
-  if (!HasOpenMenu()) return;
+  return HasOpenMenu();
+}
+
+void DesktopUser::LeaveMenu() {
   input::PressKey(VK_ESCAPE);
   SettleInput();
 }
 
+void DesktopUser::TakeCapture() {
+  SendMessageW(Handle(app::Control::ChartWindow), WM_CANCELMODE, 0, 0);
+}
+
+void DesktopUser::RightClickChart(int x, int y) {
+  if (OpenChartMenu(x, y)) LeaveMenu();
+}
+
 bool DesktopUser::ChooseAtChart(int x, int y, int command) {
-  input::Click(OnScreen(Handle(app::Control::ChartWindow), {x, y}), input::Button::Right);
-  SettleInput();
-  if (!HasOpenMenu()) return false;
+  if (!OpenChartMenu(x, y)) return false;
   const int downs = KeysDownTo(command);
   const bool canBeChosen = downs > 0 && MenuItem(command).enabled;
   for (int i = 0; canBeChosen && i < downs; ++i) input::PressKey(VK_DOWN);

@@ -77,6 +77,12 @@ class DesktopUser final : public User {
   /// beside the script. False if the key never comes.
   std::future<bool> CloseBehindNextSpace(Closed closed);
 
+  /// Clicks with the right button on the chart and leaves the menu open; false if none comes up.
+  bool OpenChartMenu(int x, int y);
+  void LeaveMenu();
+  /// The mouse's capture is taken from the chart, as by a window that comes up.
+  void TakeCapture();
+
   /// What the screen shows of the chart, in the chart's coordinates.
   ScreenPicture ChartPicture();
 
