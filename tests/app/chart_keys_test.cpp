@@ -298,7 +298,9 @@ TEST_F(ChartKeys, KeysThatReachTheMainWindowGoToTheChartIfAStepIsSelected) {
   user.GetDesktop().focus = headless::Focus::MainWindow;
   GivenDemoAt(3725);
   user.PressKey(key::kSpace);
-  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandPause);
+  const auto command = TCBase::TakeCommand();
+  ASSERT_NE(command, nullptr);
+  EXPECT_EQ(command->type, TCBase::CommandPause);
 }
 
 TEST_F(ChartKeys, KeysThatReachTheMainWindowStayThereWithoutAStep) {
