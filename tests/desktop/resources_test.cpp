@@ -6,13 +6,16 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
 #include <set>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "app/menu_table.h"
+#include "localisation/translation_store.h"
 #include "tests/desktop/program_resources.h"
+#include "tests/support/files.h"
 
 namespace {
 
@@ -121,6 +124,12 @@ TEST_F(Resources, NamesOfTheWindowAndItsClass) {
 TEST_F(Resources, IconsComeInTheSizesThatWindowsShows) {
   EXPECT_EQ(IconSizes(resource::kLargeIcon), (std::multiset<int>{16, 20, 24, 32, 40, 48, 64, 128, 256}));
   EXPECT_EQ(IconSizes(resource::kSmallIcon), (std::multiset<int>{16, 20, 24, 32}));
+}
+
+TEST_F(Resources, BothDocumentsOfTextsAreBuiltIn) {
+  const std::filesystem::path source = std::filesystem::path(LUMARINE_SOURCE_DIR) / "resources";
+  EXPECT_EQ(Bytes(TranslationStore::kDocumentResource, L"XML"), BytesOf(source / "translations.xml"));
+  EXPECT_EQ(Bytes(TranslationStore::kMoreResource, L"XML"), BytesOf(source / "translations-more.xml"));
 }
 
 TEST_F(Resources, LogoIsAPictureOfTwiceTheSizeItIsShownIn) {
