@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/files.h"
+#include "common/message.h"
 #include "program/channel_edit.h"
 #include "program/endpoint.h"
 #include "program/mode_commands.h"
@@ -31,7 +32,7 @@ Channel& CurrentChannel(ModeListView& document, int channel) {
 
 void TellStepCount(const Session& session, ModeListView& document) {
   const Mode& mode = CurrentMode(document);
-  session.status.Print("Mode " + mode.name + " has " + std::to_string(CountModeSteps(mode)) + " steps.");
+  session.status.Print(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)).utf8());
 }
 
 ExitStatus Refused(const Session& session) {
@@ -105,8 +106,8 @@ Change ReplaceSteps(const ChannelValue& argument) {
     if (!ReplaceManualSteps(document, argument.channel, text)) return Refused(session);
     const int passedOver = CountFilledLines(text) - static_cast<int>(steps.size());
     if (passedOver > 0)
-      session.status.Print(std::to_string(passedOver) + " lines of " + file +
-                           " are no steps and were passed over.");
+      session.status.Print(
+          Message("Lines of {1} that are no steps and were passed over: {2}", file, passedOver).utf8());
     TellStepCount(session, document);
     return ExitStatus::Success;
   };
@@ -147,7 +148,7 @@ ExitStatus Remove(const Session& session, ModeListView& document) {
   const std::string name = CurrentMode(document).name;
   if (!RemoveCurrentMode(document))
     return session.Fail(ExitStatus::WrongUsage, "it is the only mode, and a program has at least one");
-  session.status.Print("Removed mode " + name + ".");
+  session.status.Print(Message("Deleted mode: {1}", name).utf8());
   return ExitStatus::Success;
 }
 

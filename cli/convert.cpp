@@ -13,6 +13,7 @@
 #include "cli/options.h"
 #include "cli/program_argument.h"
 #include "common/files.h"
+#include "common/message.h"
 #include "program/builtin_modes.h"
 #include "program/mode_file.h"
 #include "program/program_file.h"
@@ -65,7 +66,7 @@ ExitStatus ReadFile(const Session& session, const std::string& file, ModeListVie
   return LoadModeFile(*kind, PathFromUtf8(file), document.modes.front())
              ? ExitStatus::Success
              : session.Fail(ExitStatus::FileFailed,
-                            file + " cannot be read, or is no " + std::string(kind->name) + " file");
+                            Message("{1} cannot be read, or is no {2} file", file, kind->name).utf8());
 }
 
 /// All modes of all files, in their order; the channels are those of the first program among them.
@@ -103,10 +104,12 @@ ExitStatus ChooseMode(const Session& session, const ConvertArguments& arguments,
 /// What is written all the same, but will not be read as it was meant.
 void TellOfRows(const Session& session, const std::string& file, const Mode& mode) {
   const int rows = CountModeSteps(mode);
-  if (rows == 0) session.status.Print(file + " has no row and cannot be read back.");
+  if (rows == 0) session.status.Print(Message("{1} has no row and cannot be read back.", file).utf8());
   if (rows > TCBase::Program::kMaxModeSteps)
-    session.status.Print(file + " has " + std::to_string(rows) +
-                         " rows, of which the first 48 are read; \"lumarinectl edit --optimize\" leaves 48.");
+    session.status.Print(Message("{1} has {2} rows, of which the first 48 are read; \"lumarinectl edit "
+                                 "--optimize\" leaves 48.",
+                                 file, rows)
+                             .utf8());
 }
 
 ExitStatus Write(const Session& session, const std::string& file, const ModeListView& document) {

@@ -1,8 +1,10 @@
 // What is done to controllers: upload, demo, sync-time and clear.
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "cli/commands.h"
 #include "cli/options.h"
@@ -10,6 +12,7 @@
 #include "cli/progress.h"
 #include "cli/serve.h"
 #include "cli/text.h"
+#include "common/message.h"
 #include "common/platform.h"
 #include "devices/demo_state.h"
 #include "program/mode_commands.h"
@@ -27,16 +30,34 @@ struct UploadArguments : DeviceArguments {
   ProgramArgument program;
 };
 
+/// What the desktop program asks about before an upload.
+void WarnOfManySteps(const Session& session, const ModeListView& document,
+                     const std::vector<DeviceInfo>& devices) {
+  if (std::ranges::none_of(devices, TCBase::MayIgnoreManySteps)) return;
+  for (const TCBase::Program::Mode& mode : document.modes) {
+    const int steps = CountModeSteps(mode);
+    if (steps > TCBase::Program::kManyModeSteps)
+      session.status.Print(Message("Mode {1} has {2} steps. Some {3} devices ignore all beyond the first 20; "
+                                   "\"lumarinectl edit --align\" makes them fewer.",
+                                   mode.name, steps, TCBase::kTC420Name)
+                               .utf8());
+  }
+}
+
 ExitStatus Upload(const Session& session, const UploadArguments& arguments) {
   ModeListView document;
   const ExitStatus loaded = LoadArgument(session, arguments.program, document);
   if (loaded != ExitStatus::Success) return loaded;
   if (!OptimizeAllModes(document)) return ExitStatus::OperationFailed;
 
-  UploadProgress progress(document, DevicesOf(arguments));
-  return ServeDevices(
-      session, arguments, [&](const DeviceInfo& info) { return UploadOperation(info, document).result; },
-      [&] { return progress.Text(); }, [&](const std::string& text) { progress.Listen(text); });
+  const std::vector<DeviceInfo> devices = DevicesOf(arguments);
+  WarnOfManySteps(session, document, devices);
+  UploadProgress progress(document, devices);
+  return ServeDevices(session, arguments,
+                      {.operation = [&](const DeviceInfo& info) { return UploadOperation(info, document); },
+                       .progress = [&] { return progress.Text(); },
+                       .listener = [&](const std::string& text) { progress.Listen(text); },
+                       .stopsBehindMode = true});
 }
 
 Run DeclareUpload(CLI::App& app) {
@@ -84,11 +105,12 @@ ExitStatus Demo(const Session& session, const DemoArguments& arguments) {
   if (const auto minute = ParseTimeOfDay(arguments.from)) seek.emplace(*minute * kSecondsPerMinute);
   return ServeDevices(
       session, arguments,
-      [&](const DeviceInfo& info) { return DemoOperation(info, document, arguments.seconds).result; },
-      DemoProgress,
-      [&](const std::string& /*text*/) {
-        if (seek) seek->Listen();
-      });
+      {.operation = [&](const DeviceInfo& info) { return DemoOperation(info, document, arguments.seconds); },
+       .progress = DemoProgress,
+       .listener =
+           [&](const std::string& /*text*/) {
+             if (seek) seek->Listen();
+           }});
 }
 
 Run DeclareDemo(CLI::App& app) {
@@ -124,8 +146,9 @@ Run DeclareSyncTime(CLI::App& app) {
       ->type_name("\"yyyy-MM-dd HH:mm:ss\"");
   return [arguments](Session& session) {
     const DateTime time = ParseDateTime(arguments->time).value_or(platform::LocalTime());
-    return ServeDevices(session, *arguments,
-                        [&](const DeviceInfo& info) { return SyncTimeOperation(info, {}, time).result; });
+    return ServeDevices(session, *arguments, {.operation = [&](const DeviceInfo& info) {
+                          return SyncTimeOperation(info, {}, time);
+                        }});
   };
 }
 
@@ -136,7 +159,7 @@ Run DeclareClear(CLI::App& app) {
   DeclareDevices(app, *arguments);
   return [arguments](Session& session) {
     return ServeDevices(session, *arguments,
-                        [](const DeviceInfo& info) { return ClearAllOperation(info, {}).result; });
+                        {.operation = [](const DeviceInfo& info) { return ClearAllOperation(info, {}); }});
   };
 }
 

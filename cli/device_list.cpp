@@ -6,10 +6,11 @@
 
 #include "cli/commands.h"
 #include "cli/device_word.h"
+#include "cli/explain.h"
 #include "cli/json.h"
-#include "cli/network_listener.h"
 #include "cli/options.h"
 #include "cli/serve.h"
+#include "common/message.h"
 #include "common/timer.h"
 #include "devices/scan.h"
 #include "devices/shown_name.h"
@@ -36,24 +37,30 @@ void AwaitPass(TCBase::Worker& worker) {
   reached->get_future().wait();
 }
 
-std::vector<DeviceInfo> FindDevices(double wait) {
+/// Looks at once, and then until there is one or `seconds` have passed.
+std::vector<DeviceInfo> LookFor(double seconds) {
   TCBase::Worker worker(TCBase::Discovery::AtOnce);
   const timer_base::TimerFeatures<TimerCore_Counter> waited;
   std::vector<DeviceInfo> devices;
   do {
     AwaitPass(worker);
     devices = worker.GetDevices();
-  } while (devices.empty() && waited.Now() < wait);
+  } while (devices.empty() && waited.Now() < seconds);
   return devices;
 }
 
-/// What is on the network, with a word for the user if that could not be found out.
+std::vector<DeviceInfo> FindDevices(double wait) {
+  const std::vector<DeviceInfo> devices = LookFor(wait);
+  // A worker looks every five seconds: a new one sees what came since the last look.
+  return devices.empty() && wait > 0.0 ? LookFor(0.0) : devices;
+}
+
+/// What is on the network, sorted, with a word for the user if that could not be found out.
 std::vector<DeviceInfo> ScanNetwork(const Session& session) {
-  const auto portTaken = std::make_shared<bool>(false);
-  session.status.ListenToDeviceLog(
-      [portTaken](const std::string& text) { *portTaken = *portTaken || TellsOfTakenPort(text); });
-  std::vector<DeviceInfo> devices = TCBase::FindNetworkDevices();
-  if (*portTaken) ExplainPort(session);
+  bool portTaken = false;
+  std::vector<DeviceInfo> devices = TCBase::FindNetworkDevices(TCBase::kLookupPatience, &portTaken);
+  if (portTaken) ExplainPort(session);
+  SortDevices(devices);
   return devices;
 }
 
@@ -94,7 +101,7 @@ ExitStatus List(const Session& session, const ListArguments& arguments) {
   }
   Print(session, arguments, devices);
   if (!devices.empty()) return ExitStatus::Success;
-  session.status.Print("No controller found. \"--device emulator\" works without one.");
+  session.status.Print(Message("No controller found. \"--device emulator\" works without one.").utf8());
   // A look that finds nothing has done its work; to have waited in vain is a failure.
   return arguments.wait > 0.0 || arguments.scan ? ExitStatus::NoDevice : ExitStatus::Success;
 }
@@ -105,9 +112,10 @@ ExitStatus Scan(const Session& session, const ListArguments& arguments) {
   Print(session, arguments, devices);
   if (!devices.empty()) return ExitStatus::Success;
   session.status.Print(
-      "No controller found on the network. Is this computer in its WiFi, and does the firewall let UDP port "
-      "5000 "
-      "in? One whose address is known needs no scan: --device udp:NAME@ADDRESS.");
+      Message("No controller found on the network. Is this computer in its WiFi, and does the "
+              "firewall let UDP port 5000 in? One whose address is known needs no scan: "
+              "--device udp:NAME@ADDRESS.")
+          .utf8());
   return ExitStatus::NoDevice;
 }
 

@@ -4,6 +4,7 @@
 
 #include "cli/options.h"
 #include "common/files.h"
+#include "common/message.h"
 #include "program/program_file.h"
 
 namespace cli {
@@ -29,7 +30,8 @@ void DeclareMode(CLI::App& app, ProgramArgument& argument, bool required) {
 ExitStatus LoadArgument(const Session& session, const ProgramArgument& argument,
                         TCBase::Program::ModeListView& document) {
   if (!LoadProgram(PathFromUtf8(argument.file), document))
-    return session.Fail(ExitStatus::FileFailed, argument.file + " cannot be read, or is no light program");
+    return session.Fail(ExitStatus::FileFailed,
+                        Message("{1} cannot be read, or is no light program", argument.file).utf8());
   const std::size_t count = document.modes.size();
   if (static_cast<std::size_t>(argument.mode) > count)
     return session.Fail(ExitStatus::WrongUsage, "there is no mode " + std::to_string(argument.mode) + " in " +

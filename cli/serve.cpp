@@ -4,11 +4,11 @@
 #include <atomic>
 #include <chrono>
 #include <future>
-#include <memory>
 
 #include "cli/device_word.h"
-#include "cli/network_listener.h"
+#include "cli/explain.h"
 #include "cli/options.h"
+#include "common/message.h"
 #include "devices/demo_state.h"
 #include "devices/worker.h"
 
@@ -17,29 +17,6 @@ namespace cli {
 namespace {
 
 using TCBase::DeviceInfo;
-using TCBase::OperationResult;
-
-ExitStatus ExitStatusOf(OperationResult result) {
-  switch (result) {
-    case OperationResult::Done:
-      return ExitStatus::Success;
-    case OperationResult::NotConnected:
-      return ExitStatus::NoDevice;
-    case OperationResult::Failed:
-    case OperationResult::Cancelled:
-      break;
-  }
-  return ExitStatus::OperationFailed;
-}
-
-/// What may be wrong where a controller on a cable cannot be connected.
-void ExplainConnectError(const Session& session, const DeviceInfo& info) {
-  if (info.model != TCBase::ModelTC420 && info.model != TCBase::ModelTC421USB) return;
-  session.status.Print(
-      "No connection to " + WordOf(info) +
-      ". Does \"lumarinectl devices\" list it, and does no other program hold it? Linux keeps it to root "
-      "until resources/linux/70-lumarine.rules is in /etc/udev/rules.d.");
-}
 
 }  // namespace
 
@@ -63,8 +40,7 @@ std::vector<DeviceInfo> DevicesOf(const DeviceArguments& arguments) {
   return devices;
 }
 
-ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Operation& operation,
-                        const Progress& progress, const LogListener& listener) {
+ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Service& service) {
   constexpr std::chrono::milliseconds kRedraw{100};
   if (arguments.trace) session.status.Trace();
 
@@ -72,26 +48,23 @@ ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments
   const auto watch = session.console.WatchInterrupts([&] {
     stopping = true;
     TCBase::PostCommand(TCBase::CommandStop);
+    session.status.Print(Message(service.stopsBehindMode
+                                     ? "Stopping behind this mode. Ctrl+C again ends at once."
+                                     : "Stopping. Ctrl+C again ends at once.")
+                             .utf8());
   });
 
-  // The listener stays behind with the session.
-  const auto network = std::make_shared<NetworkListener>();
-  session.status.ListenToDeviceLog([network, listener](const std::string& text) {
-    network->Listen(text);
-    if (listener) listener(text);
-  });
+  if (service.listener) session.status.ListenToDeviceLog(service.listener);
   ExitStatus worst = ExitStatus::Success;
   const auto serveOne = [&](const DeviceInfo& info) {
-    network->Begin(info);
-    const OperationResult result = operation(info);
-    const bool silent = result != OperationResult::Cancelled && network->Explain(session);
-    if (result == OperationResult::NotConnected) ExplainConnectError(session, info);
-    worst = std::max(worst, silent ? ExitStatus::NoDevice : ExitStatusOf(result));
-    return result;
+    const TCBase::OperationReport report = service.operation(info);
+    worst = std::max(worst, Explain(session, info, report));
+    return report.result;
   };
   std::packaged_task<void()> serve([&] {
     // The stop itself may be found only behind the operation.
-    worst = std::max(worst, ExitStatusOf(RunOnDevices(serveOne, DevicesOf(arguments))));
+    if (RunOnDevices(serveOne, DevicesOf(arguments)) == TCBase::OperationResult::Cancelled)
+      worst = std::max(worst, ExitStatus::OperationFailed);
   });
   std::future<void> served = serve.get_future();
   TCBase::Worker worker;
@@ -99,7 +72,7 @@ ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments
   while (served.wait_for(kRedraw) != std::future_status::ready) {
     // An operation empties the command slot when it begins, and a stop from before then would be lost.
     if (stopping) TCBase::PostCommand(TCBase::CommandStop);
-    if (progress) session.status.ShowProgress(progress());
+    if (service.progress) session.status.ShowProgress(service.progress());
   }
   session.status.ShowProgress({});
   served.get();  // hands on what the operation may have thrown

@@ -23,16 +23,23 @@ void DeclareTrace(CLI::App& app, DeviceArguments& arguments);
 /// The controllers, in the order given.
 std::vector<TCBase::DeviceInfo> DevicesOf(const DeviceArguments& arguments);
 
-using Operation = std::function<TCBase::OperationResult(const TCBase::DeviceInfo&)>;
+using Operation = std::function<TCBase::OperationReport(const TCBase::DeviceInfo&)>;
 /// The line of progress at the moment; empty if there is none. Any thread.
 using Progress = std::function<std::string()>;
 /// Takes the texts of the device log, on the thread that logs them.
 using LogListener = std::function<void(const std::string&)>;
 
+/// What is done to each controller.
+struct Service {
+  Operation operation;
+  Progress progress = {};
+  LogListener listener = {};
+  bool stopsBehindMode = false;  // a stop lets the mode in hand come to its end
+};
+
 /// Runs the operation on each device, on the worker's thread, while this one watches over Ctrl+C and the
 /// progress. The worst result counts: a controller that is not there is worse than one that failed or was
-/// stopped. A network controller of which nothing was heard is not there, whatever the operation made of it.
-ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Operation& operation,
-                        const Progress& progress = {}, const LogListener& listener = {});
+/// stopped.
+ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Service& service);
 
 }  // namespace cli

@@ -2,13 +2,17 @@
 
 #include <fstream>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "cli/commands.h"
 #include "cli/device_word.h"
-#include "cli/network_listener.h"
+#include "cli/explain.h"
 #include "cli/options.h"
 #include "cli/serve.h"
 #include "common/files.h"
+#include "common/message.h"
 #include "devices/wifi.h"
 
 namespace cli {
@@ -51,12 +55,17 @@ std::string CheckNetworkDevice(const std::string& word) {
          word;
 }
 
+/// Some editors put it in front of a file; it is no part of a password.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+/// Enough of a line to tell that it is too long.
+constexpr std::size_t kMostRead = kByteOrderMark.size() + kLongestPassword + 1;
+
 /// The first line, of a file of any length.
 std::optional<std::string> ReadFirstLine(const std::string& file) {
   std::ifstream stream(PathFromUtf8(file), std::ios::binary);
   std::string line;
   char byte = 0;
-  while (line.size() <= kLongestPassword && stream.get(byte) && byte != '\n') line += byte;
+  while (line.size() < kMostRead && stream.get(byte) && byte != '\n') line += byte;
   if (stream.bad() || (line.empty() && !stream)) return std::nullopt;
   if (line.ends_with('\r')) line.pop_back();
   return line;
@@ -69,20 +78,22 @@ ExitStatus ReadPassword(const Session& session, const WifiArguments& arguments, 
                         "there is no terminal to ask for the password, give --password-file FILE, or - for "
                         "standard input");
   const bool fromConsole = typed || arguments.passwordFile == "-";
-  const std::optional<std::string> read = fromConsole
-                                              ? session.console.ReadSecret("Password: ", kLongestPassword + 1)
-                                              : ReadFirstLine(arguments.passwordFile);
+  const std::optional<std::string> read =
+      fromConsole ? session.console.ReadSecret(Message("Password:").utf8() + " ", kMostRead)
+                  : ReadFirstLine(arguments.passwordFile);
   if (!read && typed) return session.Fail(ExitStatus::OperationFailed, "no password was given");
   if (!read)
     return session.Fail(ExitStatus::FileFailed, "no password can be read from " + arguments.passwordFile);
   password = *read;
+  if (!typed && password.starts_with(kByteOrderMark)) password.erase(0, kByteOrderMark.size());
   if (password.size() < kShortestPassword || password.size() > kLongestPassword)
     return session.Fail(ExitStatus::WrongUsage,
                         "the password of a protected network has 8 to 64 bytes, this one has not");
   if (password.size() > kCarriedPassword)
     session.status.Print(
-        "A controller may be given the first 42 bytes of a password only. If it does not join, "
-        "give the network a shorter one.");
+        Message("A controller may be given the first 42 bytes of a password only. If it does not join, "
+                "give the network a shorter one.")
+            .utf8());
   return ExitStatus::Success;
 }
 
@@ -98,17 +109,15 @@ ExitStatus SetUp(const Session& session, const WifiArguments& arguments) {
   if (arguments.device.trace) session.status.Trace();
 
   const DeviceInfo device = *ParseDevice(arguments.device.devices.front());
-  const auto listener = std::make_shared<NetworkListener>();
-  listener->Begin(device);
-  session.status.ListenToDeviceLog([listener](const std::string& text) { listener->Listen(text); });
-  const bool done = SetupWifi(device, config);
-  if (done) {
+  TCBase::Exchange exchange;
+  if (SetupWifi(device, config, &exchange)) {
     session.status.Print(
-        "The controller has the settings. Bring this computer into the same network, and "
-        "\"lumarinectl scan\" finds it there.");
+        Message("The controller has the settings. Bring this computer into the same network, "
+                "and \"lumarinectl scan\" finds it there.")
+            .utf8());
     return ExitStatus::Success;
   }
-  return listener->Explain(session) ? ExitStatus::NoDevice : ExitStatus::OperationFailed;
+  return ExplainNetwork(session, device, exchange) ? ExitStatus::NoDevice : ExitStatus::OperationFailed;
 }
 
 Run DeclareWifiSetup(CLI::App& app) {

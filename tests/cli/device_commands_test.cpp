@@ -67,6 +67,15 @@ TEST_F(DeviceCommandsTest, DevicesWaitsUntilOneIsPluggedIn) {
   EXPECT_EQ(outcome.status, kSuccess);
   EXPECT_EQ(outcome.out, "tc420     TC420\n");
   EXPECT_GE(virtual_clock::Seconds(), 12.0);
+  EXPECT_LT(virtual_clock::Seconds(), 43200.0) << "it waits no longer than it must";
+}
+
+// A worker's look every five seconds may be the last one too early.
+TEST_F(DeviceCommandsTest, DevicesSeesWhatIsPluggedInJustBeforeTheEndOfTheWait) {
+  virtual_clock::At(29.9, [] { sim_hidapi::PlugIn(Family::TC420); });
+  const Outcome outcome = Run({"devices", "--wait", "30"});
+  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_EQ(outcome.out, "tc420     TC420\n");
 }
 
 TEST_F(DeviceCommandsTest, DevicesThatWaitedInVainIsAFailure) {
@@ -119,6 +128,64 @@ TEST_F(DeviceCommandsTest, UploadThinsOutModesAndLeavesTheFileAlone) {
   EXPECT_THAT(outcome.err, StartsWith("Mode Full has more than 48 steps, optimizing...\n"));
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).banks.at(1).steps.size(), 48U);
   EXPECT_EQ(ContentOf("tank.xml"), before);
+}
+
+// As the desktop program asks before it uploads.
+TEST_F(DeviceCommandsTest, UploadWarnsOfModesThatSomeControllersPlayInPart) {
+  auto document = GivenRamps({"One"});
+  document.modes.push_back(GivenModeOfRows("Twenty", 20));
+  document.modes.push_back(GivenModeOfRows("More", 21));
+  GivenProgram("tank.xml", document);
+  sim_hidapi::PlugIn(Family::TC421);
+  const Outcome warned = Run({"upload", "@tank.xml", "--device", "tc421", "--device", "emulator"});
+  EXPECT_EQ(warned.status, kSuccess);
+  EXPECT_THAT(warned.err,
+              StartsWith("Mode More has 21 steps. Some TC420 devices ignore all beyond the first 20; "
+                         "\"lumarinectl edit --align\" makes them fewer.\nConfiguring device TC421\n"));
+  EXPECT_THAT(Run({"upload", "@tank.xml", "--device", "tc421"}).err, StartsWith("Configuring device"));
+}
+
+TEST_F(DeviceCommandsTest, AStepThatWasNotWrittenFailsTheUpload) {
+  sim_hidapi::PlugIn(Family::TC420);
+  constexpr int kStepOfTheSecondMode = 4 + 2;
+  sim_hidapi::Inject({Call::Write, kStepOfTheSecondMode});
+  const Outcome outcome = Run({"upload", "@tank.xml", "--device", "tc420"});
+  EXPECT_EQ(outcome.status, kOperationFailed);
+  EXPECT_EQ(outcome.err,
+            "Configuring device TC420\n"
+            "Uploading started\n"
+            "Uploading mode: One\n"
+            "Uploading mode: Two\n"
+            "Uploading finished\n"
+            "Modes that tc420 did not confirm: \"Two\"\n"
+            "Frames that tc420 did not confirm: 1 of 9\n"
+            "Finished configuring device TC420\n");
+  // The controller objects to a mode without its step.
+  EXPECT_THAT(sim_hidapi::Violations(), Not(IsEmpty()));
+  sim_hidapi::Reset();
+}
+
+TEST_F(DeviceCommandsTest, ACablePulledBeforeTheLastFrameFailsTheUpload) {
+  sim_hidapi::PlugIn(Family::TC420);
+  constexpr int kLastFrame = 4 + 4 + 1;
+  sim_hidapi::Inject({Call::Write, kLastFrame, sim_hidapi::kForever});
+  const Outcome outcome = Run({"upload", "@tank.xml", "--device", "tc420"});
+  EXPECT_EQ(outcome.status, kOperationFailed);
+  EXPECT_THAT(outcome.err,
+              HasSubstr("\nUploading finished\nThe end of the upload was not confirmed by tc420.\n"
+                        "Frames that tc420 did not confirm: 1 of 9\n"));
+}
+
+TEST_F(DeviceCommandsTest, AStepThatATC421DidNotAnswerFailsTheUpload) {
+  sim_hidapi::PlugIn(Family::TC421);
+  sim_hidapi::SetAnswer({[answered = 0](const std::string& reply) mutable {
+    constexpr int kSecondStep = 3;
+    return ++answered == kSecondStep ? std::vector<std::string>() : std::vector{reply};
+  }});
+  const Outcome outcome = Run({"upload", "@tank.xml", "--device", "tc421"});
+  EXPECT_EQ(outcome.status, kOperationFailed);
+  EXPECT_THAT(outcome.err, HasSubstr("Modes that tc421 did not confirm: \"One\"\n"
+                                     "Frames that tc421 did not confirm: 1 of 100\n"));
 }
 
 TEST_F(DeviceCommandsTest, AModeThatIsRefusedFailsTheUploadAndTheOthersAreStored) {
@@ -177,6 +244,41 @@ TEST_F(DeviceCommandsTest, SeveralControllersAreServedInTheOrderGivenAndTheWorst
               StartsWith("Configuring device TC420_Emulator\n"));
 }
 
+// Status 3 is worse than 1, and 1 than 0, wherever they stand.
+TEST_F(DeviceCommandsTest, TheWorstControllerCountsInAnyOrder) {
+  sim_hidapi::PlugIn(Family::TC421);
+  sim_hidapi::SetAnswer(sim_hidapi::Silent());  // which fails a TC421
+  const struct {
+    Words devices;
+    int status;
+  } rows[] = {
+      {{"emulator", "emulator"}, kSuccess},
+      {{"emulator", "tc421"}, kOperationFailed},
+      {{"tc421", "emulator"}, kOperationFailed},
+      {{"tc420", "emulator"}, kNoDevice},
+      {{"tc421", "tc420"}, kNoDevice},
+      {{"tc420", "tc421"}, kNoDevice},
+      {{"emulator", "tc421", "tc420", "emulator"}, kNoDevice},
+  };
+  for (const auto& row : rows) {
+    Words words = {"sync-time"};
+    for (const std::string& device : row.devices) words.insert(words.end(), {"--device", device});
+    EXPECT_EQ(Run(words).status, row.status) << testing::PrintToString(row.devices);
+  }
+}
+
+// The stop is found behind the last operation, which has done its work.
+TEST_F(DeviceCommandsTest, CtrlCBehindAllThatWasDoneIsAStopAllTheSame) {
+  After("Clearing all modes", 1.0, [&] { EXPECT_TRUE(PressesCtrlC(console)); });
+  const Outcome outcome = Run({"clear", "--device", "emulator", "--device", "tc420"});
+  EXPECT_EQ(outcome.status, kOperationFailed);
+  EXPECT_EQ(outcome.err,
+            "Configuring device TC420_Emulator\n"
+            "Clearing all modes\n"
+            "Stopping. Ctrl+C again ends at once.\n"
+            "Cancelled!\n");
+}
+
 TEST_F(DeviceCommandsTest, CtrlCEndsAnUploadBehindTheModeInHand) {
   sim_hidapi::PlugIn(Family::TC420);
   After("Uploading mode: One", 0.1, [&] { EXPECT_TRUE(PressesCtrlC(console)); });
@@ -186,6 +288,7 @@ TEST_F(DeviceCommandsTest, CtrlCEndsAnUploadBehindTheModeInHand) {
             "Configuring device TC420\n"
             "Uploading started\n"
             "Uploading mode: One\n"
+            "Stopping behind this mode. Ctrl+C again ends at once.\n"
             "Uploading finished\n"
             "Cancelled!\n");
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).banks.size(), 1U);
@@ -220,10 +323,30 @@ TEST_F(DeviceCommandsTest, CtrlCEndsADemoAndGivesTheControllerBack) {
   After("Playing whole day", 5.0, [&] { EXPECT_TRUE(PressesCtrlC(console)); });
   const Outcome outcome = Run({"demo", "@tank.xml", "--device", "tc420"});
   EXPECT_EQ(outcome.status, kOperationFailed);
-  EXPECT_THAT(outcome.err, EndsWith("Demo finished\nCancelled!\n"));
+  EXPECT_THAT(outcome.err, EndsWith("Stopping. Ctrl+C again ends at once.\nDemo finished\nCancelled!\n"));
   EXPECT_FALSE(sim_hidapi::MemoryOf(Family::TC420).playing);
   const auto frames = sim_hidapi::Frames(Family::TC420);
   EXPECT_NEAR(frames.back().seconds - frames.front().seconds, 5.0, 1.0);
+}
+
+TEST_F(DeviceCommandsTest, ADemoWhoseCableIsPulledFails) {
+  sim_hidapi::PlugIn(Family::TC420);
+  After("Playing whole day", 5.0, [] { sim_hidapi::PullOut(Family::TC420); });
+  const Outcome outcome = Run({"demo", "@tank.xml", "--device", "tc420"});
+  EXPECT_EQ(outcome.status, kOperationFailed);
+  EXPECT_THAT(outcome.err, HasSubstr("\nDemo finished\nFrames that tc420 did not confirm: "));
+}
+
+// Its name stands in the trace of every demo.
+TEST_F(DeviceCommandsTest, AModesNameForgesNoError) {
+  for (const char* const name : {"bind error: x", "hid_write error: x"}) {
+    GivenProgram("tank.xml", GivenRamps({name}));
+    const Outcome outcome = Run({"demo", "@tank.xml", "--device", "emulator", "--seconds", "1"});
+    EXPECT_EQ(outcome.status, kSuccess) << name;
+    EXPECT_EQ(outcome.err,
+              "Configuring device TC420_Emulator\nDemo started\nPlaying whole day in 1 seconds\n"
+              "Demo finished\nFinished configuring device TC420_Emulator\n");
+  }
 }
 
 // sync-time, clear

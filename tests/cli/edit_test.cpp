@@ -42,6 +42,13 @@ TEST_F(EditTest, NewWritesTheBuiltInProgram) {
   EXPECT_TRUE(Load("built_in.xml") == TCBase::Program::NewProgram());
 }
 
+// What the file is called is no part of the sentence around it.
+TEST_F(EditTest, ABraceInAFilesNameStandsForItself) {
+  const Outcome outcome = Run({"new", "@d{2}/x.xml"});
+  EXPECT_EQ(outcome.status, kFileFailed);
+  EXPECT_THAT(outcome.err, testing::StartsWith("Error creating file d{2}/x.xml"));
+}
+
 TEST_F(EditTest, ChangesOneModeAndLeavesTheOthers) {
   const ModeListView before = Load("tank.xml");
   const Outcome outcome = Edit({"--clear", "3"});
@@ -68,13 +75,13 @@ TEST_F(EditTest, OptimizeBringsAModeWithinTheLimit) {
   EXPECT_EQ(outcome.status, kSuccess);
   EXPECT_EQ(outcome.err,
             "Mode Full has more than 48 steps, optimizing...\n"
-            "Mode Full has 48 steps.\n"
+            "Mode Full steps count: 48\n"
             "Saved program out.xml\n");
   EXPECT_EQ(CountModeSteps(Result()), 48);
 }
 
 TEST_F(EditTest, OptimizeLeavesAModeWithinTheLimitAsItIs) {
-  EXPECT_EQ(Edit({"--optimize"}).err, "Mode Two has 2 steps.\nSaved program out.xml\n");
+  EXPECT_EQ(Edit({"--optimize"}).err, "Mode Two steps count: 2\nSaved program out.xml\n");
   EXPECT_TRUE(Load("out.xml") == Load("tank.xml"));
 }
 
@@ -131,7 +138,7 @@ TEST_F(EditTest, StepsReplacesAChannelWhateverTheLineEnds) {
               "Added new step (Time: 08:00) (Strength: 0).\n"
               "Added new step (Time: 09:30) (Strength: 80, Jump).\n"
               "Added new step (Time: 18:00) (Strength: 5).\n"
-              "Mode Two has 4 steps.\n"
+              "Mode Two steps count: 4\n"
               "Saved program out.xml\n");
     EXPECT_EQ(StepsOf(Result().channels[1]), "08:00 0, 09:30 80J, 18:00 5");
     EXPECT_EQ(StepsOf(Result().channels[0]), "08:00 0, 20:00 100");
@@ -151,7 +158,7 @@ TEST_F(EditTest, LinesThatAreNoStepsArePassedOverAndCounted) {
   GivenFile("blue.txt", "# blue\n08:00 10\n\n20:00 20\nand so on for some time\n");
   const Outcome outcome = Edit({"--steps", "1=@blue.txt"});
   EXPECT_EQ(outcome.status, kSuccess);
-  EXPECT_THAT(outcome.err, HasSubstr("2 lines of blue.txt are no steps and were passed over.\n"));
+  EXPECT_THAT(outcome.err, HasSubstr("Lines of blue.txt that are no steps and were passed over: 2\n"));
 }
 
 TEST_F(EditTest, StepsBeyondTheLimitAreThinnedOut) {
@@ -213,7 +220,7 @@ TEST_F(EditTest, MoveBeyondTheEdgeIsRefused) {
 }
 
 TEST_F(EditTest, RemoveTakesTheModeOut) {
-  EXPECT_EQ(Edit({"--remove"}).err, "Removed mode Two.\nSaved program out.xml\n");
+  EXPECT_EQ(Edit({"--remove"}).err, "Deleted mode: Two\nSaved program out.xml\n");
   const ModeListView result = Load("out.xml");
   ASSERT_EQ(result.modes.size(), 1U);
   EXPECT_EQ(result.modes[0].name, "One");

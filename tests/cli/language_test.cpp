@@ -64,10 +64,14 @@ constexpr char kDocument[] = R"(<localisation>
   <languages><language id='de' name='Deutsch'/><language id='cz' name='Czech'/></languages>
   <strings>
     <string id='Error loading program {1}'><de>{1} kann nicht geladen werden</de></string>
+    <string id='Modes that {1} did not confirm: {2}'><de>Von {1} nicht bestätigt: {2}</de></string>
+    <string id='No controller found. &quot;--device emulator&quot; works without one.'><de>Keines da.</de></string>
     <string id='Normal'><de>Alltag</de></string>
+    <string id='Password:'><de>Kennwort:</de></string>
     <string id='Saved program {1}'><de>{1} ist gespeichert</de><cz>{1} je uložen</cz></string>
     <string id='Steps for mode: {1}'><de>Schritte von {1}</de></string>
     <string id='Uploading finished'><de>Fertig</de></string>
+    <string id='{1} cannot be read, or is no light program'><de>{1} ist kein Lichtprogramm</de></string>
   </strings>
 </localisation>)";
 
@@ -131,6 +135,20 @@ TEST_F(LanguageTest, TheWorkerSpeaksItToo) {
   GivenBuiltIn("tank.xml");
   language = "de";
   EXPECT_THAT(Run({"upload", "@tank.xml", "--device", "emulator"}).err, HasSubstr("\nFertig\n"));
+}
+
+TEST_F(LanguageTest, WhatTheCommandLineAddsIsTranslated) {
+  language = "de";
+  GivenFile("bad.xml", "not a program");
+  EXPECT_THAT(Run({"info", "@bad.xml"}).err,
+              HasSubstr("bad.xml kann nicht geladen werden\nlumarinectl: bad.xml ist kein Lichtprogramm\n"));
+  EXPECT_EQ(Run({"devices"}).err, "Keines da.\n");
+  GivenProgram("tank.xml", GivenRamps({""}));
+  EXPECT_THAT(Run({"upload", "@tank.xml", "--device", "emulator"}).err,
+              HasSubstr("\nVon emulator nicht bestätigt: \"\"\n"));
+  console.terminal = true;
+  Run({"wifi-setup", "--device", "udp:A@192.168.4.1", "--ssid", "Home", "--security", "wpa2"});
+  EXPECT_EQ(console.prompts, "Kennwort: ");
 }
 
 TEST_F(LanguageTest, TablesForPeopleAreTranslated) {

@@ -54,8 +54,9 @@ TEST_F(NetworkCommandsTest, ScanListsWhatAnswersAsDeviceTakesIt) {
   const Outcome outcome = Run({"scan"});
   EXPECT_EQ(outcome.status, kSuccess);
   EXPECT_EQ(outcome.out,
-            "udp:Smart-123456@192.168.4.1  Smart-123456\n"
-            "udp:Bed@192.168.4.9           Bed\n");
+            "udp:Bed@192.168.4.9           Bed\n"
+            "udp:Smart-123456@192.168.4.1  Smart-123456\n")
+      << "sorted by name, whoever was first to answer";
   EXPECT_THAT(outcome.err, StartsWith("Searching for network devices...\nFound 2 device(s)\n"));
 }
 
@@ -158,6 +159,31 @@ TEST_F(NetworkCommandsTest, OneThatAnsweredAndThenFailedHasFailed) {
   const Outcome outcome = Run({"upload", "@tank.xml", "--device", kTankWord});
   EXPECT_EQ(outcome.status, kOperationFailed);
   EXPECT_THAT(outcome.err, Not(HasSubstr("No answer")));
+}
+
+TEST_F(NetworkCommandsTest, AModesNameForgesNoAnswerAndNoTakenPort) {
+  GivenProgram("tank.xml", GivenRamps({"recvfrom 192.168.4.1:5000", "bind error: x"}));
+  const Outcome silent = Run({"demo", "@tank.xml", "--device", kTankWord, "--seconds", "1"});
+  EXPECT_EQ(silent.status, kNoDevice);
+  EXPECT_THAT(silent.err, HasSubstr("No answer from "));
+  GivenTank();
+  const Outcome outcome = Run({"upload", "@tank.xml", "--device", kTankWord});
+  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_THAT(outcome.err, Not(HasSubstr("UDP port 5000")));
+}
+
+TEST_F(NetworkCommandsTest, AStepThatWasNeverAnsweredFailsTheUpload) {
+  GivenTank();
+  sim_network::SetAnswer([answered = 0](const sim_network::Datagram& reply) mutable {
+    // The fourth frame and the two times that it is sent again.
+    const bool lost = ++answered >= 4 && answered <= 6;
+    return lost ? std::vector<sim_network::Datagram>() : std::vector{reply};
+  });
+  const Outcome outcome = Run({"upload", "@tank.xml", "--device", kTankWord});
+  EXPECT_EQ(outcome.status, kOperationFailed);
+  EXPECT_THAT(outcome.err, Not(HasSubstr("Upload error")));
+  EXPECT_THAT(outcome.err, HasSubstr("Modes that " + kTankWord + " did not confirm: \"One\"\nFrames that " +
+                                     kTankWord + " did not confirm: 1 of 100\n"));
 }
 
 TEST_F(NetworkCommandsTest, TheSilentOneOfTwoIsNamed) {
@@ -311,6 +337,39 @@ TEST_F(NetworkCommandsTest, APasswordComesFromAFileOrAPipe) {
   console.secret = "from a pipe";
   EXPECT_EQ(SetUpWifi({"--security", "wpa2", "--password-file", "-"}).status, kSuccess);
   EXPECT_EQ(sim_network::MemoryOf(kTank).wifi->password, "from a pipe");
+}
+
+// Windows editors and shells put one in front.
+TEST_F(NetworkCommandsTest, AByteOrderMarkIsNoPartOfThePassword) {
+  GivenTank();
+  const std::string mark = "\xEF\xBB\xBF";
+  for (const std::string& password : {std::string("12345678"), std::string(42, 'x')}) {
+    GivenFile("password.txt", mark + password + "\r\n");
+    EXPECT_EQ(SetUpWifi({"--security", "wpa2", "--password-file", "@password.txt"}).status, kSuccess);
+    console.secret = mark + password;
+    EXPECT_EQ(SetUpWifi({"--security", "wpa2", "--password-file", "-"}).status, kSuccess);
+    for (const auto& sent : sim_network::Traffic())
+      EXPECT_THAT(sent.bytes, Not(HasSubstr(mark))) << "sent to the controller";
+  }
+  GivenFile("password.txt", mark + "seven77");
+  EXPECT_THAT(SetUpWifi({"--security", "wpa2", "--password-file", "@password.txt"}).err,
+              HasSubstr("8 to 64 bytes"));
+}
+
+// A packet to a controller with a name of full length has room for 42.
+TEST_F(NetworkCommandsTest, APasswordThatAPacketCannotCarryIsWarnedOf) {
+  for (const std::size_t size : {8U, 42U, 43U, 64U}) {
+    sim_network::Reset();
+    GivenTank();
+    GivenFile("password.txt", std::string(size, 'x'));
+    const Outcome outcome = SetUpWifi({"--security", "wpa2", "--password-file", "@password.txt"});
+    EXPECT_EQ(outcome.status, kSuccess) << size;
+    EXPECT_EQ(outcome.err.find("the first 42 bytes of a password only") != std::string::npos, size > 42)
+        << size;
+    EXPECT_EQ(sim_network::MemoryOf(kTank).wifi->password.size(), std::min<std::size_t>(size, 42)) << size;
+    EXPECT_EQ(sim_network::Violations().empty(), size <= 42) << "the controller counts what it gets";
+  }
+  sim_network::Reset();
 }
 
 TEST_F(NetworkCommandsTest, AnErrorOfWifiSetupSaysWhatToDo) {

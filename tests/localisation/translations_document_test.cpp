@@ -309,7 +309,7 @@ TEST_P(EachLanguage, HasNoStrayBlanks) {
 const std::map<std::string, std::set<std::string>> kSameWords = {
     {"de", {"Normal", "OK", "Zoom", "{1}, Version {2}.{3}, Build {4}"}},
     {"sk", {"Normal", "OK"}},
-    {"it", {"File", "OK", "Password", "Zoom"}},
+    {"it", {"File", "OK", "Password", "Password:", "Zoom"}},
     {"cz", {"Normal", "OK"}},
     {"fr01", {"Mode", "Mode {1}", "Normal", "OK", "Zoom"}},
     {"fr", {"Mode", "Mode {1}", "Normal", "OK", "Zoom"}},
