@@ -5,7 +5,6 @@
 #include <variant>
 
 #include "platform/win32/com_result.h"
-#include "platform/win32/scale.h"
 
 namespace win32 {
 
@@ -73,13 +72,13 @@ void D2DCanvas::ReleaseFactories() {
   factory_.Reset();
 }
 
-void D2DCanvas::MakeTarget(HWND window) {
+void D2DCanvas::MakeTarget(HWND window, UINT dpi) {
   RECT client{};
   GetClientRect(window, &client);
   D2D1_RENDER_TARGET_PROPERTIES properties{};
   properties.pixelFormat = {DXGI_FORMAT_UNKNOWN, D2D1_ALPHA_MODE_PREMULTIPLIED};
   // Told, since the default is the resolution of the first screen, not of this window's.
-  properties.dpiX = properties.dpiY = static_cast<float>(Scale(window).dpi());
+  properties.dpiX = properties.dpiY = static_cast<float>(dpi);
   const D2D1_HWND_RENDER_TARGET_PROPERTIES place{
       window,
       {static_cast<UINT32>(client.right), static_cast<UINT32>(client.bottom)},

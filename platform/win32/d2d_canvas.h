@@ -31,8 +31,9 @@ class D2DCanvas final : public UX::Canvas {
   void MakeFactories();
   void ReleaseFactories();
 
-  /// A new target for a window, whose client area is not empty. Brushes, fonts and labels are to be set anew.
-  void MakeTarget(HWND window);
+  /// A new target for a window, whose client area is not empty, in dots to the inch of its screen. Brushes,
+  /// fonts and labels are to be set anew.
+  void MakeTarget(HWND window, UINT dpi);
   bool HasTarget() const { return target_ != nullptr; }
   /// Whether nothing can be drawn, or nobody could see it.
   bool IsHidden() const;
@@ -73,6 +74,10 @@ class D2DCanvas final : public UX::Canvas {
   TextFormat& FormatOf(UX::TextFormat format);
   Bitmap& BitmapOf(UX::Label label);
   void MakeLabelContext(const D2D1_SIZE_F& size);
+  /// From where the transform puts the origin to the pixel of the device that is next to it, in units. A
+  /// label that lay between pixels would be resampled, and its letters blurred. For transforms that do not
+  /// scale.
+  D2D1_POINT_2F OffsetToWholePixel() const;
 
   ComPtr<ID2D1Factory> factory_;
   ComPtr<IDWriteFactory> writeFactory_;

@@ -117,11 +117,24 @@ void D2DCanvas::EndLabel() {
   if (!IsFollowed(label_)) labelContext_.Reset();
 }
 
+D2D1_POINT_2F D2DCanvas::OffsetToWholePixel() const {
+  D2D1_MATRIX_3X2_F transform{};
+  drawn_->GetTransform(&transform);
+  D2D1_POINT_2F dpi{};
+  drawn_->GetDpi(&dpi.x, &dpi.y);
+  const auto missing = [](float units, float dotsPerInch) {
+    const float pixelsPerUnit = dotsPerInch / USER_DEFAULT_SCREEN_DPI;
+    return std::round(units * pixelsPerUnit) / pixelsPerUnit - units;
+  };
+  return {missing(transform._31, dpi.x), missing(transform._32, dpi.y)};
+}
+
 void D2DCanvas::DrawLabel(UX::Label label) {
   const Bitmap& bitmap = BitmapOf(label);
   if (!bitmap) return;
   const auto [width, height] = bitmap->GetSize();
-  drawn_->DrawBitmap(bitmap.Get(), D2D1_RECT_F{0.0F, 0.0F, width, height}, 1.0F,
+  const auto [x, y] = OffsetToWholePixel();
+  drawn_->DrawBitmap(bitmap.Get(), D2D1_RECT_F{x, y, x + width, y + height}, 1.0F,
                      D2D1_BITMAP_INTERPOLATION_MODE_LINEAR);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/win32/renderer_dx.h"
 
 #include "chart/lane_drawing.h"
+#include "platform/win32/scale.h"
 
 namespace UX {
 
@@ -20,7 +21,7 @@ void RendererDX::Rebuild() {
   RECT client{};
   GetClientRect(chart_.Handle(), &client);
   if (client.right <= 0 || client.bottom <= 0) return;
-  canvas_.MakeTarget(chart_.Handle());
+  canvas_.MakeTarget(chart_.Handle(), win32::Scale(chart_.Handle()).dpi());
   MakeGrid();
   drawing_.Rebuild(canvas_);
 }

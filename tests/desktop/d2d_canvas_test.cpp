@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <memory>
+#include <vector>
 
 #include "platform/win32/d2d_canvas.h"
 #include "tests/desktop/patience.h"
@@ -33,8 +36,9 @@ struct DrawnWindow {
     canvas.MakeFactories();
     MakeTarget();
   }
-  void MakeTarget() {
-    canvas.MakeTarget(window.handle());
+  void MakeTarget(UINT dotsPerInch = USER_DEFAULT_SCREEN_DPI) {
+    dpi = dotsPerInch;
+    canvas.MakeTarget(window.handle(), dpi);
     canvas.SetBrush(Brush::Black, kBlack, 1.0F);
     canvas.SetBrush(Brush::White, kWhite, 1.0F);
     canvas.SetBrush(Brush::Salmon, kRed, 1.0F);
@@ -44,6 +48,7 @@ struct DrawnWindow {
 
   const desktop::TestWindow window{kWidth + kMarkWidth, kHeight};
   win32::D2DCanvas canvas;
+  UINT dpi = 0;
   std::uint8_t frames = 0;
 };
 
@@ -60,13 +65,20 @@ class D2DCanvas : public testing::Test {
     draw();
     canvas.SetBrush(Brush::Gray, mark, 1.0F);
     canvas.SetTransform(UX::kIdentity);
-    canvas.Fill(UX::Rectangle{kWidth, 0, kMarkWidth, kHeight}, Brush::Gray);
+    canvas.Fill(UX::Rectangle{Units(kWidth), 0, Units(kMarkWidth), Units(kHeight)}, Brush::Gray);
     EXPECT_EQ(canvas.EndFrame(), S_OK);
     const auto isShown = [&] {
       picture = ScreenPicture::Take();
       return At(kWidth + 1, 1) == mark;
     };
     EXPECT_TRUE(desktop::WaitUntil(isShown)) << "the frame is not shown";
+  }
+  /// Of the canvas.
+  static float Units(int pixels) {
+    return static_cast<float>(pixels) * USER_DEFAULT_SCREEN_DPI / static_cast<float>(drawn->dpi);
+  }
+  static int Pixels(int units) {
+    return MulDiv(units, static_cast<int>(drawn->dpi), USER_DEFAULT_SCREEN_DPI);
   }
   Color At(int x, int y) const { return picture.At(window.x() + x, window.y() + y); }
   int Count(const UX::Rect& area, Color color) const {
@@ -302,6 +314,48 @@ TEST_F(D2DCanvas, KeepsNothingOfFormerTargets) {
   const ULONG before = references();
   for (int i = 0; i < 5; ++i) useATarget();
   EXPECT_EQ(references(), before);
+}
+
+// Other resolutions
+
+class D2DCanvasOnAFineScreen : public D2DCanvas, public testing::WithParamInterface<UINT> {
+ protected:
+  void SetUp() override { drawn->MakeTarget(GetParam()); }
+
+  std::vector<Color> PixelsOf(const UX::Rect& area) const {
+    std::vector<Color> pixels;
+    for (int y = area.y; y < area.y + area.height; ++y)
+      for (int x = area.x; x < area.x + area.width; ++x) pixels.push_back(At(x, y));
+    return pixels;
+  }
+};
+INSTANTIATE_TEST_SUITE_P(DotsPerInch, D2DCanvasOnAFineScreen, testing::Values(96, 120, 144, 192));
+
+TEST_P(D2DCanvasOnAFineScreen, HasMorePixelsForAUnit) {
+  Frame([&] { canvas.Fill(UX::Rectangle{8, 16, 40, 24}, Brush::Black); });
+  EXPECT_EQ(Count({Pixels(8), Pixels(16), Pixels(40), Pixels(24)}, kBlack), Pixels(40) * Pixels(24));
+  EXPECT_EQ(CountAll(kBlack), Pixels(40) * Pixels(24));
+}
+
+TEST_P(D2DCanvasOnAFineScreen, PutsLabelsOnWholePixels) {
+  canvas.BeginLabel(UX::Label::Hours, 40, 20);
+  canvas.LayOutText(UX::TextFormat::Small, "08:30", kRoomy);
+  canvas.DrawLayout(Brush::Black);
+  canvas.EndLabel();
+  Frame([&] { canvas.DrawLabel(UX::Label::Hours); });
+  const int width = Pixels(40);
+  const int height = Pixels(20);
+  const std::vector<Color> letters = PixelsOf({0, 0, width, height});
+  EXPECT_GT(std::ranges::count(letters, kWhite), 0);
+  EXPECT_LT(std::ranges::count(letters, kWhite), std::ssize(letters));
+  for (const int x : {41, 42, 43}) {
+    const int y = x / 2;
+    Frame([&] {
+      canvas.SetTransform(UX::Translation(static_cast<float>(x), static_cast<float>(y)));
+      canvas.DrawLabel(UX::Label::Hours);
+    });
+    EXPECT_EQ(PixelsOf({Pixels(x), Pixels(y), width, height}), letters) << x;
+  }
 }
 
 }  // namespace
