@@ -141,17 +141,17 @@ void GdiplusGraphics::DrawLines(std::vector<Gdiplus::Point> points, const Gdiplu
   Store(GdipDrawLinesI(graphics_.get(), pen.get(), points.data(), static_cast<INT>(points.size())));
 }
 
-void GdiplusGraphics::FillEllipse(Gdiplus::Point center, float diameter, const GdiplusBrush& brush) {
+void GdiplusGraphics::FillEllipse(const Gdiplus::Point& center, float diameter, const GdiplusBrush& brush) {
   const Gdiplus::RectF box = Around(center, diameter);
   Store(GdipFillEllipse(graphics_.get(), brush.get(), box.X, box.Y, box.Width, box.Height));
 }
 
-void GdiplusGraphics::DrawEllipse(Gdiplus::Point center, float diameter, const GdiplusPen& pen) {
+void GdiplusGraphics::DrawEllipse(const Gdiplus::Point& center, float diameter, const GdiplusPen& pen) {
   const Gdiplus::RectF box = Around(center, diameter);
   Store(GdipDrawEllipse(graphics_.get(), pen.get(), box.X, box.Y, box.Width, box.Height));
 }
 
-void GdiplusGraphics::DrawString(std::string_view text, Gdiplus::Point at, const GdiplusFont& font,
+void GdiplusGraphics::DrawString(std::string_view text, const Gdiplus::Point& at, const GdiplusFont& font,
                                  const GdiplusBrush& brush) {
   const std::wstring wide = WideText(WideFromUtf8(text));
   const Gdiplus::Point corner = Bounded(at);

@@ -85,11 +85,11 @@ class GdiplusGraphics {
   /// Joins the points, in order.
   void DrawLines(std::vector<Gdiplus::Point> points, const GdiplusPen& pen);
   // A circle.
-  void FillEllipse(Gdiplus::Point center, float diameter, const GdiplusBrush& brush);
-  void DrawEllipse(Gdiplus::Point center, float diameter, const GdiplusPen& pen);
+  void FillEllipse(const Gdiplus::Point& center, float diameter, const GdiplusBrush& brush);
+  void DrawEllipse(const Gdiplus::Point& center, float diameter, const GdiplusPen& pen);
 
   /// UTF-8, set from this point to the right and down, not broken but at its line ends.
-  void DrawString(std::string_view text, Gdiplus::Point at, const GdiplusFont& font,
+  void DrawString(std::string_view text, const Gdiplus::Point& at, const GdiplusFont& font,
                   const GdiplusBrush& brush);
   /// The size that the text takes within limits of this size; none without a font.
   Gdiplus::SizeF MeasureString(std::string_view text, const GdiplusFont& font, const Gdiplus::SizeF& limits);
