@@ -3,6 +3,8 @@
 #include <atomic>
 #include <cerrno>
 #include <string>
+#include <system_error>
+#include <vector>
 
 #include "common/platform.h"
 
@@ -35,74 +37,158 @@ int WriteOut(FileCalls& calls, std::string_view bytes) {
   return 0;
 }
 
-int WriteStream(FileCalls& calls, const fs::path& path, std::string_view bytes) {
-  if (const int error = Patiently([&] { return calls.Open(path); }).error) return error;
-  const int error = WriteOut(calls, bytes);
-  const int closeError = calls.Close().error;
-  return error != 0 ? error : closeError;
-}
-
-/// A short name, since one made of the file's own could be too long.
-fs::path NameBeside(const fs::path& target) {
-  static std::atomic<unsigned> serial = 0;
-  const std::string now = std::to_string(platform::ClockTicks());
-  return target.parent_path() / (".lumarine-" + now + "-" + std::to_string(serial++) + ".new");
-}
-
-/// Creates the new file under a free name.
-int CreateBeside(FileCalls& calls, const FileTarget& target, fs::path& beside) {
-  // Two processes may meet on a name, and one that was killed leaves its file.
-  constexpr int kNames = 100;
-  int error = EEXIST;
-  for (int i = 0; i < kNames && error == EEXIST; ++i) {
-    beside = NameBeside(target.path);
-    error = calls.Create(beside, target.kind == FileTarget::Regular).error;
-  }
-  return error;
-}
-
-/// Everything up to the moment where the new file can take the old one's place.
-int Complete(FileCalls& calls, const FileTarget& old, std::string_view bytes) {
-  int error = old.kind == FileTarget::Regular ? calls.TakePermissions(old).error : 0;
-  if (error == 0) error = WriteOut(calls, bytes);
+/// Writes the rest of an open file to the disk and closes it.
+int Finish(FileCalls& calls, std::string_view bytes) {
+  int error = WriteOut(calls, bytes);
   if (error == 0) error = calls.Flush().error;
   // Network file systems tell only here that the disk was full.
   const int closeError = calls.Close().error;
   return error != 0 ? error : closeError;
 }
 
-int SwapIn(FileCalls& calls, const fs::path& beside, const FileTarget& target) {
+int WriteStream(FileCalls& calls, const FileTarget& target, std::string_view bytes) {
+  if (const int error = Patiently([&] { return calls.Open(target); }).error) return error;
+  const int error = WriteOut(calls, bytes);
+  const int closeError = calls.Close().error;
+  return error != 0 ? error : closeError;
+}
+
+/// A short name, since one made of the file's own could be too long.
+std::string FreshName(const std::string& prefix, const std::string& suffix) {
+  static std::atomic<unsigned> serial = 0;
+  return prefix + std::to_string(platform::ClockTicks()) + "-" + std::to_string(serial++) + suffix;
+}
+
+/// Creates a file under a free name, which `name` makes up.
+template <class Name>
+int CreateFresh(FileCalls& calls, const Name& name, bool guarded, fs::path& created) {
+  // Two processes may meet on a name, and one that was killed leaves its file.
+  constexpr int kNames = 100;
+  int error = EEXIST;
+  for (int i = 0; i < kNames && error == EEXIST; ++i) {
+    created = name();
+    error = calls.Create(created, guarded).error;
+  }
+  return error;
+}
+
+int CreateBeside(FileCalls& calls, const FileTarget& target, fs::path& beside) {
+  const auto name = [&target] { return target.path.parent_path() / FreshName(".lumarine-", ".new"); };
+  return CreateFresh(calls, name, target.kind == FileTarget::Regular, beside);
+}
+
+/// Everything up to the moment where the new file can take the old one's place.
+int Complete(FileCalls& calls, const FileTarget& old, std::string_view bytes) {
+  const int error = old.kind == FileTarget::Regular ? calls.TakePermissions(old).error : 0;
+  if (error == 0) return Finish(calls, bytes);
+  calls.Close();
+  return error;
+}
+
+FileCallResult SwapIn(FileCalls& calls, const fs::path& beside, const FileTarget& target) {
   const auto move = [&calls](const fs::path& from, const fs::path& to) {
     return Patiently([&] { return calls.Move(from, to); });
   };
-  if (target.kind == FileTarget::Absent) return move(beside, target.path).error;
+  if (target.kind == FileTarget::Absent) return move(beside, target.path);
 
   const fs::path backup = fs::path(beside).replace_extension(".old");
-  const FileCallResult replaced = Patiently([&] { return calls.Replace(beside, target.path, backup); });
-  int error = replaced.error;
+  FileCallResult replaced = Patiently([&] { return calls.Replace(beside, target.path, backup); });
   if (replaced.outcome == FileCallResult::Halfway) {
-    error = move(beside, target.path).error;
+    replaced = move(beside, target.path);
     // The old file must not be left under a name that nobody looks for.
-    if (error != 0) move(backup, target.path);
-  } else if (error != 0) {
+    if (replaced.error != 0) move(backup, target.path);
+  } else if (replaced.error != 0) {
     // The plain way asks less of the file system and fewer rights. Patience has had its turn.
-    return calls.Move(beside, target.path).error;
+    return calls.Move(beside, target.path);
   }
-  if (error == 0) Patiently([&] { return calls.Remove(backup); });
+  if (replaced.error == 0) Patiently([&] { return calls.Remove(backup); });
+  return replaced;
+}
+
+/// Whether a folder refuses a new file that the file itself might well take.
+bool RefusesNewFiles(int error) {
+  return error == EACCES || error == EPERM || error == EROFS;
+}
+
+/// Whether the old file cannot be swapped, though it might be written: it is a mount point (EBUSY), or its
+/// folder lets nobody but its owner rename it. Not while somebody holds it, who would read a half of it.
+bool RefusesSwap(const FileTarget& target, const FileCallResult& swapped) {
+  return target.kind == FileTarget::Regular && swapped.outcome == FileCallResult::Failed &&
+         (swapped.error == EBUSY || RefusesNewFiles(swapped.error));
+}
+
+/// Where copies may stand while a file is written in place, the best first: a user who must look for one
+/// finds it beside the file or among the documents, and it lasts there.
+std::vector<fs::path> FoldersForCopies(const FileTarget& target) {
+  std::vector<fs::path> folders{target.path.parent_path()};
+  if (const auto documents = platform::DocumentsFolder()) folders.push_back(*documents);
+  std::error_code error;
+  const fs::path temporary = fs::temp_directory_path(error);
+  if (!error) folders.push_back(temporary);
+  return folders;
+}
+
+/// Writes a copy of the new content to the disk. The error is that of the first folder.
+int WriteCopy(FileCalls& calls, const FileTarget& target, std::string_view bytes, fs::path& copy) {
+  int firstError = 0;
+  for (const fs::path& folder : FoldersForCopies(target)) {
+    const auto name = [&] { return (folder / FreshName("lumarine-copy-", "")) += target.path.extension(); };
+    int error = CreateFresh(calls, name, true, copy);
+    if (error == 0) {
+      error = Finish(calls, bytes);
+      if (error == 0) {
+        calls.FlushFolder(folder);
+        return 0;
+      }
+      Patiently([&] { return calls.Remove(copy); });
+    }
+    if (firstError == 0) firstError = error;
+  }
+  return firstError;
+}
+
+/// Writes the new content into the old file while `copy` holds it, too. The copy stays only if that failed
+/// when the old content was gone.
+int Overwrite(FileCalls& calls, const FileTarget& target, std::string_view bytes, const fs::path& copy,
+              fs::path* kept) {
+  int error = Patiently([&] { return calls.Open(target); }).error;
+  if (error == 0) {
+    error = Finish(calls, bytes);
+    if (error != 0) {
+      if (kept != nullptr) *kept = copy;
+      return error;
+    }
+  }
+  Patiently([&] { return calls.Remove(copy); });
   return error;
+}
+
+int WriteInPlace(FileCalls& calls, const FileTarget& target, std::string_view bytes, fs::path* kept) {
+  fs::path copy;
+  if (const int error = WriteCopy(calls, target, bytes, copy)) return error;
+  return Overwrite(calls, target, bytes, copy, kept);
 }
 
 }  // namespace
 
-int ReplaceFileBytes(FileCalls& calls, const fs::path& path, std::string_view bytes) {
+int ReplaceFileBytes(FileCalls& calls, const fs::path& path, std::string_view bytes, fs::path* kept) {
   FileTarget target;
   if (const int error = calls.Inspect(path, target).error) return error;
-  if (target.kind == FileTarget::Stream) return WriteStream(calls, target.path, bytes);
+  if (target.kind == FileTarget::Stream) return WriteStream(calls, target, bytes);
+  if (target.hasHardLinks) return WriteInPlace(calls, target, bytes, kept);
 
   fs::path beside;
-  if (const int error = CreateBeside(calls, target, beside)) return error;
-  int error = Complete(calls, target, bytes);
-  if (error == 0) error = SwapIn(calls, beside, target);
+  int error = CreateBeside(calls, target, beside);
+  if (target.kind == FileTarget::Regular && RefusesNewFiles(error))
+    return WriteInPlace(calls, target, bytes, kept);
+  if (error != 0) return error;
+  error = Complete(calls, target, bytes);
+  if (error == 0) {
+    const FileCallResult swapped = SwapIn(calls, beside, target);
+    // The new file, which is complete, serves as the copy.
+    if (RefusesSwap(target, swapped)) return Overwrite(calls, target, bytes, beside, kept);
+    error = swapped.error;
+  }
   if (error == 0) {
     calls.FlushFolder(target.path.parent_path());
   } else {

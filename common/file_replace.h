@@ -3,6 +3,11 @@
 // Writing files all or nothing: the new content is written beside the old, and takes its place when it is
 // complete on disk. Whoever reads the file, and a process that is killed at any moment, leaves or finds the
 // one or the other, whole.
+//
+// Some files cannot be swapped: those with hard links, which would part from each other, those whose folder
+// takes no new files, and those that are mounted by themselves. They are written in place, after a copy of
+// the new content is complete on disk somewhere else: at any moment the old content, the new one or that copy
+// is whole.
 
 #include <cstddef>
 #include <filesystem>
@@ -34,6 +39,7 @@ struct FileTarget {
 
   Kind kind = Absent;
   std::filesystem::path path;  // where symbolic links lead
+  bool hasHardLinks = false;   // the file has other names, which must go on to name the same content
 };
 
 /// The calls to the system by which a file is replaced, one each; a test puts its own between them. One
@@ -50,8 +56,8 @@ class FileCalls {
   virtual FileCallResult Create(const std::filesystem::path& path, bool guarded) = 0;
   /// Gives the open file the permissions of the old one, unless Replace() does.
   virtual FileCallResult TakePermissions(const FileTarget& old) = 0;
-  /// Opens a stream.
-  virtual FileCallResult Open(const std::filesystem::path& path) = 0;
+  /// Opens what stands there: a stream to be written into, or a regular file, which is empty from then on.
+  virtual FileCallResult Open(const FileTarget& target) = 0;
   /// Writes at least one byte of `bytes`, which is not empty; `written` tells how many.
   virtual FileCallResult Write(std::string_view bytes, std::size_t& written) = 0;
   /// Waits until what was written is on the disk.
@@ -76,8 +82,10 @@ std::unique_ptr<FileCalls> SystemFileCalls();
 
 }  // namespace platform
 
-/// Makes `bytes` the content of the file at `path`; permissions stay, and so do symbolic links on the way.
-/// Returns 0, or the C library's number of the error: then the old file is whole, and nothing else is left.
-/// What is no regular file is written directly, and may then have taken a part. Waits a second for somebody
-/// who holds the file.
-int ReplaceFileBytes(platform::FileCalls& calls, const std::filesystem::path& path, std::string_view bytes);
+/// Makes `bytes` the content of the file at `path`; permissions stay, and so do hard links, and symbolic
+/// links on the way. Returns 0, or the C library's number of the error. After an error the old file is whole
+/// and nothing else is left, with two exceptions: a stream may have taken a part, and so may a file that had
+/// to be written in place; then `kept` names a copy of the new content. `kept` is left alone otherwise; it
+/// may be null. Waits a second for somebody who holds the file.
+int ReplaceFileBytes(platform::FileCalls& calls, const std::filesystem::path& path, std::string_view bytes,
+                     std::filesystem::path* kept = nullptr);

@@ -24,36 +24,65 @@ int AppendToFile(const std::filesystem::path& path, std::string_view data) {
   return errno != 0 ? errno : EIO;
 }
 
-}  // namespace
+/// Why something is no regular file, as the C library's number.
+int NumberOf(const std::filesystem::file_status& status, const std::error_code& error) {
+  if (status.type() == std::filesystem::file_type::directory) return EISDIR;
+  if (status.type() == std::filesystem::file_type::not_found) return ENOENT;
+  const std::error_condition condition = error.default_error_condition();
+  return condition.category() == std::generic_category() && condition.value() != 0 ? condition.value()
+                                                                                   : EINVAL;
+}
 
-bool ReadFileBytes(const std::filesystem::path& path, std::string& out, std::size_t most) {
+/// 0, or the C library's number of what went wrong.
+int ReadFile(const std::filesystem::path& path, std::string& out, std::size_t most) {
   // A folder opens on some platforms, and a pipe blocks until somebody writes into it.
   std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) return false;
-  if (std::filesystem::file_size(path, error) > most) return false;
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  if (!std::filesystem::is_regular_file(status)) return NumberOf(status, error);
+  if (std::filesystem::file_size(path, error) > most) return EFBIG;
+  errno = 0;
   std::ifstream file(path, std::ios::binary);
-  if (!file) return false;
+  if (!file) return errno != 0 ? errno : EIO;
 
   constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
   std::string bytes;
   // In pieces until the end, since the size that is told beforehand can be too low (files that grow, /proc).
   while (file) {
     const std::size_t length = bytes.size();
-    if (length > most) return false;
+    if (length > most) return EFBIG;
     bytes.resize(length + kPieceBytes);
     file.read(bytes.data() + length, static_cast<std::streamsize>(kPieceBytes));
     bytes.resize(length + static_cast<std::size_t>(file.gcount()));
   }
-  if (!file.eof() || bytes.size() > most) return false;
+  if (!file.eof()) return errno != 0 ? errno : EIO;
+  if (bytes.size() > most) return EFBIG;
   out = std::move(bytes);
-  return true;
+  return 0;
 }
 
-bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bool append) {
+}  // namespace
+
+bool ReadFileBytes(const std::filesystem::path& path, std::string& out, std::size_t most,
+                   std::string* reason) {
+  const int error = ReadFile(path, out, most);
+  if (error != 0 && reason != nullptr) *reason = std::generic_category().message(error);
+  return error == 0;
+}
+
+bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bool append,
+                    std::string* reason) {
+  std::filesystem::path kept;
   const int error =
-      append ? AppendToFile(path, data) : ReplaceFileBytes(*platform::SystemFileCalls(), path, data);
+      append ? AppendToFile(path, data) : ReplaceFileBytes(*platform::SystemFileCalls(), path, data, &kept);
   if (error == 0) return true;
-  LogStatus(Message("Error creating file {1}, error: {2}", path, std::generic_category().message(error)));
+  std::string why = std::generic_category().message(error);
+  LogStatus(Message("Error creating file {1}, error: {2}", path, why));
+  if (!kept.empty()) {
+    const Message where("What was to be written is in {1}", kept);
+    LogStatus(where);
+    why += "\r\n" + where.utf8();
+  }
+  if (reason != nullptr) *reason = std::move(why);
   return false;
 }
 

@@ -11,12 +11,16 @@
 inline constexpr std::size_t kMostFileBytes = std::size_t{64} * 1024 * 1024;
 
 /// Reads a whole file. False, with `out` as it was, if it is no regular file, cannot be read or is longer
-/// than `most` bytes. Logs nothing.
-bool ReadFileBytes(const std::filesystem::path& path, std::string& out, std::size_t most = kMostFileBytes);
+/// than `most` bytes; `reason`, which may be null, then gets the C library's text of why. Logs nothing.
+bool ReadFileBytes(const std::filesystem::path& path, std::string& out, std::size_t most = kMostFileBytes,
+                   std::string* reason = nullptr);
 
 /// Writes a file. Without `append` it is all or nothing: the old content is there until the new one is
-/// complete on disk. On failure logs "Error creating file {1}, error: {2}" on statusLog and returns false.
-bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bool append = false);
+/// complete on disk. On failure logs "Error creating file {1}, error: {2}" on statusLog and returns false. A
+/// file that had to be written in place may have taken a part then; the log names the copy of what it was to
+/// hold. `reason`, which may be null, gets what was logged behind the file's name.
+bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bool append = false,
+                    std::string* reason = nullptr);
 
 /// Copies the resource `id` of the kind `type` of this executable. False, with `out` as it was, if it is
 /// absent or empty.

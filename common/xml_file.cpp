@@ -18,15 +18,16 @@ bool load(const std::filesystem::path& path, element& root) {
   return true;
 }
 
-bool save(const std::filesystem::path& path, const element& root) {
+bool save(const std::filesystem::path& path, const element& root, std::string* reason) {
   string text;
   serialize(text, root, 0);
   if (text.view().size() > kMostXmlBytes) {
-    const std::string reason = std::make_error_code(std::errc::file_too_large).message();
-    LogStatus(Message("Error creating file {1}, error: {2}", path, reason));
+    const std::string tooLong = std::make_error_code(std::errc::file_too_large).message();
+    LogStatus(Message("Error creating file {1}, error: {2}", path, tooLong));
+    if (reason != nullptr) *reason = tooLong;
     return false;
   }
-  return WriteFileBytes(path, text.view());
+  return WriteFileBytes(path, text.view(), false, reason);
 }
 
 }  // namespace ovk::xml

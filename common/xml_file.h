@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
 
 #include "OvkLib/src/ovk_xml.h"
 #include "common/files.h"
@@ -20,6 +21,7 @@ bool load(const std::filesystem::path& path, element& root);
 
 /// Writes a file that `load` reads, all or nothing. False and a line on statusLog if that fails, also if it
 /// would be longer than kMostXmlBytes: better unsaved and known than saved and never to be opened again.
-bool save(const std::filesystem::path& path, const element& root);
+/// `reason`, which may be null, gets what WriteFileBytes gives.
+bool save(const std::filesystem::path& path, const element& root, std::string* reason = nullptr);
 
 }  // namespace ovk::xml

@@ -70,6 +70,7 @@ class PosixFileCalls : public FileCalls {
     const bool replaceable = FollowLinks(target.path);
     if (!exists) return {};
     target.kind = replaceable ? FileTarget::Regular : FileTarget::Stream;
+    target.hasHardLinks = old_.st_nlink > 1;
     // A file that is protected stays so, though its folder would let it be replaced.
     return ResultOf(access(path.c_str(), W_OK) == 0);
   }
@@ -88,9 +89,9 @@ class PosixFileCalls : public FileCalls {
     return ResultOf(fchmod(file_, old_.st_mode & kPermissionBits) == 0);
   }
 
-  FileCallResult Open(const fs::path& path) override {
+  FileCallResult Open(const FileTarget& target) override {
     do {
-      file_ = open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+      file_ = open(target.path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
     } while (file_ < 0 && errno == EINTR);
     return ResultOf(file_ >= 0);
   }

@@ -126,6 +126,7 @@ class WindowsFileCalls : public FileCalls {
     if ((facts.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
       return Failure(ERROR_ACCESS_DENIED);
     target.kind = FileTarget::Regular;
+    target.hasHardLinks = facts.nNumberOfLinks > 1;
     if (IsLink(path)) target.path = FinalPath(file, path);
     return {};
   }
@@ -138,9 +139,10 @@ class WindowsFileCalls : public FileCalls {
   // Replace() does it.
   FileCallResult TakePermissions(const FileTarget&) override { return {}; }
 
-  FileCallResult Open(const fs::path& path) override {
+  FileCallResult Open(const FileTarget& target) override {
+    const DWORD how = target.kind == FileTarget::Regular ? TRUNCATE_EXISTING : OPEN_EXISTING;
     return SharedResultOf(
-        file_.Take(CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr)));
+        file_.Take(CreateFileW(target.path.c_str(), GENERIC_WRITE, kShareAll, nullptr, how, 0, nullptr)));
   }
 
   FileCallResult Write(std::string_view bytes, std::size_t& written) override {

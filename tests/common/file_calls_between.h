@@ -30,8 +30,8 @@ class FileCallsBetween : public platform::FileCalls {
   Result TakePermissions(const platform::FileTarget& old) override {
     return Make("TakePermissions", [&] { return calls_->TakePermissions(old); });
   }
-  Result Open(const Path& path) override {
-    return Make("Open", [&] { return calls_->Open(path); });
+  Result Open(const platform::FileTarget& target) override {
+    return Make("Open", [&] { return calls_->Open(target); });
   }
   Result Write(std::string_view bytes, std::size_t& written) override {
     return Make("Write", [&] { return calls_->Write(bytes.substr(0, mostAtOnce), written); });

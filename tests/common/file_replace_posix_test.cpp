@@ -8,9 +8,13 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <fstream>
 #include <functional>
+#include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "common/file_replace.h"
@@ -23,6 +27,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using platform::FileCallResult;
+using testing::IsEmpty;
 
 /// The status of a child process that does `action`; never returns from there.
 int InAChild(const std::function<int()>& action) {
@@ -45,7 +50,22 @@ int AsNobody(const std::function<int()>& action) {
 
 class PosixFileReplace : public testing::Test {
  protected:
-  void SetUp() override { ASSERT_TRUE(WriteFileBytes(file_, kOld)); }
+  void SetUp() override {
+    ASSERT_EQ(chmod(documents_.path().c_str(), 0777), 0);
+    setenv("HOME", documents_.path().c_str(), 1);
+    setenv("TMPDIR", documents_.path().c_str(), 1);
+    unsetenv("XDG_CONFIG_HOME");
+    ASSERT_TRUE(WriteFileBytes(file_, kOld));
+  }
+  void TearDown() override {
+    for (const auto& [name, value] : environment_) {
+      if (value) {
+        setenv(name, value->c_str(), 1);
+      } else {
+        unsetenv(name);
+      }
+    }
+  }
 
   static std::string ContentOf(const fs::path& path) {
     std::string bytes;
@@ -57,11 +77,29 @@ class PosixFileReplace : public testing::Test {
     EXPECT_EQ(stat(path.c_str(), &facts), 0) << path;
     return facts;
   }
+  int Save() { return ReplaceFileBytes(*platform::SystemFileCalls(), file_, kNew); }
+  /// What is left of writing in place.
+  std::vector<fs::path> Copies(const fs::path& folder) const {
+    std::vector<fs::path> copies;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+      if (entry.path().filename().native().starts_with("lumarine-copy-")) copies.push_back(entry.path());
+    return copies;
+  }
+  std::vector<fs::path> Copies() const { return Copies(documents_.path()); }
   int Entries() const { return static_cast<int>(std::distance(fs::directory_iterator(folder_.path()), {})); }
 
   static constexpr std::string_view kOld = "the old content, which is longer";
   static constexpr std::string_view kNew = "the new content";
+  static std::optional<std::string> Variable(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
+  }
+  const std::vector<std::pair<const char*, std::optional<std::string>>> environment_ = {
+      {"HOME", Variable("HOME")},
+      {"TMPDIR", Variable("TMPDIR")},
+      {"XDG_CONFIG_HOME", Variable("XDG_CONFIG_HOME")}};
   const TemporaryFolder folder_;
+  const TemporaryFolder documents_;  // and for temporary files
   const fs::path file_ = folder_ / "program.xml";
 };
 
@@ -142,14 +180,130 @@ TEST_F(PosixFileReplace, ShowsTheNewContentToNobodyWhoMayNotReadTheOld) {
   EXPECT_THAT(modes, testing::Each(0600U));
 }
 
-TEST_F(PosixFileReplace, InAFolderThatTakesNoNewFileFailsWithTheOldFileWhole) {
+TEST_F(PosixFileReplace, InAFolderThatTakesNoNewFileWritesTheFileInPlace) {
+  ASSERT_EQ(chmod(file_.c_str(), 0666), 0);
+  const ino_t before = FactsOf(file_).st_ino;
+  ASSERT_EQ(chmod(folder_.path().c_str(), 0555), 0);
+  const int error = AsNobody([&] { return Save(); });
+  ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
+  EXPECT_EQ(error, 0);
+  EXPECT_EQ(ContentOf(file_), kNew);
+  EXPECT_EQ(FactsOf(file_).st_ino, before);
+  EXPECT_EQ(Entries(), 1);
+  EXPECT_THAT(Copies(), IsEmpty());
+}
+
+TEST_F(PosixFileReplace, WhereNoCopyCanBeWrittenLeavesTheOldFileWhole) {
   ASSERT_EQ(chmod(file_.c_str(), 0666), 0);
   ASSERT_EQ(chmod(folder_.path().c_str(), 0555), 0);
-  const int error = AsNobody([&] { return ReplaceFileBytes(*platform::SystemFileCalls(), file_, kNew); });
+  ASSERT_EQ(chmod(documents_.path().c_str(), 0555), 0);
+  const int error = AsNobody([&] { return Save(); });
   ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
+  ASSERT_EQ(chmod(documents_.path().c_str(), 0755), 0);
   EXPECT_EQ(error, EACCES);
   EXPECT_EQ(ContentOf(file_), kOld);
   EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(PosixFileReplace, OfAFileWithAHardLinkKeepsItOneFile) {
+  fs::create_hard_link(file_, folder_ / "same.xml");
+  ASSERT_TRUE(WriteFileBytes(file_, kNew));
+  EXPECT_EQ(ContentOf(folder_ / "same.xml"), kNew);
+  EXPECT_EQ(FactsOf(file_).st_ino, FactsOf(folder_ / "same.xml").st_ino);
+  EXPECT_EQ(Entries(), 2);
+}
+
+TEST_F(PosixFileReplace, InPlaceKilledBeforeAnyCallHasLeftTheOldFileTheNewOneOrACopy) {
+  constexpr int kAlive = 0;
+  constexpr int kKilled = 1;
+  fs::create_hard_link(file_, folder_ / "same.xml");
+  int status = kKilled;
+  int killed = 0;
+  for (int n = 1; status == kKilled; ++n) {
+    SCOPED_TRACE(n);
+    std::ofstream(file_, std::ios::trunc) << kOld;
+    status = InAChild([&] {
+      int call = 0;
+      FileCallsBetween calls([&](std::string_view) {
+        if (++call == n) _exit(kKilled);
+        return FileCallResult();
+      });
+      calls.mostAtOnce = 4;  // several writes, to be killed between them
+      return ReplaceFileBytes(calls, file_, kNew) == 0 ? kAlive : kKilled + 1;
+    });
+    if (status == kKilled) ++killed;
+    bool isWhole = ContentOf(file_) == kOld || ContentOf(file_) == kNew;
+    for (const fs::path& copy : Copies(folder_.path())) {
+      isWhole = isWhole || ContentOf(copy) == kNew;
+      fs::remove(copy);
+    }
+    EXPECT_TRUE(isWhole);
+  }
+  EXPECT_EQ(status, kAlive);
+  EXPECT_EQ(ContentOf(folder_ / "same.xml"), kNew);
+  EXPECT_EQ(killed, 17)
+      << "inspect, open and close, four writes and a flush for each, two folders, a removal";
+}
+
+TEST_F(PosixFileReplace, InPlaceTellsOfItsCopyOnlyWhereTheFileIsNoLongerWhole) {
+  fs::create_hard_link(file_, folder_ / "same.xml");
+  int n = 0;
+  bool isDone = false;
+  while (!isDone) {
+    SCOPED_TRACE(++n);
+    std::ofstream(file_, std::ios::trunc) << kOld;
+    int call = 0;
+    std::string failed;
+    FileCallsBetween calls([&](std::string_view name) {
+      if (++call != n) return FileCallResult();
+      failed = name;
+      return FileCallResult{FileCallResult::Failed, ENOSPC};
+    });
+    fs::path kept;
+    const int error = ReplaceFileBytes(calls, file_, kNew, &kept);
+    isDone = failed.empty();
+    if (kept.empty()) {
+      EXPECT_EQ(ContentOf(file_), error == 0 ? kNew : kOld) << failed;
+    } else {
+      EXPECT_EQ(error, ENOSPC) << failed;
+      EXPECT_EQ(ContentOf(kept), kNew) << failed;
+    }
+    for (const fs::path& copy : Copies(folder_.path())) {
+      EXPECT_TRUE(copy == kept || failed == "Remove") << failed;
+      fs::remove(copy);
+    }
+  }
+  EXPECT_EQ(n, 12) << "all calls, and once more without a fault";
+}
+
+// As a file that is mounted by itself: it cannot be renamed over.
+TEST_F(PosixFileReplace, OfAFileThatCannotBeSwappedWritesItInPlace) {
+  const ino_t before = FactsOf(file_).st_ino;
+  for (const int refusal : {EBUSY, EPERM, EACCES}) {
+    std::ofstream(file_, std::ios::trunc) << kOld;
+    FileCallsBetween calls([&](std::string_view call) {
+      const bool isSwap = call == "Replace" || call == "Move";
+      return isSwap ? FileCallResult{FileCallResult::Failed, refusal} : FileCallResult();
+    });
+    EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew), 0);
+    EXPECT_EQ(ContentOf(file_), kNew);
+    EXPECT_EQ(FactsOf(file_).st_ino, before);
+    EXPECT_EQ(Entries(), 1);
+  }
+}
+
+TEST_F(PosixFileReplace, InPlaceKeepsTheCopyBesideTheFileIfThatIsPossible) {
+  fs::create_hard_link(file_, folder_ / "same.xml");
+  int writes = 0;
+  FileCallsBetween calls([&](std::string_view call) {
+    return call == "Write" && ++writes == 2 ? FileCallResult{FileCallResult::Failed, EIO} : FileCallResult();
+  });
+  fs::path kept;
+  EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew, &kept), EIO);
+  EXPECT_EQ(ContentOf(file_), "");
+  EXPECT_EQ(ContentOf(kept), kNew);
+  EXPECT_EQ(kept.parent_path(), folder_.path());
+  EXPECT_EQ(kept.extension(), ".xml");
 }
 
 TEST_F(PosixFileReplace, OfAProtectedFileFailsThoughItsFolderWouldAllowIt) {
