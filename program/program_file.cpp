@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "OvkLib/src/ovk_text.h"
+#include "OvkLib/src/ovk_xml_reader.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -122,19 +123,30 @@ bool ReadProgramXml(const element& root, ModeListView& document) {
   return !document.modes.empty();
 }
 
-bool SaveProgram(const ModeListView& document, const std::filesystem::path& path) {
+bool SaveProgram(const ModeListView& document, const std::filesystem::path& path, std::string* reason) {
   element root;
   BuildProgramXml(document, root);
-  const bool saved = ovk::xml::save(path, root);
+  const bool saved = ovk::xml::save(path, root, reason);
   LogStatus(Message(saved ? "Saved program {1}" : "Error saving program {1}", Utf8FromPath(path)));
   return saved;
 }
 
 bool LoadProgram(const std::filesystem::path& path, ModeListView& document) {
+  const auto fails = [&path](const Message& why) {
+    LogStatus(Message("Error loading program {1}", Utf8FromPath(path)));
+    LogStatus(why);
+    return false;
+  };
+  std::string bytes;
+  std::string reason;
+  if (!ReadFileBytes(path, bytes, ovk::xml::kMostXmlBytes, &reason))
+    return fails(Message("The file cannot be read: {1}", reason));
   element root;
-  if (ovk::xml::load(path, root) && ReadProgramXml(root, document)) return true;
-  LogStatus(Message("Error loading program {1}", Utf8FromPath(path)));
-  return false;
+  if (!ovk::xml::parse(root, bytes.data(), bytes.size()))
+    return fails(Message("The file is not well-formed XML"));
+  ovk::xml::trim(root);
+  if (!ReadProgramXml(root, document)) return fails(Message("The file holds no mode"));
+  return true;
 }
 
 }  // namespace TCBase::Program

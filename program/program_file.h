@@ -20,6 +20,7 @@
 // file has them, in range or not, in order or not. User interface thread, since ovk::string lives on one.
 
 #include <filesystem>
+#include <string>
 
 #include "OvkLib/src/ovk_xml.h"
 #include "program/program.h"
@@ -27,12 +28,13 @@
 namespace TCBase::Program {
 
 /// Writes the file and logs "Saved program {1}" or "Error saving program {1}". True if it was written; a file
-/// that was there before is not lost otherwise.
-bool SaveProgram(const ModeListView& document, const std::filesystem::path& path);
+/// that was there before is not lost otherwise, and `reason`, which may be null, gets why.
+bool SaveProgram(const ModeListView& document, const std::filesystem::path& path,
+                 std::string* reason = nullptr);
 
 /// Reads a file into a document with default values (NewProgram); the channel table is kept if the file has
-/// none. False, and "Error loading program {1}" in the log, if the file cannot be read, is not well-formed or
-/// holds no usable mode; the document is then in pieces and to be thrown away.
+/// none. False, and "Error loading program {1}" and the reason in the log, if the file cannot be read, is not
+/// well-formed or holds no usable mode; the document is then in pieces and to be thrown away.
 bool LoadProgram(const std::filesystem::path& path, ModeListView& document);
 
 /// Fills an empty element with the document.

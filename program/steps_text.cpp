@@ -15,10 +15,13 @@ namespace TCBase::Program {
 
 namespace {
 
+// Line feeds count as blanks: a text with CR LF has one at the front of every line but the first.
+constexpr char kBlanks[] = " \t\n\v\f\r";
+
 /// The C library's atoi, with the nearest limit for a number that is too large, where the library's result is
-/// undefined. Line feeds count as blanks: a text with CR LF has one at the front of every line but the first.
+/// undefined.
 std::int32_t ReadNumber(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
   constexpr std::int64_t kTooLarge = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
@@ -62,16 +65,22 @@ std::string ToLine(const ModeStep& row) {
 
 }  // namespace
 
-void ParseStepsText(std::string_view text, std::vector<Step>& steps) {
+std::int32_t ParseStepsText(std::string_view text, std::vector<Step>& steps) {
   steps.clear();
+  std::int32_t passedOver = 0;
   std::vector<std::string> lines;
   Tokenize(text, "\r", lines);
   std::vector<std::string> words;
   for (const std::string& line : lines) {
     words.clear();
     Tokenize(line, " :", words);
-    if (words.size() == 3 || words.size() == 4) steps.push_back(ReadStepWords(words));
+    if (words.size() == 3 || words.size() == 4) {
+      steps.push_back(ReadStepWords(words));
+    } else if (line.find_first_not_of(kBlanks) != std::string::npos) {
+      ++passedOver;
+    }
   }
+  return passedOver;
 }
 
 void InsertStepsSorted(Channel& channel, const std::vector<Step>& steps) {
@@ -93,11 +102,12 @@ void InsertStepsSorted(Channel& channel, const std::vector<Step>& steps) {
   channel.swap(merged);
 }
 
-void AddStepsFromText(Channel& channel, std::string_view text) {
+std::int32_t AddStepsFromText(Channel& channel, std::string_view text) {
   std::vector<Step> steps;
-  ParseStepsText(text, steps);
+  const std::int32_t passedOver = ParseStepsText(text, steps);
   for (const Step& step : steps) LogStatus(Message("Added new step {1}.", ToDescription(step)));
   InsertStepsSorted(channel, steps);
+  return passedOver;
 }
 
 std::u16string StepsToText(const Channel& channel) {

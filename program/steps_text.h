@@ -2,6 +2,7 @@
 
 // Steps as text that a user types or reads: one step to a line, "hh:mm value [J]".
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,15 +14,16 @@ namespace TCBase::Program {
 /// Replaces `steps` by those of the UTF-8 text, in its order, with id 0. Lines end at carriage returns only,
 /// words at blanks and colons; a line of other than three or four words is passed over. What is no number is
 /// 0, numbers and times are clamped into range, minutes above 59 count on into the next hour. A fourth word
-/// "J" or "j" makes a jump, any other is nothing.
-void ParseStepsText(std::string_view text, std::vector<Step>& steps);
+/// "J" or "j" makes a jump, any other is nothing. Returns how many lines were passed over though there is
+/// more in them than blanks.
+std::int32_t ParseStepsText(std::string_view text, std::vector<Step>& steps);
 
 /// As InsertStepSorted of one step after the other, in one go.
 void InsertStepsSorted(Channel& channel, const std::vector<Step>& steps);
 
 /// Inserts the steps of the text, each with a line in the log. Two on one minute are both inserted, the later
-/// one in front; the channel may then be of any length.
-void AddStepsFromText(Channel& channel, std::string_view text);
+/// one in front; the channel may then be of any length. Returns what ParseStepsText does.
+std::int32_t AddStepsFromText(Channel& channel, std::string_view text);
 
 /// One line for each step, each ended by CR LF. ParseStepsText reads back the same steps but for fractions.
 std::u16string StepsToText(const Channel& channel);

@@ -203,6 +203,7 @@ TEST_F(ProgramFile, ColourNumbersAreNotMasked) {
 struct BadFile {
   const char* name;
   const char* text;
+  const char* reason;
 };
 
 class LoadingABadFile : public ProgramFile, public testing::WithParamInterface<BadFile> {};
@@ -210,24 +211,34 @@ class LoadingABadFile : public ProgramFile, public testing::WithParamInterface<B
 TEST_P(LoadingABadFile, FailsAndSaysSo) {
   ModeListView document = NewProgram();
   EXPECT_FALSE(Load(GetParam().text, document));
-  EXPECT_THAT(lines.Take(), ElementsAre("Error loading program " + Utf8FromPath(folder / "given.xml")));
+  EXPECT_THAT(lines.Take(),
+              ElementsAre("Error loading program " + Utf8FromPath(folder / "given.xml"), GetParam().reason));
 }
+
+constexpr char kNoXml[] = "The file is not well-formed XML";
+constexpr char kNoMode[] = "The file holds no mode";
 
 INSTANTIATE_TEST_SUITE_P(
     Files, LoadingABadFile,
-    testing::Values(BadFile{"Empty", ""}, BadFile{"NoXml", "08:00 0\r\n"},
-                    BadFile{"CutShort", "<modelist><mode name='x'>"},
-                    BadFile{"WrongEndTag", "<modelist></mode>"}, BadFile{"NoMode", "<modelist/>"},
+    testing::Values(BadFile{"Empty", "", kNoXml}, BadFile{"NoXml", "08:00 0\r\n", kNoXml},
+                    BadFile{"CutShort", "<modelist><mode name='x'>", kNoXml},
+                    BadFile{"WrongEndTag", "<modelist></mode>", kNoXml},
+                    BadFile{"NoMode", "<modelist/>", kNoMode},
                     BadFile{"ModesOfFourChannelsOnly",
-                            "<modelist><mode><channel/><channel/><channel/><channel/></mode></modelist>"},
-                    BadFile{"ChannelTableOnly", "<modelist><channel_info/></modelist>"}),
+                            "<modelist><mode><channel/><channel/><channel/><channel/></mode></modelist>",
+                            kNoMode},
+                    BadFile{"ChannelTableOnly", "<modelist><channel_info/></modelist>", kNoMode}),
     [](const auto& test) { return test.param.name; });
 
 TEST_F(ProgramFile, ThatIsNotThereFailsAndLeavesTheDocument) {
   ModeListView document = NewProgram();
   EXPECT_FALSE(LoadProgram(folder / "none.xml", document));
   EXPECT_EQ(document, NewProgram());
-  EXPECT_THAT(lines.Take(), ElementsAre("Error loading program " + Utf8FromPath(folder / "none.xml")));
+  EXPECT_THAT(lines.Take(), ElementsAre("Error loading program " + Utf8FromPath(folder / "none.xml"),
+                                        "The file cannot be read: No such file or directory"));
+  EXPECT_FALSE(LoadProgram(folder.path(), document));
+  EXPECT_THAT(lines.Take(), ElementsAre("Error loading program " + Utf8FromPath(folder.path()),
+                                        "The file cannot be read: Is a directory"));
 }
 
 TEST_F(ProgramFile, SavedSaysSo) {

@@ -75,10 +75,17 @@ TEST(ParsingSteps, PassesOverBytesOfAnyKind) {
   EXPECT_EQ(Parsed("08:00 1\0 J\r\xFF\xFE:\x80 \xC3"sv), "08:00 1 J, 00:00 0");
 }
 
+TEST(ParsingSteps, CountsTheLinesThatAreNoStepsButNoBlankOnes) {
+  std::vector<Step> steps;
+  EXPECT_EQ(ParseStepsText("", steps), 0);
+  EXPECT_EQ(ParseStepsText("08:00 1\r\n\r\n  \t\r\n09:00 2\r\n", steps), 0);
+  EXPECT_EQ(ParseStepsText("08:00\r\n09:00 1 2 3 4\r\n:\r\n10:00 3\r\nx", steps), 4);
+}
+
 TEST(AddingStepsFromText, LogsEachAndSortsThemIn) {
   StatusLines lines;
   Channel channel = GivenChannel("08:00 0, 12:00 50");
-  AddStepsFromText(channel, "13:00 5 J\r\n10:00 80\r\nnonsense\r\n");
+  EXPECT_EQ(AddStepsFromText(channel, "13:00 5 J\r\n10:00 80\r\nnonsense\r\n"), 1);
   EXPECT_EQ(Told(channel), "08:00 0, 10:00 80, 12:00 50, 13:00 5 J");
   EXPECT_THAT(lines.Take(), ElementsAre("Added new step (Time: 13:00) (Strength: 5, Jump).",
                                         "Added new step (Time: 10:00) (Strength: 80)."));
