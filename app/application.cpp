@@ -86,7 +86,8 @@ bool Application::InitInstance() {
   shell_.platform.Do(PlatformStep::LoadLogo);
   shell_.mainWindow.Show();
   ConnectWindow();
-  OpenLastProgram();
+  OpenFirstProgram();
+  state.document->OfferRecovered();
   state.renderer->Rebuild();
   return true;
 }
@@ -100,7 +101,8 @@ void Application::ConnectWindow() {
   state.ctrls->ConnectLogs();
 }
 
-void Application::OpenLastProgram() {
+void Application::OpenFirstProgram() {
+  if (state.document->Open(shell_.filesToOpen)) return;
   const std::string last = shell_.settings.GetValue("last_open_file");
   if (!last.empty() && state.document->LoadFile(PathFromUtf8(last))) {
     state.document->AfterLoad();

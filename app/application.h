@@ -45,7 +45,8 @@ class Application {
   void BeginLanguage();
   bool InitInstance();
   void ConnectWindow();
-  void OpenLastProgram();
+  /// What the process was told to open, or else the last program, or else a new one.
+  void OpenFirstProgram();
 
   const Shell shell_;
   Commands commands_;

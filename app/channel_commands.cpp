@@ -113,7 +113,8 @@ void Commands::TypeSteps(std::string_view title, TypedSteps use) {
   if (dialogs::DlgAddSteps(shell_.dialogs, params).DoModal() == dialogs::kOk) {
     state_.undoStack.Snapshot();
     if (use == TypedSteps::InPlaceOfAll) channel->clear();
-    AddStepsFromText(*channel, Utf8FromWide(params.text));
+    const std::int32_t passedOver = AddStepsFromText(*channel, Utf8FromWide(params.text));
+    if (passedOver > 0) LogStatus(Message("Lines that are no steps and were passed over: {1}", passedOver));
     OptimizeMode(state_.CurrentMode());
     state_.chartInput.InvalidateChart();
   }

@@ -6,7 +6,10 @@
 #include <utility>
 
 #include "app/commands.h"
+#include "app/save_question.h"
 #include "common/files.h"
+#include "common/log.h"
+#include "common/message.h"
 #include "program/mode_file.h"
 #include "program/random_mode.h"
 #include "program/tmf.h"
@@ -49,7 +52,8 @@ void Commands::ExportMode(int format) {
   std::string data;
   kind.write(state_.CurrentMode(), data);
   std::filesystem::path path = PathFromUtf8(state_.CurrentMode().name);
-  if (shell_.questions.AskSaveFile(filter, path)) WriteFileBytes(path, data);
+  if (!AskWhereToSave(shell_.questions, filter, path)) return;
+  if (WriteFileBytes(path, data)) LogStatus(Message("Exported {1}", path));
 }
 
 // No menu item: for trying controllers and the other tools out. The file goes into the working folder.

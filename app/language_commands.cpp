@@ -11,6 +11,7 @@
 #include "app/language.h"
 #include "app/name_dialog.h"
 #include "app/numbers.h"
+#include "app/save_question.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -83,7 +84,7 @@ void Commands::OnLanguageCommand(int number) {
 void Commands::OnExportTranslation(int) {
   // Named by the setting, and filled with the language in use, which may be the one that is tried out.
   std::filesystem::path path = PathFromUtf8("LumarineStrings_" + shell_.settings.GetValue("locale") + ".XML");
-  if (!shell_.questions.AskSaveFile(kXmlFilter, path)) return;
+  if (!AskWhereToSave(shell_.questions, kXmlFilter, path)) return;
   const bool exported = shell_.translations.ExportTranslationFile(path);
   LogStatus(Message(
       exported ? "Localization file {1} exported successfully!" : "Error exporting localization file {1}!",
@@ -114,10 +115,13 @@ void Commands::OnMergeTranslation(int) {
   const std::string name = AskText(shell_.dialogs, kNameLength, u"Language name", u"Enter language name");
   if (name.empty() || !LoadTranslationWithDialog(id, name)) return;
   std::filesystem::path path = "LumarineStrings_merged.xml";
-  if (!shell_.questions.AskSaveFile(kXmlFilter, path)) return;
+  if (!AskWhereToSave(shell_.questions, kXmlFilter, path)) return;
   TranslationStore::Documents merged = shell_.translations.CopyDocuments();
+  const bool hasMore = merged.more.child("strings").children.count() > 0;
+  const std::filesystem::path second = SecondFileBeside(path);
+  if (hasMore && !AskToReplace(shell_.questions, second)) return;
   SaveMerged(path, merged.document);
-  if (merged.more.child("strings").children.count() > 0) SaveMerged(SecondFileBeside(path), merged.more);
+  if (hasMore) SaveMerged(second, merged.more);
 }
 
 bool Commands::LoadTranslationWithDialog(std::string_view id, std::string_view name) {

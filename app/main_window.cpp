@@ -40,6 +40,11 @@ Outcome MainWindow::OnClose() {
   return Outcome::Done;
 }
 
+void MainWindow::OnDrop(const std::vector<std::filesystem::path>& files) {
+  state_.document->Open(files);
+  state_.renderer->Rebuild();
+}
+
 Outcome MainWindow::OnCommand(int id, int code) {
   if (code == kFromKey && !state_.menuBar->TakesKey(id, TCBase::demoState.position)) return Outcome::Done;
   commands_.Dispatch(id, code);

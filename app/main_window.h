@@ -5,6 +5,8 @@
 // default handling. User interface thread.
 
 #include <cstdint>
+#include <filesystem>
+#include <vector>
 
 #include "app/control_table.h"
 
@@ -33,6 +35,8 @@ class MainWindow {
   /// Between the platform's beginning and end of painting; MainWindowPort::PaintLogo is called from here.
   Outcome OnPaint();
   Outcome OnClose();
+  /// Files were dropped on the window or one of its children.
+  void OnDrop(const std::vector<std::filesystem::path>& files);
   /// A menu item or accelerator (code 0 or kFromKey), or a control with its notification. The shell sends on
   /// every accelerator, whatever its menu item looks like: which ones act is decided here.
   Outcome OnCommand(int id, int code);

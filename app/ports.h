@@ -39,6 +39,8 @@ class MainWindowPort : public EventTarget {
   /// Shows the window as the process was asked to, and has it painted at once.
   virtual void Show() = 0;
   virtual void TakeFocus() = 0;
+  /// False while a dialog or a question over the window waits for the user.
+  virtual bool TakesInput() const = 0;
   /// The timer event comes every `milliseconds` from now on.
   virtual void StartTimer(int id, int milliseconds) = 0;
   virtual void StopTimer(int id) = 0;
@@ -130,6 +132,9 @@ struct Question {
   std::u16string text;
   Buttons buttons = Buttons::Ok;
   Icon icon = Icon::None;
+  /// The Enter key presses No at first, where there is one, and otherwise the first button: for what an
+  /// answer given in haste would destroy.
+  bool enterSaysNo = false;
 };
 
 /// "XML Program", "*.XML"; "All Files" comes second everywhere.
@@ -217,6 +222,11 @@ struct Shell {
   // What lasts from one run to the next. The one of the process unless told otherwise.
   Settings& settings = Settings::Instance();
   std::filesystem::path deviceLogFile = DocumentPath(u"LumarineLog.txt");
+  /// Where copies of programs that could not be saved are kept: that of the settings.
+  std::filesystem::path recoveryFolder = DocumentPath({});
+
+  // What the process was told to open; empty if nothing.
+  std::vector<std::filesystem::path> filesToOpen = {};
 
   // The one that messages ask.
   TranslationStore& translations = TranslationStore::Instance();

@@ -1,10 +1,13 @@
 #include "app/program_document.h"
 
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/demo_control.h"
+#include "app/save_question.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -26,10 +29,12 @@ ProgramDocument::ProgramDocument(const Shell& shell, TCBase::Program::ModeListVi
       undoStack_(undoStack),
       ctrls_(ctrls),
       chartInput_(chartInput),
-      savedProgram_(savedProgram) {}
+      savedProgram_(savedProgram),
+      recoveryCopies_(shell.recoveryFolder) {}
 
 bool ProgramDocument::AskToSave() {
-  if (SameProgram(program_, savedProgram_.copy)) return true;
+  // A program whose save failed counts as saved; the question is all that is left where no copy is.
+  if (SameProgram(program_, savedProgram_.copy) && !mayBeLost_) return true;
   const Question question{Message("Program modified").ToWide(), Message("Save changes?").ToWide(),
                           Buttons::YesNoCancel};
   switch (shell_.questions.Ask(question)) {
@@ -52,9 +57,54 @@ void ProgramDocument::NewProgram() {
 void ProgramDocument::Load() {
   if (!AskToSave()) return;
   const std::vector<std::filesystem::path> files = shell_.questions.AskOpenFiles(kProgramFilter, false);
-  if (files.empty() || !LoadFile(files.front())) return;
+  if (!files.empty()) LoadAndShow(files.front());
+}
+
+bool ProgramDocument::LoadAndShow(const std::filesystem::path& path) {
+  if (!LoadFile(path)) return false;
   AfterLoad();
   SyncBaseline();
+  return true;
+}
+
+bool ProgramDocument::Open(const std::vector<std::filesystem::path>& files) {
+  if (files.empty()) return false;
+  // The path outlives the run as that of the last program, and the working folder does not.
+  std::error_code error;
+  std::filesystem::path path = std::filesystem::absolute(files.front(), error);
+  if (error) path = files.front();
+  if (IsDemoRunning() || !shell_.mainWindow.TakesInput()) {
+    LogStatus(Message("{1} is not opened while a demo runs or a dialog is open", path));
+    return false;
+  }
+  if (files.size() > 1) LogStatus(Message("Only one file can be open: {1}", path));
+  return AskToSave() && LoadAndShow(path);
+}
+
+void ProgramDocument::OfferRecovered() {
+  for (const RecoveryCopies::Copy& copy : recoveryCopies_.Find()) {
+    const Question question{Message("Recovered program").ToWide(),
+                            Message("{1} could not be saved, but a copy of it was kept. Open the copy?\r\n"
+                                    "\"No\" deletes it, \"Cancel\" keeps it for the next start.",
+                                    copy.file)
+                                .ToWide(),
+                            Buttons::YesNoCancel, Icon::Warning};
+    const Answer answer = shell_.questions.Ask(question);
+    if (answer == Answer::Yes && OpenRecovered(copy)) return;
+    if (answer == Answer::No) RecoveryCopies::Discard(copy);
+  }
+}
+
+bool ProgramDocument::OpenRecovered(const RecoveryCopies::Copy& copy) {
+  TCBase::Program::ModeListView loaded = TCBase::Program::NewProgram();
+  if (!TCBase::Program::LoadProgram(copy.path, loaded)) return false;
+  LogStatus(Message("Opened the copy of {1}. Save it under a name of your choice.", copy.file));
+  std::swap(program_, loaded);
+  // Without a file: nothing that was saved since under the old name is replaced unasked.
+  SetPath({});
+  AfterLoad();
+  recoveryCopies_.Adopt(copy);
+  return true;
 }
 
 bool ProgramDocument::Save() {
@@ -67,7 +117,7 @@ bool ProgramDocument::Save() {
 
 bool ProgramDocument::SaveFileAs() {
   std::filesystem::path path;
-  if (!shell_.questions.AskSaveFile(kProgramFilter, path)) return false;
+  if (!AskWhereToSave(shell_.questions, kProgramFilter, path, path_)) return false;
   SetPath(path);
   SyncBaseline();
   return SaveFile(path);
@@ -83,9 +133,27 @@ bool ProgramDocument::LoadFile(const std::filesystem::path& path) {
 }
 
 bool ProgramDocument::SaveFile(const std::filesystem::path& path) {
-  if (!TCBase::Program::SaveProgram(program_, path)) return false;
+  std::string reason;
+  if (!TCBase::Program::SaveProgram(program_, path, &reason)) {
+    KeepUnsaved(path, reason);
+    return false;
+  }
+  recoveryCopies_.OnSaved();
+  mayBeLost_ = false;
   SetPath(path);
   return true;
+}
+
+void ProgramDocument::KeepUnsaved(const std::filesystem::path& path, const std::string& reason) {
+  const std::filesystem::path copy = recoveryCopies_.Keep(program_, path);
+  mayBeLost_ = copy.empty();
+  Message what("{1} could not be saved: {2}", path, reason);
+  Message then = mayBeLost_ ? Message(
+                                  "No copy could be kept either. Save the program at another place "
+                                  "before you close it.")
+                            : Message("A copy is kept in {1}. The next start offers to open it.", copy);
+  shell_.questions.Ask({Message("Program not saved").ToWide(), what.ToWide() + u"\r\n\r\n" + then.ToWide(),
+                        Buttons::Ok, Icon::Error});
 }
 
 void ProgramDocument::SetPath(const std::filesystem::path& path) {
@@ -98,6 +166,10 @@ void ProgramDocument::SetPath(const std::filesystem::path& path) {
 
 void ProgramDocument::AfterLoad() {
   undoStack_.Clear();
+  // A gesture that changed nothing has left its copy: that of the program that is gone.
+  undoStack_.DropPending();
+  recoveryCopies_.OnReplaced();
+  mayBeLost_ = false;
   program_.currentMode = 0;
   ctrls_.FillModeList();
   chartInput_.InvalidateChart();

@@ -2,6 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+// after windows.h
+#include <shellapi.h>
 
 #include "app/control_table.h"
 #include "app/numbers.h"
@@ -33,12 +40,25 @@ SIZE SizeOnScreen(HWND window, int width, int height) {
           std::clamp<LONG>(free.cy, height, std::max(height, scale.Pixels(height)))};
 }
 
+/// The files of a drop, in its order.
+std::vector<std::filesystem::path> FilesIn(HDROP drop) {
+  std::vector<std::filesystem::path> files;
+  const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+  for (UINT i = 0; i < count; ++i) {
+    std::wstring name(DragQueryFileW(drop, i, nullptr, 0), L'\0');
+    DragQueryFileW(drop, i, name.data(), static_cast<UINT>(name.size()) + 1);
+    files.emplace_back(std::move(name));
+  }
+  return files;
+}
+
 }  // namespace
 
 bool MainWindow::Create(HINSTANCE instance, const wchar_t* className, const wchar_t* title) {
   CreateWindowExW(0, className, title, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, 0,
                   app::kWindowWidth, app::kWindowHeight, nullptr, nullptr, instance, this);
   if (handle_ == nullptr) return false;
+  DragAcceptFiles(handle_, TRUE);
   TakeFirstSize();
   return true;
 }
@@ -74,6 +94,11 @@ void MainWindow::TakeFocus() {
   SetFocus(handle_);
 }
 
+bool MainWindow::TakesInput() const {
+  // Modal windows disable their owner.
+  return IsWindowEnabled(handle_) != 0;
+}
+
 void MainWindow::StartTimer(int id, int milliseconds) {
   SetTimer(handle_, static_cast<UINT_PTR>(id), static_cast<UINT>(milliseconds), nullptr);
 }
@@ -106,6 +131,7 @@ std::span<const Handler<MainWindow>> MainWindow::Handlers() {
       {WM_SIZE, &MainWindow::OnSize},
       {WM_PAINT, &MainWindow::OnPaint},
       {WM_CLOSE, &MainWindow::OnClose},
+      {WM_DROPFILES, &MainWindow::OnDropFiles},
       {WM_GETMINMAXINFO, &MainWindow::OnGetMinMaxInfo},
       {WM_COMMAND, &MainWindow::OnCommand},
       {WM_TIMER, &MainWindow::OnTimer},
@@ -148,6 +174,14 @@ LRESULT MainWindow::OnPaint(const Event& event) {
 
 LRESULT MainWindow::OnClose(const Event& event) {
   return Finish(logic_->OnClose(), event);
+}
+
+LRESULT MainWindow::OnDropFiles(const Event& event) {
+  const auto drop = reinterpret_cast<HDROP>(event.first);
+  const std::vector<std::filesystem::path> files = FilesIn(drop);
+  DragFinish(drop);
+  logic_->OnDrop(files);
+  return 0;
 }
 
 LRESULT MainWindow::OnGetMinMaxInfo(const Event& event) {

@@ -31,6 +31,7 @@ class MainWindow final : public app::MainWindowPort {
   app::Size ClientSize() const override;
   void Show() override;
   void TakeFocus() override;
+  bool TakesInput() const override;
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
   void PaintLogo(const UX::Rect& area) override;
@@ -47,6 +48,7 @@ class MainWindow final : public app::MainWindowPort {
   LRESULT OnSize(const Event& event);
   LRESULT OnPaint(const Event& event);
   LRESULT OnClose(const Event& event);
+  LRESULT OnDropFiles(const Event& event);
   LRESULT OnGetMinMaxInfo(const Event& event);
   LRESULT OnCommand(const Event& event);
   LRESULT OnTimer(const Event& event);

@@ -33,6 +33,11 @@ UINT IconOf(app::Icon icon) {
   return 0;
 }
 
+UINT DefaultOf(const app::Question& question) {
+  // Yes comes first and No second in every box that has them.
+  return question.enterSaysNo && question.buttons != app::Buttons::Ok ? MB_DEFBUTTON2 : MB_DEFBUTTON1;
+}
+
 app::Answer AnswerOf(int button) {
   switch (button) {
     case IDYES:
@@ -51,7 +56,7 @@ app::Answer AnswerOf(int button) {
 app::Answer Questions::Ask(const app::Question& question) {
   return AnswerOf(MessageBoxW(owner_.Handle(), WideText(question.text).c_str(),
                               WideText(question.title).c_str(),
-                              ButtonsOf(question.buttons) | IconOf(question.icon)));
+                              ButtonsOf(question.buttons) | IconOf(question.icon) | DefaultOf(question)));
 }
 
 std::vector<std::filesystem::path> Questions::AskOpenFiles(const app::FileFilter& filter, bool multiple) {

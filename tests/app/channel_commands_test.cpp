@@ -144,6 +144,15 @@ TEST_F(ChannelCommands, StepsAreAddedFromText) {
   EXPECT_EQ(seen[1].controls.at(steps_id::kCount).text, "Text contains 2 steps");
 }
 
+TEST_F(ChannelCommands, TypedLinesThatAreNoStepsAreCountedInTheLog) {
+  Channel(1) = GivenChannel("");
+  GivenSelection(1, -1);
+  Choose(command::kManualStepsAdd, {Type(steps_id::kSteps, "10:00\n\n07:30 5\nnoon 80"), Press(kOk)});
+  EXPECT_EQ(NewLog(),
+            "Added new step (Time: 07:30) (Strength: 5).\n"
+            "Lines that are no steps and were passed over: 2\n");
+}
+
 TEST_F(ChannelCommands, StepsAreEditedAsText) {
   Channel(1) = GivenChannel("08:00 10, 12:00 20 J");
   GivenSelection(1, -1);

@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/program_document.h"
+#include "chart/chart_layout.h"
 #include "common/files.h"
 #include "tests/app/app_test.h"
 #include "tests/support/files.h"
@@ -33,6 +35,18 @@ class Document : public AppTest {
   void Edit() {
     user.SendCommand(command::kEndpointStart);
     NewLog();
+  }
+  // Takes hold of the second step of the first channel, drags it by so many pixels, and lets go.
+  void ClickAStep(int pixels = 0) {
+    app::ChartWindow& chart = user.GetDesktop().application->chartWindow;
+    const TCBase::Program::Step& step = Channel(0).at(1);
+    const UX::Rect lane = user.State().chartLayout.LaneRect(0);
+    const int x = UX::TimeToX(lane, Program(), (step.hour * 60 + step.minute) * 60);
+    const int y = UX::PercentToY(lane, step.value);
+    chart.OnLeftDown(x, y);
+    if (pixels != 0) chart.OnMouseMove(x + pixels, y, true);
+    chart.OnLeftUp(x + pixels, y);
+    user.Settle();
   }
   // Whether closing ends the program, with this answer if there is a question.
   bool ClosesWith(Answer answer) {
@@ -129,7 +143,10 @@ TEST_F(Document, YesWhereTheFileTakesNothingLeavesTheWindowOnce) {
   user.Choose(command::kLoadProgram);
   std::filesystem::remove_all(folder / "gone");
   Edit();
-  EXPECT_FALSE(ClosesWith(Answer::Yes));
+  user.WillAnswer(Answer::Yes);
+  user.WillAnswer(Answer::Ok);  // that it was not saved
+  user.Close();
+  ASSERT_TRUE(user.IsRunning());
   const std::string log = NewLog();
   const std::string path = Utf8FromPath(folder / "gone" / "Tank.xml");
   EXPECT_THAT(log, HasSubstr("Error creating file " + path + ", error: "));
@@ -168,6 +185,31 @@ TEST_F(Document, NewCarriesNothingOver) {
   user.Close();
 }
 
+TEST_F(Document, NoUndoCrossesIntoAnotherFile) {
+  const std::filesystem::path first = GivenFile("First");
+  for (const bool isNew : {false, true}) {
+    GivenLoaded("Second");
+    user.WillPick({first});
+    user.Choose(command::kLoadProgram);
+    ClickAStep();
+    if (isNew) {
+      user.Choose(command::kNewProgram);
+    } else {
+      user.WillPick({file_});
+      user.Choose(command::kLoadProgram);
+    }
+    const auto opened = Program();
+    ClickAStep(60);
+    EXPECT_FALSE(Program() == opened);
+    user.Choose(command::kUndo);
+    EXPECT_TRUE(Program() == opened) << "not the first program, which the click had kept";
+    user.Choose(command::kUndo);
+    EXPECT_TRUE(Program() == opened) << "and nothing lies behind it";
+    if (isNew) user.WillAnswer(Answer::No);
+    user.Close();
+  }
+}
+
 TEST_F(Document, LoadAsksForAProgram) {
   GivenLoaded("Tank");
   const auto& asked = user.GetDesktop().questions.filesAsked;
@@ -204,7 +246,8 @@ TEST_F(Document, ALoadThatFailsLeavesEverythingButTheChart) {
   EXPECT_TRUE(Program() == edited);
   EXPECT_EQ(UndoDepth(), 1);
   EXPECT_EQ(user.Title(), "Lumarine - " + Utf8FromPath(file_));
-  EXPECT_EQ(NewLog(), "Error loading program " + Utf8FromPath(folder / "noise.xml") + "\n");
+  EXPECT_EQ(NewLog(), "Error loading program " + Utf8FromPath(folder / "noise.xml") +
+                          "\nThe file is not well-formed XML\n");
   EXPECT_THAT(NewJournal(), ElementsAre("renderer: rebuild"));
 }
 
@@ -247,6 +290,7 @@ TEST_F(Document, ASaveAsThatFailsHasChangedTheFileAllTheSame) {
   GivenAnEditedProgram();
   const std::filesystem::path path = folder / "no such folder" / "Tank.xml";
   user.WillPick({path});
+  user.WillAnswer(Answer::Ok);  // that it was not saved
   user.Choose(command::kSaveProgramAs);
   EXPECT_EQ(user.Title(), "Lumarine - " + Utf8FromPath(path));
   EXPECT_THAT(NewLog(), HasSubstr("Error saving program "));
@@ -262,6 +306,51 @@ TEST_F(Document, ASaveAsThatIsCancelledChangesNothing) {
   EXPECT_EQ(NewLog(), "");
   EXPECT_FALSE(ClosesWith(Answer::Cancel));
   EXPECT_TRUE(ClosesWith(Answer::No));
+}
+
+TEST_F(Document, ASaveAsOverAnotherFileAsksFirst) {
+  GivenAnEditedProgram();
+  const std::filesystem::path other = GivenFile("Other", "precious");
+  user.WillPick({other});
+  user.WillAnswer(Answer::No);
+  ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
+  const std::vector<app::Question> asked = user.Questions();
+  ASSERT_THAT(asked, SizeIs(1));
+  EXPECT_EQ(asked[0].title, u"File exists");
+  EXPECT_EQ(Utf8FromWide(asked[0].text), Utf8FromPath(other) + " exists. Replace it?");
+  EXPECT_EQ(asked[0].buttons, app::Buttons::YesNo);
+  EXPECT_TRUE(asked[0].enterSaysNo);
+  EXPECT_EQ(BytesOf(other), "precious");
+  EXPECT_EQ(NewLog(), "");
+  EXPECT_EQ(user.Title(), "Lumarine - New program");
+  EXPECT_FALSE(ClosesWith(Answer::Cancel)) << "nothing was saved";
+
+  user.WillPick({other});
+  user.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
+  EXPECT_THAT(BytesOf(other), HasSubstr("<modelist>"));
+  EXPECT_EQ(user.Title(), "Lumarine - " + Utf8FromPath(other));
+}
+
+TEST_F(Document, YesAndThenNoToReplacingLeavesTheWindow) {
+  GivenAnEditedProgram();
+  const std::filesystem::path other = GivenFile("Other", "precious");
+  user.WillAnswer(Answer::Yes);
+  user.WillPick({other});
+  user.WillAnswer(Answer::No);
+  user.Close();
+  EXPECT_TRUE(user.IsRunning());
+  EXPECT_EQ(BytesOf(other), "precious");
+}
+
+TEST_F(Document, ASaveAsOverTheOpenFileIsAPlainSave) {
+  GivenLoaded("Tank");
+  const std::string before = BytesOf(file_);
+  Edit();
+  user.WillPick({folder.path() / "." / "Tank.xml"});
+  ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
+  EXPECT_THAT(user.Questions(), SizeIs(0));
+  EXPECT_NE(BytesOf(file_), before);
 }
 
 TEST_F(Document, SavingLeavesTheHistory) {

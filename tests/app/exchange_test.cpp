@@ -41,8 +41,26 @@ TEST_F(Exchange, ExportOffersTheModesNameAndWrites) {
   EXPECT_EQ(asked.filter.name, u"TMF PLed File");
   EXPECT_EQ(asked.filter.pattern, u"*.TMF");
   EXPECT_EQ(asked.startName, PathFromUtf8(Mode().name));
-  EXPECT_EQ(NewLog(), "");
+  EXPECT_EQ(NewLog(), "Exported " + Utf8FromPath(file) + "\n");
   EXPECT_EQ(UndoDepth(), 0);
+}
+
+TEST_F(Exchange, AnExportOverAFileAsksFirst) {
+  for (const int number : {command::kExportTmf, command::kExportLmf, command::kExportRaw}) {
+    const std::filesystem::path file = GivenFile("taken", "precious");
+    user.WillPick({file});
+    user.WillAnswer(app::Answer::No);
+    ASSERT_TRUE(user.Choose(number));
+    ASSERT_THAT(user.Questions(), SizeIs(1));
+    EXPECT_EQ(BytesOf(file), "precious");
+    EXPECT_EQ(NewLog(), "");
+    user.WillPick({file});
+    user.WillAnswer(app::Answer::Yes);
+    ASSERT_TRUE(user.Choose(number));
+    EXPECT_NE(BytesOf(file), "precious");
+    user.Questions();
+    NewLog();
+  }
 }
 
 TEST_F(Exchange, EachFormatHasItsSizeAndName) {
@@ -64,7 +82,9 @@ TEST_F(Exchange, EachFormatHasItsSizeAndName) {
 TEST_F(Exchange, AnExportThatCannotBeWrittenSaysSo) {
   user.WillPick({folder.path() / "missing" / "out.tmf"});
   ASSERT_TRUE(user.Choose(command::kExportTmf));
-  EXPECT_THAT(NewLog(), HasSubstr("Error creating file "));
+  const std::string log = NewLog();
+  EXPECT_THAT(log, HasSubstr("Error creating file "));
+  EXPECT_THAT(log, testing::Not(HasSubstr("Exported")));
 }
 
 TEST_F(Exchange, ImportOfThreeFilesOneBadAppendsTwoAndShowsTheLast) {
@@ -72,7 +92,11 @@ TEST_F(Exchange, ImportOfThreeFilesOneBadAppendsTwoAndShowsTheLast) {
   const std::string mode = TmfOfTheMode();
   const std::size_t before = Program().modes.size();
   user.WillPick({GivenFile("Dawn.tmf", mode), GivenFile("Bad.tmf", "x"), GivenFile("Příliš.dusk.tmf", mode)});
+  user.GetDesktop().chart.invalidated.clear();
   ASSERT_TRUE(user.Choose(command::kImportTmf));
+  const UX::Rect chart = user.Place(Control::ChartWindow);
+  EXPECT_THAT(user.GetDesktop().chart.invalidated,
+              testing::Contains(UX::Rect{0, 0, chart.width, chart.height}));
   EXPECT_TRUE(user.GetDesktop().questions.filesAsked.back().multiple);
   ASSERT_EQ(Program().modes.size(), before + 2);
   EXPECT_EQ(Program().modes[before].name, "Dawn");
@@ -105,11 +129,18 @@ TEST_F(Exchange, BadFilesAloneShowTheLastModeAllTheSame) {
 }
 
 TEST_F(Exchange, AnImportThatIsCancelledLeavesASnapshotThatChangesNothing) {
+  ASSERT_GT(Program().modes.size(), 1U);
+  GivenSelection(2, 0);
   const auto before = Program();
+  user.GetDesktop().chart.invalidated.clear();
   user.WillPick({});
   ASSERT_TRUE(user.Choose(command::kImportTmf));
   EXPECT_EQ(NewLog(), "");
   EXPECT_EQ(UndoDepth(), 1);
+  EXPECT_EQ(Program().currentMode, 0) << "the last mode is shown only after an import";
+  EXPECT_EQ(user.State().selection.channel, 2);
+  EXPECT_THAT(user.SelectedRows(Control::ModeList), testing::ElementsAre(0));
+  EXPECT_THAT(user.GetDesktop().chart.invalidated, SizeIs(0));
   user.Choose(command::kUndo);
   EXPECT_EQ(NewLog(), "Undo\n");
   EXPECT_TRUE(Program() == before);

@@ -80,6 +80,7 @@ class Language : public AppTest {
   std::filesystem::path Export() {
     std::filesystem::path file = folder / "exported.xml";
     user.WillPick({file});
+    if (std::filesystem::exists(file)) user.WillAnswer(app::Answer::Yes);  // to replace it
     user.Choose(app::command::kExportTranslation);
     return file;
   }

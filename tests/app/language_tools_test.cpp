@@ -66,6 +66,16 @@ TEST_F(Language, AnExportHoldsAllKeysInTheActiveLanguage) {
   EXPECT_EQ(TextIn(file, "Devices"), "Devices");
 }
 
+TEST_F(Language, AnExportOverAFileAsksFirst) {
+  const std::filesystem::path file = GivenFile("taken.xml", "precious");
+  user.WillPick({file});
+  user.WillAnswer(app::Answer::No);
+  ASSERT_TRUE(user.Choose(command::kExportTranslation));
+  EXPECT_THAT(user.Questions(), SizeIs(1));
+  EXPECT_EQ(BytesOf(file), "precious");
+  EXPECT_EQ(NewLog(), "");
+}
+
 TEST_F(Language, AnExportThatCannotBeWrittenSaysSo) {
   const std::filesystem::path file = folder / "missing" / "exported.xml";
   user.WillPick({file});
@@ -315,6 +325,34 @@ TEST_F(Language, AMergeWithoutASecondDocumentWritesOneFile) {
   user.SendCommand(command::kMergeTranslations);
   EXPECT_TRUE(std::filesystem::exists(folder / "merged.xml"));
   EXPECT_FALSE(std::filesystem::exists(folder / "merged-more.xml"));
+}
+
+TEST_F(Language, AMergeOverAFileAsksFirst) {
+  GivenFile("taken.xml", "precious");
+  WillName("xx", "Xx");
+  user.WillPick({GivenFile("new.xml", kTested)});
+  user.WillPick({folder / "taken.xml"});
+  user.WillAnswer(app::Answer::No);
+  user.SendCommand(command::kMergeTranslations);
+  EXPECT_THAT(user.Questions(), SizeIs(1));
+  EXPECT_EQ(BytesOf(folder / "taken.xml"), "precious");
+}
+
+TEST_F(Language, AMergeAsksForTheSecondDocumentToo) {
+  user.Close();
+  user.moreTranslations =
+      "<localisation><languages/><strings><string id='Demo playback resumed'><de>Weiter</de></string>"
+      "</strings></localisation>";
+  user.Start();
+  GivenFile("merged-more.xml", "precious");
+  WillName("xx", "Xx");
+  user.WillPick({GivenFile("new.xml", kTested)});
+  user.WillPick({folder / "merged.xml"});
+  user.WillAnswer(app::Answer::No);
+  user.SendCommand(command::kMergeTranslations);
+  EXPECT_THAT(user.Questions(), SizeIs(1));
+  EXPECT_EQ(BytesOf(folder / "merged-more.xml"), "precious");
+  EXPECT_FALSE(std::filesystem::exists(folder / "merged.xml")) << "both or none";
 }
 
 // A tag of that name could not be read again, and nobody asks for texts in English.

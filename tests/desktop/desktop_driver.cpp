@@ -54,9 +54,9 @@ DesktopUser::~DesktopUser() {
 
 // The program's life
 
-void DesktopUser::Start() {
+void DesktopUser::StartWith(std::vector<std::filesystem::path> files) {
   program_.reset();
-  program_.emplace();
+  program_.emplace(files);
   Settle();
 }
 
@@ -311,6 +311,11 @@ void DesktopUser::TurnWheel(int x, int y, int notches, bool ctrl, bool shift) {
   if (shift) input::ReleaseKey(VK_SHIFT);
   if (ctrl) input::ReleaseKey(VK_CONTROL);
   SettleInput();
+}
+
+void DesktopUser::DropFiles(std::vector<std::filesystem::path> files) {
+  program_->Drop(files);
+  Settle();
 }
 
 void DesktopUser::ClickBackground() {

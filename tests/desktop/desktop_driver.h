@@ -26,7 +26,7 @@ class DesktopUser final : public User {
   /// Fails the test if a question that was expected did not come up.
   ~DesktopUser() override;
 
-  void Start() override;
+  void StartWith(std::vector<std::filesystem::path> files) override;
   bool IsRunning() override;
   void Close() override;
 
@@ -50,6 +50,7 @@ class DesktopUser final : public User {
   void RightClickChart(int x, int y) override;
   bool ChooseAtChart(int x, int y, int command) override;
   void TurnWheel(int x, int y, int notches, bool ctrl, bool shift) override;
+  void DropFiles(std::vector<std::filesystem::path> files) override;
   void ClickBackground() override;
   void Resize(int width, int height) override;
   void Maximize() override;

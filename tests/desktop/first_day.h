@@ -26,7 +26,8 @@ class FirstDay {
   const std::filesystem::path& documents() const { return documents_; }
 
  private:
-  static constexpr const wchar_t* kFiles[] = {L"LumarineConfig.xml", L"LumarineLog.txt"};
+  static constexpr const wchar_t* kFiles[] = {L"LumarineConfig.xml", L"LumarineLog.txt",
+                                              L"LumarineRecovery-1.xml"};
 
   static void Move(const std::filesystem::path& from, const std::filesystem::path& to) {
     if (!std::filesystem::exists(from)) return;

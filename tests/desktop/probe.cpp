@@ -4,6 +4,8 @@
 
 // after windows.h
 #include <commctrl.h>
+#include <shellapi.h>
+#include <shlobj.h>
 
 namespace {
 
@@ -40,15 +42,28 @@ bool LookIn(HMENU menu, UINT command, bool enabled, probe::Findings& findings) {
   return false;
 }
 
+/// Puts a drop of the files into the window's queue.
+void Drop(HWND window, const probe::Findings& findings) {
+  const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + sizeof findings.files);
+  auto* const drop = static_cast<DROPFILES*>(GlobalLock(memory));
+  drop->pFiles = sizeof(DROPFILES);
+  drop->fWide = TRUE;
+  CopyMemory(drop + 1, findings.files, sizeof findings.files);
+  GlobalUnlock(memory);
+  PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+}
+
 }  // namespace
 
 extern "C" __declspec(dllexport) LRESULT CALLBACK OnSent(int code, WPARAM first, LPARAM second) {
   static const UINT lookAtMenu = RegisterWindowMessageW(probe::kLookAtMenu);
   static const UINT lookAtPicker = RegisterWindowMessageW(probe::kLookAtPicker);
+  static const UINT drop = RegisterWindowMessageW(probe::kDrop);
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(second);
   if (code >= 0 && sent.message == lookAtMenu && Shared() != nullptr) {
     Shared()->exists = LookIn(GetMenu(sent.hwnd), static_cast<UINT>(sent.wParam), true, *Shared());
   }
+  if (code >= 0 && sent.message == drop && Shared() != nullptr) Drop(sent.hwnd, *Shared());
   if (code >= 0 && sent.message == lookAtPicker && Shared() != nullptr) {
     SendMessageW(sent.hwnd, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&Shared()->time));
   }

@@ -2,7 +2,8 @@
 
 // What the driver and its probe agree on. The probe is a library that the driver has loaded into the program
 // under test, by hooks, for what Windows tells to the program's own process only: the menu, the time of a
-// picker, and how far it has come with its queue. It changes nothing in the program.
+// picker, and how far it has come with its queue; and for what Windows hands over there alone, a drop of
+// files. It changes nothing in the program.
 
 #include "platform/win32/windows_headers.h"
 
@@ -17,6 +18,8 @@ inline constexpr char kTakenHook[] = "OnTaken";  // of kind WH_GETMESSAGE
 inline constexpr wchar_t kLookAtMenu[] = L"LumarineProbeLookAtMenu";
 /// Sent to a date and time picker: look at its time.
 inline constexpr wchar_t kLookAtPicker[] = L"LumarineProbeLookAtPicker";
+/// Sent: take the files that the findings name for a drop on the window, which is posted as the system does.
+inline constexpr wchar_t kDrop[] = L"LumarineProbeDrop";
 /// Posted: note that the program has come this far, and whether input waits; the first parameter is the mark.
 inline constexpr wchar_t kMark[] = L"LumarineProbeMark";
 
@@ -38,6 +41,8 @@ struct Findings {
   wchar_t text[256];
   // Of the picker looked at last.
   SYSTEMTIME time;
+  // To be dropped: each with its terminator, and one more at the end.
+  wchar_t files[2048];
 };
 
 }  // namespace probe

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <filesystem>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -58,13 +60,14 @@ std::vector<HWND> ChildrenOf(HWND window) {
 
 }  // namespace
 
-ProgramUnderTest::ProgramUnderTest() {
+ProgramUnderTest::ProgramUnderTest(const std::vector<std::filesystem::path>& files) {
   memory_.reset(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(probe::Findings),
                                    probe::kMemory));
   findings_ = static_cast<probe::Findings*>(MapViewOfFile(memory_.get(), FILE_MAP_WRITE, 0, 0, 0));
   *findings_ = {};
 
   std::wstring command = L"\"" + (Folder() / L"Lumarine.exe").native() + L"\"";
+  for (const std::filesystem::path& file : files) command += L" \"" + file.native() + L"\"";
   STARTUPINFOW how{};
   how.cb = sizeof how;
   PROCESS_INFORMATION started{};
@@ -154,6 +157,15 @@ const probe::Findings& ProgramUnderTest::LookAtMenu(int command) const {
   static const UINT message = RegisterWindowMessageW(probe::kLookAtMenu);
   SendMessageW(mainWindow_, message, static_cast<WPARAM>(command), 0);
   return *findings_;
+}
+
+void ProgramUnderTest::Drop(const std::vector<std::filesystem::path>& files) {
+  static const UINT message = RegisterWindowMessageW(probe::kDrop);
+  std::wstring names;
+  for (const std::filesystem::path& file : files) names += file.native() + L'\0';
+  ASSERT_LT(names.size(), std::size(findings_->files));
+  std::fill(std::copy(names.begin(), names.end(), findings_->files), std::end(findings_->files), L'\0');
+  SendMessageW(mainWindow_, message, 0, 0);
 }
 
 DateTime ProgramUnderTest::LookAtPicker(HWND picker) const {

@@ -2,9 +2,11 @@
 
 // The process of the program, its windows, and what the probe in it finds.
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "app/control_table.h"
 #include "common/date_time.h"
@@ -24,9 +26,9 @@ using Hook = std::unique_ptr<std::remove_pointer_t<HHOOK>, Unhook>;
 
 class ProgramUnderTest {
  public:
-  /// Starts Lumarine.exe, which stands beside this program, and waits until its window is complete. The test
-  /// fails if that does not happen.
-  ProgramUnderTest();
+  /// Starts Lumarine.exe, which stands beside this program, with files on its command line, and waits until
+  /// its window is complete. The test fails if that does not happen.
+  explicit ProgramUnderTest(const std::vector<std::filesystem::path>& files = {});
   /// Ends the program, if it still runs.
   ~ProgramUnderTest();
   ProgramUnderTest(const ProgramUnderTest&) = delete;
@@ -54,6 +56,8 @@ class ProgramUnderTest {
 
   /// The menu item as it is now.
   const probe::Findings& LookAtMenu(int command) const;
+  /// Drops files on the main window.
+  void Drop(const std::vector<std::filesystem::path>& files);
   /// The time in a date and time picker.
   DateTime LookAtPicker(HWND picker) const;
 

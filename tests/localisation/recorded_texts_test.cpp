@@ -132,8 +132,26 @@ TEST_F(RecordedTexts, OfFilesThatCannotBeRead) {
   for (const int number : {command::kSaveProgramAs, command::kExportTmf, command::kExportLmf,
                            command::kExportRaw, command::kExportTranslation}) {
     user.WillPick({folder / "none" / "file"});
+    if (number == command::kSaveProgramAs) user.WillAnswer(app::Answer::Ok);  // that it was not saved
     Choose(number);
   }
+}
+
+TEST_F(RecordedTexts, OfWorkThatIsGuarded) {
+  user.Start();
+  ASSERT_TRUE(WriteFileBytes(folder / "taken.tmf", "taken"));
+  user.WillPick({folder / "taken.tmf"});
+  user.WillAnswer(app::Answer::Yes);
+  Choose(command::kExportTmf);
+  user.DropFiles({folder / "none.xml", folder / "other.xml"});
+  user.WillPick({folder / "none" / "file.xml"});
+  user.WillAnswer(app::Answer::Ok);
+  Choose(command::kSaveProgramAs);
+  ExpectNothingUntranslated();
+  user.Close();
+  user.WillAnswer(app::Answer::Yes);
+  user.Start();
+  EXPECT_EQ(user.Questions().size(), 1U);
 }
 
 }  // namespace

@@ -268,6 +268,7 @@ void Menu::OpenAtChart(int position, std::int32_t x, std::int32_t y) {
 
 app::Answer Questions::Ask(const app::Question& question) {
   asked.push_back(question);
+  if (meanwhile) meanwhile();
   if (answers.empty()) throw std::logic_error("nobody answers \"" + Utf8FromWide(question.title) + "\"");
   const app::Answer answer = answers.front();
   answers.pop_front();
@@ -301,8 +302,9 @@ void RecordingRenderer::Render() {
 
 // Desktop
 
-Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile)
-    : settings_(settings), deviceLogFile_(std::move(deviceLogFile)) {
+Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile,
+                 std::vector<std::filesystem::path> filesToOpen)
+    : settings_(settings), deviceLogFile_(std::move(deviceLogFile)), filesToOpen_(std::move(filesToOpen)) {
   queue.whenEmpty = [this] { return NextTimerOrPaint(); };
   // As the platform does it: while the mouse is captured the key is lost.
   queue.onAccelerator = [this](int command) {
@@ -310,6 +312,7 @@ Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile)
   };
   chart.onCaptureLost = [this] { application->chartWindow.OnCaptureLost(); };
   dialogs.meanwhile = [this] { DeliverPosted(); };
+  questions.meanwhile = [this] { DeliverPosted(); };
   application.emplace(Ports());
 }
 
@@ -321,8 +324,20 @@ app::Shell Desktop::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
     return std::make_unique<RecordingRenderer>(scene, journal);
   };
-  return {*this,     *this,   chart, controls,     logPane,   menu,
-          questions, dialogs, queue, makeRenderer, settings_, deviceLogFile_};
+  return {*this,
+          *this,
+          chart,
+          controls,
+          logPane,
+          menu,
+          questions,
+          dialogs,
+          queue,
+          makeRenderer,
+          settings_,
+          deviceLogFile_,
+          deviceLogFile_.parent_path(),
+          filesToOpen_};
 }
 
 RecordingRenderer& Desktop::Renderer() {
@@ -377,10 +392,12 @@ void Desktop::PostQuit(int exitCode) {
 }
 
 void Desktop::DeliverPosted() {
+  ++modalWindows_;
   while (queue.HasPosted()) {
     queue.Take();
     queue.Dispatch();
   }
+  --modalWindows_;
 }
 
 std::optional<Event> Desktop::NextTimerOrPaint() {

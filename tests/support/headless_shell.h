@@ -183,6 +183,9 @@ class Questions final : public app::QuestionsPort {
   std::vector<std::filesystem::path> AskOpenFiles(const app::FileFilter& filter, bool multiple) override;
   bool AskSaveFile(const app::FileFilter& filter, std::filesystem::path& path) override;
 
+  /// What goes on while a question stands open.
+  std::function<void()> meanwhile;
+
   // In the order in which they will be used.
   std::deque<app::Answer> answers;
   std::deque<std::vector<std::filesystem::path>> picks;
@@ -259,8 +262,9 @@ class ChartWindow final : public UX::ChartWindowPort {
 /// One run of the program: the windows, what they were told, and the application that they belong to.
 class Desktop final : public app::PlatformPort, public app::MainWindowPort {
  public:
-  /// Both outlive the desktop.
-  Desktop(Settings& settings, std::filesystem::path deviceLogFile);
+  /// The settings outlive the desktop.
+  Desktop(Settings& settings, std::filesystem::path deviceLogFile,
+          std::vector<std::filesystem::path> filesToOpen = {});
   ~Desktop() override;
 
   // app::PlatformPort
@@ -276,6 +280,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   void Destroy() override;
   void PostQuit(int exitCode) override;
   void TakeFocus() override { focus = Focus::MainWindow; }
+  bool TakesInput() const override { return modalWindows_ == 0; }
 
   RecordingRenderer& Renderer();
 
@@ -299,11 +304,14 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
  private:
   app::Shell Ports();
   std::optional<Event> NextTimerOrPaint();
-  /// What goes on while a dialog stands open: events posted to the main window arrive, input does not.
+  /// What goes on while a dialog or a question stands open: events posted to the main window arrive, input
+  /// does not.
   void DeliverPosted();
 
   Settings& settings_;
   const std::filesystem::path deviceLogFile_;
+  const std::vector<std::filesystem::path> filesToOpen_;
+  int modalWindows_ = 0;
   std::optional<std::pair<int, int>> timer_;  // id and milliseconds
   double timerDue_ = 0.0;                     // on the virtual clock
 };

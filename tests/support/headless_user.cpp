@@ -50,10 +50,11 @@ bool HeadlessUser::ReadTranslations(const std::filesystem::path& resources) {
          ReadFileBytes(resources / "translations-more.xml", moreTranslations);
 }
 
-void HeadlessUser::Start() {
+void HeadlessUser::StartWith(std::vector<std::filesystem::path> files) {
   BeginProcess(translations, moreTranslations);
   settings_.emplace(documents_ / Settings::fileName);
-  desktop_ = std::make_unique<Desktop>(*settings_, documents_ / "LumarineLog.txt");
+  desktop_ = std::make_unique<Desktop>(*settings_, documents_ / "LumarineLog.txt", std::move(files));
+  desktop_->questions.answers = std::exchange(answersAtStart_, {});
   desktop_->refuseWindow = refuseWindow;
   restored_ = desktop_->size;
   questionsSeen_ = 0;
@@ -97,6 +98,10 @@ void HeadlessUser::Push(std::function<void(app::Application&)> deliver) {
 void HeadlessUser::Close() {
   Push([](app::Application& application) { application.mainWindow.OnClose(); });
   Settle();
+}
+
+void HeadlessUser::WillAnswer(app::Answer answer) {
+  (desktop_ ? desktop_->questions.answers : answersAtStart_).push_back(answer);
 }
 
 void HeadlessUser::WillPick(std::vector<std::filesystem::path> files) {
@@ -236,6 +241,11 @@ void HeadlessUser::TurnWheel(int x, int y, int notches, bool ctrl, bool shift) {
   Push([=](app::Application& application) {
     application.chartWindow.OnWheel(x, y, notches * kWheelNotch, shift, ctrl, false);
   });
+  Settle();
+}
+
+void HeadlessUser::DropFiles(std::vector<std::filesystem::path> files) {
+  Push([files = std::move(files)](app::Application& application) { application.mainWindow.OnDrop(files); });
   Settle();
 }
 

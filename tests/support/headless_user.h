@@ -3,6 +3,7 @@
 // A user in front of the headless shell. Each Start is a process of its own, as far as one can see: logs,
 // clocks and the demo begin anew, and settings come from the file that the run before left at its end.
 
+#include <deque>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -27,10 +28,10 @@ class HeadlessUser final : public User {
   /// Ends the program, if it runs, without a question.
   ~HeadlessUser() override;
 
-  void Start() override;
+  void StartWith(std::vector<std::filesystem::path> files) override;
   bool IsRunning() override { return desktop_ != nullptr; }
   void Close() override;
-  void WillAnswer(app::Answer answer) override { desktop_->questions.answers.push_back(answer); }
+  void WillAnswer(app::Answer answer) override;
   void WillPick(std::vector<std::filesystem::path> files) override;
   std::vector<app::Question> Questions() override;
   void WillFill(DialogScript script) override { desktop_->dialogs.scripts.push_back(std::move(script)); }
@@ -50,6 +51,7 @@ class HeadlessUser final : public User {
   void RightClickChart(int x, int y) override;
   bool ChooseAtChart(int x, int y, int command) override;
   void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) override;
+  void DropFiles(std::vector<std::filesystem::path> files) override;
   void ClickBackground() override;
   void Resize(int width, int height) override;
   void Maximize() override;
@@ -110,6 +112,7 @@ class HeadlessUser final : public User {
   int mouseY_ = 0;
   bool buttonHeld_ = false;  // the left one
   std::size_t questionsSeen_ = 0;
+  std::deque<app::Answer> answersAtStart_;
 };
 
 }  // namespace headless

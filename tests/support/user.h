@@ -19,12 +19,15 @@ class User {
   // The program's life.
 
   /// Starts the program anew, as from the desktop, and waits until its window stands there.
-  virtual void Start() = 0;
+  void Start() { StartWith({}); }
+  /// The same, with files on its command line.
+  virtual void StartWith(std::vector<std::filesystem::path> files) = 0;
   virtual bool IsRunning() = 0;
   /// Closes the window by its frame.
   virtual void Close() = 0;
 
-  // Answers are told before the question comes up; a question that nobody has an answer for is a failure.
+  // Answers are told before the question comes up, those to questions of the start before that; a question
+  // that nobody has an answer for is a failure.
 
   virtual void WillAnswer(app::Answer answer) = 0;
   /// No files: the dialog is cancelled.
@@ -83,6 +86,8 @@ class User {
   /// Positive notches turn away from the user.
   virtual void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) = 0;
 
+  /// Drops files on the main window, as from a folder's window.
+  virtual void DropFiles(std::vector<std::filesystem::path> files) = 0;
   /// Clicks on the main window beside all controls.
   virtual void ClickBackground() = 0;
   virtual void Resize(int width, int height) = 0;
