@@ -278,6 +278,12 @@ TEST_F(DemoTest, ASilentControllerGetsFewerFramesAndTheDemoDoesNotFallBehind) {
   EXPECT_LE(frames, 75U);
 }
 
+TEST_F(DemoTest, AStopFromBeforeADemoIsForgottenAsItBegins) {
+  PostCommand(TCBase::CommandStop);
+  EXPECT_EQ(Play(GivenRamp("Ramp"), 1), OperationResult::Done);
+  EXPECT_NEAR(virtual_clock::Seconds(), 1.0, kPass);
+}
+
 TEST_F(DemoTest, ADayOfNoLengthOrLessIsOverAtOnce) {
   for (const int seconds : {0, -1, -60}) {
     SetUp();

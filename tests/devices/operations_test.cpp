@@ -353,6 +353,19 @@ TEST_F(OperationsTest, AStopPostedWhenNothingRunsStaysInTheSlotAndCancelsNothing
   EXPECT_EQ(TCBase::TakeCommand(), nullptr);
 }
 
+// A clock is set without a look into the slot: what was there before is gone, and not found behind it.
+TEST_F(OperationsTest, AStopFromBeforeARunIsForgottenAsItBegins) {
+  TCBase::PostCommand(TCBase::CommandStop);
+  TCBase::TimeSyncJob({SelectedTC420()}, {}, kMoment)();
+  EXPECT_EQ(TakeStatus(), "Configuring device TC420\nSyncing time\nFinished configuring device TC420\n");
+}
+
+TEST_F(OperationsTest, AStopFromBeforeAnUploadIsForgottenAsItBegins) {
+  TCBase::PostCommand(TCBase::CommandStop);
+  EXPECT_EQ(UploadOperation(SelectedTC420(), TwoModes()).result, OperationResult::Done);
+  EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).banks.size(), 2U);
+}
+
 TEST_F(OperationsTest, ANewerCommandTakesThePlaceOfOneNotYetSeen) {
   TCBase::PostSeek(100);
   TCBase::PostCommand(TCBase::CommandPause);

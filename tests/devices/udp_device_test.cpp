@@ -179,12 +179,21 @@ TEST_F(UdpDeviceTest, AReplyFromAnotherAddressDoesNotShortenTheWaitOfTwoSeconds)
   EXPECT_EQ(CountLines(TakeTrace(), "recvfrom 10.0.0.66:5000\n"), 3);
 }
 
-TEST_F(UdpDeviceTest, AReplyInTheLastMomentIsTakenAndOneBehindItIsNot) {
+TEST_F(UdpDeviceTest, AReplyInTheLastMomentIsTaken) {
   AnswerWith({});
   virtual_clock::At(1.97, [] { sim_network::Arrive(From(kTank, GivenReply(0x05, "ok"))); });
   EXPECT_TRUE(Clear());
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 1.98);
   EXPECT_THAT(sim_network::Traffic(), SizeIs(1));
+}
+
+// It is there when the frame has been sent again.
+TEST_F(UdpDeviceTest, AReplyBehindTheLastMomentIsTakenForTheOneToTheNextTransmission) {
+  AnswerWith({});
+  virtual_clock::At(1.99, [] { sim_network::Arrive(From(kTank, GivenReply(0x05, "ok"))); });
+  EXPECT_TRUE(Clear());
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 2.0);
+  EXPECT_THAT(sim_network::Traffic(), SizeIs(2));
 }
 
 TEST_F(UdpDeviceTest, ALostReplyIsMadeGoodByTheNextTransmission) {
