@@ -1,7 +1,6 @@
 #include "cli/changes.h"
 
 #include <algorithm>
-#include <sstream>
 #include <vector>
 
 #include "common/files.h"
@@ -52,14 +51,6 @@ std::string ToStepsText(std::string_view text) {
   return result;
 }
 
-int CountFilledLines(const std::string& text) {
-  std::istringstream lines(text);
-  int count = 0;
-  for (std::string line; std::getline(lines, line, '\r');)
-    if (line.find_first_not_of(" \t") != std::string::npos) ++count;
-  return count;
-}
-
 }  // namespace
 
 ExitStatus Optimize(const Session& session, ModeListView& document) {
@@ -99,15 +90,13 @@ Change ReplaceSteps(const ChannelValue& argument) {
     text = ToStepsText(text);
 
     std::vector<TCBase::Program::Step> steps;
-    ParseStepsText(text, steps);
+    const int passedOver = ParseStepsText(text, steps);
     if (steps.empty())
       return session.Fail(ExitStatus::WrongUsage,
                           file + " holds no steps; a line reads hh:mm value, or hh:mm value J");
     if (!ReplaceManualSteps(document, argument.channel, text)) return Refused(session);
-    const int passedOver = CountFilledLines(text) - static_cast<int>(steps.size());
     if (passedOver > 0)
-      session.status.Print(
-          Message("Lines of {1} that are no steps and were passed over: {2}", file, passedOver).utf8());
+      session.status.Print(Message("Lines that are no steps and were passed over: {1}", passedOver).utf8());
     TellStepCount(session, document);
     return ExitStatus::Success;
   };

@@ -158,7 +158,7 @@ TEST_F(EditTest, LinesThatAreNoStepsArePassedOverAndCounted) {
   GivenFile("blue.txt", "# blue\n08:00 10\n\n20:00 20\nand so on for some time\n");
   const Outcome outcome = Edit({"--steps", "1=@blue.txt"});
   EXPECT_EQ(outcome.status, kSuccess);
-  EXPECT_THAT(outcome.err, HasSubstr("Lines of blue.txt that are no steps and were passed over: 2\n"));
+  EXPECT_THAT(outcome.err, HasSubstr("Lines that are no steps and were passed over: 2\n"));
 }
 
 TEST_F(EditTest, StepsBeyondTheLimitAreThinnedOut) {
