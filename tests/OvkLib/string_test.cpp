@@ -121,6 +121,29 @@ TEST(String, WritingThroughTheObjectOpensItForSharingAgain) {
   EXPECT_TRUE(SharesBlock(text, copy));
 }
 
+TEST(String, WritingWithinTheBlockOpensItForSharingAgain) {
+  const std::pair<const char*, void (*)(Text&)> changes[] = {
+      {"push_back", [](Text& text) { text.push_back('!'); }},
+      {"append", [](Text& text) { text.append("!!", 2); }},
+      {"assign", [](Text& text) { text.assign("another text, too long for the object", 37); }},
+      {"resize", [](Text& text) { text.resize(50, '.'); }},
+      {"replace", [](Text& text) { text.replace(3, 1, "--", 2); }},
+      {"erase", [](Text& text) { text.erase(0, 1); }},
+      {"insert_zeros", [](Text& text) { text.insert_zeros(2); }},
+  };
+  for (const auto& [name, change] : changes) {
+    SCOPED_TRACE(name);
+    Text text(kForty);
+    text.reserve(200);
+    const char* const block = text.c_str();
+    text.writable();
+    change(text);
+    ASSERT_EQ(text.c_str(), block) << "or it is a block that never was held";
+    const Text copy(text);
+    EXPECT_TRUE(SharesBlock(text, copy));
+  }
+}
+
 TEST(String, TakingAWritablePointerLeavesTheRing) {
   Text text(kForty);
   const Text copy(text);

@@ -206,6 +206,16 @@ TEST_F(SettingsFile, ShowsADevicesOwnNameUntilItIsRenamed) {
   EXPECT_THAT(Text(), HasSubstr("<device id='TC421-1'>Riff links</device>"));
 }
 
+TEST_F(SettingsFile, AnEmptyValueOfADeviceIsAValueAndNotTheFallback) {
+  Settings settings(file_);
+  settings.SetDeviceValue("device", "TC421-1", "Riff");
+  settings.SetDeviceValue("device", "TC421-1", "");
+  EXPECT_EQ(settings.GetDeviceValue("device", "TC421-1", "its own"), "");
+  ASSERT_TRUE(settings.Save());
+  Settings next(file_);
+  EXPECT_EQ(next.GetDeviceValue("device", "TC421-1", "its own"), "");
+}
+
 TEST_F(SettingsFile, ANameWithAnAmpersandComesBackThroughItsEntity) {
   Settings settings(file_);
   settings.SetDeviceValue("device", "A & B", "Sonne & Mond <'\">");
