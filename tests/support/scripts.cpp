@@ -212,6 +212,70 @@ void SecondStartBringsTheFileBack(User& user, const Folders& folders) {
   EXPECT_FALSE(user.IsRunning());
 }
 
+void OpenByCommandLineAndByDrop(User& user, const Folders& folders) {
+  const std::filesystem::path first = folders.examples / "planted-tank.xml";
+  const std::filesystem::path second = folders.examples / "reef-day.xml";
+  user.StartWith({first});
+  EXPECT_EQ(user.Title(), TitleOf(first));
+  Edit(user);
+  user.WillAnswer(Answer::Cancel);
+  user.DropFiles({second});
+  EXPECT_EQ(user.Title(), TitleOf(first));
+  user.WillAnswer(Answer::No);
+  user.DropFiles({second, first});
+  EXPECT_EQ(user.Title(), TitleOf(second));
+  EXPECT_THAT(user.Log(), HasSubstr("Only one file can be open: " + Utf8FromPath(second) + "\r\n"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
+void ReplaceAFileOnlyWhenAsked(User& user, const Folders& folders) {
+  const std::filesystem::path taken = folders.work / "taken.xml";
+  std::filesystem::copy_file(folders.examples / "planted-tank.xml", taken);
+  const std::string before = Bytes(taken);
+  user.Start();
+  user.WillPick({taken});
+  user.WillAnswer(Answer::No);
+  ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
+  EXPECT_EQ(Bytes(taken), before);
+  EXPECT_EQ(user.Title(), "Lumarine - New program");
+  const std::vector<app::Question> asked = user.Questions();
+  ASSERT_THAT(asked, SizeIs(1)) << "ours alone, none of the file dialog";
+  EXPECT_EQ(asked[0].title, u"File exists");
+  user.WillPick({taken});
+  user.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
+  EXPECT_NE(Bytes(taken), before);
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
+void GetBackWhatCouldNotBeSaved(User& user, const Folders& folders) {
+  const std::filesystem::path stick = folders.work / "stick";
+  std::filesystem::create_directory(stick);
+  std::filesystem::copy_file(folders.examples / "reef-day.xml", stick / "tank.xml");
+  user.StartWith({stick / "tank.xml"});
+  const std::string original = user.Text(Control::ModeDescription);
+  Edit(user);
+  std::filesystem::remove_all(stick);
+  user.WillAnswer(Answer::Yes);
+  user.WillAnswer(Answer::Ok);
+  user.Close();
+  ASSERT_TRUE(user.IsRunning());
+  user.Close();
+  ASSERT_FALSE(user.IsRunning());
+
+  user.WillAnswer(Answer::Yes);
+  user.Start();
+  EXPECT_EQ(user.Title(), "Lumarine - New program");
+  EXPECT_NE(user.Text(Control::ModeDescription), original) << "it has a step more";
+  user.WillPick({folders.work / "saved.xml"});
+  ASSERT_TRUE(user.Choose(command::kSaveProgram));
+  EXPECT_FALSE(std::filesystem::exists(folders.documents / "LumarineRecovery-1.xml"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
 constexpr Script kScripts[] = {
     {"StartWithoutSettings", StartWithoutSettings},
     {"LoadAnExample", LoadAnExample},
@@ -222,6 +286,9 @@ constexpr Script kScripts[] = {
     {"WriteTheDeviceLog", WriteTheDeviceLog},
     {"ChangeTheWindowsSize", ChangeTheWindowsSize},
     {"SecondStartBringsTheFileBack", SecondStartBringsTheFileBack},
+    {"OpenByCommandLineAndByDrop", OpenByCommandLineAndByDrop},
+    {"ReplaceAFileOnlyWhenAsked", ReplaceAFileOnlyWhenAsked},
+    {"GetBackWhatCouldNotBeSaved", GetBackWhatCouldNotBeSaved},
     {"DrawADay", DrawADay},
     {"DeleteSteps", DeleteSteps},
     {"EditByMenu", EditByMenu},
