@@ -11,7 +11,8 @@ void AppState::BuildControls(const Shell& shell) {
   document = std::make_unique<ProgramDocument>(shell, program, undoStack, *ctrls, chartInput, savedProgram);
   menuBar = std::make_unique<MenuBar>(shell, selection);
   viewControl = std::make_unique<ViewControl>(shell, program, *ctrls, chartInput, *renderer);
-  powerControl = std::make_unique<ChannelPowerControl>(shell, selection, undoStack, chartInput);
+  powerControl = std::make_unique<ChannelPowerControl>(shell, selection, undoStack, chartInput,
+                                                       ctrls->PowerSlider());
 }
 
 TCBase::Program::Mode& AppState::CurrentMode() {

@@ -21,21 +21,24 @@ constexpr std::int32_t kLastPosition = kLastZoomPosition;
 }  // namespace
 
 ChannelPowerControl::ChannelPowerControl(const Shell& shell, const StepSelection& selection,
-                                         UndoStack& undoStack, ChartInput& chartInput)
-    : shell_(shell), selection_(selection), undoStack_(undoStack), chartInput_(chartInput) {}
+                                         UndoStack& undoStack, ChartInput& chartInput, Slider& slider)
+    : shell_(shell),
+      selection_(selection),
+      undoStack_(undoStack),
+      chartInput_(chartInput),
+      slider_(slider) {}
 
 void ChannelPowerControl::Update() {
   const Channel* channel = SelectedChannel(selection_);
   const std::int32_t power = std::max(TruncateToInt(channel != nullptr ? ChannelPower(*channel) : 0.0F), 0);
-  ControlsPort& controls = shell_.controls;
-  if (power == controls.SliderPosition(Control::PowerSlider)) return;
-  controls.SetSliderRange(Control::PowerSlider, kMostPower, kPage, kPage);
-  controls.SetSliderPosition(Control::PowerSlider, power);
-  controls.SetEnabled(Control::PowerSlider, power != 0);
+  if (power == slider_.Position()) return;
+  slider_.SetRange(kMostPower, kPage, kPage);
+  slider_.SetPosition(power);
+  slider_.SetEnabled(power != 0);
 }
 
 void ChannelPowerControl::OnSlider(int code, int position) {
-  std::int32_t power = shell_.controls.SliderPosition(Control::PowerSlider);
+  std::int32_t power = slider_.Position();
   switch (code) {
     case scroll::kLineBack:
     case scroll::kPageBack:  // by one as well, not by the page
@@ -67,7 +70,7 @@ void ChannelPowerControl::OnSlider(int code, int position) {
     undoStack_.Snapshot();
     lastPower_ = power;
   }
-  shell_.controls.SetSliderPosition(Control::PowerSlider, power);
+  slider_.SetPosition(power);
   if (Channel* channel = SelectedChannel(selection_)) ScaleChannel(*channel, static_cast<float>(power));
   chartInput_.InvalidateChart();
   shell_.mainWindow.TakeFocus();

@@ -6,6 +6,7 @@
 
 #include "app/chart_input.h"
 #include "app/ports.h"
+#include "app/slider.h"
 #include "app/undo_stack.h"
 #include "program/program.h"
 
@@ -14,7 +15,7 @@ namespace app {
 class ChannelPowerControl {
  public:
   ChannelPowerControl(const Shell& shell, const TCBase::Program::StepSelection& selection,
-                      UndoStack& undoStack, ChartInput& chartInput);
+                      UndoStack& undoStack, ChartInput& chartInput, Slider& slider);
 
   /// Shows the selected channel's power, 0 without one; nothing happens if the slider stands there already.
   /// The slider is disabled at 0: a channel without light cannot be scaled.
@@ -33,6 +34,7 @@ class ChannelPowerControl {
   const TCBase::Program::StepSelection& selection_;
   UndoStack& undoStack_;
   ChartInput& chartInput_;
+  Slider& slider_;
 
   void LogBeforeWheel(float power) const;
 

@@ -95,6 +95,9 @@ inline constexpr int kLogPaneLimit = 500000;
 /// Where the power slider stands at first; nothing but a change of position ever enables it.
 inline constexpr int kPowerSliderFirstPosition = 1;
 
+/// Where a slider ends before it is told.
+inline constexpr std::int32_t kSliderFirstMaximum = 100;
+
 /// The zoom slider's places: from the whole day to two hours.
 inline constexpr std::int32_t kLastZoomPosition = 22;
 

@@ -31,14 +31,19 @@ std::u16string FirstText(const ControlRow& row) {
 
 Ctrls::Ctrls(const Shell& shell, ModeListView& program, std::vector<TCBase::DeviceInfo>& devices,
              UX::ChartLayout& chartLayout)
-    : shell_(shell), program_(program), devices_(devices), chartLayout_(chartLayout) {}
+    : shell_(shell),
+      program_(program),
+      devices_(devices),
+      chartLayout_(chartLayout),
+      zoomSlider_(shell.controls, Control::ZoomSlider, kSliderFirstMaximum),
+      powerSlider_(shell.controls, Control::PowerSlider, kSliderFirstMaximum) {}
 
 void Ctrls::CreateControls() {
   const UX::Rect& client = chartLayout_.clientRect;
   for (const ControlRow& row : ControlTable()) {
     shell_.controls.Create(row, FirstText(row), row.rect.At(client.width, client.height));
   }
-  shell_.controls.SetSliderPosition(Control::PowerSlider, kPowerSliderFirstPosition);
+  powerSlider_.SetPosition(kPowerSliderFirstPosition);
   shell_.platform.Do(PlatformStep::SetDefaultFont);
 }
 
@@ -117,8 +122,8 @@ void Ctrls::UpdateScrollBar() {
 
 void Ctrls::UpdateZoomSlider() {
   const float hours = static_cast<float>(program_.viewEnd - program_.viewStart) / 3600.0F;
-  shell_.controls.SetSliderRange(Control::ZoomSlider, kLastZoomPosition, 1, 0);
-  shell_.controls.SetSliderPosition(Control::ZoomSlider, TruncateToInt(kMaxViewHours - hours));
+  zoomSlider_.SetRange(kLastZoomPosition, 1, 0);
+  zoomSlider_.SetPosition(TruncateToInt(kMaxViewHours - hours));
 }
 
 void Ctrls::ShowDemoStatus(TCBase::DemoState& record) {

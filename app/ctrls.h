@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/ports.h"
+#include "app/slider.h"
 #include "chart/chart_layout.h"
 #include "devices/demo_state.h"
 #include "devices/device_info.h"
@@ -49,6 +50,9 @@ class Ctrls {
   void UpdateScrollBar();
   void UpdateZoomSlider();
 
+  Slider& ZoomSlider() { return zoomSlider_; }
+  Slider& PowerSlider() { return powerSlider_; }
+
   // Demo.
 
   /// Play button, status, time and power from a record of a demo; controls that edit are disabled unless it
@@ -74,6 +78,9 @@ class Ctrls {
   TCBase::Program::ModeListView& program_;
   std::vector<TCBase::DeviceInfo>& devices_;
   UX::ChartLayout& chartLayout_;
+
+  Slider zoomSlider_;
+  Slider powerSlider_;
 };
 
 }  // namespace app

@@ -82,12 +82,11 @@ class ControlsPort {
   virtual void SetScrollBar(const TCBase::Program::ViewScrollInfo& info) = 0;
   /// `tick` 0 leaves the ticks as they are.
   virtual void SetSliderRange(Control slider, std::int32_t maximum, std::int32_t page, std::int32_t tick) = 0;
-  /// Positions off the range go to its nearest end.
+  /// `position` is within the range.
   virtual void SetSliderPosition(Control slider, std::int32_t position) = 0;
-  virtual std::int32_t SliderPosition(Control slider) const = 0;
 };
 
-/// The text of the log pane, with a caret whose colour is that of what is put in next.
+/// The text of the log pane. The user can put the caret anywhere in it and select parts of it.
 class LogPanePort {
  public:
   virtual ~LogPanePort() = default;
@@ -95,7 +94,7 @@ class LogPanePort {
   virtual std::size_t Length() const = 0;
   /// Selects everything and removes it.
   virtual void Clear() = 0;
-  /// Colours the selection, or, where it is empty, what is put in at the caret. 0x00BBGGRR.
+  /// Colours the selection, and all that is put in from now on, wherever the caret goes. 0x00BBGGRR.
   virtual void SetSelectionColor(std::uint32_t color) = 0;
   virtual void MoveCaret(std::size_t position) = 0;
   /// Puts the text in the place of the selection; the caret stands behind it.

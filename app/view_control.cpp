@@ -63,9 +63,10 @@ void ViewControl::OnScrollBar(int code, int position) {
 }
 
 void ViewControl::OnZoomSlider(int code, int position) {
-  const std::int32_t place = ZoomedTo(shell_.controls.SliderPosition(Control::ZoomSlider), code, position);
+  Slider& slider = ctrls_.ZoomSlider();
+  const std::int32_t place = ZoomedTo(slider.Position(), code, position);
   SetViewFromSlider(program_, place);
-  shell_.controls.SetSliderPosition(Control::ZoomSlider, place);
+  slider.SetPosition(place);
   ctrls_.UpdateScrollBar();
   renderer_.Relayout();
   chartInput_.InvalidateChart();

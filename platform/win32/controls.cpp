@@ -179,8 +179,4 @@ void Controls::SetSliderPosition(app::Control slider, std::int32_t position) {
   Send(slider, TBM_SETPOS, TRUE, position);
 }
 
-std::int32_t Controls::SliderPosition(app::Control slider) const {
-  return static_cast<std::int32_t>(Send(slider, TBM_GETPOS));
-}
-
 }  // namespace win32

@@ -42,7 +42,6 @@ class Controls final : public app::ControlsPort {
   void SetSliderRange(app::Control slider, std::int32_t maximum, std::int32_t page,
                       std::int32_t tick) override;
   void SetSliderPosition(app::Control slider, std::int32_t position) override;
-  std::int32_t SliderPosition(app::Control slider) const override;
 
  private:
   struct Item {

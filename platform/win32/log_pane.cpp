@@ -27,6 +27,11 @@ void LogPane::Clear() {
 }
 
 void LogPane::SetSelectionColor(std::uint32_t color) {
+  color_ = color;
+  ColorSelection(color);
+}
+
+void LogPane::ColorSelection(std::uint32_t color) {
   CHARFORMATW format{};
   format.cbSize = sizeof format;
   format.dwMask = CFM_COLOR;
@@ -42,6 +47,8 @@ void LogPane::MoveCaret(std::size_t position) {
 }
 
 void LogPane::ReplaceSelection(std::u16string_view text) {
+  // The control forgets the colour of its empty selection with every move of the caret.
+  if (color_) ColorSelection(*color_);
   Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(WideText(text).c_str()));
 }
 

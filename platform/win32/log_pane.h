@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "app/ports.h"
 #include "platform/win32/controls.h"
 
@@ -19,9 +21,11 @@ class LogPane final : public app::LogPanePort {
 
  private:
   LRESULT Send(UINT message, WPARAM first, LPARAM second) const;
+  void ColorSelection(std::uint32_t color);
   void Select(std::int32_t begin, std::int32_t end);
 
   const Controls& controls_;
+  std::optional<std::uint32_t> color_;  // of what is put in, once that was told
 };
 
 }  // namespace win32

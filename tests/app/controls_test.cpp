@@ -223,6 +223,13 @@ TEST_F(Controls, TheZoomSliderStopsAtItsEnds) {
   EXPECT_EQ(Program().viewEnd - Program().viewStart, 2 * 3600);
 }
 
+TEST_F(Controls, AClickBesideTheThumbMovesTheZoomSliderByOneWhateverItsOwnPage) {
+  Desk().controls.SetSliderRange(Control::ZoomSlider, 22, 4, 0);
+  user.Scroll(Control::ZoomSlider, scroll::kPageForward);
+  EXPECT_EQ(user.SliderPosition(Control::ZoomSlider), 1);
+  EXPECT_EQ(Program().viewEnd - Program().viewStart, 23 * 3600);
+}
+
 // Power slider
 
 TEST_F(Controls, ThePowerSliderShowsTheSelectedChannelsHighestValue) {
@@ -290,6 +297,19 @@ TEST_F(Controls, ADragOfThePowerSliderIsOneEntry) {
   user.Choose(app::command::kUndo);
   EXPECT_FLOAT_EQ(Channel(2)[0].value, 40.0F);
   EXPECT_EQ(user.SliderPosition(Control::PowerSlider), 40);
+}
+
+TEST_F(Controls, EachDragOfThePowerSliderIsAnEntryOfItsOwn) {
+  GivenSteps(2, {{480, 40.0F}});
+  user.State().powerControl->Update();
+  for (const int target : {50, 70}) {
+    user.Scroll(Control::PowerSlider, scroll::kThumbMoving, target - 5);
+    user.Scroll(Control::PowerSlider, scroll::kThumbMoving, target);
+    user.Scroll(Control::PowerSlider, scroll::kThumbReleased);
+  }
+  EXPECT_EQ(UndoDepth(), 2);
+  user.Choose(app::command::kUndo);
+  EXPECT_FLOAT_EQ(Channel(2)[0].value, 50.0F);
 }
 
 TEST_F(Controls, ADragThatBeginsAtZeroMakesNoEntry) {
@@ -382,6 +402,36 @@ TEST_F(Controls, LinesBehindAWarningAreRedToo) {
   EXPECT_EQ(Desk().logPane.ColorAt(before), 255U);
   EXPECT_EQ(Desk().logPane.ColorAt(Desk().logPane.Length() - 1), 255U);
   EXPECT_THAT(user.Log(), testing::EndsWith("black\r\ncareful\r\nstill red\r\n"));
+}
+
+TEST_F(Controls, LinesBehindAWarningStayRedWhenThePaneWasEmptied) {
+  LogWarning("careful");
+  user.Settle();
+  user.State().ctrls->AppendLog(std::string(20481 - Desk().logPane.Length(), 'x'), 0);
+  user.State().ctrls->AppendLog("one more", 0);
+  ASSERT_EQ(Desk().logPane.Text(), u"one more");
+  EXPECT_EQ(Desk().logPane.ColorAt(0), 255U);
+}
+
+TEST_F(Controls, ALineComesLastWhereverTheUserHasPutTheCaret) {
+  user.State().ctrls->AppendLog("first\r\n", 0);
+  const std::u16string before = Desk().logPane.Text();
+  for (const std::size_t end : {std::size_t{0}, std::size_t{4}, before.size()}) {
+    Desk().logPane.Select(0, end);
+    const std::u16string text = Desk().logPane.Text();
+    user.State().ctrls->AppendLog("next\r\n", 0);
+    EXPECT_EQ(Desk().logPane.Text(), text + u"next\r\n");
+  }
+}
+
+TEST_F(Controls, AWarningIsRedWhereverTheUserHasPutTheCaret) {
+  user.State().ctrls->AppendLog("first\r\n", 0);
+  const std::size_t begin = Desk().logPane.Length();
+  Desk().logPane.Select(0, 0);
+  LogWarning("careful");
+  user.Settle();
+  EXPECT_EQ(Desk().logPane.ColorAt(begin - 1), 0U) << "nothing was selected";
+  EXPECT_EQ(Desk().logPane.ColorAt(begin), 255U);
 }
 
 TEST_F(Controls, TheLogPaneScrollsToItsEnd) {

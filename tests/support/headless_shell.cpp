@@ -150,22 +150,43 @@ void Controls::SetSliderPosition(app::Control slider, std::int32_t position) {
   state.position = std::clamp(position, 0, state.maximum);
 }
 
-std::int32_t Controls::SliderPosition(app::Control slider) const {
-  return states_.at(slider).position;
+void Controls::MoveSlider(app::Control slider, int code, std::int32_t position) {
+  namespace scroll = app::scroll;
+  const ControlState& state = states_.at(slider);
+  const std::map<int, std::int32_t> targets = {
+      {scroll::kLineBack, state.position - 1},          {scroll::kLineForward, state.position + 1},
+      {scroll::kPageBack, state.position - state.page}, {scroll::kPageForward, state.position + state.page},
+      {scroll::kThumbMoving, position},                 {scroll::kFirst, 0},
+      {scroll::kLast, state.maximum},
+  };
+  if (const auto target = targets.find(code); target != targets.end()) {
+    SetSliderPosition(slider, target->second);
+  }
 }
 
 // LogPane
 
 void LogPane::Clear() {
-  text_.clear();
-  colors_.clear();
-  caret_ = 0;
+  Select(0, text_.size());
+  ReplaceSelection({});
+}
+
+void LogPane::Select(std::size_t begin, std::size_t end) {
+  selectionBegin_ = std::min(begin, text_.size());
+  selectionEnd_ = std::min(end, text_.size());
+}
+
+void LogPane::SetSelectionColor(std::uint32_t color) {
+  color_ = color;
+  for (std::size_t i = selectionBegin_; i < selectionEnd_; ++i) colors_[i] = color;
 }
 
 void LogPane::ReplaceSelection(std::u16string_view text) {
-  text_.insert(caret_, text);
-  colors_.insert(colors_.begin() + static_cast<std::ptrdiff_t>(caret_), text.size(), caretColor_);
-  caret_ += text.size();
+  text_.replace(selectionBegin_, selectionEnd_ - selectionBegin_, text);
+  const auto begin = colors_.begin() + static_cast<std::ptrdiff_t>(selectionBegin_);
+  const auto end = colors_.begin() + static_cast<std::ptrdiff_t>(selectionEnd_);
+  colors_.insert(colors_.erase(begin, end), text.size(), color_);
+  MoveCaret(selectionBegin_ + text.size());
 }
 
 // Menu

@@ -91,10 +91,12 @@ class Controls final : public app::ControlsPort {
   void SetSliderRange(app::Control slider, std::int32_t maximum, std::int32_t page,
                       std::int32_t tick) override;
   void SetSliderPosition(app::Control slider, std::int32_t position) override;
-  std::int32_t SliderPosition(app::Control slider) const override;
 
   /// What a user's click does.
   void SelectRow(app::Control list, std::int32_t row, bool selected);
+  /// What a slider does before it tells of a click, a key or a drag; `position` is where the thumb is dragged.
+  void MoveSlider(app::Control slider, int code, std::int32_t position);
+  std::int32_t SliderPosition(app::Control slider) const { return states_.at(slider).position; }
   std::int32_t RowCount(app::Control list) const;
   const ControlState& At(app::Control control) const { return states_.at(control); }
   bool Exists(app::Control control) const { return states_.contains(control); }
@@ -107,25 +109,28 @@ class Controls final : public app::ControlsPort {
   std::map<app::Control, ControlState> states_;
 };
 
-/// A rich text of one caret. What is put in has the caret's colour; the caret keeps it.
+/// A rich text with a caret and a selection, which the user moves too.
 class LogPane final : public app::LogPanePort {
  public:
   std::size_t Length() const override { return text_.size(); }
   void Clear() override;
-  void SetSelectionColor(std::uint32_t color) override { caretColor_ = color; }
-  void MoveCaret(std::size_t position) override { caret_ = position; }
+  void SetSelectionColor(std::uint32_t color) override;
+  void MoveCaret(std::size_t position) override { Select(position, position); }
   void ReplaceSelection(std::u16string_view text) override;
   void ScrollToBottom() override { ++scrolls; }
 
   const std::u16string& Text() const { return text_; }
   std::uint32_t ColorAt(std::size_t position) const { return colors_.at(position); }
+  /// What a drag of the mouse over the text does; a click, if both ends are one.
+  void Select(std::size_t begin, std::size_t end);
   int scrolls = 0;
 
  private:
   std::u16string text_;
   std::vector<std::uint32_t> colors_;  // one for each unit of the text
-  std::size_t caret_ = 0;
-  std::uint32_t caretColor_ = 0;
+  std::size_t selectionBegin_ = 0;
+  std::size_t selectionEnd_ = 0;
+  std::uint32_t color_ = 0;  // of what is put in
 };
 
 struct MenuItem {

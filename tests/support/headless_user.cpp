@@ -187,6 +187,8 @@ void HeadlessUser::DoubleClickRow(app::Control list, int row) {
 }
 
 void HeadlessUser::Scroll(app::Control bar, int code, int position) {
+  if (!IsEnabled(bar)) return;
+  if (bar != app::Control::ScrollBar) desktop_->controls.MoveSlider(bar, code, position);
   Push([bar, code, position](app::Application& application) {
     application.mainWindow.OnHorizontalScroll(bar, code, position);
   });

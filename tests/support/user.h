@@ -57,7 +57,8 @@ class User {
   /// The same with Ctrl held: the row's own selection turns round, if the list allows of several.
   virtual void CtrlClickRow(app::Control list, int row) = 0;
   virtual void DoubleClickRow(app::Control list, int row) = 0;
-  /// An event of a scroll bar or slider; codes of app::scroll.
+  /// Moves a scroll bar or slider, codes of app::scroll. A slider stands elsewhere already when it tells of
+  /// that, and does nothing while it is disabled.
   virtual void Scroll(app::Control bar, int code, int position = 0) = 0;
 
   // The mouse on the chart, in the chart window's coordinates; points may lie beside it.
