@@ -39,6 +39,9 @@ class DialogWindow {
   virtual std::u16string Text(int control, std::size_t units) const = 0;
   virtual void SetEnabled(int control, bool enabled) = 0;
   virtual void Hide(int control) = 0;
+  /// Puts the keyboard's focus there. Called as the dialog opens, it takes the place of the first control
+  /// that the Tab key gets to.
+  virtual void GiveFocus(int control) = 0;
 
   // Edit fields.
   /// The user can enter this many UTF-16 units.

@@ -46,6 +46,8 @@ void DlgAbout::OnInit(DialogWindow& window) {
   window.SetText(id::kFirstTerms, Message(product::kFirstTerms).ToWide());
   window.SetText(id::kSecondTerms, Message(product::kSecondTerms).ToWide());
   for (const Link& link : kLinks) window.SetText(link.control, Message(link.caption).ToWide());
+  // The first control is a link, and Enter on it would open a mail program.
+  window.GiveFocus(kOk);
 }
 
 bool DlgAbout::OnControl(DialogWindow& window, int control, int) {

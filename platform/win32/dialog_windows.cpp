@@ -29,7 +29,8 @@ INT_PTR RunningDialog::DlgProc(HWND window, UINT message, WPARAM first, LPARAM) 
   switch (message) {
     case WM_INITDIALOG:
       Open(window);
-      return TRUE;
+      // TRUE leaves it to the system to find the first control for the focus.
+      return window_->HasGivenFocus() ? FALSE : TRUE;
     case WM_COMMAND:
       return dialog_.OnCommand(*window_, LOWORD(first), HIWORD(first)) ? TRUE : FALSE;
     case DialogTarget::kMessage:

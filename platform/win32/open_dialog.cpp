@@ -120,6 +120,12 @@ void OpenDialog::Hide(int control) {
   ShowWindow(Item(control), SW_HIDE);
 }
 
+void OpenDialog::GiveFocus(int control) {
+  focusGiven_ = true;
+  // Not SetFocus, which leaves the mark of the default button where it was.
+  SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(control)), TRUE);
+}
+
 // Edit fields
 
 void OpenDialog::LimitText(int control, std::int32_t units) {

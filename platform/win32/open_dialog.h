@@ -46,6 +46,7 @@ class OpenDialog final : public dialogs::DialogWindow {
   std::u16string Text(int control, std::size_t units) const override;
   void SetEnabled(int control, bool enabled) override;
   void Hide(int control) override;
+  void GiveFocus(int control) override;
   void LimitText(int control, std::int32_t units) override;
   void AcceptDigitsOnly(int control) override;
   void ClearRows(int control) override;
@@ -61,6 +62,9 @@ class OpenDialog final : public dialogs::DialogWindow {
   std::shared_ptr<EventTarget> Target() override { return target_; }
   void End(int result) override;
 
+  /// The dialog's rules have chosen what has the focus.
+  bool HasGivenFocus() const { return focusGiven_; }
+
   /// Moves the window as far as it takes to have all of it on the screen.
   void KeepOnScreen();
 
@@ -71,6 +75,7 @@ class OpenDialog final : public dialogs::DialogWindow {
   const HWND window_;
   const HWND owner_;
   const std::shared_ptr<DialogTarget> target_;
+  bool focusGiven_ = false;
 };
 
 /// `place`, moved as far as it takes to lie within `area`; by its left top where it is larger.

@@ -263,4 +263,11 @@ TEST_F(DeviceDialogs, AboutIsOneKeyAway) {
   EXPECT_THAT(Desk().dialogs.links, SizeIs(1));
 }
 
+TEST_F(DeviceDialogs, EnterLeavesAboutAndOpensNoLink) {
+  user.WillFill({PressEnter()});
+  user.Choose(command::kAbout);
+  EXPECT_THAT(user.Dialogs(), SizeIs(1));
+  EXPECT_THAT(Desk().dialogs.links, IsEmpty());
+}
+
 }  // namespace

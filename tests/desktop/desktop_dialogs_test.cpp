@@ -195,6 +195,8 @@ TEST_F(DesktopDialogs, AboutSaysWhatTheProgramIs) {
   }
   user.WillFill({PressEscape()});
   ASSERT_TRUE(user.Choose(command::kAbout));
+  user.WillFill({PressEnter()});
+  ASSERT_TRUE(user.Choose(command::kAbout)) << "the focus is on OK, and not on a link";
 }
 
 TEST_F(DesktopDialogs, OnlyDevicesInTheNetworkAreRenamed) {

@@ -112,6 +112,10 @@ class Window final : public dialogs::DialogWindow {
   }
   void SetEnabled(int control, bool enabled) override { At(control).enabled = enabled; }
   void Hide(int control) override { At(control).visible = false; }
+  void GiveFocus(int control) override {
+    if (!At(control).TakesFocus()) Mistake(Title() + ": no focus for " + std::to_string(control));
+    focus_ = control;
+  }
   void LimitText(int control, std::int32_t units) override {
     Expect(control, ControlKind::Edit).limit = static_cast<std::size_t>(units);
   }
@@ -230,6 +234,7 @@ SeenDialog Window::Look() const {
 }
 
 void Window::TakeFirstFocus() {
+  if (focus_ != dialogs::kNoControl) return;
   const auto first = std::ranges::find_if(controls_, &Control::TakesFocus);
   if (first != controls_.end()) focus_ = first->row.id;
 }
