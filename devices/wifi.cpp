@@ -7,6 +7,7 @@
 #include "common/log.h"
 #include "common/message.h"
 #include "devices/operations.h"
+#include "devices/shown_name.h"
 #include "devices/tc421.h"
 
 namespace TCBase {
@@ -80,6 +81,11 @@ bool SendConfig(DeviceBase& device, const DeviceInfo& info, const WifiNetworkCon
                   "Error setting WiFi password");
     default:
       // Not an error: there is nothing that a controller could be told.
+      LogWarning(
+          Message("Nothing was sent to {1}: no security type is chosen for the network {2}. Choose one "
+                  "and set it up again.",
+                  ShownName(info.name), ShownName(config.ssid))
+              .utf8());
       return true;
   }
 }

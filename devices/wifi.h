@@ -53,7 +53,7 @@ struct WifiNetworkConfig {
 
 /// Hands `config` to a controller; blocks for up to six seconds a packet if it stays silent. False, with a
 /// line for the user, if a packet is not acknowledged: the next one is not sent then. An invalid security
-/// sends nothing, and counts as a success. `exchange` takes what became of the packets.
+/// sends nothing, which a warning says, and counts as a success. `exchange` takes what became of the packets.
 bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config, Exchange* exchange = nullptr);
 
 }  // namespace TCBase

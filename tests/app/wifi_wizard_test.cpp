@@ -31,6 +31,7 @@ namespace search_id = dialogs::tc421_search_control;
 constexpr sim_network::Address kTank{192, 168, 4, 7};
 constexpr sim_network::Address kPond{192, 168, 4, 9};
 constexpr int kOpenAuth = 1;
+constexpr int kSharedKeyAuth = 2;
 constexpr int kWpa2Auth = 7;
 constexpr int kCcmp = 4;
 
@@ -109,6 +110,16 @@ TEST_F(WifiWizard, BringsAControllerIntoAnOpenNetwork) {
   EXPECT_EQ(Wifi()->ssid, "Attic");
   EXPECT_EQ(Wifi()->security, 0);
   EXPECT_TRUE(Wifi()->complete);
+}
+
+TEST_F(WifiWizard, WithoutASecurityTypeTheLogSaysThatNothingWasSent) {
+  sim_network::SetWifi(WifiQuery::Answered, {{"Old", kSharedKeyAuth, kCcmp}});
+  ASSERT_TRUE(RunWizard({Init(), FindOne(), {Press(config_id::kSetUp), Press(kOk)}, {Press(kOk)}}));
+  EXPECT_THAT(Told(), ElementsAre(kSuccess)) << "a security that is not known counts as one that is set";
+  EXPECT_FALSE(Wifi().has_value());
+  EXPECT_THAT(NewLog(),
+              testing::EndsWith("Setting up WiFi\nNothing was sent to Smart-123456: no security type "
+                                "is chosen for the network Old. Choose one and set it up again.\n"));
 }
 
 TEST_F(WifiWizard, CancelOnAnyPageEndsItThere) {

@@ -102,6 +102,10 @@ std::string TakeStatus() {
   return Take(statusLog);
 }
 
+std::string TakeWarnings() {
+  return Take(warningLog);
+}
+
 std::string TakeTrace() {
   return Take(deviceLog);
 }
@@ -123,6 +127,7 @@ void DeviceTest::SetUp() {
   TCBase::TakeCommand();
   TCBase::demoState.SetIdle();
   TakeStatus();
+  TakeWarnings();
   TakeTrace();
 }
 

@@ -41,6 +41,7 @@ std::string ToText(const std::vector<TCBase::DeviceInfo>& devices);
 
 /// Empties a channel and answers what it held, with plain line ends.
 std::string TakeStatus();
+std::string TakeWarnings();
 std::string TakeTrace();
 /// The trace lines that begin with "WritePacket: ", without that.
 std::vector<std::string> PacketsIn(const std::string& trace);

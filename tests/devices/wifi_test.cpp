@@ -234,11 +234,13 @@ TEST_F(WifiSetupTest, ASilentControllerCostsSixSeconds) {
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 6.0);
 }
 
-// A security that is none has no packets, and none of them fails.
+// A network that the user types has no security before he chooses one.
 TEST_F(WifiSetupTest, AnInvalidSecuritySendsNothingAndCountsAsSuccess) {
   EXPECT_TRUE(Setup(TCBase::SecurityInvalid));
   EXPECT_TRUE(Setup(static_cast<TCBase::WifiSecurity>(3)));
   EXPECT_EQ(TakeStatus(), "Setting up WiFi\nSetting up WiFi\n");
+  EXPECT_THAT(TakeWarnings(), testing::StartsWith("Nothing was sent to Smart-123456: no security type is "
+                                                  "chosen for the network Reef."));
   EXPECT_THAT(sim_network::Traffic(), IsEmpty());
 }
 
