@@ -1,11 +1,13 @@
 // Commands of the Device menu. What takes time is a job for the worker, which gets copies of the device list
 // and the program as they are at this moment.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
@@ -34,10 +36,20 @@ namespace {
 
 constexpr std::int32_t kSpeedLength = 20;
 
+/// A job for no device is done at once and logs nothing of its own.
+void TellIfNoneIsSelected(const std::vector<TCBase::DeviceInfo>& devices) {
+  if (std::any_of(devices.begin(), devices.end(), [](const auto& device) { return device.selected; })) return;
+  LogStatus(
+      Message("No device is selected. Connect one by its USB cable, or use \"{1}\" or \"{2}\" in the menu "
+              "\"{3}\", and select it in the list.",
+              Translate("Scan WiFi devices"), Translate("Add emulator"), Translate("Device")));
+}
+
 }  // namespace
 
 void Commands::SyncTime(int) {
   state_.worker.AddJob(TCBase::TimeSyncJob(state_.devices, state_.program, platform::LocalTime()));
+  TellIfNoneIsSelected(state_.devices);
 }
 
 void Commands::SetTime(int) {
@@ -50,20 +62,25 @@ void Commands::SetTime(int) {
                                  Message("Cancel").ToWide()};
   if (dialogs::DlgGetDateTime(shell_.dialogs, params).DoModal() != dialogs::kOk) return;
   state_.worker.AddJob(TCBase::TimeSyncJob(state_.devices, state_.program, params.dateTime));
+  TellIfNoneIsSelected(state_.devices);
 }
 
 void Commands::UploadProgram(int) {
   if (!CheckBeforeUpload(state_.program, state_.devices, shell_.questions)) return;
   state_.worker.AddJob(TCBase::UploadJob(state_.devices, state_.program));
+  TellIfNoneIsSelected(state_.devices);
 }
 
 void Commands::ClearAll(int) {
   state_.worker.AddJob(TCBase::ClearJob(state_.devices, state_.program));
+  TellIfNoneIsSelected(state_.devices);
 }
 
 void Commands::PlayDemo(int) {
+  const bool starts = TCBase::demoState.state == TCBase::StateIdle;
   app::PlayDemo(state_.worker, state_.devices, state_.program, shell_.settings.DemoSpeed(),
                 shell_.mainWindow);
+  if (starts) TellIfNoneIsSelected(state_.devices);
   state_.menuBar->RefreshNow(0, shell_.settings.LoggingEnabled());
 }
 

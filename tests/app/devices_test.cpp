@@ -12,6 +12,7 @@
 #include "common/files.h"
 #include "common/log.h"
 #include "devices/demo_state.h"
+#include "dialogs/dialog.h"
 #include "tests/app/app_test.h"
 #include "tests/program/program_fixture.h"
 #include "tests/support/sim_hidapi.h"
@@ -26,6 +27,7 @@ using program_test::GivenModeOfMergedSteps;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 namespace command = app::command;
 
@@ -104,6 +106,37 @@ TEST_F(Devices, AnUploadCarriesTheProgramAsItWasAtTheCommand) {
   EXPECT_EQ(NewLog(),
             "Configuring device TC420_Emulator\nUploading started\nUploading mode: Normal\nUploading mode: "
             "AlwaysOn\nUploading finished\nFinished configuring device TC420_Emulator\n");
+}
+
+// Nothing selected
+
+TEST_F(Devices, ACommandForNoDeviceSaysWhatToDo) {
+  GivenDevices({"TC420", "TC421"});
+  const std::string line =
+      "No device is selected. Connect one by its USB cable, or use \"Scan WiFi devices\" or \"Add emulator\" "
+      "in "
+      "the menu \"Device\", and select it in the list.\n";
+  for (const int number : {command::kUploadProgram, command::kSyncTime, command::kClearAll}) {
+    ASSERT_TRUE(user.Choose(number));
+    WaitForWorker();
+    EXPECT_EQ(NewLog(), line) << number;
+  }
+  user.WillFill({in_dialog::Press(dialogs::kOk)});
+  ASSERT_TRUE(user.Choose(command::kSetTime));
+  EXPECT_EQ(NewLog(), line);
+  ASSERT_TRUE(user.Choose(command::kPlayDemo));
+  WaitForWorker();
+  EXPECT_EQ(NewLog(), line);
+}
+
+TEST_F(Devices, ACommandForADeviceDoesNot) {
+  user.Choose(command::kAddEmulator);
+  for (const int number :
+       {command::kUploadProgram, command::kSyncTime, command::kClearAll, command::kPlayDemo}) {
+    ASSERT_TRUE(user.Choose(number));
+    WaitForWorker();
+    EXPECT_THAT(NewLog(), Not(HasSubstr("No device is selected"))) << number;
+  }
 }
 
 // Upload check
@@ -276,12 +309,14 @@ TEST_F(Devices, SpaceOnTheChartPausesAndResumes) {
 TEST_F(Devices, StopIsPostedWithoutTouchingTheDisplay) {
   GivenDemoAt(100);
   user.GetDesktop().application->mainWindow.OnTimer(app::kDemoTimer);
+  ASSERT_FALSE(user.MenuItem(command::kUploadProgram).enabled) << "a demo runs";
   user.Press(Control::StopButton);
   const auto posted = TCBase::TakeCommand();
   ASSERT_NE(posted, nullptr);
   EXPECT_EQ(posted->type, TCBase::CommandStop);
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Playing");
   EXPECT_TRUE(user.GetDesktop().menu.IsEnabled(command::kUploadProgram));
+  EXPECT_FALSE(user.GetDesktop().menu.IsEnabled(command::kStopDemo));
   GivenDemoAt(-1);
 }
 
