@@ -13,6 +13,7 @@
 #include "common/log.h"
 #include "devices/demo_state.h"
 #include "tests/app/app_test.h"
+#include "tests/support/files.h"
 #include "tests/support/sim_hidapi.h"
 #include "tests/support/virtual_clock.h"
 
@@ -73,6 +74,18 @@ TEST_F(BareDesktop, ShowsWhatWasLoggedMeanwhileWithTheFirstWakeUp) {
             u"Mode Normal steps count: 12\r\n");
 }
 
+TEST_F(BareDesktop, ThePowerSliderHasNothingToShowBeforeTheFirstStatus) {
+  ASSERT_TRUE(desktop_.application->StartUp());
+  EXPECT_EQ(desktop_.controls.SliderPosition(Control::PowerSlider), 0);
+  EXPECT_FALSE(desktop_.controls.At(Control::PowerSlider).enabled);
+}
+
+TEST_F(BareDesktop, TheMenuShowsThatLoggingIsOnBeforeTheFirstStatus) {
+  settings_.SetValue("logging", "on");
+  ASSERT_TRUE(desktop_.application->StartUp());
+  EXPECT_TRUE(desktop_.menu.Find(command::kLogging)->checked);
+}
+
 TEST_F(BareDesktop, EndsAtOnceWithoutAMainWindow) {
   desktop_.refuseWindow = true;
   EXPECT_EQ(desktop_.application->Run(), 0);
@@ -93,7 +106,7 @@ TEST_F(StartUp, FillsTheControls) {
   EXPECT_THAT(user.List(Control::DeviceList), IsEmpty());
   EXPECT_EQ(user.SliderPosition(Control::ZoomSlider), 0);
   EXPECT_EQ(user.SliderPosition(Control::PowerSlider), 0);
-  EXPECT_FALSE(user.IsEnabled(Control::PowerSlider) && user.SliderPosition(Control::PowerSlider) != 0);
+  EXPECT_TRUE(user.IsEnabled(Control::PowerSlider)) << "no demo runs";
   EXPECT_EQ(user.GetDesktop().controls.scrollBar.page, 1440);
   EXPECT_EQ(user.State().renderer->window, &user.GetDesktop().chart);
 }
@@ -164,6 +177,21 @@ TEST_F(StartUp, MarksLoggingFromTheSettings) {
   }
   user.Start();
   EXPECT_TRUE(user.GetDesktop().menu.Find(command::kLogging)->checked);
+}
+
+TEST_F(StartUp, LogsTheTrafficOfDevicesIfTheSettingsSaySo) {
+  for (const std::string value : {"off", "on"}) {
+    {
+      Settings settings(folder / "LumarineConfig.xml");
+      settings.SetValue("logging", value);
+      settings.Save();
+    }
+    user.Start();
+    LogDevice("a packet");
+    EXPECT_EQ(std::filesystem::exists(folder / "LumarineLog.txt"), value == "on");
+    user.Close();
+  }
+  EXPECT_THAT(BytesOf(folder / "LumarineLog.txt"), HasSubstr("a packet\r\n"));
 }
 
 TEST_F(StartUp, FromThenOnControllersThatComeAndGoAreListed) {
