@@ -8,11 +8,12 @@ AppState::AppState(const Shell& shell)
 
 void AppState::BuildControls(const Shell& shell) {
   ctrls = std::make_unique<Ctrls>(shell, program, devices, chartLayout);
-  document = std::make_unique<ProgramDocument>(shell, program, undoStack, *ctrls, chartInput, savedProgram);
   menuBar = std::make_unique<MenuBar>(shell, selection);
   viewControl = std::make_unique<ViewControl>(shell, program, *ctrls, chartInput, *renderer);
-  powerControl = std::make_unique<ChannelPowerControl>(shell, selection, undoStack, chartInput,
-                                                       ctrls->PowerSlider());
+  powerControl =
+      std::make_unique<ChannelPowerControl>(shell, selection, undoStack, chartInput, ctrls->PowerSlider());
+  document = std::make_unique<ProgramDocument>(shell, program, undoStack, *ctrls, *powerControl, chartInput,
+                                               savedProgram);
 }
 
 TCBase::Program::Mode& AppState::CurrentMode() {

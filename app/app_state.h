@@ -43,10 +43,10 @@ struct AppState {
 
   // Null until BuildControls().
   std::unique_ptr<Ctrls> ctrls;
-  std::unique_ptr<ProgramDocument> document;
   std::unique_ptr<MenuBar> menuBar;
   std::unique_ptr<ViewControl> viewControl;
   std::unique_ptr<ChannelPowerControl> powerControl;
+  std::unique_ptr<ProgramDocument> document;
 
   /// Builds what speaks to the window, once there is one.
   void BuildControls(const Shell& shell);

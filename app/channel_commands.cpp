@@ -46,6 +46,7 @@ void Commands::PasteSteps(int) {
   if (!PasteChannelSteps(state_.selection)) return;
   LogStatus(Message("Pasted steps from clipboard"));
   state_.chartInput.InvalidateChart();
+  state_.ctrls->ShowModeDescription();
 }
 
 void Commands::MoveSteps(int down) {
@@ -65,6 +66,7 @@ void Commands::ClearSteps(int) {
   ClearChannel(state_.selection);
   LogStatus(Message("Cleared all steps"));
   state_.chartInput.InvalidateChart();
+  state_.ctrls->ShowModeDescription();
 }
 
 void Commands::NextColor(int) {
@@ -117,6 +119,7 @@ void Commands::TypeSteps(std::string_view title, TypedSteps use) {
     if (passedOver > 0) LogStatus(Message("Lines that are no steps and were passed over: {1}", passedOver));
     OptimizeMode(state_.CurrentMode());
     state_.chartInput.InvalidateChart();
+    state_.ctrls->ShowModeDescription();
   }
   shell_.mainWindow.TakeFocus();
 }

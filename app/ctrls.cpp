@@ -7,6 +7,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "OvkLib/src/ovk_format.h"
+#include "app/chart_hit.h"
 #include "app/demo_control.h"
 #include "common/message.h"
 #include "common/truncate.h"
@@ -58,6 +59,13 @@ void Ctrls::TranslateLabels() {
   for (const Control label : {Control::DevicesLabel, Control::PowerTitleLabel}) {
     shell_.controls.SetText(label, FirstText(RowOf(label)));
   }
+}
+
+void Ctrls::ShowProgram() {
+  FillModeList();
+  UpdateScrollBar();
+  UpdateZoomSlider();
+  if (secondOfMode_) ShowModeAt(*secondOfMode_);
 }
 
 void Ctrls::FillModeList() {
@@ -142,6 +150,7 @@ void Ctrls::ShowDemoStatus(TCBase::DemoState& record) {
     const std::lock_guard lock(record.stepMutex);
     step = record.step;
   }
+  secondOfMode_.reset();
   ShowTimeAndPower(record.position, step);
 
   shell_.controls.SetText(Control::PlayButton, WideFromUtf8(button));
@@ -150,6 +159,12 @@ void Ctrls::ShowDemoStatus(TCBase::DemoState& record) {
        {Control::ModeList, Control::AddModeButton, Control::DeleteModeButton, Control::PowerSlider}) {
     shell_.controls.SetEnabled(control, state == TCBase::StateIdle);
   }
+}
+
+void Ctrls::ShowModeAt(std::int32_t second) {
+  secondOfMode_ = second;
+  const Mode& mode = program_.modes.at(static_cast<std::size_t>(program_.currentMode));
+  ShowTimeAndPower(second, StrengthsAt(mode, second));
 }
 
 void Ctrls::ShowTimeAndPower(std::int32_t second, const ModeStep& step) {

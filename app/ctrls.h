@@ -4,6 +4,7 @@
 // they show. User interface thread, but for WakeLog.
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -28,6 +29,10 @@ class Ctrls {
   void MoveControls();
   /// After a change of language. "Zoom" stays as it was at the start.
   void TranslateLabels();
+
+  /// After another document has taken the place of the one shown: modes, view, and the read-outs, which stay
+  /// at the second that they show.
+  void ShowProgram();
 
   // Modes.
   void FillModeList();
@@ -60,6 +65,9 @@ class Ctrls {
   void ShowDemoStatus(TCBase::DemoState& record);
   void ShowTimeAndPower(std::int32_t second, const TCBase::Program::ModeStep& step);
 
+  /// The read-outs show a second of the day and what the current mode gives then.
+  void ShowModeAt(std::int32_t second);
+
   // Log.
 
   /// Sends statusLog and warningLog to the log pane from now on, until DisconnectLogs().
@@ -79,6 +87,7 @@ class Ctrls {
   std::vector<TCBase::DeviceInfo>& devices_;
   UX::ChartLayout& chartLayout_;
 
+  std::optional<std::int32_t> secondOfMode_;  // while the read-outs show the mode, and not a demo
   Slider zoomSlider_;
   Slider powerSlider_;
 };

@@ -1,7 +1,6 @@
 #include "app/main_window.h"
 
 #include "app/app_state.h"
-#include "app/chart_hit.h"
 #include "app/commands.h"
 #include "app/demo_control.h"
 #include "app/main_loop.h"
@@ -188,8 +187,7 @@ void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton) {
   state_.renderer->MouseMoved(x, y);
   state_.chartInput.OnMouseMove(x, y);
   if (IsDemoRunning()) return;  // the labels show the demo's time
-  const std::int32_t second = state_.chartInput.TimeAt(x);
-  state_.ctrls->ShowTimeAndPower(second, StrengthsAt(state_.CurrentMode(), second));
+  state_.ctrls->ShowModeAt(state_.chartInput.TimeAt(x));
 }
 
 void ChartWindow::OnLeftDown(std::int32_t x, std::int32_t y) {

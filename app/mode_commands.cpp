@@ -97,6 +97,7 @@ void Commands::DeleteMode(int) {
 void Commands::OptimizeForTC421(int) {
   TCBase::Program::OptimizeForTC421(state_.program);
   state_.chartInput.InvalidateChart();
+  state_.ctrls->ShowModeDescription();
 }
 
 void Commands::AddEndpoint(int second) {
@@ -104,6 +105,7 @@ void Commands::AddEndpoint(int second) {
   if (AddEndpointSteps(state_.program, second)) {
     state_.undoStack.CommitPending();
     state_.chartInput.InvalidateChart();
+    state_.ctrls->ShowModeDescription();
   } else {
     state_.undoStack.DropPending();
   }

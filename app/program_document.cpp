@@ -22,12 +22,13 @@ constexpr char kProgramName[] = "Lumarine";
 }  // namespace
 
 ProgramDocument::ProgramDocument(const Shell& shell, TCBase::Program::ModeListView& program,
-                                 UndoStack& undoStack, Ctrls& ctrls, ChartInput& chartInput,
-                                 SavedBaseline& savedProgram)
+                                 UndoStack& undoStack, Ctrls& ctrls, ChannelPowerControl& powerControl,
+                                 ChartInput& chartInput, SavedBaseline& savedProgram)
     : shell_(shell),
       program_(program),
       undoStack_(undoStack),
       ctrls_(ctrls),
+      powerControl_(powerControl),
       chartInput_(chartInput),
       savedProgram_(savedProgram),
       recoveryCopies_(shell.recoveryFolder) {}
@@ -171,7 +172,8 @@ void ProgramDocument::AfterLoad() {
   recoveryCopies_.OnReplaced();
   mayBeLost_ = false;
   program_.currentMode = 0;
-  ctrls_.FillModeList();
+  ctrls_.ShowProgram();
+  powerControl_.Update();
   chartInput_.InvalidateChart();
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/channel_power.h"
 #include "app/chart_input.h"
 #include "app/ctrls.h"
 #include "app/ports.h"
@@ -21,7 +22,8 @@ class ProgramDocument {
  public:
   /// All of these outlive the document.
   ProgramDocument(const Shell& shell, TCBase::Program::ModeListView& program, UndoStack& undoStack,
-                  Ctrls& ctrls, ChartInput& chartInput, SavedBaseline& savedProgram);
+                  Ctrls& ctrls, ChannelPowerControl& powerControl, ChartInput& chartInput,
+                  SavedBaseline& savedProgram);
 
   /// Asks whether to save, and saves, if the program is modified or a save of it failed without leaving a
   /// copy. False if it must not be given up: the user cancelled, or saving failed.
@@ -55,7 +57,7 @@ class ProgramDocument {
   /// Makes a file, or none if the path is empty, the current one: in the window's title and for the next
   /// start.
   void SetPath(const std::filesystem::path& path);
-  /// After the document was replaced: no history nor anything that waits to enter it, the first mode, lists
+  /// After the document was replaced: no history nor anything that waits to enter it, the first mode, controls
   /// and chart anew. A selection stays; its users check it.
   void AfterLoad();
   /// The live document counts as saved from now on.
@@ -72,6 +74,7 @@ class ProgramDocument {
   TCBase::Program::ModeListView& program_;
   UndoStack& undoStack_;
   Ctrls& ctrls_;
+  ChannelPowerControl& powerControl_;
   ChartInput& chartInput_;
   SavedBaseline& savedProgram_;
   RecoveryCopies recoveryCopies_;

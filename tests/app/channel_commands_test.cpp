@@ -128,6 +128,8 @@ TEST_F(ChannelCommands, StepsAreAddedFromText) {
   GivenSelection(1, -1);
   Choose(command::kManualStepsAdd, {Type(steps_id::kSteps, "10:00 80 J\n07:30 5"), Look(), Press(kOk)});
   EXPECT_EQ(Told(Channel(1)), "07:30 5, 08:00 10, 10:00 80 J, 12:00 20");
+  EXPECT_THAT(user.Text(app::Control::ModeDescription),
+              testing::HasSubstr("(Steps: " + std::to_string(CountModeSteps(Mode())) + ")"));
   EXPECT_EQ(NewLog(),
             "Added new step (Time: 10:00) (Strength: 80, Jump).\n"
             "Added new step (Time: 07:30) (Strength: 5).\n");

@@ -211,6 +211,26 @@ TEST_F(Commands, AClearedChannelHasTwoStepsAtZero) {
   EXPECT_EQ(Told(Channel(2)), "08:00 0, 22:00 0");
 }
 
+TEST_F(Commands, TheDescriptionCountsTheStepsOfTheModeAsItIs) {
+  const auto steps = [this] { return "(Steps: " + std::to_string(CountModeSteps(Mode())) + ")"; };
+  const auto choose = [&](int number) {
+    const std::string before = steps();
+    ASSERT_TRUE(user.Choose(number));
+    EXPECT_NE(steps(), before) << number;
+    EXPECT_THAT(user.Text(Control::ModeDescription), HasSubstr(steps())) << number;
+  };
+  choose(command::kEndpointStart);
+  for (const int lane : {0, 1, 2, 3}) {
+    GivenSelection(lane, -1);
+    user.Choose(command::kClearSteps);
+  }
+  GivenSteps(4, {{61, 10.0F}, {481, 20.0F}, {1021, 30.0F}});
+  user.Choose(command::kCopySteps);
+  choose(command::kClearSteps);
+  choose(command::kPasteSteps);
+  choose(command::kOptimizeForTC421);
+}
+
 TEST_F(Commands, ColoursFollowThePalette) {
   GivenSelection(3, -1);
   NewJournal();

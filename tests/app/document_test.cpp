@@ -10,6 +10,8 @@
 #include "app/program_document.h"
 #include "chart/chart_layout.h"
 #include "common/files.h"
+#include "program/builtin_modes.h"
+#include "program/program_file.h"
 #include "tests/app/app_test.h"
 #include "tests/support/files.h"
 
@@ -17,6 +19,9 @@ namespace {
 
 using app::Answer;
 using app::Control;
+using TCBase::Program::ModeListView;
+using TCBase::Program::NewProgram;
+using TCBase::Program::SaveProgram;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
@@ -71,6 +76,54 @@ TEST_F(Document, ANewProgramAfterALoadedOneIsAChange) {
   EXPECT_EQ(user.Title(), "Lumarine - New program");
   EXPECT_FALSE(ClosesWith(Answer::Cancel));
   EXPECT_TRUE(ClosesWith(Answer::No));
+}
+
+TEST_F(Document, TheControlsShowWhatWasLoaded) {
+  ModeListView tank = NewProgram();
+  tank.modes.front().name = "Tank";
+  tank.modes.front().channels[2] = {{8, 0, 30.0F}, {20, 0, 10.0F}};
+  for (const int lane : {0, 1, 3, 4}) {
+    tank.modes.front().channels[static_cast<std::size_t>(lane)] = {{12, 0, 7.0F}};
+  }
+  const std::filesystem::path file = folder / "Tank.xml";
+  ASSERT_TRUE(SaveProgram(tank, file));
+  GivenTheProgramRuns();
+  GivenSteps(2, {{480, 90.0F}});
+  user.State().powerControl->Update();
+  user.SendCommand(command::kZoomIn);
+  user.SendCommand(command::kZoomIn);
+  user.MoveMouse(452, 60);
+  const std::string time = user.Text(Control::TimeLabel);
+  const std::string power = user.Text(Control::PowerLabel);
+  user.WillAnswer(Answer::No);
+  user.WillPick({file});
+  ASSERT_TRUE(user.Choose(command::kLoadProgram));
+  EXPECT_THAT(user.Text(Control::ModeDescription), testing::StartsWith("Mode Tank (Steps: "));
+  EXPECT_EQ(user.SliderPosition(Control::PowerSlider), 30);
+  EXPECT_EQ(user.SliderPosition(Control::ZoomSlider), 0);
+  EXPECT_EQ(user.GetDesktop().controls.scrollBar.page, 1440);
+  EXPECT_EQ(user.Text(Control::TimeLabel), time);
+  EXPECT_NE(user.Text(Control::PowerLabel), power);
+  EXPECT_THAT(user.Text(Control::PowerLabel), testing::MatchesRegex("7 7 [12]. 7 7"));
+}
+
+TEST_F(Document, TheControlsShowANewProgramToo) {
+  GivenTheProgramRuns();
+  GivenSteps(2, {{480, 90.0F}});
+  user.State().powerControl->Update();
+  user.SendCommand(command::kZoomIn);
+  user.WillAnswer(Answer::No);
+  ASSERT_TRUE(user.Choose(command::kNewProgram));
+  EXPECT_THAT(user.Text(Control::ModeDescription), testing::StartsWith("Mode Normal (Steps: 12)"));
+  EXPECT_NE(user.SliderPosition(Control::PowerSlider), 90);
+  EXPECT_EQ(user.SliderPosition(Control::ZoomSlider), 0);
+}
+
+TEST_F(Document, TheReadOutsOfADemoAreNotTheProgramsToChange) {
+  GivenTheProgramRuns();
+  const std::string power = user.Text(Control::PowerLabel);
+  user.Choose(command::kNewProgram);
+  EXPECT_EQ(user.Text(Control::PowerLabel), power);
 }
 
 TEST_F(Document, WhatWasUndoneToTheLastSaveNeedsNoQuestion) {
