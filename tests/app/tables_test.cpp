@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/control_table.h"
@@ -73,6 +74,31 @@ TEST(ControlTable, TranslatesFourTexts) {
     if (row.translated) translated.emplace_back(row.text);
   }
   EXPECT_THAT(translated, testing::ElementsAre("Demo controls", "Channel power", "Devices", "Zoom"));
+}
+
+TEST(ControlTable, GivesEachTraitToTheControlsThatHaveIt) {
+  using List = std::vector<Control>;
+  const List labels = {Control::DemoStatusLabel, Control::TimeLabel,    Control::PowerLabel,
+                       Control::PowerTitleLabel, Control::DevicesLabel, Control::ZoomLabel,
+                       Control::ModeDescription};
+  const std::pair<unsigned, List> rows[] = {
+      {app::style::kNotifies, {Control::ModeList, Control::DeviceList}},
+      {app::style::kMultiSelection, {Control::DeviceList}},
+      {app::style::kVerticalScroll, {Control::ModeList, Control::DeviceList, Control::LogPane}},
+      {app::style::kBorder, {Control::ModeList, Control::DeviceList, Control::LogPane}},
+      {app::style::kSunken, labels},
+      {app::style::kDisabledAtFirst, {Control::PowerSlider}},
+      {app::style::kAutoTicks, {Control::PowerSlider, Control::ZoomSlider}},
+      {app::style::kMultiLine, {Control::LogPane}},
+      {app::style::kReadOnly, {Control::LogPane}},
+  };
+  for (const auto& [trait, expected] : rows) {
+    List found;
+    for (const app::ControlRow& row : app::ControlTable()) {
+      if ((row.style & trait) != 0) found.push_back(row.control);
+    }
+    EXPECT_EQ(found, expected) << "trait " << trait;
+  }
 }
 
 // "32784 32777 - [Demo speed: 32914]" and so on.

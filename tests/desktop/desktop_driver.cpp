@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
 #include <thread>
 #include <utility>
 
 // after windows.h
 #include <commctrl.h>
 
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/files.h"
@@ -22,6 +25,13 @@ namespace desktop {
 namespace {
 
 constexpr int kWheelNotch = 120;
+
+/// What moves a slider or the scroll bar, by the code of the event.
+const std::map<int, WPARAM> kScrollKeys = {
+    {app::scroll::kLineBack, VK_LEFT},  {app::scroll::kLineForward, VK_RIGHT},
+    {app::scroll::kPageBack, VK_PRIOR}, {app::scroll::kPageForward, VK_NEXT},
+    {app::scroll::kFirst, VK_HOME},     {app::scroll::kLast, VK_END},
+};
 
 POINT OnScreen(HWND window, POINT point) {
   ClientToScreen(window, &point);
@@ -246,9 +256,67 @@ void DesktopUser::DoubleClickRow(app::Control list, int row) {
 }
 
 void DesktopUser::Scroll(app::Control bar, int code, int position) {
-  PostMessageW(program_->mainWindow(), WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, position)),
-               reinterpret_cast<LPARAM>(Handle(bar)));
+  const HWND control = Handle(bar);
+  if (!IsWindowEnabled(control)) return;
+  if (const auto key = kScrollKeys.find(code); key != kScrollKeys.end()) {
+    // Not through the queue, where the accelerators take most of these keys.
+    SendMessageW(control, WM_KEYDOWN, key->second, 0);
+    SendMessageW(control, WM_KEYUP, key->second, 0);
+  } else {
+    if (code == app::scroll::kThumbMoving) SendMessageW(control, TBM_SETPOS, TRUE, position);
+    PostMessageW(program_->mainWindow(), WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, position)),
+                 reinterpret_cast<LPARAM>(control));
+  }
   Settle();
+}
+
+void DesktopUser::ClickBesideThumb(app::Control bar, Side side) {
+  const RECT thumb = program_->LookAtThumb(bar).thumb;
+  RECT client{};
+  GetClientRect(Handle(bar), &client);
+  // The scroll bar has arrows at its ends, as wide as it is high.
+  const LONG arrow = bar == app::Control::ScrollBar ? client.bottom : 0;
+  const LONG x = side == Side::Before ? (arrow + thumb.left) / 2 : (thumb.right + client.right - arrow) / 2;
+  input::Click(OnScreen(Handle(bar), {x, client.bottom / 2}));
+  SettleInput();
+}
+
+void DesktopUser::DragThumb(app::Control bar, int toX) {
+  const RECT thumb = program_->LookAtThumb(bar).thumb;
+  const LONG fromX = (thumb.left + thumb.right) / 2;
+  const LONG y = (thumb.top + thumb.bottom) / 2;
+  input::MoveMouse(OnScreen(Handle(bar), {fromX, y}));
+  input::HoldButton(input::Button::Left);
+  SettleInput();
+  for (const LONG x : {fromX + (toX - fromX) / 3, fromX + (toX - fromX) * 2 / 3, static_cast<LONG>(toX)}) {
+    input::MoveMouse(OnScreen(Handle(bar), {x, y}));
+    SettleInput();
+  }
+  input::ReleaseButton(input::Button::Left);
+  SettleInput();
+}
+
+std::pair<int, int> DesktopUser::ScrollBar() {
+  const probe::Findings& found = program_->LookAtThumb(app::Control::ScrollBar);
+  return {found.page, found.position};
+}
+
+void DesktopUser::ClickLog() {
+  input::Click(OnScreen(Handle(app::Control::LogPane), {5, 8}));
+  SettleInput();
+}
+
+DWORD DesktopUser::StyleOf(app::Control control) {
+  return static_cast<DWORD>(GetWindowLongW(Handle(control), GWL_STYLE));
+}
+
+COLORREF DesktopUser::LogColor(const std::string& line) {
+  std::u16string before = WideFromUtf8(Log());
+  const std::size_t place = before.find(WideFromUtf8(line));
+  EXPECT_NE(place, std::u16string::npos) << line << " is not in the log";
+  before.resize(std::min(place, before.size()));
+  std::erase(before, u'\n');  // the pane counts the end of a line as one character
+  return program_->LookAtColor(static_cast<LONG>(before.size()));
 }
 
 void DesktopUser::MoveMouse(int x, int y) {

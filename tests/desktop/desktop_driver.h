@@ -84,6 +84,23 @@ class DesktopUser final : public User {
   /// The mouse's capture is taken from the chart, as by a window that comes up.
   void TakeCapture();
 
+  // The controls by the mouse.
+
+  /// Clicks in the middle between the thumb of a slider or the scroll bar and an end of it.
+  enum class Side { Before, Behind };
+  void ClickBesideThumb(app::Control bar, Side side);
+  /// Drags the thumb to that point of the control, by way of the points between.
+  void DragThumb(app::Control bar, int toX);
+  /// Page and position that the scroll bar shows, in minutes.
+  std::pair<int, int> ScrollBar();
+  /// Clicks into the first line that the log pane shows.
+  void ClickLog();
+
+  /// Style bits of a control's window.
+  DWORD StyleOf(app::Control control);
+  /// Colour of the first letter of `line`, which the log pane holds once. 0x00BBGGRR.
+  COLORREF LogColor(const std::string& line);
+
   /// What the screen shows of the chart, in the chart's coordinates.
   ScreenPicture ChartPicture();
 

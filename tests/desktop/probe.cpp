@@ -4,6 +4,7 @@
 
 // after windows.h
 #include <commctrl.h>
+#include <richedit.h>
 #include <shellapi.h>
 #include <shlobj.h>
 
@@ -53,12 +54,50 @@ void Drop(HWND window, const probe::Findings& findings) {
   PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
 }
 
+bool IsSlider(HWND control) {
+  wchar_t name[32]{};
+  GetClassNameW(control, name, ARRAYSIZE(name));
+  return lstrcmpiW(name, TRACKBAR_CLASSW) == 0;
+}
+
+void LookAtThumb(HWND control, probe::Findings& findings) {
+  if (IsSlider(control)) {
+    SendMessageW(control, TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&findings.thumb));
+    return;
+  }
+  SCROLLBARINFO bar{};
+  bar.cbSize = sizeof bar;
+  GetScrollBarInfo(control, static_cast<LONG>(OBJID_CLIENT), &bar);
+  findings.thumb = {bar.xyThumbTop, 0, bar.xyThumbBottom, bar.rcScrollBar.bottom - bar.rcScrollBar.top};
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  GetScrollInfo(control, SB_CTL, &info);
+  findings.page = static_cast<LONG>(info.nPage);
+  findings.position = info.nPos;
+}
+
+void LookAtColor(HWND pane, LONG character, probe::Findings& findings) {
+  CHARRANGE before{};
+  SendMessageW(pane, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&before));
+  CHARRANGE looked{character, character + 1};
+  SendMessageW(pane, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&looked));
+  CHARFORMATW format{};
+  format.cbSize = sizeof format;
+  SendMessageW(pane, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+  SendMessageW(pane, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&before));
+  const bool isTheSystems = (format.dwEffects & CFE_AUTOCOLOR) != 0;
+  findings.color = isTheSystems ? GetSysColor(COLOR_WINDOWTEXT) : format.crTextColor;
+}
+
 }  // namespace
 
 extern "C" __declspec(dllexport) LRESULT CALLBACK OnSent(int code, WPARAM first, LPARAM second) {
   static const UINT lookAtMenu = RegisterWindowMessageW(probe::kLookAtMenu);
   static const UINT lookAtPicker = RegisterWindowMessageW(probe::kLookAtPicker);
   static const UINT drop = RegisterWindowMessageW(probe::kDrop);
+  static const UINT lookAtThumb = RegisterWindowMessageW(probe::kLookAtThumb);
+  static const UINT lookAtColor = RegisterWindowMessageW(probe::kLookAtColor);
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(second);
   if (code >= 0 && sent.message == lookAtMenu && Shared() != nullptr) {
     Shared()->exists = LookIn(GetMenu(sent.hwnd), static_cast<UINT>(sent.wParam), true, *Shared());
@@ -66,6 +105,10 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK OnSent(int code, WPARAM first,
   if (code >= 0 && sent.message == drop && Shared() != nullptr) Drop(sent.hwnd, *Shared());
   if (code >= 0 && sent.message == lookAtPicker && Shared() != nullptr) {
     SendMessageW(sent.hwnd, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&Shared()->time));
+  }
+  if (code >= 0 && sent.message == lookAtThumb && Shared() != nullptr) LookAtThumb(sent.hwnd, *Shared());
+  if (code >= 0 && sent.message == lookAtColor && Shared() != nullptr) {
+    LookAtColor(sent.hwnd, static_cast<LONG>(sent.wParam), *Shared());
   }
   return CallNextHookEx(nullptr, code, first, second);
 }

@@ -20,6 +20,11 @@ inline constexpr wchar_t kLookAtMenu[] = L"LumarineProbeLookAtMenu";
 inline constexpr wchar_t kLookAtPicker[] = L"LumarineProbeLookAtPicker";
 /// Sent: take the files that the findings name for a drop on the window, which is posted as the system does.
 inline constexpr wchar_t kDrop[] = L"LumarineProbeDrop";
+/// Sent to a slider or the scroll bar: look at its thumb.
+inline constexpr wchar_t kLookAtThumb[] = L"LumarineProbeLookAtThumb";
+/// Sent to the log pane: look at the colour of a character, counted in the first parameter. The selection is
+/// brought back.
+inline constexpr wchar_t kLookAtColor[] = L"LumarineProbeLookAtColor";
 /// Posted: note that the program has come this far, and whether input waits; the first parameter is the mark.
 inline constexpr wchar_t kMark[] = L"LumarineProbeMark";
 
@@ -43,6 +48,12 @@ struct Findings {
   SYSTEMTIME time;
   // To be dropped: each with its terminator, and one more at the end.
   wchar_t files[2048];
+  // Of the thumb looked at last, in its control's coordinates; page and position of a scroll bar alone.
+  RECT thumb;
+  LONG page;
+  LONG position;
+  // Of the character looked at last.
+  COLORREF color;
 };
 
 }  // namespace probe

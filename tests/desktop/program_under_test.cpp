@@ -175,4 +175,16 @@ DateTime ProgramUnderTest::LookAtPicker(HWND picker) const {
   return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond, time.wMilliseconds};
 }
 
+const probe::Findings& ProgramUnderTest::LookAtThumb(app::Control control) const {
+  static const UINT message = RegisterWindowMessageW(probe::kLookAtThumb);
+  SendMessageW(Child(control), message, 0, 0);
+  return *findings_;
+}
+
+COLORREF ProgramUnderTest::LookAtColor(LONG character) const {
+  static const UINT message = RegisterWindowMessageW(probe::kLookAtColor);
+  SendMessageW(Child(app::Control::LogPane), message, static_cast<WPARAM>(character), 0);
+  return findings_->color;
+}
+
 }  // namespace desktop

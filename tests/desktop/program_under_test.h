@@ -60,6 +60,10 @@ class ProgramUnderTest {
   void Drop(const std::vector<std::filesystem::path>& files);
   /// The time in a date and time picker.
   DateTime LookAtPicker(HWND picker) const;
+  /// The thumb of a slider or the scroll bar.
+  const probe::Findings& LookAtThumb(app::Control control) const;
+  /// The colour of a character of the log pane.
+  COLORREF LookAtColor(LONG character) const;
 
  private:
   void FindMainWindow();
