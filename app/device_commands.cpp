@@ -40,9 +40,9 @@ constexpr std::int32_t kSpeedLength = 20;
 void TellIfNoneIsSelected(const std::vector<TCBase::DeviceInfo>& devices) {
   if (std::any_of(devices.begin(), devices.end(), [](const auto& device) { return device.selected; })) return;
   LogStatus(
-      Message("No device is selected. Connect one by its USB cable, or use \"{1}\" or \"{2}\" in the menu "
-              "\"{3}\", and select it in the list.",
-              Translate("Scan WiFi devices"), Translate("Add emulator"), Translate("Device")));
+      Message("No device is selected. Connect one by its USB cable, or choose \"{1}\" or \"{2}\", and then "
+              "select it in the list.",
+              Translate("Scan WiFi devices"), Translate("Add emulator")));
 }
 
 }  // namespace

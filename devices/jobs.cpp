@@ -1,11 +1,38 @@
 #include "devices/jobs.h"
 
+#include <string>
 #include <utility>
 
+#include "common/log.h"
+#include "common/message.h"
 #include "devices/operations.h"
 #include "devices/scan.h"
+#include "devices/shown_name.h"
 
 namespace TCBase {
+
+namespace {
+
+/// What the user has to be told behind an upload; empty, if all went well or if it was he who ended it.
+std::string FailureOf(const DeviceInfo& info, const Program::ModeListView& program,
+                      const OperationReport& report) {
+  if (report.result == OperationResult::Done || report.result == OperationResult::Cancelled) return {};
+  std::vector<std::string> modes = report.unconfirmedModes;
+  if (report.result == OperationResult::NotConnected) {
+    for (const Program::Mode& mode : program.modes) modes.push_back(mode.name);
+  }
+  const std::string name = ShownName(info.name);
+  if (modes.empty()) {
+    return Message("{1} has not confirmed the end of the upload. Please upload the program again.", name)
+        .utf8();
+  }
+  std::string names;
+  for (const std::string& mode : modes) names += (names.empty() ? "" : ", ") + mode;
+  return Message("{1} has not confirmed these modes: {2}. Please upload the program again.", name, names)
+      .utf8();
+}
+
+}  // namespace
 
 Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program,
                         const DateTime& time) {
@@ -17,7 +44,17 @@ Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView p
 
 Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program) {
   return [devices = std::move(devices), program = std::move(program)] {
-    RunOnDevices([&](const DeviceInfo& info) { return UploadOperation(info, program).result; }, devices);
+    std::vector<std::string> failures;
+    const auto upload = [&](const DeviceInfo& info) {
+      const OperationReport report = UploadOperation(info, program);
+      failures.push_back(FailureOf(info, program, report));
+      return report.result;
+    };
+    RunOnDevices(upload, devices);
+    // Last, where they are seen: the lines of the modes are many.
+    for (const std::string& failure : failures) {
+      if (!failure.empty()) LogWarning(failure);
+    }
   };
 }
 

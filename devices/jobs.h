@@ -16,6 +16,7 @@
 namespace TCBase {
 
 Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program, const DateTime& time);
+/// Ends with a warning for each controller that has not confirmed all modes.
 Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
 Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program);
 Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds);

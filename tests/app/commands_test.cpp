@@ -227,6 +227,7 @@ TEST_F(Commands, TheDescriptionCountsTheStepsOfTheModeAsItIs) {
   GivenSteps(4, {{61, 10.0F}, {481, 20.0F}, {1021, 30.0F}});
   user.Choose(command::kCopySteps);
   choose(command::kClearSteps);
+  GivenSelection(4, -1);
   choose(command::kPasteSteps);
   choose(command::kOptimizeForTC421);
 }

@@ -113,9 +113,9 @@ TEST_F(Devices, AnUploadCarriesTheProgramAsItWasAtTheCommand) {
 TEST_F(Devices, ACommandForNoDeviceSaysWhatToDo) {
   GivenDevices({"TC420", "TC421"});
   const std::string line =
-      "No device is selected. Connect one by its USB cable, or use \"Scan WiFi devices\" or \"Add emulator\" "
-      "in "
-      "the menu \"Device\", and select it in the list.\n";
+      "No device is selected. Connect one by its USB cable, or choose \"Scan WiFi devices\" or \"Add "
+      "emulator\", "
+      "and then select it in the list.\n";
   for (const int number : {command::kUploadProgram, command::kSyncTime, command::kClearAll}) {
     ASSERT_TRUE(user.Choose(number));
     WaitForWorker();
@@ -137,6 +137,31 @@ TEST_F(Devices, ACommandForADeviceDoesNot) {
     WaitForWorker();
     EXPECT_THAT(NewLog(), Not(HasSubstr("No device is selected"))) << number;
   }
+}
+
+// Uploads that fail
+
+TEST_F(Devices, AnUploadToNobodyEndsWithAWarningThatNamesModesAndController) {
+  GivenDevices({"TC420*"}, TCBase::ModelTC420);
+  ASSERT_TRUE(user.Choose(command::kUploadProgram));
+  WaitForWorker();
+  EXPECT_EQ(NewLog(),
+            "Configuring device TC420\nConnect error\nFinished configuring device TC420\n"
+            "TC420 has not confirmed these modes: Normal, AlwaysOn. Please upload the program again.\n");
+  EXPECT_EQ(user.GetDesktop().logPane.ColorAt(user.GetDesktop().logPane.Length() - 3), 255U);
+}
+
+TEST_F(Devices, AModeThatIsRefusedIsNamedBehindAllOthers) {
+  Program().modes.insert(Program().modes.begin(), GivenModeOfMergedSteps(1, 10));
+  Program().modes.front().name = "Reef";  // controllers take no mode of one step
+  user.Choose(command::kAddEmulator);
+  NewLog();
+  ASSERT_TRUE(user.Choose(command::kUploadProgram));
+  WaitForWorker();
+  EXPECT_THAT(NewLog(),
+              testing::EndsWith(
+                  "Finished configuring device TC420_Emulator\n"
+                  "TC420_Emulator has not confirmed these modes: Reef. Please upload the program again.\n"));
 }
 
 // Upload check

@@ -109,13 +109,13 @@ TEST_F(Document, TheControlsShowWhatWasLoaded) {
 
 TEST_F(Document, TheControlsShowANewProgramToo) {
   GivenTheProgramRuns();
-  GivenSteps(2, {{480, 90.0F}});
+  GivenSteps(2, {{480, 55.0F}});
   user.State().powerControl->Update();
   user.SendCommand(command::kZoomIn);
   user.WillAnswer(Answer::No);
   ASSERT_TRUE(user.Choose(command::kNewProgram));
   EXPECT_THAT(user.Text(Control::ModeDescription), testing::StartsWith("Mode Normal (Steps: 12)"));
-  EXPECT_NE(user.SliderPosition(Control::PowerSlider), 90);
+  EXPECT_EQ(user.SliderPosition(Control::PowerSlider), 90);
   EXPECT_EQ(user.SliderPosition(Control::ZoomSlider), 0);
 }
 

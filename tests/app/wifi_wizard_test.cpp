@@ -114,7 +114,10 @@ TEST_F(WifiWizard, BringsAControllerIntoAnOpenNetwork) {
 
 TEST_F(WifiWizard, WithoutASecurityTypeTheLogSaysThatNothingWasSent) {
   sim_network::SetWifi(WifiQuery::Answered, {{"Old", kSharedKeyAuth, kCcmp}});
-  ASSERT_TRUE(RunWizard({Init(), FindOne(), {Press(config_id::kSetUp), Press(kOk)}, {Press(kOk)}}));
+  ASSERT_TRUE(RunWizard({Init(),
+                         FindOne(),
+                         {Type(config_id::kPassword, "secret coral"), Press(config_id::kSetUp), Press(kOk)},
+                         {Press(kOk)}}));
   EXPECT_THAT(Told(), ElementsAre(kSuccess)) << "a security that is not known counts as one that is set";
   EXPECT_FALSE(Wifi().has_value());
   EXPECT_THAT(NewLog(),
