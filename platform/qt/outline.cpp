@@ -89,9 +89,14 @@ void Outline::SetFill(std::span<const UX::Point> points, UX::Point offset) {
 }
 
 QRectF Outline::Bounds() const {
-  const auto [left, right] = std::ranges::minmax(points_, {}, [](const QPointF& point) { return point.x(); });
-  const auto [top, bottom] = std::ranges::minmax(points_, {}, [](const QPointF& point) { return point.y(); });
-  return {QPointF(left.x(), top.y()), QPointF(right.x(), bottom.y())};
+  if (points_.empty()) return {};
+  QPointF least = points_.front();
+  QPointF most = least;
+  for (const QPointF& point : points_) {
+    least = {std::min(least.x(), point.x()), std::min(least.y(), point.y())};
+    most = {std::max(most.x(), point.x()), std::max(most.y(), point.y())};
+  }
+  return {least, most};
 }
 
 void Outline::Stroke(QPainter& painter, const QPen& pen, const QRectF& reach) {
