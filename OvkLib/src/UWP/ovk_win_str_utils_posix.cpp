@@ -112,6 +112,7 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv tells its failure by this very pointer.
   bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
   /// Converts all of `text`; bytes that mean nothing become U+FFFD.
