@@ -4,6 +4,12 @@
 
 namespace TCBase {
 
+bool Exchange::CountPacket(bool confirmed) {
+  ++packets;
+  if (!confirmed) ++unconfirmed;
+  return confirmed;
+}
+
 bool DeviceBase::CheckReply(const std::string& /*reply*/, int /*expected*/) {
   return true;
 }
@@ -14,12 +20,6 @@ bool DeviceBase::WritePacket(const PacketBase& packet) {
   std::string frame;
   packet.Serialize(frame);
   return Write(frame);
-}
-
-bool DeviceBase::CountPacket(bool confirmed) {
-  ++exchange_.packets;
-  if (!confirmed) ++exchange_.unconfirmed;
-  return confirmed;
 }
 
 bool DeviceBase::ClearAll() {

@@ -18,6 +18,9 @@ struct Exchange {
   int packets = 0;
   int unconfirmed = 0;  // of them: did not leave, or got no reply that will do where one is awaited
   int replies = 0;      // that came from the controller, whatever stands in them
+
+  /// Counts a packet, and hands on whether it is confirmed.
+  bool CountPacket(bool confirmed);
 };
 
 /// A controller, made by CreateDevice (operations.h) and not connected yet. Its owner calls Connect once,
@@ -26,7 +29,7 @@ struct Exchange {
 /// Failures are answers, never exceptions; what went wrong stands in the device log.
 ///
 /// The virtual operations stand in four groups, in the order of their slots: the transport, the public face
-/// (traced, not overridden), and what stands behind each of its operations.
+/// (traced, not overridden), what stands behind each of its operations, and the transport's own account.
 class DeviceBase {
  public:
   using Steps = std::vector<Program::ModeStep>;
@@ -69,9 +72,6 @@ class DeviceBase {
   virtual void DemoSetChannels(const Program::ModeStep& step);
   virtual void DemoFinish();
 
-  /// All that was exchanged since the device was made.
-  const Exchange& Exchanged() const { return exchange_; }
-
  protected:
   virtual bool DoClearAll() = 0;
   virtual bool DoTimeSync(const DateTime& time) = 0;
@@ -82,10 +82,9 @@ class DeviceBase {
   virtual void DoDemoSetChannels(const Program::ModeStep& step) = 0;
   virtual void DoDemoFinish() = 0;
 
-  /// Counts a packet, and hands on whether it is confirmed.
-  bool CountPacket(bool confirmed);
-
-  Exchange exchange_;
+ public:
+  /// All that was exchanged since the device was made.
+  virtual Exchange Exchanged() const = 0;
 };
 
 /// Modes that a controller can store.

@@ -86,11 +86,11 @@ bool UDPDevice::Read(std::string& reply) {
 }
 
 bool UDPDevice::SendPacket(const PacketBase& packet, int expected) {
-  return CountPacket(Exchanges(packet, expected));
+  return exchange_.CountPacket(Exchanges(packet, expected));
 }
 
 void UDPDevice::SendUnanswered(const PacketBase& packet) {
-  CountPacket(WritePacket(packet));
+  exchange_.CountPacket(WritePacket(packet));
 }
 
 bool UDPDevice::Exchanges(const PacketBase& packet, int expected) {

@@ -53,6 +53,7 @@ class UDPDevice : public DeviceBase {
   bool Read(std::string& reply) override;
   /// Sends up to three times, until a reply has come. What stands in that reply decides for good.
   bool SendPacket(const PacketBase& packet, int expected) override;
+  Exchange Exchanged() const override { return exchange_; }
 
  protected:
   /// Sends a packet once and awaits no reply.
@@ -64,6 +65,7 @@ class UDPDevice : public DeviceBase {
 
   DeviceInfo info;
   UDPSocket udp;
+  Exchange exchange_;
 };
 
 }  // namespace TCBase

@@ -85,7 +85,7 @@ bool USBDevice::SendPacket(const PacketBase& packet, int expected) {
   std::string reply;
   const bool confirmed = WritePacket(packet) && Read(reply) && CheckReply(reply, expected);
   if (!reply.empty()) ++exchange_.replies;
-  return CountPacket(confirmed);
+  return exchange_.CountPacket(confirmed);
 }
 
 void USBDevice::LogError(const char* where) const {

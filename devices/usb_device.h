@@ -34,6 +34,7 @@ class USBDevice : public DeviceBase {
   /// handed over as one text; one without end is cut at 64 reports.
   bool Read(std::string& reply) override;
   bool SendPacket(const PacketBase& packet, int expected) override;
+  Exchange Exchanged() const override { return exchange_; }
 
  private:
   void LogError(const char* where) const;
@@ -41,6 +42,7 @@ class USBDevice : public DeviceBase {
   std::uint16_t vendorId;
   std::uint16_t productId;
   hid_device* handle = nullptr;  // owned; null when not connected
+  Exchange exchange_;
 };
 
 }  // namespace TCBase
