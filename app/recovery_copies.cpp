@@ -29,7 +29,7 @@ void Remove(const fs::path& path) {
 }  // namespace
 
 fs::path RecoveryCopies::Keep(const TCBase::Program::ModeListView& document, const fs::path& file) {
-  const fs::path path = own_.empty() ? FreeName() : own_;
+  fs::path path = own_.empty() ? FreeName() : own_;
   if (path.empty()) return {};
   ovk::xml::element root;
   TCBase::Program::BuildProgramXml(document, root);
@@ -64,7 +64,7 @@ void RecoveryCopies::Discard(const Copy& copy) {
 
 fs::path RecoveryCopies::FreeName() const {
   for (int number = 1; number <= kMostCopies; ++number) {
-    const fs::path path = NameOf(folder_, number);
+    fs::path path = NameOf(folder_, number);
     std::error_code ignored;
     if (!fs::exists(path, ignored)) return path;
   }
