@@ -17,6 +17,8 @@
 namespace app {
 
 namespace {
+
+namespace fs = std::filesystem;
 constexpr FileFilter kProgramFilter{u"XML Program", u"*.XML"};
 constexpr char kProgramName[] = "Lumarine";
 }  // namespace
@@ -35,7 +37,7 @@ ProgramDocument::ProgramDocument(const Shell& shell, TCBase::Program::ModeListVi
 
 bool ProgramDocument::AskToSave() {
   // A program whose save failed counts as saved; the question is all that is left where no copy is.
-  if (SameProgram(program_, savedProgram_.copy) && !mayBeLost_) return true;
+  if (SameProgram(program_, savedProgram_.copy) && !MayBeLost()) return true;
   const Question question{Message("Program modified").ToWide(), Message("Save changes?").ToWide(),
                           Buttons::YesNoCancel};
   switch (shell_.questions.Ask(question)) {
@@ -84,6 +86,8 @@ bool ProgramDocument::Open(const std::vector<std::filesystem::path>& files) {
 
 void ProgramDocument::OfferRecovered() {
   for (const RecoveryCopies::Copy& copy : recoveryCopies_.Find()) {
+    // It may have been loaded by hand, and "No" must not delete the file that is open.
+    if (std::error_code ignored; fs::equivalent(copy.path, path_, ignored)) continue;
     const Question question{Message("Recovered program").ToWide(),
                             Message("{1} could not be saved, but a copy of it was kept. Open the copy?\r\n"
                                     "\"No\" deletes it, \"Cancel\" keeps it for the next start.",
@@ -139,22 +143,27 @@ bool ProgramDocument::SaveFile(const std::filesystem::path& path) {
     KeepUnsaved(path, reason);
     return false;
   }
-  recoveryCopies_.OnSaved();
-  mayBeLost_ = false;
+  recoveryCopies_.OnSaved(path);
+  unsaved_.reset();
   SetPath(path);
   return true;
 }
 
 void ProgramDocument::KeepUnsaved(const std::filesystem::path& path, const std::string& reason) {
-  const std::filesystem::path copy = recoveryCopies_.Keep(program_, path);
-  mayBeLost_ = copy.empty();
+  unsaved_ = recoveryCopies_.Keep(program_, path);
   Message what("{1} could not be saved: {2}", path, reason);
-  Message then = mayBeLost_ ? Message(
-                                  "No copy could be kept either. Save the program at another place "
-                                  "before you close it.")
-                            : Message("A copy is kept in {1}. The next start offers to open it.", copy);
+  Message then = MayBeLost() ? Message(
+                                   "No copy could be kept either. Save the program at another place "
+                                   "before you close it.")
+                             : Message("A copy is kept in {1}. The next start offers to open it.", *unsaved_);
   shell_.questions.Ask({Message("Program not saved").ToWide(), what.ToWide() + u"\r\n\r\n" + then.ToWide(),
                         Buttons::Ok, Icon::Error});
+}
+
+bool ProgramDocument::MayBeLost() const {
+  // Another Lumarine may have offered the copy, and its user may have deleted it.
+  std::error_code ignored;
+  return unsaved_ && !fs::is_regular_file(*unsaved_, ignored);
 }
 
 void ProgramDocument::SetPath(const std::filesystem::path& path) {
@@ -170,7 +179,7 @@ void ProgramDocument::AfterLoad() {
   // A gesture that changed nothing has left its copy: that of the program that is gone.
   undoStack_.DropPending();
   recoveryCopies_.OnReplaced();
-  mayBeLost_ = false;
+  unsaved_.reset();
   program_.currentMode = 0;
   ctrls_.ShowProgram();
   powerControl_.Update();

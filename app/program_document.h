@@ -4,6 +4,7 @@
 // interface thread.
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,8 @@ class ProgramDocument {
                   Ctrls& ctrls, ChannelPowerControl& powerControl, ChartInput& chartInput,
                   SavedBaseline& savedProgram);
 
-  /// Asks whether to save, and saves, if the program is modified or a save of it failed without leaving a
-  /// copy. False if it must not be given up: the user cancelled, or saving failed.
+  /// Asks whether to save, and saves, if the program is modified or a save of it failed and there is no copy.
+  /// False if it must not be given up: the user cancelled, or saving failed.
   bool AskToSave();
 
   /// Starts over with the built-in modes, unless AskToSave says no. What was saved last stays the measure of
@@ -57,8 +58,8 @@ class ProgramDocument {
   /// Makes a file, or none if the path is empty, the current one: in the window's title and for the next
   /// start.
   void SetPath(const std::filesystem::path& path);
-  /// After the document was replaced: no history nor anything that waits to enter it, the first mode, controls
-  /// and chart anew. A selection stays; its users check it.
+  /// After the document was replaced: no history nor anything that waits to enter it, the first mode,
+  /// controls and chart anew. A selection stays; its users check it.
   void AfterLoad();
   /// The live document counts as saved from now on.
   void SyncBaseline();
@@ -69,6 +70,8 @@ class ProgramDocument {
   bool OpenRecovered(const RecoveryCopies::Copy& copy);
   /// Keeps the program that could not be saved to `path`, and tells the user.
   void KeepUnsaved(const std::filesystem::path& path, const std::string& reason);
+  /// A save has failed, and there is no copy, or it is gone.
+  bool MayBeLost() const;
 
   const Shell& shell_;
   TCBase::Program::ModeListView& program_;
@@ -79,7 +82,8 @@ class ProgramDocument {
   SavedBaseline& savedProgram_;
   RecoveryCopies recoveryCopies_;
   std::filesystem::path path_;  // empty for a program without a file
-  bool mayBeLost_ = false;      // a save failed, and no copy could be kept
+  // Once a save has failed, where its copy is; an empty path if none could be kept.
+  std::optional<std::filesystem::path> unsaved_;
 };
 
 }  // namespace app

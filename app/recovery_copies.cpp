@@ -39,8 +39,9 @@ fs::path RecoveryCopies::Keep(const TCBase::Program::ModeListView& document, con
   return path;
 }
 
-void RecoveryCopies::OnSaved() {
-  if (!own_.empty()) Remove(own_);
+void RecoveryCopies::OnSaved(const fs::path& file) {
+  std::error_code ignored;
+  if (!own_.empty() && !fs::equivalent(own_, file, ignored)) Remove(own_);
   own_.clear();
 }
 
@@ -51,7 +52,8 @@ std::vector<RecoveryCopies::Copy> RecoveryCopies::Find() const {
     if (copy.path == own_) continue;
     ovk::xml::element root;
     TCBase::Program::ModeListView document;
-    if (!ovk::xml::load(copy.path, root) || !TCBase::Program::ReadProgramXml(root, document)) continue;
+    if (!ovk::xml::load(copy.path, root) || root.find_attribute(kFileAttribute) < 0) continue;
+    if (!TCBase::Program::ReadProgramXml(root, document)) continue;
     copy.file = root.attribute_or_empty(kFileAttribute).view();
     found.push_back(std::move(copy));
   }

@@ -11,7 +11,8 @@ namespace app {
 
 /// Copies of programs that could not be saved, as program files "LumarineRecovery-1.xml" and so on in one
 /// folder, from where the next start offers them. The document at hand has at most one copy. A copy goes only
-/// when its program is saved or the user gives it up; whatever happens to the process, it stays until then.
+/// when its program is saved or the user gives it up; whatever happens to the process, it stays until then. A
+/// program that the user has saved under such a name is no copy, but a file like any other.
 /// User interface thread.
 class RecoveryCopies {
  public:
@@ -28,8 +29,8 @@ class RecoveryCopies {
                              const std::filesystem::path& file);
   /// The document at hand is this copy from now on.
   void Adopt(const Copy& copy) { own_ = copy.path; }
-  /// The document at hand has been saved: its copy goes, if it has one.
-  void OnSaved();
+  /// The document at hand has been saved to `file`: its copy goes, if it has one that is not that file.
+  void OnSaved(const std::filesystem::path& file);
   /// Another document takes the place of the one at hand, whose copy stays for the next start.
   void OnReplaced() { own_.clear(); }
 

@@ -216,6 +216,35 @@ TEST_F(Recovery, WithoutAPlaceForTheCopyTheProgramIsNotGivenUpUnasked) {
   EXPECT_FALSE(user.IsRunning()) << "it is saved now";
 }
 
+TEST_F(Recovery, WhereTheCopyIsGoneTheProgramIsNotGivenUpUnasked) {
+  GivenAFailedSave();
+  fs::remove(Copy());
+  user.WillAnswer(Answer::Cancel);
+  user.Close();
+  ASSERT_TRUE(user.IsRunning());
+  EXPECT_EQ(user.Questions().back().title, u"Program modified");
+}
+
+TEST_F(Recovery, ASaveOverTheCopyItselfStays) {
+  GivenAFailedSave();
+  StartAgain({Answer::Yes});
+  user.WillPick({Copy()});
+  user.WillAnswer(Answer::Yes);
+  user.Choose(command::kSaveProgramAs);
+  EXPECT_TRUE(ProgramIn(Copy()) == unsaved_);
+  StartAgain({});
+  EXPECT_TRUE(Program() == unsaved_) << "as the last file, and not offered as a copy";
+}
+
+TEST_F(Recovery, ACopyThatIsOpenIsNotOffered) {
+  GivenAFailedSave();
+  user.WillPick({Copy()});
+  user.Choose(command::kLoadProgram);
+  StartAgain({});
+  EXPECT_TRUE(Program() == unsaved_);
+  EXPECT_TRUE(fs::exists(Copy()));
+}
+
 TEST_F(Recovery, ACopyThatCannotBeReadIsNotOffered) {
   GivenFile("LumarineRecovery-1.xml", "noise");
   GivenTheProgramRuns();
