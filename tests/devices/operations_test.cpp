@@ -313,8 +313,10 @@ TEST_F(OperationsTest, ACablePulledBeforeTheLastFrameIsReported) {
 }
 
 TEST_F(OperationsTest, ModesThatAreRefusedAreReported) {
-  const OperationReport report = UploadOperation(
-      SelectedEmulator(), GivenProgram({GivenRamp("A"), GivenRamp(""), Mode{.name = "No steps"}}));
+  Mode noSteps;
+  noSteps.name = "No steps";
+  const OperationReport report =
+      UploadOperation(SelectedEmulator(), GivenProgram({GivenRamp("A"), GivenRamp(""), noSteps}));
   EXPECT_EQ(report.result, OperationResult::Failed);
   EXPECT_THAT(report.unconfirmedModes, ElementsAre("", "No steps"));
 }
