@@ -18,7 +18,12 @@ using sim_network::Weather;
 using TCBase::Program::ModeListView;
 
 constexpr int kModes = 10;
+// Built with sanitizers, and for debugging, an upload takes thirty times as long.
+#ifdef LUMARINE_SANITIZED
 constexpr std::uint32_t kSeeds = 60;
+#else
+constexpr std::uint32_t kSeeds = 200;
+#endif
 
 // Ten modes that differ in every step.
 ModeListView TenModes() {
