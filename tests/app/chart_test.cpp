@@ -37,6 +37,14 @@ void ChartTest::GivenStepsInLane0(const char* steps) {
   GivenFocusOn(0);
 }
 
+void ChartTest::GivenMergedSteps(int count) {
+  GivenChannels({});
+  Mode().channels = program_test::GivenModeOfMergedSteps(count, 10).channels;
+  RenumberSteps(Mode());
+  GivenSelection(0, -1);
+  GivenFocusOn(0);
+}
+
 void ChartTest::Drag(int fromX, int fromY, int toX, int toY) {
   Press(fromX, fromY);
   Move(toX, toY);

@@ -6,6 +6,7 @@
 // from 204. With the whole day shown, 12:00 is at 452.
 
 #include <initializer_list>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,9 @@ class ChartTest : public AppTest {
   void GivenView(int fromHour, int toHour);
   /// The same, at rest with its first lane enlarged and selected.
   void GivenStepsInLane0(const char* steps);
+  /// A mode of that many merged steps, in lanes that leave 18:00 and later free; lane 0 enlarged and
+  /// selected.
+  void GivenMergedSteps(int count);
 
   // When. At a pixel, with nothing turning the main loop: time stands still, and so do the lanes.
 
@@ -60,6 +64,10 @@ class ChartTest : public AppTest {
   bool ChartHasFocus() { return user.GetDesktop().focus == headless::Focus::Chart; }
   app::UndoStack& History() { return user.State().undoStack; }
 
+  /// What the log says behind the first release of a step.
+  static inline const std::string kHints =
+      "Hint: Press DELETE or BACKSPACE to remove the selected step.\n"
+      "Hint: You can also use keyboard ARROWS to move the step with higher accuracy.\n";
   static constexpr UX::Rect kWholeChart{0, 0, 904, 602};
 
  private:
