@@ -71,7 +71,7 @@ LRESULT ChartWindow::OnMouseMove(const Event& event) {
 }
 
 LRESULT ChartWindow::OnCaptureChanged(const Event& event) {
-  // Who takes what is his already is told so, too.
+  // A window that captures once more what it has is told of it, too.
   if (reinterpret_cast<HWND>(event.second) != handle_) logic_->OnCaptureLost();
   return event.Default();
 }
