@@ -58,6 +58,8 @@ bool Application::StartUp() {
   const TCBase::Program::Mode& mode = state.CurrentMode();
   LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
   platform.Do(PlatformStep::TakeAccelerators);
+  // Behind the timer's start, by which lanes move on under a question.
+  if (state.document->OfferRecovered()) state.renderer->Rebuild();
   return true;
 }
 
@@ -87,7 +89,6 @@ bool Application::InitInstance() {
   shell_.mainWindow.Show();
   ConnectWindow();
   OpenFirstProgram();
-  state.document->OfferRecovered();
   state.renderer->Rebuild();
   return true;
 }

@@ -84,7 +84,7 @@ bool ProgramDocument::Open(const std::vector<std::filesystem::path>& files) {
   return AskToSave() && LoadAndShow(path);
 }
 
-void ProgramDocument::OfferRecovered() {
+bool ProgramDocument::OfferRecovered() {
   for (const RecoveryCopies::Copy& copy : recoveryCopies_.Find()) {
     // It may have been loaded by hand, and "No" must not delete the file that is open.
     if (std::error_code ignored; fs::equivalent(copy.path, path_, ignored)) continue;
@@ -95,9 +95,10 @@ void ProgramDocument::OfferRecovered() {
                                 .ToWide(),
                             Buttons::YesNoCancel, Icon::Warning};
     const Answer answer = shell_.questions.Ask(question);
-    if (answer == Answer::Yes && OpenRecovered(copy)) return;
+    if (answer == Answer::Yes && OpenRecovered(copy)) return true;
     if (answer == Answer::No) RecoveryCopies::Discard(copy);
   }
+  return false;
 }
 
 bool ProgramDocument::OpenRecovered(const RecoveryCopies::Copy& copy) {

@@ -42,8 +42,8 @@ class ProgramDocument {
   /// several files the first is opened, and the log says so. True if it was opened.
   bool Open(const std::vector<std::filesystem::path>& files);
   /// At the start: offers the copies of programs that could not be saved, until the user opens one, as a
-  /// program without a file.
-  void OfferRecovered();
+  /// program without a file. True if one was opened.
+  bool OfferRecovered();
   /// The command: to the current file, or as SaveFileAs() if there is none.
   bool Save();
   /// Asks for a file and saves to it. False if the user cancelled or saving failed.

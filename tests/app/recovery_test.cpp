@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -103,6 +104,18 @@ TEST_F(Recovery, WhatWasClosedAfterAFailedSaveComesBack) {
   user.WillAnswer(Answer::Cancel);
   user.Close();
   EXPECT_TRUE(user.IsRunning()) << "it is not saved";
+}
+
+// A question that came before it would stand over lanes that have not spread out yet.
+TEST_F(Recovery, TheQuestionComesWhenTheTimerMovesTheLanes) {
+  GivenAFailedSave();
+  StartAgain({Answer::Yes});
+  const std::vector<std::string>& journal = user.GetDesktop().journal;
+  const auto timer = std::find(journal.begin(), journal.end(), "start timer 300 100");
+  ASSERT_NE(timer, journal.end());
+  EXPECT_THAT(std::vector<std::string>(timer, journal.end()),
+              testing::Contains("title Lumarine - New program"))
+      << "the copy is opened behind it";
 }
 
 TEST_F(Recovery, ASaveOnTheWayOutThatFailsLosesNothing) {
