@@ -75,6 +75,24 @@ TEST_F(WindowsFileReplace, TellsOfAFileThatIsHeldForLongAndLeavesItWhole) {
   EXPECT_EQ(lines, "Error creating file " + Utf8FromPath(file_) + ", error: Permission denied\r\n");
 }
 
+TEST_F(WindowsFileReplace, OfAFileWithAHardLinkKeepsItOneFile) {
+  fs::create_hard_link(file_, folder_ / "same.xml");
+  ASSERT_TRUE(WriteFileBytes(file_, "a much longer text"));
+  ASSERT_TRUE(WriteFileBytes(file_, "new"));
+  EXPECT_EQ(Content(), "new");
+  EXPECT_TRUE(fs::equivalent(file_, folder_ / "same.xml"));
+  EXPECT_THAT(Names(), testing::UnorderedElementsAre("program.xml", "same.xml"));
+}
+
+TEST_F(WindowsFileReplace, OfAHardLinkThatIsHeldLeavesTheFileWhole) {
+  fs::create_hard_link(file_, folder_ / "same.xml");
+  const HANDLE held = Hold();
+  EXPECT_FALSE(WriteFileBytes(file_, "new"));
+  CloseHandle(held);
+  EXPECT_EQ(Content(), "old");
+  EXPECT_THAT(Names(), testing::UnorderedElementsAre("program.xml", "same.xml"));
+}
+
 TEST_F(WindowsFileReplace, OfADeviceWritesIntoIt) {
   EXPECT_TRUE(WriteFileBytes(L"NUL", "gone"));
   EXPECT_TRUE(WriteFileBytes(L"\\\\.\\NUL", "gone"));
