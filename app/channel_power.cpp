@@ -22,11 +22,7 @@ constexpr std::int32_t kLastPosition = kLastZoomPosition;
 
 ChannelPowerControl::ChannelPowerControl(const Shell& shell, const StepSelection& selection,
                                          UndoStack& undoStack, ChartInput& chartInput, Slider& slider)
-    : shell_(shell),
-      selection_(selection),
-      undoStack_(undoStack),
-      chartInput_(chartInput),
-      slider_(slider) {}
+    : shell_(shell), selection_(selection), undoStack_(undoStack), chartInput_(chartInput), slider_(slider) {}
 
 void ChannelPowerControl::Update() {
   const Channel* channel = SelectedChannel(selection_);

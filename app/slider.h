@@ -7,8 +7,8 @@
 namespace app {
 
 /// A slider of the main window. A platform's slider has moved already when it tells of a click beside its
-/// thumb or of a key, and by a distance of its own. The rules count from where the slider stood before, so its
-/// position is the one that was set last, and the control is never asked for it. User interface thread.
+/// thumb or of a key, and by a distance of its own. The rules count from where the slider stood before, so
+/// its position is the one that was set last, and the control is never asked for it. User interface thread.
 class Slider {
  public:
   /// `maximum` is what the control has from the platform; the least position is 0. Nothing is sent to the

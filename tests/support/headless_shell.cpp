@@ -154,9 +154,12 @@ void Controls::MoveSlider(app::Control slider, int code, std::int32_t position) 
   namespace scroll = app::scroll;
   const ControlState& state = states_.at(slider);
   const std::map<int, std::int32_t> targets = {
-      {scroll::kLineBack, state.position - 1},          {scroll::kLineForward, state.position + 1},
-      {scroll::kPageBack, state.position - state.page}, {scroll::kPageForward, state.position + state.page},
-      {scroll::kThumbMoving, position},                 {scroll::kFirst, 0},
+      {scroll::kLineBack, state.position - 1},
+      {scroll::kLineForward, state.position + 1},
+      {scroll::kPageBack, state.position - state.page},
+      {scroll::kPageForward, state.position + state.page},
+      {scroll::kThumbMoving, position},
+      {scroll::kFirst, 0},
       {scroll::kLast, state.maximum},
   };
   if (const auto target = targets.find(code); target != targets.end()) {

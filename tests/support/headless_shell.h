@@ -94,7 +94,8 @@ class Controls final : public app::ControlsPort {
 
   /// What a user's click does.
   void SelectRow(app::Control list, std::int32_t row, bool selected);
-  /// What a slider does before it tells of a click, a key or a drag; `position` is where the thumb is dragged.
+  /// What a slider does before it tells of a click, a key or a drag; `position` is where the thumb is
+  /// dragged.
   void MoveSlider(app::Control slider, int code, std::int32_t position);
   std::int32_t SliderPosition(app::Control slider) const { return states_.at(slider).position; }
   std::int32_t RowCount(app::Control list) const;
