@@ -69,6 +69,9 @@ basic_string<Char> padded(std::int32_t number, std::int32_t width) {
 }  // namespace
 
 template <class Char>
+basic_format<Char>::basic_format(view_type text) : text_(text), open_(text) {}
+
+template <class Char>
 void basic_format<Char>::arg(const Char* text, std::int32_t length) {
   const placeholder<Char> pattern(next_);
   basic_string<Char> blanks;

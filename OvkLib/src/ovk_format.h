@@ -20,7 +20,7 @@ class basic_format {
  public:
   using view_type = std::basic_string_view<Char>;
 
-  explicit basic_format(view_type text) : text_(text), open_(text) {}
+  explicit basic_format(view_type text);
 
   /// Replaces all occurrences of the current placeholder in the template and moves on to the next one. What
   /// was put in is not searched again, by this call or a later one: an argument may hold any placeholder. The
