@@ -87,7 +87,7 @@ TEST(String, ChangingTheOriginalLeavesTheCopy) {
 
 TEST(String, ACopyOfAnInlineTextIsAPlainCopy) {
   const Text original("short");
-  const Text copy(original);
+  const Text copy(original);  // NOLINT(performance-unnecessary-copy-initialization)
   EXPECT_FALSE(SharesBlock(original, copy));
   EXPECT_EQ(copy, original);
 }
@@ -166,6 +166,7 @@ TEST(String, AMovedStringTakesItsPlaceInTheRing) {
 
 TEST(String, RingsSurviveAGrowingVector) {
   std::vector<Text> texts;
+  // NOLINTNEXTLINE(performance-inefficient-vector-operation): it grows on purpose
   for (int i = 0; i < 100; ++i) texts.emplace_back(texts.empty() ? Text(kForty) : texts.back());
   texts.erase(texts.begin() + 10, texts.begin() + 90);
   texts[5].push_back('!');
@@ -335,6 +336,7 @@ TEST(String, LengthsPastThirtyTwoBitsAreOutOfMemory) {
   EXPECT_THROW(text.insert_zeros(kLongest), ovk::xout_of_memory);
   EXPECT_THROW(text.resize(kLongest, 'y'), ovk::xout_of_memory);
   EXPECT_THROW(text.reserve(kLongest), ovk::xout_of_memory);
+  // NOLINTNEXTLINE(bugprone-string-constructor): too long on purpose
   EXPECT_THROW(Text(std::string_view("y", 0x8000'0000U)), ovk::xout_of_memory);
   EXPECT_EQ(text.view(), "x");
 }

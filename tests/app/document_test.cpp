@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -46,7 +47,7 @@ class Document : public AppTest {
     app::ChartWindow& chart = user.GetDesktop().application->chartWindow;
     const TCBase::Program::Step& step = Channel(0).at(1);
     const UX::Rect lane = user.State().chartLayout.LaneRect(0);
-    const int x = UX::TimeToX(lane, Program(), (step.hour * 60 + step.minute) * 60);
+    const int x = UX::TimeToX(lane, Program(), (std::int64_t{step.hour} * 60 + step.minute) * 60);
     const int y = UX::PercentToY(lane, step.value);
     chart.OnLeftDown(x, y);
     if (pixels != 0) chart.OnMouseMove(x + pixels, y, true);

@@ -14,7 +14,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-namespace command = app::command;
 using app::Answer;
 using testing::HasSubstr;
 using testing::IsEmpty;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <vector>
 
 namespace {
@@ -24,11 +25,13 @@ class ChartLayoutTest : public testing::Test {
 
   std::vector<int> Heights() {
     std::vector<int> heights;
+    heights.reserve(5);
     for (int i = 0; i < 5; ++i) heights.push_back(layout_.LaneRect(i).height);
     return heights;
   }
   std::vector<int> Tops() {
     std::vector<int> tops;
+    tops.reserve(5);
     for (int i = 0; i < 5; ++i) tops.push_back(layout_.LaneRect(i).y);
     return tops;
   }
@@ -152,6 +155,7 @@ TEST_F(ChartLayoutTest, APointMeetsTheLanesAsTheyWillBe) {
 
 // The first lane of a window of 1024 by 768.
 constexpr Rect kLane{10, 10, 884, 105};
+constexpr std::int64_t kHour = 3600;
 
 ModeListView View(int start, int end) {
   ModeListView view;
@@ -170,11 +174,11 @@ TEST(ChartConversions, TheDayEndsAtTheRightEdge) {
 
 TEST(ChartConversions, FollowTheView) {
   const ModeListView morning = View(6 * 3600, 8 * 3600);
-  EXPECT_EQ(UX::TimeToX(kLane, morning, 6 * 3600), 10);
-  EXPECT_EQ(UX::TimeToX(kLane, morning, 7 * 3600), 452);
-  EXPECT_EQ(UX::TimeToX(kLane, morning, 5 * 3600), 10 - 442);
-  EXPECT_EQ(UX::XToTime(kLane, morning, 10), 6 * 3600);
-  EXPECT_EQ(UX::XToTime(kLane, morning, 452), 7 * 3600);
+  EXPECT_EQ(UX::TimeToX(kLane, morning, 6 * kHour), 10);
+  EXPECT_EQ(UX::TimeToX(kLane, morning, 7 * kHour), 452);
+  EXPECT_EQ(UX::TimeToX(kLane, morning, 5 * kHour), 10 - 442);
+  EXPECT_EQ(UX::XToTime(kLane, morning, 10), 6 * kHour);
+  EXPECT_EQ(UX::XToTime(kLane, morning, 452), 7 * kHour);
 }
 
 TEST(ChartConversions, AStepStandsAtItsMinute) {

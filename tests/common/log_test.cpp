@@ -206,6 +206,7 @@ TEST_F(Log, ThreadsMayWriteWhileHandlersComeAndGo) {
   std::atomic<int> running = kThreads;
 
   std::vector<std::thread> writers;
+  writers.reserve(kThreads);
   for (int thread = 0; thread < kThreads; ++thread) {
     writers.emplace_back([&channel, &running, thread] {
       for (int line = 0; line < kLines; ++line) {

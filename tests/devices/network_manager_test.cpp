@@ -67,8 +67,7 @@ TEST(NetworkManagerTest, WhatIsNotOfTheFormIsRefusedAsAWhole) {
            "41:WP\\A2:(none):psk\n",
            "41:WPA2:(none):psk\\",
            "41:WPA2:(none):psk\n\n",
-           "4141414141414141414141414141414141414141414141414141414141414141"
-           "41:WPA2:(none):psk\n",
+           "414141414141414141414141414141414141414141414141414141414141414141:WPA2:(none):psk\n",
        }) {
     std::vector<WifiNetwork> networks;
     EXPECT_FALSE(ReadNetworkManagerList(list, networks)) << list;

@@ -173,7 +173,7 @@ class WifiSetupTest : public NetworkTest {
     return SetupWifi(SelectedTank(), {"Reef", "secret coral", TCBase::EncryptionAES, security});
   }
   // From now on the controller acknowledges with another letter than it should.
-  static void AcknowledgeWith(std::string letters) {
+  static void AcknowledgeWith(const std::string& letters) {
     sim_network::SetAnswer([letters](const Datagram& reply) {
       Datagram wrong = reply;
       if (letters.find(wrong.bytes[4]) != std::string::npos) wrong.bytes[4] = 'x';

@@ -276,7 +276,7 @@ class TC421Config : public WizardTest {
     sim_network::SetWifi(WifiQuery::Answered, std::move(networks));
   }
   /// From now on the controller answers with another letter where it acknowledges with one of these.
-  static void AcknowledgeWronglyFor(std::string letters) {
+  static void AcknowledgeWronglyFor(const std::string& letters) {
     sim_network::SetAnswer([letters](const Datagram& reply) {
       Datagram wrong = reply;
       if (letters.find(wrong.bytes[4]) != std::string::npos) wrong.bytes[4] = 'x';
@@ -500,6 +500,7 @@ TEST_F(TC421Config, TextsAreReadThroughRoomFor128) {
 }
 
 TEST_F(TC421Config, TenMegabytesOfATextAreReadThroughTheSameRoom) {
+  // NOLINTNEXTLINE(bugprone-string-constructor): so long on purpose
   const std::string tenMegabytes(10'000'000, 'w');
   Ask({Paste(config_id::kNetwork, tenMegabytes), Paste(config_id::kPassword, tenMegabytes), SetUpDevice(),
        PressEscape()});

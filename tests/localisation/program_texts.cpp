@@ -204,22 +204,24 @@ const std::set<std::string>& LeftOver() {
       "Rename",
       "Step deleted",
       "TC421 Device connected",
-      "The previous model GAIKRAIT (blue device) supports a maximum of {1} steps in the program. For more "
-      "information check the \"Help / Known issues\" information.",
-      "The previous model {1} (blue device) supports a maximum of 20 steps in the program.\r\n\r\nIf the "
-      "program uploaded to your {1} device does not work in the same way as during demo playback, this is "
-      "due "
-      "to a too high number of steps.\r\n\r\nThe steps that go beyond the first {2} steps are ignored by the "
-      "program and maintain the same intensity that is set at step number {2}.\r\n\r\nTo solve this problem, "
-      "please delete the extra steps. The Align Steps feature in Mode can help you merge similar times."
-      "\r\n\r\nBelow, you can see the list with the current number of steps for each mode in your "
-      "program:\r\n\r\n{3}\r\n",
-      "The previous model {1} (blue device) supports a maximum of 20 steps in the program.\r\n\r\nIf the "
-      "program uploaded to your {1} device does not work in the same way as during demo playback, this is "
-      "due "
-      "to too many steps. Please check Help / Known Issues for more information.\r\n\r\nList of all modes "
-      "with their number of steps:\r\n\r\n{2}\r\nContinue uploading the current program? (It is a safe "
-      "operation)",
+      ("The previous model GAIKRAIT (blue device) supports a maximum of {1} steps in the program. For more "
+       "information check the \"Help / Known issues\" information."),
+      ("The previous model {1} (blue device) supports a maximum of 20 steps in the program.\r\n\r\nIf the "
+       "program uploaded to your {1} device does not work in the same way as during demo playback, this is "
+       "due "
+       "to a too high number of steps.\r\n\r\nThe steps that go beyond the first {2} steps are ignored by "
+       "the "
+       "program and maintain the same intensity that is set at step number {2}.\r\n\r\nTo solve this "
+       "problem, "
+       "please delete the extra steps. The Align Steps feature in Mode can help you merge similar times."
+       "\r\n\r\nBelow, you can see the list with the current number of steps for each mode in your "
+       "program:\r\n\r\n{3}\r\n"),
+      ("The previous model {1} (blue device) supports a maximum of 20 steps in the program.\r\n\r\nIf the "
+       "program uploaded to your {1} device does not work in the same way as during demo playback, this is "
+       "due "
+       "to too many steps. Please check Help / Known Issues for more information.\r\n\r\nList of all modes "
+       "with their number of steps:\r\n\r\n{2}\r\nContinue uploading the current program? (It is a safe "
+       "operation)"),
       "Tools",
       "Unsupported step count for the {1} device",
       "{1} device limitations",

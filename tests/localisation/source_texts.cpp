@@ -43,12 +43,10 @@ class Lexer {
 
  private:
   void Next() {
-    if (rest_.starts_with("//")) {
+    if (rest_.starts_with("//") || rest_.starts_with("#include") || rest_.starts_with("#error")) {
       Skip(rest_.find('\n'));
     } else if (rest_.starts_with("/*")) {
       Skip(rest_.find("*/", 2) + 2);
-    } else if (rest_.starts_with("#include") || rest_.starts_with("#error")) {
-      Skip(rest_.find('\n'));
     } else if (std::isspace(static_cast<unsigned char>(rest_.front())) != 0) {
       Skip(1);
     } else if (const std::size_t prefix = LiteralPrefix(); rest_[prefix] == '"') {

@@ -52,9 +52,9 @@ TEST(BuiltinModes, HaveTheStepsOfTheTable) {
 TEST(BuiltinModes, NormalFollowsItsCurve) {
   Mode mode;
   BuildNormalMode(mode);
-  EXPECT_EQ(ChannelValueAt(mode.channels[0], 11 * 3600), 80.0F);
+  EXPECT_EQ(ChannelValueAt(mode.channels[0], std::int64_t{11} * 3600), 80.0F);
   // From 90 at 20:00 down to 0 at 23:30, two hours on.
-  EXPECT_NEAR(ChannelValueAt(mode.channels[0], 22 * 3600), 90.0F - 90.0F * 2.0F / 3.5F, 1e-4F);
+  EXPECT_NEAR(ChannelValueAt(mode.channels[0], std::int64_t{22} * 3600), 90.0F - 90.0F * 2.0F / 3.5F, 1e-4F);
 }
 
 TEST(BuiltinModes, HaveFreshSerials) {

@@ -194,8 +194,8 @@ TEST(Lmf, HasARowForEachHalfHour) {
 TEST(Lmf, SpreadsAJumpOverTheHalfHoursAroundIt) {
   std::string data;
   WriteLmf(GivenMode({"00:00 0 J, 10:10 100 J"}), data);
-  EXPECT_EQ(data[20 * 20], '\0');    // 10:00
-  EXPECT_EQ(data[21 * 20], '\x46');  // 10:30
+  EXPECT_EQ(data[std::size_t{20} * 20], '\0');    // 10:00
+  EXPECT_EQ(data[std::size_t{21} * 20], '\x46');  // 10:30
 }
 
 TEST(Lmf, WrittenAndReadBackKeepsTheCornersOfACurve) {
@@ -227,7 +227,7 @@ TEST(Raw, ShowsFadesAndJumpsToTheTruncation) {
   std::string data;
   WriteRaw(GivenMode({"08:00 0, 08:01 60", "08:00 80 J, 08:01 0", "08:00 55.9"}), data);
   const auto row = [&data](std::size_t second) { return data.substr(second * 5, 5); };
-  constexpr std::size_t kEight = 8 * 3600;
+  constexpr std::size_t kEight = std::size_t{8} * 3600;
   EXPECT_EQ(row(kEight), std::string("\x00\x50\x37\0\0", 5));
   EXPECT_EQ(row(kEight + 30), std::string("\x1E\x50\x37\0\0", 5));
   EXPECT_EQ(row(kEight + 59), std::string("\x3B\x50\x37\0\0", 5));

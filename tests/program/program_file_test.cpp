@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -163,7 +164,7 @@ TEST_F(ProgramFile, LoadsStepsOutOfOrderAndTheCurveReadsThemSo) {
   const Channel& channel = document.modes[0].channels[0];
   EXPECT_EQ(Told(channel), "12:00 50, 08:00 10 J, 12:00 60");
   // The first step at or after 10:00 is the first of all, so that the last one opens the stretch.
-  EXPECT_EQ(ChannelValueAt(channel, 10 * 3600), (50.0F - 60.0F) / 0.0F * 79200.0F + 60.0F);
+  EXPECT_EQ(ChannelValueAt(channel, std::int64_t{10} * 3600), (50.0F - 60.0F) / 0.0F * 79200.0F + 60.0F);
 }
 
 TEST_F(ProgramFile, LoadsHour30WhichIsNotMerged) {

@@ -40,7 +40,7 @@ TEST(Resampling, TakesWholePercents) {
 TEST(Resampling, LeavesARampOfHalfAnHourOfAJump) {
   Mode result;
   ResampleHalfHour(GivenMode({"08:00 80 J, 12:10 0 J"}), result);
-  EXPECT_EQ(ChannelValueAt(result.channels[0], 12 * 3600), 80.0F);
+  EXPECT_EQ(ChannelValueAt(result.channels[0], std::int64_t{12} * 3600), 80.0F);
   EXPECT_EQ(ChannelValueAt(result.channels[0], 12 * 3600 + 900), 40.0F);
   EXPECT_EQ(ChannelValueAt(result.channels[0], 12 * 3600 + 1800), 0.0F);
 }

@@ -238,7 +238,10 @@ TEST_F(QtCanvasTest, AThinGridIsPale) {
 /// A zigzag of as many points as are asked for, with its ends below as an area has them.
 Figure Zigzag(int count, bool area) {
   Figure figure;
-  const auto x = [count](int i) { return static_cast<float>(10 + i * 280 / count); };
+  const auto x = [count](int i) {
+    const int column = 10 + i * 280 / count;
+    return static_cast<float>(column);
+  };
   if (area) {
     figure.Begin({10, 190});
   } else {

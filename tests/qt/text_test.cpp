@@ -126,7 +126,7 @@ TEST_F(TextTest, ManyTextsInAFrameKeepTheirSizes) {
 TEST_F(TextTest, AnyTextIsSet) {
   for (const std::string& text :
        {std::string(), std::string("\n\n\n"), std::string("\xFF\xC0\x80 broken"),
-        std::string("a\0b\x1B[2J\t", 9), std::string("\xEF\xBF\xBF"),
+        std::string("a\0b\x1B[2J\t\0", 9), std::string("\xEF\xBF\xBF"),
         std::string("\xE2\x80\xAE right to left"), std::string(1'000'000, 'w'), std::string(100'000, '\n')}) {
     for (const TextSize& limits : {kWide, TextSize{0.0F, 0.0F}, TextSize{1.0F, 1.0F}, TextSize{-5.0F, -5.0F},
                                    TextSize{UX::kFarthest, UX::kFarthest}}) {

@@ -29,6 +29,7 @@ std::string Search() {
 std::vector<std::vector<std::string>> Fates(const sim::FaultOptions& options, int count) {
   sim::Faults faults(options);
   std::vector<std::vector<std::string>> fates;
+  fates.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) fates.push_back(faults.Befall(kAnswer));
   return fates;
 }

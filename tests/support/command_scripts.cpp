@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -149,7 +150,7 @@ void SelectLane(User& user, int lane) {
   layout.Update(client.width, client.height);
   for (auto& height : layout.laneHeights) height.from = height.to;
   const UX::Rect place = layout.LaneRect(lane);
-  user.ClickChart(UX::TimeToX(place, {}, 3 * 3600), place.y + place.height / 2);
+  user.ClickChart(UX::TimeToX(place, {}, std::int64_t{3} * 3600), place.y + place.height / 2);
 }
 
 /// The document as it comes out of a file.
