@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 #include "devices/demo_state.h"
@@ -35,6 +36,10 @@ constexpr std::uint32_t kDemo = 0x32B40A;
 constexpr std::array<std::uint32_t, 5> kLanes = {0x400000, 0x004000, 0x000040, 0x404000, 0x004040};
 
 // Grids.
+
+constexpr int Middle(int from, int length) {
+  return from + length / 2;
+}
 
 TEST_F(RendererGdi, LaneIsFilledWithItsChannelsColour) {
   Draw();
@@ -153,7 +158,7 @@ TEST_F(RendererGdi, CurveRunsFlatBeforeAStepThatJumps) {
   const TCBase::Program::Channel steps = {StepAt("06:00", 20), StepAt("12:00", 80, kJump),
                                           StepAt("18:00", 40)};
   ASSERT_EQ(ChannelValueAt(steps, 11 * 3600 - 1800), 65.0F);
-  ASSERT_EQ(ChannelValueAt(steps, 15 * 3600), 80.0F);
+  ASSERT_EQ(ChannelValueAt(steps, std::int64_t{15} * 3600), 80.0F);
   GivenSteps(0, steps);
   Draw();
   EXPECT_EQ(At(0, "10:30", 20), kCurve);
@@ -212,8 +217,8 @@ TEST_F(RendererGdi, MarkersAreYellowWithARimThatTellsAJump) {
   EXPECT_EQ(At(0, "16:00", 50), kMarker);
   const UX::Rect fade = picture.Bounds(kFadeRim);
   const UX::Rect jump = picture.Bounds(kJumpRim);
-  EXPECT_NEAR(fade.x + fade.width / 2, X(0, "08:00"), 1);
-  EXPECT_NEAR(jump.x + jump.width / 2, X(0, "16:00"), 1);
+  EXPECT_NEAR(Middle(fade.x, fade.width), X(0, "08:00"), 1);
+  EXPECT_NEAR(Middle(jump.x, jump.width), X(0, "16:00"), 1);
   EXPECT_NEAR(fade.width, 16 + 2, 1);
   EXPECT_NEAR(jump.width, 16 + 3, 1);
 }
@@ -267,8 +272,8 @@ TEST_F(RendererGdi, SelectedStepHasItsOwnMarkerAndATooltip) {
   EXPECT_EQ(At(x - 10, y), kBlack) << "the ring around it";
   EXPECT_EQ(At(x - 13, y - 2), kLanes[0]);
   const UX::Rect tooltip = picture.Bounds(kTooltip);
-  EXPECT_NEAR(tooltip.x + tooltip.width / 2, x, 2) << "below the step";
-  EXPECT_NEAR(tooltip.y + tooltip.height / 2, y + 2 * 16, 2);
+  EXPECT_NEAR(Middle(tooltip.x, tooltip.width), x, 2) << "below the step";
+  EXPECT_NEAR(Middle(tooltip.y, tooltip.height), y + 2 * 16, 2);
   EXPECT_GT(picture.Count(kBlack, tooltip), 20) << "12:00, 80%";
   EXPECT_EQ(At(tooltip.x - 1, y + 2 * 16), kBlack) << "its outline";
 }

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -40,7 +41,7 @@ void ClickLane(User& user, bool isEnlarged, int hour, float percent) {
   if (isEnlarged) layout.FocusLane(kLane);
   for (auto& height : layout.laneHeights) height.from = height.to;
   const UX::Rect lane = layout.LaneRect(kLane);
-  user.ClickChart(UX::TimeToX(lane, {}, hour * 3600), UX::PercentToY(lane, percent));
+  user.ClickChart(UX::TimeToX(lane, {}, std::int64_t{hour} * 3600), UX::PercentToY(lane, percent));
   user.Wait(kPatienceSeconds);
 }
 
