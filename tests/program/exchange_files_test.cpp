@@ -83,6 +83,7 @@ TEST(Tmf, OfOneRowGivesOneStepInEachChannel) {
 TEST(Tmf, Of49RowsGivesTheFirst48AndALine) {
   StatusLines log;
   std::vector<TmfRow> rows;
+  rows.reserve(49);
   for (int i = 0; i < 48; ++i) rows.push_back({1 + i / 4, i % 4 * 15, i});
   Mode whole;
   ASSERT_TRUE(ReadTmf(TmfFile(rows), whole));
