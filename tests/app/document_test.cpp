@@ -105,7 +105,7 @@ TEST_F(Document, TheControlsShowWhatWasLoaded) {
   EXPECT_EQ(user.GetDesktop().controls.scrollBar.page, 1440);
   EXPECT_EQ(user.Text(Control::TimeLabel), time);
   EXPECT_NE(user.Text(Control::PowerLabel), power);
-  EXPECT_THAT(user.Text(Control::PowerLabel), testing::MatchesRegex("7 7 [12]. 7 7"));
+  EXPECT_EQ(user.Text(Control::PowerLabel), "7 7 25 7 7");
 }
 
 TEST_F(Document, TheControlsShowANewProgramToo) {

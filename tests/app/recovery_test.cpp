@@ -21,7 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 namespace command = app::command;
 using app::Answer;
-using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;

@@ -115,7 +115,7 @@ class Wizard : public testing::Test {
     return Await(
         [count](const SeenDialog& seen) { return seen.controls.at(search_id::kFound).rows.size() == count; });
   }
-  DialogStep AwaitLog(std::string text) {
+  DialogStep AwaitLog(const std::string& text) {
     return Await([this, text](const SeenDialog&) { return user.Log().find(text) != std::string::npos; });
   }
   /// Until a message has come and been agreed to.

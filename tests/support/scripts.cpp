@@ -213,8 +213,9 @@ void SecondStartBringsTheFileBack(User& user, const Folders& folders) {
 }
 
 void OpenByCommandLineAndByDrop(User& user, const Folders& folders) {
-  const std::filesystem::path first = folders.examples / "planted-tank.xml";
-  const std::filesystem::path second = folders.examples / "reef-day.xml";
+  // With the drive, as the program names them.
+  const std::filesystem::path first = std::filesystem::absolute(folders.examples / "planted-tank.xml");
+  const std::filesystem::path second = std::filesystem::absolute(folders.examples / "reef-day.xml");
   user.StartWith({first});
   EXPECT_EQ(user.Title(), TitleOf(first));
   Edit(user);
