@@ -24,7 +24,8 @@ class RecoveryCopies {
   explicit RecoveryCopies(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   /// Writes the copy of the document at hand, or writes it anew; `file` is where it should have been saved.
-  /// An empty path, with the reason in the log, if that fails; a former copy of it stays then.
+  /// An empty path if that fails; a former copy of it stays then. The reason is in the log, but where no
+  /// name is left for a copy.
   std::filesystem::path Keep(const TCBase::Program::ModeListView& document,
                              const std::filesystem::path& file);
   /// The document at hand is this copy from now on.
