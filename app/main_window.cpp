@@ -137,9 +137,7 @@ Outcome MainWindow::OnExitSizeMove() {
 Outcome MainWindow::OnEvent(std::uint32_t event, std::uintptr_t, std::intptr_t) {
   switch (event) {
     case WM_LOG_PENDING:
-      // In this order: a batch shows its status lines first.
-      statusLog.Drain();
-      warningLog.Drain();
+      statusLog.DrainBefore(warningLog);
       return Outcome::Done;
     case WM_SCAN_FINISHED:
     case WM_DEVICES_CHANGED:

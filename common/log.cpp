@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "common/platform.h"
 
@@ -99,11 +100,21 @@ void LogChannel::EndLine() {
 }
 
 void LogChannel::Drain() {
-  std::vector<std::string> items;
-  {
-    const std::lock_guard guard(lock_);
-    items.swap(queue_);
-  }
+  Show(Take());
+}
+
+void LogChannel::DrainBefore(LogChannel& warnings) {
+  const std::vector<std::string> taken = warnings.Take();
+  Drain();
+  warnings.Show(taken);
+}
+
+std::vector<std::string> LogChannel::Take() {
+  const std::lock_guard guard(lock_);
+  return std::exchange(queue_, {});
+}
+
+void LogChannel::Show(const std::vector<std::string>& items) const {
   const auto handler = textHandler.Get();
   if (handler == nullptr) return;
   for (const std::string& item : items) (*handler)(item);

@@ -59,11 +59,18 @@ class LogChannel {
   /// interleave.
   void Drain();
 
+  /// Drains this channel, then `warnings`, as one batch: a line of this one that was written before a warning
+  /// is shown before it, even while other threads write.
+  void DrainBefore(LogChannel& warnings);
+
   /// Assigned on the user interface thread, at any time.
   LogHandler<const std::string&> textHandler;
   LogHandler<> wakeHandler;
 
  private:
+  std::vector<std::string> Take();
+  void Show(const std::vector<std::string>& items) const;
+
   std::mutex lock_;
   std::vector<std::string> queue_;  // guarded by lock_
 };

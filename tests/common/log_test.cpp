@@ -104,6 +104,28 @@ TEST_F(Log, AHandlerMayLogItself) {
   statusLog.textHandler = nullptr;
 }
 
+TEST_F(Log, ABatchShowsWhatWasSaidBeforeAWarningBeforeIt) {
+  std::vector<std::string> shown;
+  const auto show = [&shown](const std::string& text) {
+    if (text != "\r\n") shown.push_back(text);
+  };
+  // While the first line is being shown another thread says two more.
+  statusLog.textHandler = [&show](const std::string& text) {
+    show(text);
+    if (text != "begins") return;
+    LogPlain("ended");
+    LogWarning("not confirmed");
+  };
+  warningLog.textHandler = show;
+  LogPlain("begins");
+  LogWarning("too many");
+  statusLog.DrainBefore(warningLog);
+  statusLog.DrainBefore(warningLog);
+  EXPECT_THAT(shown, ElementsAre("begins", "too many", "ended", "not confirmed"));
+  statusLog.textHandler = nullptr;
+  warningLog.textHandler = nullptr;
+}
+
 TEST_F(Log, StatusAndWarningLinesHaveNoStamp) {
   LogStatus(Message("Channel {1}", 3));
   LogWarning("Too many steps");
