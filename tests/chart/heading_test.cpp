@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace {
 
 using UX::AngleTo;
@@ -33,12 +35,14 @@ TEST(Heading, ADistanceThatIsLostLeavesAFullTurn) {
 }
 
 TEST(Heading, IsDefinedForTinyDistances) {
-  for (float x = 1e-18F; x > 1e-24F; x *= 0.5F)
+  for (int power = -60; power > -80; --power) {
+    const float x = std::ldexp(1.0F, power);
     for (const Point to : {Point{x, 0.0F}, Point{-x, x / 3.0F}, Point{x, -x}}) {
       const float angle = AngleTo({}, to);
       EXPECT_GE(angle, 0.0F);
       EXPECT_LE(angle, 6.28318F);
     }
+  }
 }
 
 TEST(Heading, PointsNextToEachOtherHaveNoHeading) {

@@ -19,7 +19,6 @@ namespace {
 using desktop::ScreenPicture;
 using UX::Brush;
 using UX::Color;
-using UX::Point;
 
 constexpr Color kWhite{255, 255, 255};
 constexpr Color kBlack{0, 0, 0};

@@ -2,6 +2,8 @@
 
 #include "devices/wifi.h"
 
+#include <algorithm>
+
 #include "devices/tc421.h"
 #include "tests/devices/network_test.h"
 
@@ -141,8 +143,9 @@ TEST_F(WifiListTest, NetworksComeInTheSystemsOrderDuplicatesKeptHiddenOnesLeftOu
   sim_network::SetWifi(WifiQuery::Answered, {{"Reef", 7, 4}, {"", 7, 4}, {"Attic", 1, 0}, {"Reef", 7, 4}});
   std::vector<WifiNetwork> networks{{"from before", 0, 0}};
   EXPECT_TRUE(ListWifiNetworks(networks));
-  std::vector<std::string> names;
-  for (const WifiNetwork& network : networks) names.push_back(network.ssid);
+  std::vector<std::string> names(networks.size());
+  std::transform(networks.begin(), networks.end(), names.begin(),
+                 [](const WifiNetwork& network) { return network.ssid; });
   EXPECT_THAT(names, ElementsAre("Reef", "Attic", "Reef"));
   EXPECT_EQ(TakeStatus(), "");
 }

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "program/program.h"
 #include "tests/program/program_fixture.h"
 
@@ -47,8 +50,9 @@ TEST(MergedSteps, HaveWholePercents) {
 TEST(MergedSteps, ComeInOrderWhateverTheOrderOfTheSteps) {
   const std::vector<ModeStep> rows =
       Rows(GivenMode({"12:00 1, 08:00 2, 23:59 3, 00:00 4", "07:59 5, 12:00 6"}));
-  std::vector<int> minutes;
-  for (const ModeStep& row : rows) minutes.push_back(row.hour * 60 + row.minute);
+  std::vector<int> minutes(rows.size());
+  std::transform(rows.begin(), rows.end(), minutes.begin(),
+                 [](const ModeStep& row) { return row.hour * 60 + row.minute; });
   EXPECT_THAT(minutes, testing::ElementsAre(0, 479, 480, 720, 1439));
 }
 
