@@ -17,7 +17,6 @@ namespace {
 
 using namespace desktop;
 using TCBase::Program::Channel;
-using TCBase::Program::Step;
 
 using RendererGdiLimits = GdiChart;
 
