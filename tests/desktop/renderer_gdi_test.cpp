@@ -122,8 +122,8 @@ TEST_F(RendererGdi, HoursAndPercentsAreWrittenOnTheGrid) {
   Draw();
   EXPECT_GT(picture.Count(kLabel, {X(0, "12:00"), 103, 34, 12}), 0) << "12:00";
   EXPECT_GT(picture.Count(kLabel, {X(0, "23:00"), 103, 34, 12}), 0) << "23:00";
-  for (float percent = 20; percent <= 100; percent += 10) {
-    EXPECT_GT(picture.Count(kLabel, {10, Y(0, percent), 30, 10}), 0) << percent;
+  for (int percent = 20; percent <= 100; percent += 10) {
+    EXPECT_GT(picture.Count(kLabel, {10, Y(0, static_cast<float>(percent)), 30, 10}), 0) << percent;
   }
   EXPECT_EQ(picture.Count(kLabel, {500, 11, 390, 80}), 0) << "nowhere else";
 }

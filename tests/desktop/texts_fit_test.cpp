@@ -32,7 +32,6 @@
 namespace {
 
 using namespace in_dialog;
-using app::Answer;
 using app::Control;
 using dialogs::ControlKind;
 using dialogs::ControlTemplate;
