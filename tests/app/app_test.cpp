@@ -24,10 +24,10 @@ void AppTest::GivenTheProgramRuns() {
   ASSERT_TRUE(user.IsRunning());
   // The lanes have come to where they stand: how much time passes in a test is the machine's affair, and
   // while they move the window's timer has them drawn.
-  while (app::IsChartMoving(*user.State().renderer, user.State().chartLayout)) {
+  ASSERT_TRUE(WaitUntil([this] {
     virtual_clock::Advance(0.1);
-    user.Turn();
-  }
+    return !app::IsChartMoving(*user.State().renderer, user.State().chartLayout);
+  }));
   NewLog();
   NewJournal();
 }
