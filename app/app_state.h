@@ -1,8 +1,7 @@
 #pragma once
 
 // All state of the running program, in the order of its construction. Belongs to the user interface thread;
-// what the worker shares has locks of its own. The clocks (`now`, frameClock, idleTimer), the demo's state
-// and the steps clipboard are objects of their own folders.
+// what the worker shares has locks of its own.
 
 #include <memory>
 #include <vector>
@@ -18,9 +17,13 @@
 #include "app/view_control.h"
 #include "chart/chart_layout.h"
 #include "chart/renderer_base.h"
+#include "common/timer.h"
 #include "devices/device_info.h"
+#include "devices/operations.h"
 #include "devices/worker.h"
 #include "program/builtin_modes.h"
+#include "program/channel_edit.h"
+#include "program/demo_state.h"
 
 namespace app {
 
@@ -30,14 +33,21 @@ struct AppState {
   AppState(const AppState&) = delete;
   AppState& operator=(const AppState&) = delete;
 
+  // Frame time: `now` is the clock's as of the present pass of the main loop, by which all that moves moves.
+  timer_base::TimerFeatures<TimerCore_Counter> frameClock;
+  double now = 0.0;
+
   TCBase::Program::ModeListView program = TCBase::Program::NewProgram();  // the only live document
   SavedBaseline savedProgram{program};
   UndoStack undoStack{program};
+  TCBase::DemoState demoState;
   TCBase::Worker worker;
-  std::vector<TCBase::DeviceInfo> devices;  // as listed, with the user's ticks
+  std::vector<TCBase::DeviceInfo> devices;                 // as listed, with the user's ticks
+  timer_base::TimerFeatures<TimerCore_Counter> idleTimer;  // since the user last touched the chart
   TCBase::Program::StepSelection selection{program};
   TCBase::Program::StepSelection hoverStep{program};  // under the mouse
-  UX::ChartLayout chartLayout;
+  TCBase::Program::StepClipboard stepClipboard;
+  UX::ChartLayout chartLayout{now};
   ChartInput chartInput;
   std::unique_ptr<UX::RendererBase> renderer;
 
@@ -52,6 +62,8 @@ struct AppState {
   void BuildControls(const Shell& shell);
 
   TCBase::Program::Mode& CurrentMode();
+  /// What the worker's jobs work with.
+  TCBase::OperationContext JobContext() { return {demoState, worker.StopToken()}; }
 };
 
 }  // namespace app

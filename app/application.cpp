@@ -10,7 +10,6 @@
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
-#include "devices/demo_state.h"
 
 namespace app {
 
@@ -36,7 +35,8 @@ int Application::Run() {
 }
 
 bool Application::Turn() {
-  return TurnMainLoop(shell_.events, *state.renderer, state.chartLayout);
+  return TurnMainLoop({shell_.events, *state.renderer, state.chartLayout, state.demoState, state.frameClock,
+                       state.idleTimer, state.now});
 }
 
 bool Application::StartUp() {
@@ -114,6 +114,7 @@ void Application::OpenFirstProgram() {
 }
 
 void Application::ShutDown() {
+  state.demoState.PostCommand(TCBase::CommandStop);
   state.worker.Shutdown();
   state.renderer->Release();
   shell_.platform.Do(PlatformStep::DeleteLogo);

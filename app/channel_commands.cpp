@@ -37,13 +37,13 @@ void Commands::ToggleJump(int) {
 }
 
 void Commands::CopySteps(int) {
-  CopyChannelSteps(state_.selection);
+  CopyChannelSteps(state_.selection, state_.stepClipboard);
   LogStatus(Message("Copied steps to clipboard"));
   state_.chartInput.InvalidateChart();
 }
 
 void Commands::PasteSteps(int) {
-  if (!PasteChannelSteps(state_.selection)) return;
+  if (!PasteChannelSteps(state_.selection, state_.stepClipboard)) return;
   LogStatus(Message("Pasted steps from clipboard"));
   state_.chartInput.InvalidateChart();
   state_.ctrls->ShowModeDescription();

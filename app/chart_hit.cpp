@@ -66,12 +66,4 @@ std::optional<StepPlace> HoveredStep(UX::ChartLayout& layout, const ModeListView
   return nearest;
 }
 
-ModeStep StrengthsAt(const Mode& mode, std::int32_t second) {
-  ModeStep strengths;
-  for (std::size_t c = 0; c < mode.channels.size(); ++c) {
-    strengths.values[c] = TruncateToInt(ChannelValueAt(mode.channels[c], second));
-  }
-  return strengths;
-}
-
 }  // namespace app

@@ -34,7 +34,4 @@ constexpr std::int32_t FullMinute(std::int32_t second) {
   return second / 60 * 60;
 }
 
-/// What each channel of a mode gives at a second, in whole percent.
-TCBase::Program::ModeStep StrengthsAt(const TCBase::Program::Mode& mode, std::int32_t second);
-
 }  // namespace app

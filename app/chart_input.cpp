@@ -6,11 +6,9 @@
 #include <cstddef>
 
 #include "app/chart_hit.h"
-#include "app/demo_control.h"
 #include "app/menu_table.h"
 #include "common/log.h"
 #include "common/message.h"
-#include "devices/demo_state.h"
 #include "program/channel_edit.h"
 #include "program/optimize.h"
 #include "program/view.h"
@@ -44,20 +42,19 @@ bool IsOnChart(const UX::Rect& window, std::int32_t x, std::int32_t y) {
 
 }  // namespace
 
-ChartInput::ChartInput(UX::ChartWindowPort& chartWindow, MenuPort& menu, ModeListView& program,
-                       StepSelection& selection, StepSelection& hoverStep, UndoStack& undoStack,
-                       UX::ChartLayout& chartLayout)
-    : chartWindow_(chartWindow),
-      menu_(menu),
-      program_(program),
-      selection_(selection),
-      hoverStep_(hoverStep),
-      undoStack_(undoStack),
-      chartLayout_(chartLayout) {}
+ChartInput::ChartInput(const ChartParts& parts)
+    : chartWindow_(parts.chartWindow),
+      menu_(parts.menu),
+      program_(parts.program),
+      selection_(parts.selection),
+      hoverStep_(parts.hoverStep),
+      undoStack_(parts.undoStack),
+      chartLayout_(parts.chartLayout),
+      demo_(parts.demo) {}
 
 void ChartInput::OnLeftDown(std::int32_t x, std::int32_t y) {
   chartWindow_.TakeFocus();
-  if (IsDemoRunning()) {
+  if (demo_.IsRunning()) {
     dragging_ = seeking_ = true;
     SeekDemo(x);
     return;
@@ -125,7 +122,7 @@ void ChartInput::LetGo() {
   if (!dragging_) return;
   dragging_ = seeking_ = false;
   const Step* step = SelectedStep(selection_);
-  if (IsDemoRunning() || step == nullptr) return;
+  if (demo_.IsRunning() || step == nullptr) return;
   LogStatus(Message("Step {1}", ToDescription(*step)));
   Hint("Press DELETE or BACKSPACE to remove the selected step.");
   Hint("You can also use keyboard ARROWS to move the step with higher accuracy.");
@@ -136,7 +133,7 @@ void ChartInput::LetGo() {
 void ChartInput::OnMouseMove(std::int32_t x, std::int32_t y) {
   UpdateHover(x, y);
   if (!dragging_) return;
-  if (IsDemoRunning()) {
+  if (demo_.IsRunning()) {
     SeekDemo(x);
   } else {
     DragStep(x, y);
@@ -199,7 +196,7 @@ void ChartInput::OnRightDown(std::int32_t x, std::int32_t y) {
 }
 
 void ChartInput::OnRightUp(std::int32_t x, std::int32_t y) {
-  if (!IsDemoRunning()) menu_.OpenAtChart(menu::kChannel, x, y);
+  if (!demo_.IsRunning()) menu_.OpenAtChart(menu::kChannel, x, y);
 }
 
 WheelUse ChartInput::OnWheel(std::int32_t x, std::int32_t y, std::int32_t delta, const WheelKeys& keys) {
@@ -218,7 +215,7 @@ WheelUse ChartInput::OnWheel(std::int32_t x, std::int32_t y, std::int32_t delta,
 
 void ChartInput::SeekDemo(std::int32_t x) {
   const std::int32_t second = TimeAt(x);
-  TCBase::PostSeek(UX::IsOnDay(second) ? second : 0);
+  demo_.PostSeek(UX::IsOnDay(second) ? second : 0);
   InvalidateChart();
 }
 

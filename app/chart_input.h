@@ -9,6 +9,7 @@
 #include "app/undo_stack.h"
 #include "chart/chart_layout.h"
 #include "chart/chart_window.h"
+#include "program/demo_state.h"
 #include "program/program.h"
 
 namespace app {
@@ -27,12 +28,21 @@ enum class WheelUse {
   Power,  // the selected channel's power is to change
 };
 
+/// What the chart's input works on; all of it outlives the input.
+struct ChartParts {
+  UX::ChartWindowPort& chartWindow;
+  MenuPort& menu;
+  TCBase::Program::ModeListView& program;
+  TCBase::Program::StepSelection& selection;
+  TCBase::Program::StepSelection& hoverStep;
+  UndoStack& undoStack;
+  UX::ChartLayout& chartLayout;
+  TCBase::DemoState& demo;
+};
+
 class ChartInput {
  public:
-  /// All of these outlive the input.
-  ChartInput(UX::ChartWindowPort& chartWindow, MenuPort& menu, TCBase::Program::ModeListView& program,
-             TCBase::Program::StepSelection& selection, TCBase::Program::StepSelection& hoverStep,
-             UndoStack& undoStack, UX::ChartLayout& chartLayout);
+  explicit ChartInput(const ChartParts& parts);
 
   // The mouse, in the chart window's coordinates.
 
@@ -101,6 +111,7 @@ class ChartInput {
   TCBase::Program::StepSelection& hoverStep_;
   UndoStack& undoStack_;
   UX::ChartLayout& chartLayout_;
+  TCBase::DemoState& demo_;
 };
 
 }  // namespace app

@@ -5,7 +5,6 @@
 #include "app/numbers.h"
 #include "common/log.h"
 #include "common/message.h"
-#include "devices/demo_state.h"
 #include "program/channel_edit.h"
 #include "program/optimize.h"
 
@@ -82,13 +81,13 @@ void ChartInput::Nudge(std::int32_t minutes, float value) {
 }
 
 void ChartInput::PauseOrResumeDemo() {
-  const std::int32_t position = TCBase::demoState.position;
+  const std::int32_t position = demo_.position;
   if (position < 0) return;
-  if (TCBase::demoState.state == TCBase::StatePaused) {
-    TCBase::PostCommand(TCBase::CommandResume);
+  if (demo_.state == TCBase::StatePaused) {
+    demo_.PostCommand(TCBase::CommandResume);
     LogStatus(Message("Demo playback resumed"));
   } else {
-    TCBase::PostCommand(TCBase::CommandPause);
+    demo_.PostCommand(TCBase::CommandPause);
     LogStatus(Message("Demo playback paused at {1}", DayTimeText(position)));
   }
 }

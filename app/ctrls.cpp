@@ -1,7 +1,6 @@
 #include "app/ctrls.h"
 
 #include <algorithm>
-#include <mutex>
 #include <string>
 #include <utility>
 
@@ -134,7 +133,7 @@ void Ctrls::UpdateZoomSlider() {
   zoomSlider_.SetPosition(TruncateToInt(kMaxViewHours - hours));
 }
 
-void Ctrls::ShowDemoStatus(TCBase::DemoState& record) {
+void Ctrls::ShowDemoStatus(const TCBase::DemoState& record) {
   const char* button = kPlayText;
   std::u16string status = Message("Ready ({1}s)", shell_.settings.DemoSpeed()).ToWide();
   const std::int32_t state = record.state;
@@ -145,13 +144,8 @@ void Ctrls::ShowDemoStatus(TCBase::DemoState& record) {
     status = Message("Playing").ToWide();
   }
 
-  ModeStep step;
-  {
-    const std::lock_guard lock(record.stepMutex);
-    step = record.step;
-  }
   secondOfMode_.reset();
-  ShowTimeAndPower(record.position, step);
+  ShowTimeAndPower(record.position, record.Step());
 
   shell_.controls.SetText(Control::PlayButton, WideFromUtf8(button));
   shell_.controls.SetText(Control::DemoStatusLabel, status);
@@ -164,7 +158,7 @@ void Ctrls::ShowDemoStatus(TCBase::DemoState& record) {
 void Ctrls::ShowModeAt(std::int32_t second) {
   secondOfMode_ = second;
   const Mode& mode = program_.modes.at(static_cast<std::size_t>(program_.currentMode));
-  ShowTimeAndPower(second, StrengthsAt(mode, second));
+  ShowTimeAndPower(second, StepAt(mode, second));
 }
 
 void Ctrls::ShowTimeAndPower(std::int32_t second, const ModeStep& step) {

@@ -11,8 +11,8 @@
 #include "app/ports.h"
 #include "app/slider.h"
 #include "chart/chart_layout.h"
-#include "devices/demo_state.h"
 #include "devices/device_info.h"
+#include "program/demo_state.h"
 #include "program/program.h"
 
 namespace app {
@@ -62,7 +62,7 @@ class Ctrls {
 
   /// Play button, status, time and power from a record of a demo; controls that edit are disabled unless it
   /// is idle.
-  void ShowDemoStatus(TCBase::DemoState& record);
+  void ShowDemoStatus(const TCBase::DemoState& record);
   void ShowTimeAndPower(std::int32_t second, const TCBase::Program::ModeStep& step);
 
   /// The read-outs show a second of the day and what the current mode gives then.

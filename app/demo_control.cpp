@@ -5,7 +5,6 @@
 #include "OvkLib/src/ovk_format.h"
 #include "app/numbers.h"
 #include "common/platform.h"
-#include "devices/demo_state.h"
 #include "devices/jobs.h"
 
 namespace app {
@@ -19,20 +18,17 @@ void NotifyDemoIdle(EventTarget& mainWindow) {
   mainWindow.Post(WM_DEMO_STATE, 0, 0);
 }
 
-bool IsDemoRunning() {
-  return TCBase::demoState.position >= 0;
-}
-
-void PlayDemo(TCBase::Worker& worker, const std::vector<TCBase::DeviceInfo>& devices,
-              const TCBase::Program::ModeListView& program, int seconds, EventTarget& mainWindow) {
-  switch (TCBase::demoState.state) {
+void PlayDemo(TCBase::Worker& worker, const TCBase::OperationContext& context,
+              const std::vector<TCBase::DeviceInfo>& devices, const TCBase::Program::ModeListView& program,
+              int seconds, EventTarget& mainWindow) {
+  switch (context.demo.state) {
     case TCBase::StatePaused:
-      return TCBase::PostCommand(TCBase::CommandResume);
+      return context.demo.PostCommand(TCBase::CommandResume);
     case TCBase::StatePlaying:
-      return TCBase::PostCommand(TCBase::CommandPause);
+      return context.demo.PostCommand(TCBase::CommandPause);
     default:
       // Until the worker gets to it the state stays idle: a second press queues a second demo.
-      worker.AddJob(TCBase::DemoJob(devices, program, seconds));
+      worker.AddJob(TCBase::DemoJob(devices, program, seconds, context));
       worker.AddJob([&mainWindow] { NotifyDemoIdle(mainWindow); });
   }
 }

@@ -8,6 +8,7 @@
 
 #include "common/event_target.h"
 #include "devices/device_info.h"
+#include "devices/operations.h"
 #include "devices/worker.h"
 #include "program/program.h"
 
@@ -17,13 +18,11 @@ namespace app {
 /// the pause between the end of a demo and the ready text.
 void NotifyDemoIdle(EventTarget& mainWindow);
 
-/// Whether a demo runs, for all who behave differently then.
-bool IsDemoRunning();
-
 /// Starts a demo of the current mode, a day in `seconds`, on the selected devices, or pauses or resumes the
 /// one that runs. The window hears by WM_DEMO_STATE when it is over.
-void PlayDemo(TCBase::Worker& worker, const std::vector<TCBase::DeviceInfo>& devices,
-              const TCBase::Program::ModeListView& program, int seconds, EventTarget& mainWindow);
+void PlayDemo(TCBase::Worker& worker, const TCBase::OperationContext& context,
+              const std::vector<TCBase::DeviceInfo>& devices, const TCBase::Program::ModeListView& program,
+              int seconds, EventTarget& mainWindow);
 
 /// "08:05:00"; seconds off the day count as its first or last.
 std::string DayTimeText(std::int32_t second);

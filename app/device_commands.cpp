@@ -18,7 +18,6 @@
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
-#include "devices/demo_state.h"
 #include "devices/device_list.h"
 #include "devices/jobs.h"
 #include "devices/shown_name.h"
@@ -48,7 +47,8 @@ void TellIfNoneIsSelected(const std::vector<TCBase::DeviceInfo>& devices) {
 }  // namespace
 
 void Commands::SyncTime(int) {
-  state_.worker.AddJob(TCBase::TimeSyncJob(state_.devices, state_.program, platform::LocalTime()));
+  state_.worker.AddJob(
+      TCBase::TimeSyncJob(state_.devices, state_.program, platform::LocalTime(), state_.JobContext()));
   TellIfNoneIsSelected(state_.devices);
 }
 
@@ -61,31 +61,32 @@ void Commands::SetTime(int) {
                                  Message("OK").ToWide(),
                                  Message("Cancel").ToWide()};
   if (dialogs::DlgGetDateTime(shell_.dialogs, params).DoModal() != dialogs::kOk) return;
-  state_.worker.AddJob(TCBase::TimeSyncJob(state_.devices, state_.program, params.dateTime));
+  state_.worker.AddJob(
+      TCBase::TimeSyncJob(state_.devices, state_.program, params.dateTime, state_.JobContext()));
   TellIfNoneIsSelected(state_.devices);
 }
 
 void Commands::UploadProgram(int) {
   if (!CheckBeforeUpload(state_.program, state_.devices, shell_.questions)) return;
-  state_.worker.AddJob(TCBase::UploadJob(state_.devices, state_.program));
+  state_.worker.AddJob(TCBase::UploadJob(state_.devices, state_.program, state_.JobContext()));
   TellIfNoneIsSelected(state_.devices);
 }
 
 void Commands::ClearAll(int) {
-  state_.worker.AddJob(TCBase::ClearJob(state_.devices, state_.program));
+  state_.worker.AddJob(TCBase::ClearJob(state_.devices, state_.program, state_.JobContext()));
   TellIfNoneIsSelected(state_.devices);
 }
 
 void Commands::PlayDemo(int) {
-  const bool starts = TCBase::demoState.state == TCBase::StateIdle;
-  app::PlayDemo(state_.worker, state_.devices, state_.program, shell_.settings.DemoSpeed(),
-                shell_.mainWindow);
+  const bool starts = state_.demoState.state == TCBase::StateIdle;
+  app::PlayDemo(state_.worker, state_.JobContext(), state_.devices, state_.program,
+                shell_.settings.DemoSpeed(), shell_.mainWindow);
   if (starts) TellIfNoneIsSelected(state_.devices);
   state_.menuBar->RefreshNow(0, shell_.settings.LoggingEnabled());
 }
 
 void Commands::StopDemo(int) {
-  TCBase::PostCommand(TCBase::CommandStop);
+  state_.demoState.PostCommand(TCBase::CommandStop);
   state_.menuBar->RefreshNow(-1, shell_.settings.LoggingEnabled());
 }
 

@@ -5,7 +5,6 @@
 
 #include "common/log.h"
 #include "common/message.h"
-#include "devices/demo_state.h"
 
 namespace app {
 
@@ -16,7 +15,7 @@ void ApplyLanguage(AppState& state, const Shell& shell, std::string_view id) {
   state.chartInput.InvalidateChart();
   state.ctrls->FillModeList();
   state.ctrls->TranslateLabels();
-  state.ctrls->ShowDemoStatus(TCBase::demoState);
+  state.ctrls->ShowDemoStatus(state.demoState);
 }
 
 void AnnounceLanguage(TranslationStore& translations) {

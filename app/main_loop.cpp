@@ -1,7 +1,5 @@
 #include "app/main_loop.h"
 
-#include "app/demo_control.h"
-#include "chart/bumper.h"
 #include "common/platform.h"
 
 namespace app {
@@ -14,12 +12,13 @@ constexpr int kIdleMilliseconds = 5;
 /// Seconds since the user touched the chart. A click on the window's background stops the timer at zero; its
 /// core still tells of the last touch, so that what that set in motion comes to its end and drawing does,
 /// too.
-double SecondsSinceInput() {
+double SecondsSinceInput(const timer_base::TimerFeatures<TimerCore_Counter>& idleTimer) {
   return idleTimer.IsFrozen() ? idleTimer.Elapsed() : idleTimer.Now();
 }
 
-bool MayRest(UX::RendererBase& renderer, const UX::ChartLayout& layout) {
-  return !IsDemoRunning() && SecondsSinceInput() >= kIdleSeconds && !IsChartMoving(renderer, layout);
+bool MayRest(const MainLoopParts& parts) {
+  return !parts.demo.IsRunning() && SecondsSinceInput(parts.idleTimer) >= kIdleSeconds &&
+         !IsChartMoving(parts.renderer, parts.layout);
 }
 
 }  // namespace
@@ -28,20 +27,20 @@ bool IsChartMoving(UX::RendererBase& renderer, const UX::ChartLayout& layout) {
   return renderer.IsAnimating() || layout.IsGliding();
 }
 
-bool TurnMainLoop(EventSource& events, UX::RendererBase& renderer, const UX::ChartLayout& layout) {
-  now = frameClock.Now();
-  if (events.Take()) {
-    if (!events.OfferToAccelerators()) events.Dispatch();
+bool TurnMainLoop(const MainLoopParts& parts) {
+  parts.now = parts.frameClock.Now();
+  if (parts.events.Take()) {
+    if (!parts.events.OfferToAccelerators()) parts.events.Dispatch();
   } else {
-    renderer.Update();
-    if (MayRest(renderer, layout)) {
+    parts.renderer.Update();
+    if (MayRest(parts)) {
       platform::SleepMilliseconds(kIdleMilliseconds);
     } else {
-      renderer.Render();
+      parts.renderer.Render();
     }
   }
   // Turns without an event leave the one taken last, which is not the quit event or there would be no turn.
-  return !events.IsQuit();
+  return !parts.events.IsQuit();
 }
 
 }  // namespace app

@@ -2,11 +2,9 @@
 
 #include "app/app_state.h"
 #include "app/commands.h"
-#include "app/demo_control.h"
 #include "app/main_loop.h"
 #include "app/numbers.h"
 #include "common/log.h"
-#include "devices/demo_state.h"
 #include "program/channel_edit.h"
 
 namespace app {
@@ -18,7 +16,7 @@ Outcome MainWindow::OnDestroy() {
 }
 
 Outcome MainWindow::OnSize(SizeKind kind) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   if (kind != SizeKind::Restored && kind != SizeKind::Maximized) return Outcome::Default;
   UpdateLayout();
   if (state_.ctrls == nullptr) return Outcome::Default;  // the window is being made
@@ -45,25 +43,25 @@ void MainWindow::OnDrop(const std::vector<std::filesystem::path>& files) {
 }
 
 Outcome MainWindow::OnCommand(int id, int code) {
-  if (code == kFromKey && !state_.menuBar->TakesKey(id, TCBase::demoState.position)) return Outcome::Done;
+  if (code == kFromKey && !state_.menuBar->TakesKey(id, state_.demoState.position)) return Outcome::Done;
   commands_.Dispatch(id, code);
   return Outcome::Done;
 }
 
 Outcome MainWindow::OnTimer(int id) {
   if (id != kDemoTimer) return Outcome::Default;
-  if (!IsDemoRunning()) {
+  if (!state_.demoState.IsRunning()) {
     MoveChartOn();
     return Outcome::Done;
   }
   state_.chartInput.InvalidateChart();
-  state_.ctrls->ShowDemoStatus(TCBase::demoState);
+  state_.ctrls->ShowDemoStatus(state_.demoState);
   return Outcome::Done;
 }
 
 void MainWindow::MoveChartOn() {
   if (!IsChartMoving(*state_.renderer, state_.chartLayout)) return;
-  now = frameClock.Now();
+  state_.now = state_.frameClock.Now();
   state_.renderer->Update();
   state_.chartInput.InvalidateChart();
 }
@@ -86,12 +84,12 @@ Outcome MainWindow::OnHorizontalScroll(Control sender, int code, int position) {
 }
 
 Outcome MainWindow::OnInitMenuPopup() {
-  state_.menuBar->Refresh(TCBase::demoState.position, shell_.settings.LoggingEnabled());
+  state_.menuBar->Refresh(state_.demoState.position, shell_.settings.LoggingEnabled());
   return Outcome::Default;
 }
 
 Outcome MainWindow::OnLeftButtonDown() {
-  idleTimer.Stop();  // stands at 0 until the next event restarts it
+  state_.idleTimer.Stop();  // stands at 0 until the next event restarts it
   state_.chartLayout.ClearFocus();
   state_.chartInput.InvalidateChart();
   return Outcome::Default;
@@ -122,13 +120,13 @@ Outcome MainWindow::OnKeyUp(int key) {
 }
 
 Outcome MainWindow::OnSizing() {
-  now = frameClock.Now();  // the main loop does not turn meanwhile
-  idleTimer.Restart(0.0);
+  state_.now = state_.frameClock.Now();  // the main loop does not turn meanwhile
+  state_.idleTimer.Restart(0.0);
   return Outcome::Done;
 }
 
 Outcome MainWindow::OnExitSizeMove() {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   state_.renderer->Rebuild();
   state_.chartInput.InvalidateChart();
   return Outcome::Default;
@@ -168,33 +166,33 @@ void ChartWindow::OnPaint() {
 }
 
 void ChartWindow::OnKeyDown(int key) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   state_.chartInput.OnKey(key);
   state_.powerControl->Update();
 }
 
 void ChartWindow::OnKeyUp(int key) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   state_.chartInput.OnKeyUp(key);
   state_.ctrls->ShowModeDescription();
 }
 
 void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   if (!leftButton && state_.chartInput.IsHolding()) OnLeftUp(x, y);
   state_.renderer->MouseMoved(x, y);
   state_.chartInput.OnMouseMove(x, y);
-  if (IsDemoRunning()) return;  // the labels show the demo's time
+  if (state_.demoState.IsRunning()) return;  // the labels show the demo's time
   state_.ctrls->ShowModeAt(state_.chartInput.TimeAt(x));
 }
 
 void ChartWindow::OnLeftDown(std::int32_t x, std::int32_t y) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   state_.chartInput.OnLeftDown(x, y);
 }
 
 void ChartWindow::OnLeftUp(std::int32_t, std::int32_t) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   state_.chartInput.OnLeftUp();
   ShowChange();
 }
@@ -211,18 +209,18 @@ void ChartWindow::ShowChange() {
 }
 
 void ChartWindow::OnRightDown(std::int32_t x, std::int32_t y) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   state_.chartInput.OnRightDown(x, y);
 }
 
 void ChartWindow::OnRightUp(std::int32_t x, std::int32_t y) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   state_.chartInput.OnRightUp(x, y);
 }
 
 void ChartWindow::OnWheel(std::int32_t x, std::int32_t y, int delta, bool shift, bool ctrl,
                           bool otherButtons) {
-  idleTimer.Restart(0.0);
+  state_.idleTimer.Restart(0.0);
   switch (state_.chartInput.OnWheel(x, y, delta, {shift, ctrl, otherButtons})) {
     case WheelUse::View:
       return state_.viewControl->OnViewTurned();

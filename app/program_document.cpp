@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/demo_control.h"
 #include "app/save_question.h"
 #include "common/files.h"
 #include "common/log.h"
@@ -24,11 +23,13 @@ constexpr char kProgramName[] = "Lumarine";
 }  // namespace
 
 ProgramDocument::ProgramDocument(const Shell& shell, TCBase::Program::ModeListView& program,
-                                 UndoStack& undoStack, Ctrls& ctrls, ChannelPowerControl& powerControl,
-                                 ChartInput& chartInput, SavedBaseline& savedProgram)
+                                 UndoStack& undoStack, const TCBase::DemoState& demo, Ctrls& ctrls,
+                                 ChannelPowerControl& powerControl, ChartInput& chartInput,
+                                 SavedBaseline& savedProgram)
     : shell_(shell),
       program_(program),
       undoStack_(undoStack),
+      demo_(demo),
       ctrls_(ctrls),
       powerControl_(powerControl),
       chartInput_(chartInput),
@@ -76,7 +77,7 @@ bool ProgramDocument::Open(const std::vector<std::filesystem::path>& files) {
   std::error_code error;
   std::filesystem::path path = std::filesystem::absolute(files.front(), error);
   if (error) path = files.front();
-  if (IsDemoRunning() || !shell_.mainWindow.TakesInput()) {
+  if (demo_.IsRunning() || !shell_.mainWindow.TakesInput()) {
     LogStatus(Message("{1} is not opened while a demo runs or a dialog is open", path));
     return false;
   }

@@ -15,6 +15,7 @@
 #include "app/recovery_copies.h"
 #include "app/saved_baseline.h"
 #include "app/undo_stack.h"
+#include "program/demo_state.h"
 #include "program/program.h"
 
 namespace app {
@@ -23,8 +24,8 @@ class ProgramDocument {
  public:
   /// All of these outlive the document.
   ProgramDocument(const Shell& shell, TCBase::Program::ModeListView& program, UndoStack& undoStack,
-                  Ctrls& ctrls, ChannelPowerControl& powerControl, ChartInput& chartInput,
-                  SavedBaseline& savedProgram);
+                  const TCBase::DemoState& demo, Ctrls& ctrls, ChannelPowerControl& powerControl,
+                  ChartInput& chartInput, SavedBaseline& savedProgram);
 
   /// Asks whether to save, and saves, if the program is modified or a save of it failed and there is no copy.
   /// False if it must not be given up: the user cancelled, or saving failed.
@@ -76,6 +77,7 @@ class ProgramDocument {
   const Shell& shell_;
   TCBase::Program::ModeListView& program_;
   UndoStack& undoStack_;
+  const TCBase::DemoState& demo_;
   Ctrls& ctrls_;
   ChannelPowerControl& powerControl_;
   ChartInput& chartInput_;

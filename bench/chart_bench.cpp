@@ -7,7 +7,7 @@
 
 #include "chart/chart_drawing.h"
 #include "chart/curve_line.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "program/program.h"
 #include "tests/support/text_metric.h"
 
@@ -59,13 +59,17 @@ void Frame(benchmark::State& state) {
   ModeListView document = GivenDay(static_cast<std::int32_t>(state.range(0)));
   StepSelection selection{document, 1, 20};
   StepSelection hover{document, 3, 30};
-  UX::ChartLayout layout;
+  TCBase::DemoState demo;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   layout.Update(1024, 768);
-  UX::ChartDrawing drawing({document, selection, hover, layout});
+  UX::ChartDrawing drawing({document, selection, hover, layout, demo, now});
   IdleCanvas canvas;
   drawing.Rebuild(canvas);
-  TCBase::demoState.step.values = {0, 25, 50, 75, 100};
-  TCBase::demoState.SetRunning(43'200, TCBase::StatePlaying);
+  ModeStep sent;
+  sent.values = {0, 25, 50, 75, 100};
+  demo.SetStep(sent);
+  demo.SetRunning(43'200, TCBase::StatePlaying);
   drawing.MouseMoved(500, 300);
   drawing.Update();
   now += 0.15;  // balloons grow and lanes glide
@@ -76,7 +80,6 @@ void Frame(benchmark::State& state) {
   }
   state.counters["operations"] =
       benchmark::Counter(static_cast<double>(canvas.operations), benchmark::Counter::kAvgIterations);
-  TCBase::demoState.SetIdle();
 }
 BENCHMARK(Frame)->Arg(48)->Arg(480)->Arg(4800)->Unit(benchmark::kMicrosecond);
 
@@ -95,9 +98,11 @@ void Rebuild(benchmark::State& state) {
   ModeListView document = GivenDay(48);
   StepSelection selection{document};
   StepSelection hover{document};
-  UX::ChartLayout layout;
+  const TCBase::DemoState demo;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   layout.Update(1024, 768);
-  UX::ChartDrawing drawing({document, selection, hover, layout});
+  UX::ChartDrawing drawing({document, selection, hover, layout, demo, now});
   IdleCanvas canvas;
   for (auto _ : state) {
     drawing.Rebuild(canvas);

@@ -16,8 +16,8 @@
 #include "chart/chart_layout.h"
 #include "common/platform.h"
 #include "common/truncate.h"
-#include "devices/demo_state.h"
 #include "platform/qt/qt_canvas.h"
+#include "program/demo_state.h"
 
 namespace {
 
@@ -69,11 +69,12 @@ class Chart {
     drawing_.Update();
     Pass();
     drawing_.Update();
-    TCBase::demoState.step.values = {0, 25, 50, 75, 100};
-    TCBase::demoState.SetRunning(13 * 3600, TCBase::StatePlaying);
+    ModeStep sent;
+    sent.values = {0, 25, 50, 75, 100};
+    demo_.SetStep(sent);
+    demo_.SetRunning(13 * 3600, TCBase::StatePlaying);
     image_.fill(Qt::white);
   }
-  ~Chart() { TCBase::demoState.SetIdle(); }
 
   void DrawFrame() {
     QPainter painter(&image_);
@@ -105,16 +106,19 @@ class Chart {
 
  private:
   /// A pass of the main loop, when all has come to rest.
-  static void Pass() {
+  void Pass() {
     platform::SleepMilliseconds(600);
-    now = frameClock.Now();
+    now_ = frameClock_.Now();
   }
 
   ModeListView document_;
   StepSelection selection_{document_};
   StepSelection hoverStep_{document_};
-  UX::ChartLayout layout_;
-  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_}};
+  TCBase::DemoState demo_;
+  timer_base::TimerFeatures<TimerCore_Counter> frameClock_;
+  double now_ = 0.0;
+  UX::ChartLayout layout_{now_};
+  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_, demo_, now_}};
   qt::QtCanvas canvas_{qt::Surface::Pixels};
   QImage image_{kWidth, kHeight, QImage::Format_ARGB32_Premultiplied};
 };

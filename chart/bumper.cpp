@@ -115,13 +115,13 @@ void BumperFader<Bumper>::Start(float low, float high, float total, float fadeIn
   Prepare(fadeOut, high, end, fadeOutTime, hold.delay + hold.duration, BumperCurve::EaseIn);
 }
 
-template class BumperT<timer_base::TimerFeatures<misc::TimerCore_MiscVal>>;
+template class BumperT<FrameTimer>;
 template class BumperT<timer_base::TimerFeatures<TimerCore_Counter>>;
 template class BumperSequenceBase<FrameBumper>;
 template class BumperFader<FrameBumper>;
 
-BumperPulsedFader::BumperPulsedFader(float low_, float high_, float pulseAmplitude_)
-    : low(low_), high(high_), pulseAmplitude(pulseAmplitude_) {
+BumperPulsedFader::BumperPulsedFader(float low_, float high_, float pulseAmplitude_, const double& now)
+    : low(low_), high(high_), pulseAmplitude(pulseAmplitude_), pulse(FrameTimer(now)), fader(pulse) {
   pulse.mode = BumperMode::PingPong;
   pulse.curve = BumperCurve::SmoothEnds;
   pulse.to = pulse.goal = pulseAmplitude;

@@ -10,25 +10,23 @@
 
 #include "common/timer.h"
 
-/// The time in seconds as of the present pass of the main loop, which stores frameClock.Now() here at its
-/// top: all bumpers of one frame see the same instant, and asking them reads no clock.
-inline constinit double now = 0.0;
-
-/// What `now` is taken from.
-inline timer_base::TimerFeatures<TimerCore_Counter> frameClock;
-
-/// Time since the user last touched the chart.
-inline timer_base::TimerFeatures<TimerCore_Counter> idleTimer;
-
 namespace misc {
 
-/// Elapsed time by `now`: stands still between two passes of the main loop.
+/// Elapsed time by `now`, the time of the present frame in seconds, which its owner moves on once a pass of
+/// the main loop: all bumpers of one frame see the same instant, and asking them reads no clock.
 class TimerCore_MiscVal {
  public:
-  double Elapsed() const { return now - base; }
-  void Rebase() { base = now; }
+  /// `now` outlives the timer and all copies of it.
+  explicit TimerCore_MiscVal(const double& now) : base(now), now_(&now) {}
+  explicit TimerCore_MiscVal(const double&&) = delete;
 
-  double base = now;  // `now` at the last rebase
+  double Elapsed() const { return *now_ - base; }
+  void Rebase() { base = *now_; }
+
+  double base;  // `now` at the last rebase
+
+ private:
+  const double* now_;
 };
 
 }  // namespace misc
@@ -53,6 +51,10 @@ enum class BumperCurve : std::int32_t {
 template <class Timer>
 class BumperT {
  public:
+  BumperT() = default;
+  /// Runs on a copy of `timer_`.
+  explicit BumperT(const Timer& timer_) : timer(timer_) {}
+
   /// The present value, always between `from` and `to`. Allocates nothing. Keeps `goal` up to date.
   float Value();
 
@@ -117,7 +119,10 @@ class BumperSequenceBase {
 template <class Bumper>
 class BumperFader : public BumperSequenceBase<Bumper> {
  public:
-  BumperFader() { this->SetItems({&fadeIn, &hold, &fadeOut}); }
+  /// All three start as copies of `item`.
+  explicit BumperFader(const Bumper& item) : fadeIn(item), hold(item), fadeOut(item) {
+    this->SetItems({&fadeIn, &hold, &fadeOut});
+  }
 
   /// Starts over: from `low` to `high`, and down to `end`, in `total` seconds altogether.
   void Start(float low, float high, float total, float fadeInTime, float fadeOutTime, float end);
@@ -127,12 +132,13 @@ class BumperFader : public BumperSequenceBase<Bumper> {
   Bumper fadeOut;
 };
 
+using FrameTimer = timer_base::TimerFeatures<misc::TimerCore_MiscVal>;
 /// Values that change from frame to frame only.
-using FrameBumper = BumperT<timer_base::TimerFeatures<misc::TimerCore_MiscVal>>;
+using FrameBumper = BumperT<FrameTimer>;
 /// Values that are set and read within one frame, in which `now` would not have moved.
 using CounterBumper = BumperT<timer_base::TimerFeatures<TimerCore_Counter>>;
 
-extern template class BumperT<timer_base::TimerFeatures<misc::TimerCore_MiscVal>>;
+extern template class BumperT<FrameTimer>;
 extern template class BumperT<timer_base::TimerFeatures<TimerCore_Counter>>;
 extern template class BumperSequenceBase<FrameBumper>;
 extern template class BumperFader<FrameBumper>;
@@ -140,7 +146,8 @@ extern template class BumperFader<FrameBumper>;
 /// The value of a popup: fades in, stays, fades out, and pulses as it does.
 class BumperPulsedFader {
  public:
-  BumperPulsedFader(float low_, float high_, float pulseAmplitude_);
+  /// `now` as with its bumpers.
+  BumperPulsedFader(float low_, float high_, float pulseAmplitude_, const double& now);
 
   /// From `low` to `high` and back as `fader` goes from 0 to 1 and back. The pulse lies within the product
   /// and so fades with the rest.

@@ -8,6 +8,7 @@ namespace UX {
 
 namespace {
 
+using bumper_base::FrameBumper;
 using TCBase::Program::kChannelCount;
 using TCBase::Program::ModeListView;
 
@@ -26,6 +27,11 @@ bool IsLane(std::int32_t index) {
   return index >= 0 && index < kChannelCount;
 }
 
+template <class Value>
+std::array<Value, kChannelCount> ForEachLane(const Value& value) {
+  return {value, value, value, value, value};
+}
+
 float PixelsPerSecond(const Rect& lane, const ModeListView& view) {
   return static_cast<float>(lane.width) / static_cast<float>(view.viewEnd - view.viewStart);
 }
@@ -36,7 +42,8 @@ bool IsWithin(std::int32_t value, std::int32_t begin, std::int32_t length) {
 
 }  // namespace
 
-ChartLayout::ChartLayout() {
+ChartLayout::ChartLayout(const double& now)
+    : laneHeights(ForEachLane(FrameBumper(bumper_base::FrameTimer(now)))) {
   for (auto& height : laneHeights) height.from = height.to = height.goal = kFirstLaneHeight;
 }
 

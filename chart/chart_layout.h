@@ -29,7 +29,8 @@ inline constexpr std::int32_t kLaneGap = 14;
 /// lane's rectangle is asked for anew at each use and never kept from one frame to the next.
 class ChartLayout {
  public:
-  ChartLayout();
+  /// `now` is the time of the present frame, see bumper.h; it outlives the layout.
+  explicit ChartLayout(const double& now);
 
   /// Takes over the size of the main window's client area.
   void Update(std::int32_t clientWidth, std::int32_t clientHeight);

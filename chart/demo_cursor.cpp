@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <mutex>
 
 #include "common/truncate.h"
-#include "devices/demo_state.h"
 
 namespace UX {
 
@@ -31,11 +29,6 @@ float CursorGoal(const ChartLayout& layout, const ModeListView& view, std::int32
   return Middle(TruncateToInt(second * width / seconds + left));
 }
 
-ModeStep StepSentLast() {
-  const std::lock_guard lock(TCBase::demoState.stepMutex);
-  return TCBase::demoState.step;
-}
-
 }  // namespace
 
 std::int32_t SecondOfWholeMinute(std::int32_t position) {
@@ -44,13 +37,13 @@ std::int32_t SecondOfWholeMinute(std::int32_t position) {
 }
 
 void DemoCursor::DrawDemoCursor(Canvas& canvas) {
-  const std::int32_t position = TCBase::demoState.position;
+  const std::int32_t position = scene_.demo.position;
   if (position < 0) return;
   Retarget(demoCursorX_, CursorGoal(scene_.layout, scene_.program, position), kApproachSeconds,
            BumperCurve::Linear);
   const float x = demoCursorX_.Value();
   DrawBand(canvas, x);
-  const ModeStep step = StepSentLast();
+  const ModeStep step = scene_.demo.Step();
   for (int lane = 0; lane < kChannelCount; ++lane)
     DrawDot(canvas, x, lane, step.values[static_cast<std::size_t>(lane)]);
 }

@@ -21,7 +21,7 @@ class DemoCursor {
   /// What the scene refers to outlives the cursor.
   explicit DemoCursor(const ChartScene& scene) : scene_(scene) {}
 
-  /// Draws what the worker shows at this moment (TCBase::demoState); nothing while no demo runs. All of it is
+  /// Draws what a demo shows at this moment; nothing while none runs. All of it is
   /// sent to its place anew by each frame, a tenth of a second away. Leaves the channels' brushes with
   /// opacities of its own.
   void DrawDemoCursor(Canvas& canvas);

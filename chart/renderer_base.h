@@ -6,6 +6,7 @@
 
 #include "chart/chart_layout.h"
 #include "chart/chart_window.h"
+#include "program/demo_state.h"
 #include "program/program.h"
 
 namespace UX {
@@ -16,6 +17,8 @@ struct ChartScene {
   const TCBase::Program::StepSelection& selection;  // current channel and the step chosen in it
   const TCBase::Program::StepSelection& hoverStep;  // the step under the mouse
   ChartLayout& layout;
+  const TCBase::DemoState& demo;
+  const double& now;  // the time of the present frame, in seconds
 };
 
 /// Draws the chart. User interface thread; nothing but Initialise fails.
@@ -25,7 +28,8 @@ class RendererBase {
       : program(scene.program),
         selection(scene.selection),
         hoverStep(scene.hoverStep),
-        layout(scene.layout) {}
+        layout(scene.layout),
+        demo(scene.demo) {}
   virtual ~RendererBase() = default;
   RendererBase(const RendererBase&) = delete;
   RendererBase& operator=(const RendererBase&) = delete;
@@ -54,21 +58,7 @@ class RendererBase {
   const TCBase::Program::StepSelection& selection;
   const TCBase::Program::StepSelection& hoverStep;
   ChartLayout& layout;
-};
-
-/// Paints nothing: for a shell that cannot draw.
-class BlankRenderer final : public RendererBase {
- public:
-  using RendererBase::RendererBase;
-
-  void Initialise() override {}
-  void Release() override {}
-  void Render() override {}
-  void Update() override {}
-  void Rebuild() override {}
-  void Relayout() override {}
-  void MouseMoved(std::int32_t, std::int32_t) override {}
-  bool IsAnimating() override { return false; }
+  const TCBase::DemoState& demo;
 };
 
 }  // namespace UX

@@ -67,7 +67,8 @@ void DrawBalloon(Canvas& canvas, const Rect& box, Point center, float scale) {
 
 }  // namespace
 
-StepPopup::StepPopup(std::uint32_t id, Point start) : stepId(id), size(0.0F, 1.0F, 0.0F), position(start) {
+StepPopup::StepPopup(std::uint32_t id, Point start, const double& now)
+    : stepId(id), size(0.0F, 1.0F, 0.0F, now), position(start), travel(bumper_base::FrameTimer(now)) {
   size.holdTime = kHoldSeconds;
   size.fadeInTime = kFadeInSeconds;
   size.fadeOutTime = kFadeOutSeconds;
@@ -121,7 +122,7 @@ void StepPopup::NoteChange() {
   lastY = y;
 }
 
-StepPopups::StepPopups(const ChartScene& scene) : scene_(scene) {
+StepPopups::StepPopups(const ChartScene& scene) : scene_(scene), animationTimer_(scene.now) {
   // No popup has moved yet: a program that shows none may rest at once.
   animationTimer_.frozen = kAnimatedSeconds;
 }
@@ -148,7 +149,7 @@ void StepPopups::Touch(const StepSelection& stepRef) {
   const Step* const step = SelectedStep(stepRef);
   if (step == nullptr) return;
   StepPopup* popup = Find(step->id);
-  if (popup == nullptr) popup = &popups_.emplace_back(step->id, StartPoint(stepRef, *step));
+  if (popup == nullptr) popup = &popups_.emplace_back(step->id, StartPoint(stepRef, *step), scene_.now);
   popup->KeepUp();
 }
 

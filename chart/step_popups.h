@@ -15,7 +15,8 @@
 namespace UX {
 
 struct StepPopup {
-  StepPopup(std::uint32_t id, Point start);
+  /// `now` is the time of the present frame, see bumper.h.
+  StepPopup(std::uint32_t id, Point start, const double& now);
 
   /// The centre of the balloon at this moment.
   Point PresentPoint();

@@ -14,7 +14,6 @@
 #include "cli/text.h"
 #include "common/message.h"
 #include "common/platform.h"
-#include "devices/demo_state.h"
 #include "program/mode_commands.h"
 
 namespace cli {
@@ -22,6 +21,7 @@ namespace cli {
 namespace {
 
 using TCBase::DeviceInfo;
+using TCBase::OperationContext;
 using TCBase::Program::ModeListView;
 
 // upload
@@ -53,11 +53,13 @@ ExitStatus Upload(const Session& session, const UploadArguments& arguments) {
   const std::vector<DeviceInfo> devices = DevicesOf(arguments);
   WarnOfManySteps(session, document, devices);
   UploadProgress progress(document, devices);
-  return ServeDevices(session, arguments,
-                      {.operation = [&](const DeviceInfo& info) { return UploadOperation(info, document); },
-                       .progress = [&] { return progress.Text(); },
-                       .listener = [&](const std::string& text) { progress.Listen(text); },
-                       .stopsBehindMode = true});
+  return ServeDevices(
+      session, arguments,
+      {.operation = [&](const DeviceInfo& info,
+                        const OperationContext& context) { return UploadOperation(info, document, context); },
+       .progress = [&] { return progress.Text(); },
+       .observer = progress,
+       .stopsBehindMode = true});
 }
 
 Run DeclareUpload(CLI::App& app) {
@@ -77,40 +79,42 @@ struct DemoArguments : DeviceArguments {
   std::string from;  // empty for midnight
 };
 
-/// Has each demo of a run go to a time of the day as soon as it plays.
-class Seek {
+/// Has a demo go to a time of the day as soon as it plays.
+class Seek final : public TCBase::OperationObserver {
  public:
-  explicit Seek(int second) : second_(second) {}
+  /// `next` hears everything; it and `demo` outlive the seek.
+  Seek(std::optional<int> second, TCBase::DemoState& demo, TCBase::OperationObserver& next)
+      : second_(second), demo_(demo), next_(next) {}
 
-  /// Takes the texts of the device log, on the thread that logs them.
-  void Listen() {
-    // A demo empties the command slot as it begins, and has a position from then on.
-    if (TCBase::demoState.position < 0) {
-      due_ = true;
-    } else if (std::exchange(due_, false)) {
-      TCBase::PostSeek(second_);
-    }
+  void DemoAt(std::int32_t second) override {
+    // A demo empties the command slot as it begins: before this a seek would be lost.
+    if (second_) demo_.PostSeek(*std::exchange(second_, std::nullopt));
+    next_.DemoAt(second);
   }
+  void DemoEnded() override { next_.DemoEnded(); }
 
  private:
-  const int second_;
-  bool due_ = false;
+  std::optional<int> second_;  // none once it is posted
+  TCBase::DemoState& demo_;
+  TCBase::OperationObserver& next_;
 };
 
 ExitStatus Demo(const Session& session, const DemoArguments& arguments) {
   ModeListView document;
   const ExitStatus loaded = LoadArgument(session, arguments.program, document);
   if (loaded != ExitStatus::Success) return loaded;
-  std::optional<Seek> seek;
-  if (const auto minute = ParseTimeOfDay(arguments.from)) seek.emplace(*minute * kSecondsPerMinute);
+  std::optional<int> from;
+  if (const auto minute = ParseTimeOfDay(arguments.from)) from = *minute * kSecondsPerMinute;
+  DemoProgress progress;
   return ServeDevices(
       session, arguments,
-      {.operation = [&](const DeviceInfo& info) { return DemoOperation(info, document, arguments.seconds); },
-       .progress = DemoProgress,
-       .listener =
-           [&](const std::string& /*text*/) {
-             if (seek) seek->Listen();
-           }});
+      {.operation =
+           [&](const DeviceInfo& info, const OperationContext& context) {
+             Seek seek(from, context.demo, context.observer);
+             return DemoOperation(info, document, arguments.seconds, {context.demo, context.stop, seek});
+           },
+       .progress = [&] { return progress.Text(); },
+       .observer = progress});
 }
 
 Run DeclareDemo(CLI::App& app) {
@@ -146,8 +150,9 @@ Run DeclareSyncTime(CLI::App& app) {
       ->type_name("\"yyyy-MM-dd HH:mm:ss\"");
   return [arguments](Session& session) {
     const DateTime time = ParseDateTime(arguments->time).value_or(platform::LocalTime());
-    return ServeDevices(session, *arguments, {.operation = [&](const DeviceInfo& info) {
-                          return SyncTimeOperation(info, {}, time);
+    return ServeDevices(session, *arguments,
+                        {.operation = [&](const DeviceInfo& info, const OperationContext& context) {
+                          return SyncTimeOperation(info, {}, time, context);
                         }});
   };
 }
@@ -159,7 +164,9 @@ Run DeclareClear(CLI::App& app) {
   DeclareDevices(app, *arguments);
   return [arguments](Session& session) {
     return ServeDevices(session, *arguments,
-                        {.operation = [](const DeviceInfo& info) { return ClearAllOperation(info, {}); }});
+                        {.operation = [](const DeviceInfo& info, const OperationContext& context) {
+                          return ClearAllOperation(info, {}, context);
+                        }});
   };
 }
 

@@ -57,9 +57,9 @@ std::vector<DeviceInfo> FindDevices(double wait) {
 
 /// What is on the network, sorted, with a word for the user if that could not be found out.
 std::vector<DeviceInfo> ScanNetwork(const Session& session) {
-  bool portTaken = false;
-  std::vector<DeviceInfo> devices = TCBase::FindNetworkDevices(TCBase::kLookupPatience, &portTaken);
-  if (portTaken) ExplainPort(session);
+  TCBase::ExchangeCount count(TCBase::NoObserver());
+  std::vector<DeviceInfo> devices = TCBase::FindNetworkDevices(TCBase::kLookupPatience, count);
+  if (count.Counted().portTaken) ExplainPort(session);
   SortDevices(devices);
   return devices;
 }

@@ -18,6 +18,8 @@ ExitStatus ExitStatusOf(OperationResult result) {
     case OperationResult::Done:
       return ExitStatus::Success;
     case OperationResult::NotConnected:
+    case OperationResult::PortTaken:
+    case OperationResult::NoAnswer:
       return ExitStatus::NoDevice;
     case OperationResult::Failed:
     case OperationResult::Cancelled:
@@ -62,21 +64,18 @@ void TellUnconfirmed(const Session& session, const DeviceInfo& info, const Opera
 }  // namespace
 
 ExitStatus Explain(const Session& session, const DeviceInfo& info, const OperationReport& report) {
-  if (report.result != OperationResult::Cancelled && ExplainNetwork(session, info, report.exchange))
-    return ExitStatus::NoDevice;
+  if (ExplainNetwork(session, info, report.result)) return ExitStatus::NoDevice;
   if (report.result == OperationResult::NotConnected && IsOnCable(info)) ExplainConnectError(session, info);
   TellUnconfirmed(session, info, report);
   return ExitStatusOf(report.result);
 }
 
-bool ExplainNetwork(const Session& session, const DeviceInfo& info, const TCBase::Exchange& exchange) {
-  if (exchange.portTaken) {
+bool ExplainNetwork(const Session& session, const DeviceInfo& info, OperationResult result) {
+  if (result == OperationResult::PortTaken) {
     ExplainPort(session);
     return true;
   }
-  // An emulator never answers, and what a controller on a cable did not answer is told by its operation.
-  const bool silent = exchange.packets > 0 && exchange.replies == 0;
-  if (info.model != TCBase::ModelTC421UDP || !silent) return false;
+  if (result != OperationResult::NoAnswer) return false;
   session.status.Print(
       Message("No answer from {1}. Is it on, is this computer in its network, are name and address as "
               "\"lumarinectl scan\" lists them, and does the firewall let UDP port 5000 in?",

@@ -8,14 +8,13 @@
 
 namespace cli {
 
-/// Tells why an operation on `info` failed and what is not confirmed, and answers the status for it. A
-/// network controller of which nothing was heard is not there, whatever the operation made of it.
+/// Tells why an operation on `info` failed and what is not confirmed, and answers the status for it.
 ExitStatus Explain(const Session& session, const TCBase::DeviceInfo& info,
                    const TCBase::OperationReport& report);
 
 /// Tells what to do about a network controller that did not answer, or a port that is taken. False if there
 /// was neither.
-bool ExplainNetwork(const Session& session, const TCBase::DeviceInfo& info, const TCBase::Exchange& exchange);
+bool ExplainNetwork(const Session& session, const TCBase::DeviceInfo& info, TCBase::OperationResult result);
 
 /// The line for a port that is taken.
 void ExplainPort(const Session& session);

@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "cli/text.h"
-#include "devices/demo_state.h"
 
 namespace cli {
 
@@ -41,19 +40,15 @@ std::string ProgressText(double part, const std::string& label) {
   return text + label;
 }
 
-std::string DemoProgress() {
-  const int second = TCBase::demoState.position;
-  if (second < 0) return {};
+std::string DemoProgress::Text() const {
+  const std::int32_t second = second_;
+  if (second == kNoDemo) return {};
   return ProgressText(static_cast<double>(second) / TCBase::Program::kSecondsPerDay, ClockText(second));
 }
 
 UploadProgress::UploadProgress(const TCBase::Program::ModeListView& document,
                                const std::vector<TCBase::DeviceInfo>& controllers)
     : total_(CountFrames(document, controllers)) {}
-
-void UploadProgress::Listen(const std::string& text) {
-  if (text.find("WritePacket: ") != std::string::npos) ++sent_;
-}
 
 std::string UploadProgress::Text() const {
   // On a bad network frames are sent again, and there may be more of them than there are.

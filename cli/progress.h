@@ -3,10 +3,12 @@
 // How far an upload or a demo has come, as one line for a terminal.
 
 #include <atomic>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "devices/device_info.h"
+#include "devices/operation_observer.h"
 #include "program/program.h"
 
 namespace cli {
@@ -14,17 +16,28 @@ namespace cli {
 /// "[##########          ]  50 % 12:00", `part` being from 0 to 1.
 std::string ProgressText(double part, const std::string& label);
 
-/// The demo that runs now; empty if none does. Any thread.
-std::string DemoProgress();
+/// A demo on one or more controllers.
+class DemoProgress final : public TCBase::OperationObserver {
+ public:
+  void DemoAt(std::int32_t second) override { second_ = second; }
+  void DemoEnded() override { second_ = kNoDemo; }
+
+  /// Empty while no demo runs. Any thread.
+  std::string Text() const;
+
+ private:
+  static constexpr std::int32_t kNoDemo = -1;
+
+  std::atomic<std::int32_t> second_ = kNoDemo;
+};
 
 /// An upload of one program to one or more controllers, told by the frames that leave.
-class UploadProgress {
+class UploadProgress final : public TCBase::OperationObserver {
  public:
   UploadProgress(const TCBase::Program::ModeListView& document,
                  const std::vector<TCBase::DeviceInfo>& controllers);
 
-  /// Takes the texts of the device log, on the thread that logs them.
-  void Listen(const std::string& text);
+  void FrameSent() override { ++sent_; }
 
   /// Empty before the first frame. Any thread.
   std::string Text() const;

@@ -1,15 +1,14 @@
 #include "cli/serve.h"
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <future>
+#include <stop_token>
 
 #include "cli/device_word.h"
 #include "cli/explain.h"
 #include "cli/options.h"
 #include "common/message.h"
-#include "devices/demo_state.h"
 #include "devices/worker.h"
 
 namespace cli {
@@ -44,34 +43,32 @@ ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments
   constexpr std::chrono::milliseconds kRedraw{100};
   if (arguments.trace) session.status.Trace();
 
-  std::atomic<bool> stopping = false;
+  TCBase::DemoState demo;
+  std::stop_source stopping;
+  const TCBase::OperationContext context{demo, stopping.get_token(), service.observer};
   const auto watch = session.console.WatchInterrupts([&] {
-    stopping = true;
-    TCBase::PostCommand(TCBase::CommandStop);
+    stopping.request_stop();
     session.status.Print(Message(service.stopsBehindMode
                                      ? "Stopping behind this mode. Ctrl+C again ends at once."
                                      : "Stopping. Ctrl+C again ends at once.")
                              .utf8());
   });
 
-  if (service.listener) session.status.ListenToDeviceLog(service.listener);
   ExitStatus worst = ExitStatus::Success;
   const auto serveOne = [&](const DeviceInfo& info) {
-    const TCBase::OperationReport report = service.operation(info);
+    const TCBase::OperationReport report = service.operation(info, context);
     worst = std::max(worst, Explain(session, info, report));
     return report.result;
   };
   std::packaged_task<void()> serve([&] {
     // The stop itself may be found only behind the operation.
-    if (RunOnDevices(serveOne, DevicesOf(arguments)) == TCBase::OperationResult::Cancelled)
+    if (RunOnDevices(serveOne, DevicesOf(arguments), context) == TCBase::OperationResult::Cancelled)
       worst = std::max(worst, ExitStatus::OperationFailed);
   });
   std::future<void> served = serve.get_future();
   TCBase::Worker worker;
   worker.AddJob([&] { serve(); });
   while (served.wait_for(kRedraw) != std::future_status::ready) {
-    // An operation empties the command slot when it begins, and a stop from before then would be lost.
-    if (stopping) TCBase::PostCommand(TCBase::CommandStop);
     if (service.progress) session.status.ShowProgress(service.progress());
   }
   session.status.ShowProgress({});

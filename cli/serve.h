@@ -23,17 +23,15 @@ void DeclareTrace(CLI::App& app, DeviceArguments& arguments);
 /// The controllers, in the order given.
 std::vector<TCBase::DeviceInfo> DevicesOf(const DeviceArguments& arguments);
 
-using Operation = std::function<TCBase::OperationReport(const TCBase::DeviceInfo&)>;
+using Operation =
+    std::function<TCBase::OperationReport(const TCBase::DeviceInfo&, const TCBase::OperationContext&)>;
 /// The line of progress at the moment; empty if there is none. Any thread.
 using Progress = std::function<std::string()>;
-/// Takes the texts of the device log, on the thread that logs them.
-using LogListener = std::function<void(const std::string&)>;
-
 /// What is done to each controller.
 struct Service {
   Operation operation;
   Progress progress = {};
-  LogListener listener = {};
+  TCBase::OperationObserver& observer = TCBase::NoObserver();
   bool stopsBehindMode = false;  // a stop lets the mode in hand come to its end
 };
 

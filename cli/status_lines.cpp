@@ -1,5 +1,8 @@
 #include "cli/status_lines.h"
 
+#include <functional>
+#include <utility>
+
 #include "common/log.h"
 
 namespace cli {
@@ -7,7 +10,7 @@ namespace cli {
 namespace {
 
 /// Drained as it is written: a line shows when it is logged, and a channel that nobody reads does not grow.
-void Attach(LogChannel& channel, StatusLines::TextHandler handler) {
+void Attach(LogChannel& channel, std::function<void(const std::string&)> handler) {
   channel.textHandler = std::move(handler);
   channel.wakeHandler = [&channel] { channel.Drain(); };
 }
@@ -24,7 +27,6 @@ StatusLines::StatusLines(std::ostream& stream, bool onTerminal, int width)
   Attach(statusLog, [this](const std::string& text) { Gather(statusLine_, text, LineEnds::Replace); });
   Attach(warningLog, [this](const std::string& text) { Gather(warningLine_, text, LineEnds::Replace); });
   Attach(deviceLog, [this](const std::string& text) {
-    if (deviceListener_) deviceListener_(text);
     // A dump brings its own line ends.
     if (tracing_) Gather(deviceLine_, text, LineEnds::Keep);
   });

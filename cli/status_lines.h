@@ -3,12 +3,10 @@
 // What a run has to say, on standard error: the lines of the log channels as they come, from any thread, and
 // below them on a terminal one line of progress that is drawn over.
 
-#include <functional>
 #include <mutex>
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "cli/text.h"
 
@@ -20,8 +18,6 @@ inline constexpr std::string_view kLogLineEnd = "\r\n";
 /// Attached to the log channels for as long as it lives; one at a time. It must outlive the threads that log.
 class StatusLines {
  public:
-  using TextHandler = std::function<void(const std::string&)>;
-
   /// `width` is the terminal's in columns; it matters only with `onTerminal`.
   StatusLines(std::ostream& stream, bool onTerminal, int width);
   ~StatusLines();
@@ -37,10 +33,6 @@ class StatusLines {
   /// Writes the device log too. Before there are other threads.
   void Trace();
 
-  /// Calls `handler` with each text of the device log, on the thread that logs. While there are no other
-  /// threads.
-  void ListenToDeviceLog(TextHandler handler) { deviceListener_ = std::move(handler); }
-
  private:
   /// Texts of one channel on their way to a line; the end of a line is a text of its own.
   void Gather(std::string& line, const std::string& text, LineEnds lineEnds);
@@ -51,7 +43,6 @@ class StatusLines {
   const bool onTerminal_;
   const int width_;
   bool tracing_ = false;
-  TextHandler deviceListener_;
 
   std::mutex mutex_;
   // Guarded by mutex_.

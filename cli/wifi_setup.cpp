@@ -109,15 +109,16 @@ ExitStatus SetUp(const Session& session, const WifiArguments& arguments) {
   if (arguments.device.trace) session.status.Trace();
 
   const DeviceInfo device = *ParseDevice(arguments.device.devices.front());
-  TCBase::Exchange exchange;
-  if (SetupWifi(device, config, &exchange)) {
+  TCBase::ExchangeCount count(TCBase::NoObserver());
+  if (SetupWifi(device, config, count)) {
     session.status.Print(
         Message("The controller has the settings. Bring this computer into the same network, "
                 "and \"lumarinectl scan\" finds it there.")
             .utf8());
     return ExitStatus::Success;
   }
-  return ExplainNetwork(session, device, exchange) ? ExitStatus::NoDevice : ExitStatus::OperationFailed;
+  const bool explained = ExplainNetwork(session, device, FailureOf(device, count.Counted()));
+  return explained ? ExitStatus::NoDevice : ExitStatus::OperationFailed;
 }
 
 Run DeclareWifiSetup(CLI::App& app) {

@@ -28,6 +28,8 @@ namespace timer_base {
 template <class Core>
 class TimerFeatures : public Core {
  public:
+  using Core::Core;
+
   /// The seconds that the timer shows.
   double Now() const { return frozen >= 0.0 ? frozen : this->Elapsed() * scale + start; }
 

@@ -8,7 +8,6 @@
 #include "common/platform.h"
 #include "common/timer.h"
 #include "common/truncate.h"
-#include "devices/demo_state.h"
 #include "devices/operations.h"
 
 namespace TCBase {
@@ -19,8 +18,6 @@ constexpr double kFrameSeconds = 0.05;  // at least between two frames
 constexpr double kRepeatSeconds = 0.2;  // at most, with nothing new to show
 constexpr int kPassMilliseconds = 5;
 constexpr std::int32_t kLastSecond = Program::kSecondsPerDay - 1;
-constexpr int kSecondsPerHour = 3600;
-constexpr int kSecondsPerMinute = 60;
 
 // Null if the document shows no mode.
 const Program::Mode* CurrentMode(const Program::ModeListView& program) {
@@ -28,24 +25,13 @@ const Program::Mode* CurrentMode(const Program::ModeListView& program) {
   return program.currentMode >= 0 && index < program.modes.size() ? &program.modes[index] : nullptr;
 }
 
-// What all channels show at a second of the day.
-Program::ModeStep StepAt(const Program::Mode& mode, std::int32_t day) {
-  Program::ModeStep step;
-  step.hour = day / kSecondsPerHour;
-  step.minute = day % kSecondsPerHour / kSecondsPerMinute;
-  std::transform(mode.channels.begin(), mode.channels.end(), step.values.begin(),
-                 [day](const Program::Channel& channel) {
-                   return TruncateToInt(Program::ChannelValueAt(channel, day));
-                 });
-  return step;
-}
-
 // Plays one day on one controller. The position is computed from the clock in each pass, so that a slow
 // controller gets fewer frames and never falls behind.
 class Demo {
  public:
-  Demo(DeviceBase& device, const Program::Mode& mode, int seconds)
+  Demo(DeviceBase& device, const Program::Mode& mode, int seconds, const OperationContext& context)
       : device_(device),
+        context_(context),
         mode_(mode),
         seconds_(static_cast<float>(seconds)),
         // A day without length is over before its first second is asked for.
@@ -53,18 +39,19 @@ class Demo {
 
   // False if it was stopped.
   bool Play() {
-    Send(StepAt(mode_, 0));
-    TakeCommand();
-    demoState.SetIdle();
+    Send(Program::StepAt(mode_, 0));
+    context_.demo.TakeCommand();
+    context_.demo.SetIdle();
     playTimer_.Reset();
     sendTimer_.Reset();
     for (;;) {
       const auto t = static_cast<float>(playTimer_.Now());
       if (t >= seconds_) return true;
-      if (!Obey(TakeCommand())) return false;
+      if (!Obey(context_.demo.TakeCommand())) return false;
       // From `t` as it was before the command: a seek shows in the next pass.
       const std::int32_t day = std::clamp(TruncateToInt(t * dayScale_), 0, kLastSecond);
-      demoState.SetRunning(day, playTimer_.IsFrozen() ? StatePaused : StatePlaying);
+      context_.demo.SetRunning(day, playTimer_.IsFrozen() ? StatePaused : StatePlaying);
+      context_.observer.DemoAt(day);
       SendIfDue(day);
       platform::SleepMilliseconds(kPassMilliseconds);
     }
@@ -73,12 +60,13 @@ class Demo {
  private:
   // False if the command is to stop.
   bool Obey(const std::unique_ptr<WorkerCommand>& command) {
+    if (IsStop(command) || context_.stop.stop_requested()) {
+      // For RunOnDevices, which has further controllers to leave alone.
+      context_.demo.PostCommand(CommandStop);
+      return false;
+    }
     if (command == nullptr) return true;
     switch (command->type) {
-      case CommandStop:
-        // For RunOnDevices, which has further controllers to leave alone.
-        PostCommand(CommandStop);
-        return false;
       case CommandPause:
         playTimer_.Freeze();
         break;
@@ -104,12 +92,9 @@ class Demo {
 
   void SendIfDue(std::int32_t day) {
     if (sendTimer_.Now() < kFrameSeconds) return;
-    const Program::ModeStep step = StepAt(mode_, day);
+    const Program::ModeStep step = Program::StepAt(mode_, day);
     if (sendTimer_.Now() < kRepeatSeconds && step.values == lastSent_) return;
-    {
-      const std::lock_guard lock(demoState.stepMutex);
-      demoState.step = step;
-    }
+    context_.demo.SetStep(step);
     Send(step);
     sendTimer_.Reset();
   }
@@ -120,6 +105,7 @@ class Demo {
   }
 
   DeviceBase& device_;
+  const OperationContext& context_;
   const Program::Mode& mode_;
   const float seconds_;                                     // of the whole day
   const float dayScale_;                                    // seconds of the day per second of the demo
@@ -130,24 +116,23 @@ class Demo {
 
 }  // namespace
 
-OperationReport DemoOperation(const DeviceInfo& info, const Program::ModeListView& program, int seconds) {
+OperationReport DemoOperation(const DeviceInfo& info, const Program::ModeListView& program, int seconds,
+                              const OperationContext& context) {
   const Program::Mode* mode = CurrentMode(program);
   if (mode == nullptr) return OperationReport(OperationResult::Failed);
-  OperationReport report(OperationResult::NotConnected);
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info, &report.exchange);
-  if (device == nullptr) return report;
-  LogStatus(Message("Demo started"));
-  device->DemoStart(mode->name);
-  LogStatus(Message("Playing whole day in {1} seconds", static_cast<float>(seconds)));
-  const bool played = Demo(*device, *mode, seconds).Play();
-  device->DemoFinish();
-  demoState.SetIdle();
-  LogStatus(Message("Demo finished"));
-  report.exchange = device->Exchanged();
-  const bool confirmed = report.exchange.unconfirmed == 0;
-  report.result = confirmed ? OperationResult::Done : OperationResult::Failed;
-  if (!played) report.result = OperationResult::Cancelled;
-  return report;
+  return WithDevice(info, context.observer, [&](DeviceBase& device, const ExchangeCount& count) {
+    LogStatus(Message("Demo started"));
+    device.DemoStart(mode->name);
+    LogStatus(Message("Playing whole day in {1} seconds", static_cast<float>(seconds)));
+    const bool played = Demo(device, *mode, seconds, context).Play();
+    device.DemoFinish();
+    context.demo.SetIdle();
+    context.observer.DemoEnded();
+    LogStatus(Message("Demo finished"));
+    if (!played) return OperationReport(OperationResult::Cancelled);
+    return OperationReport(count.Counted().unconfirmed == 0 ? OperationResult::Done
+                                                            : OperationResult::Failed);
+  });
 }
 
 }  // namespace TCBase

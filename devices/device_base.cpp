@@ -4,12 +4,6 @@
 
 namespace TCBase {
 
-bool Exchange::CountPacket(bool confirmed) {
-  ++packets;
-  if (!confirmed) ++unconfirmed;
-  return confirmed;
-}
-
 bool DeviceBase::CheckReply(const std::string& /*reply*/, int /*expected*/) {
   return true;
 }

@@ -12,24 +12,14 @@
 
 namespace TCBase {
 
-/// What became of the packets that a device was given. A packet counts once, however often it is sent.
-struct Exchange {
-  bool portTaken = false;  // another program has the network port: nothing could be sent
-  int packets = 0;
-  int unconfirmed = 0;  // of them: did not leave, or got no reply that will do where one is awaited
-  int replies = 0;      // that came from the controller, whatever stands in them
-
-  /// Counts a packet, and hands on whether it is confirmed.
-  bool CountPacket(bool confirmed);
-};
-
 /// A controller, made by CreateDevice (operations.h) and not connected yet. Its owner calls Connect once,
 /// uses it for one operation and destroys it, which closes the transport. Belongs to the thread that made it.
 ///
-/// Failures are answers, never exceptions; what went wrong stands in the device log.
+/// Failures are answers, never exceptions; what went wrong stands in the device log. What became of each
+/// packet its transport tells the observer that it was made with.
 ///
-/// The virtual operations stand in four groups, in the order of their slots: the transport, the public face
-/// (traced, not overridden), what stands behind each of its operations, and the transport's own account.
+/// The virtual operations stand in three groups, in the order of their slots: the transport, the public face
+/// (traced, not overridden), and what stands behind each of its operations.
 class DeviceBase {
  public:
   using Steps = std::vector<Program::ModeStep>;
@@ -64,10 +54,11 @@ class DeviceBase {
   virtual void UploadStart();
   /// Stores a mode in `bank`, which counts from 0. Refused, with nothing sent, if `bank` is kMaxBanks or
   /// more, if `name` is empty or if there are fewer than two steps. The answer tells of the first and the
-  /// last frame of the mode only; Exchanged() counts the steps too.
+  /// last frame of the mode only; the observer hears of the steps too.
   virtual bool UploadMode(int bank, const std::string& name, const Steps& steps);
   virtual void UploadFinish();
-  /// Puts the controller under live control. Of failures in the three demo operations only Exchanged() tells.
+  /// Puts the controller under live control. Of failures in the three demo operations only the observer
+  /// hears.
   virtual void DemoStart(const std::string& name);
   virtual void DemoSetChannels(const Program::ModeStep& step);
   virtual void DemoFinish();
@@ -81,10 +72,6 @@ class DeviceBase {
   virtual void DoDemoStart(const std::string& name) = 0;
   virtual void DoDemoSetChannels(const Program::ModeStep& step) = 0;
   virtual void DoDemoFinish() = 0;
-
- public:
-  /// All that was exchanged since the device was made.
-  virtual Exchange Exchanged() const = 0;
 };
 
 /// Modes that a controller can store.

@@ -18,7 +18,7 @@ std::string FailureOf(const DeviceInfo& info, const Program::ModeListView& progr
                       const OperationReport& report) {
   if (report.result == OperationResult::Done || report.result == OperationResult::Cancelled) return {};
   std::vector<std::string> modes = report.unconfirmedModes;
-  if (report.result == OperationResult::NotConnected) {
+  if (report.exchange.packets == 0) {
     for (const Program::Mode& mode : program.modes) modes.push_back(mode.name);
   }
   const std::string name = ShownName(info.name);
@@ -34,23 +34,25 @@ std::string FailureOf(const DeviceInfo& info, const Program::ModeListView& progr
 
 }  // namespace
 
-Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program,
-                        const DateTime& time) {
-  return [devices = std::move(devices), program = std::move(program), time] {
-    RunOnDevices([&](const DeviceInfo& info) { return SyncTimeOperation(info, program, time).result; },
-                 devices);
+Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program, const DateTime& time,
+                        const OperationContext& context) {
+  return [devices = std::move(devices), program = std::move(program), time, context] {
+    RunOnDevices(
+        [&](const DeviceInfo& info) { return SyncTimeOperation(info, program, time, context).result; },
+        devices, context);
   };
 }
 
-Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program) {
-  return [devices = std::move(devices), program = std::move(program)] {
+Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program,
+                      const OperationContext& context) {
+  return [devices = std::move(devices), program = std::move(program), context] {
     std::vector<std::string> failures;
     const auto upload = [&](const DeviceInfo& info) {
-      const OperationReport report = UploadOperation(info, program);
+      const OperationReport report = UploadOperation(info, program, context);
       failures.push_back(FailureOf(info, program, report));
       return report.result;
     };
-    RunOnDevices(upload, devices);
+    RunOnDevices(upload, devices, context);
     // Last, where they are seen: the lines of the modes are many.
     for (const std::string& failure : failures) {
       if (!failure.empty()) LogWarning(failure);
@@ -58,16 +60,20 @@ Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView pro
   };
 }
 
-Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program) {
-  return [devices = std::move(devices), program = std::move(program)] {
-    RunOnDevices([&](const DeviceInfo& info) { return ClearAllOperation(info, program).result; }, devices);
+Worker::Job ClearJob(std::vector<DeviceInfo> devices, Program::ModeListView program,
+                     const OperationContext& context) {
+  return [devices = std::move(devices), program = std::move(program), context] {
+    RunOnDevices([&](const DeviceInfo& info) { return ClearAllOperation(info, program, context).result; },
+                 devices, context);
   };
 }
 
-Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds) {
-  return [devices = std::move(devices), program = std::move(program), seconds] {
-    RunOnDevices([&](const DeviceInfo& info) { return DemoOperation(info, program, seconds).result; },
-                 devices);
+Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView program, int seconds,
+                    const OperationContext& context) {
+  return [devices = std::move(devices), program = std::move(program), seconds, context] {
+    RunOnDevices(
+        [&](const DeviceInfo& info) { return DemoOperation(info, program, seconds, context).result; },
+        devices, context);
   };
 }
 

@@ -3,7 +3,6 @@
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
-#include "devices/demo_state.h"
 #include "devices/shown_name.h"
 #include "devices/tc420.h"
 #include "devices/tc421.h"
@@ -38,53 +37,65 @@ DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode) {
   return steps;
 }
 
-std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info) {
+OperationResult FailureOf(const DeviceInfo& info, const Exchange& exchange) {
+  if (exchange.portTaken) return OperationResult::PortTaken;
+  // On a cable silence says less: an emulator never answers, and a TC420 need not.
+  const bool silent = exchange.packets > 0 && exchange.replies == 0;
+  return info.model == ModelTC421UDP && silent ? OperationResult::NoAnswer : OperationResult::Failed;
+}
+
+std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info, OperationObserver& observer) {
   switch (info.model) {
     case ModelTC420:
-      return std::make_unique<TC420::Device>();
+      return std::make_unique<TC420::Device>(observer);
     case ModelTC421USB:
-      return std::make_unique<TC421::USBDevice>();
+      return std::make_unique<TC421::USBDevice>(observer);
     case ModelTC421UDP:
-      return std::make_unique<TC421::UDPDevice>(info);
+      return std::make_unique<TC421::UDPDevice>(info, observer);
     default:
-      return std::make_unique<TC420::Mock>();
+      return std::make_unique<TC420::Mock>(observer);
   }
 }
 
-std::unique_ptr<DeviceBase> ConnectDevice(const DeviceInfo& info, Exchange* exchange) {
-  std::unique_ptr<DeviceBase> device = CreateDevice(info);
-  if (device->Connect()) return device;
-  if (exchange != nullptr) *exchange = device->Exchanged();
-  LogStatus(Message("Connect error"));
-  return nullptr;
+OperationReport WithDevice(
+    const DeviceInfo& info, OperationObserver& observer,
+    const std::function<OperationReport(DeviceBase& device, const ExchangeCount& count)>& operation) {
+  ExchangeCount count(observer);
+  const std::unique_ptr<DeviceBase> device = CreateDevice(info, count);
+  OperationReport report(OperationResult::NotConnected);
+  if (device->Connect()) {
+    report = operation(*device, count);
+  } else {
+    LogStatus(Message("Connect error"));
+  }
+  report.exchange = count.Counted();
+  if (report.exchange.portTaken || report.result == OperationResult::Failed) {
+    report.result = FailureOf(info, report.exchange);
+  }
+  return report;
+}
+
+bool TakeStop(const OperationContext& context) {
+  const bool posted = IsStop(context.demo.TakeCommand());
+  return posted || context.stop.stop_requested();
 }
 
 namespace {
 
-/// Does `operation` on a controller that is connected for it.
-OperationReport WithDevice(const DeviceInfo& info,
-                           const std::function<OperationReport(DeviceBase&)>& operation) {
-  OperationReport report(OperationResult::NotConnected);
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info, &report.exchange);
-  if (device == nullptr) return report;
-  report = operation(*device);
-  report.exchange = device->Exchanged();
-  return report;
-}
-
 /// Whether all packets that `send` gives to the device are confirmed.
-bool IsConfirmed(const DeviceBase& device, const std::function<void()>& send) {
-  const int before = device.Exchanged().unconfirmed;
+bool AreConfirmed(const ExchangeCount& count, const std::function<void()>& send) {
+  const int before = count.Counted().unconfirmed;
   send();
-  return device.Exchanged().unconfirmed == before;
+  return count.Counted().unconfirmed == before;
 }
 
 /// True if the controller has confirmed the whole mode. The log has an error only where the device has.
-bool UploadMode(DeviceBase& device, const DeviceInfo& info, int bank, const Program::Mode& mode) {
+bool UploadMode(DeviceBase& device, const ExchangeCount& count, const DeviceInfo& info, int bank,
+                const Program::Mode& mode) {
   const DeviceBase::Steps steps = StepsFor(info, mode);
   LogStatus(Message("Uploading mode: {1}", mode.name));
   bool taken = false;
-  const bool confirmed = IsConfirmed(device, [&] { taken = device.UploadMode(bank, mode.name, steps); });
+  const bool confirmed = AreConfirmed(count, [&] { taken = device.UploadMode(bank, mode.name, steps); });
   if (!taken) LogStatus(Message("Upload error"));
   return taken && confirmed;
 }
@@ -92,15 +103,16 @@ bool UploadMode(DeviceBase& device, const DeviceInfo& info, int bank, const Prog
 }  // namespace
 
 OperationReport SyncTimeOperation(const DeviceInfo& info, const Program::ModeListView& /*program*/,
-                                  const DateTime& time) {
-  return WithDevice(info, [&](DeviceBase& device) {
+                                  const DateTime& time, const OperationContext& context) {
+  return WithDevice(info, context.observer, [&](DeviceBase& device, const ExchangeCount&) {
     LogStatus(Message("Syncing time"));
     return OperationReport(device.TimeSync(time) ? OperationResult::Done : OperationResult::Failed);
   });
 }
 
-OperationReport ClearAllOperation(const DeviceInfo& info, const Program::ModeListView& /*program*/) {
-  return WithDevice(info, [](DeviceBase& device) {
+OperationReport ClearAllOperation(const DeviceInfo& info, const Program::ModeListView& /*program*/,
+                                  const OperationContext& context) {
+  return WithDevice(info, context.observer, [](DeviceBase& device, const ExchangeCount&) {
     LogStatus(Message("Clearing all modes"));
     const bool cleared = device.ClearAll();
     platform::SleepMilliseconds(kClearMilliseconds);
@@ -108,24 +120,25 @@ OperationReport ClearAllOperation(const DeviceInfo& info, const Program::ModeLis
   });
 }
 
-OperationReport UploadOperation(const DeviceInfo& info, const Program::ModeListView& program) {
-  return WithDevice(info, [&](DeviceBase& device) {
+OperationReport UploadOperation(const DeviceInfo& info, const Program::ModeListView& program,
+                                const OperationContext& context) {
+  return WithDevice(info, context.observer, [&](DeviceBase& device, const ExchangeCount& count) {
     LogStatus(Message("Uploading started"));
-    TakeCommand();
-    demoState.SetIdle();
+    context.demo.TakeCommand();
+    context.demo.SetIdle();
     device.UploadStart();
     OperationReport report;
     for (int bank = 0; const Program::Mode& mode : program.modes) {
-      if (!UploadMode(device, info, bank++, mode)) report.unconfirmedModes.push_back(mode.name);
+      if (!UploadMode(device, count, info, bank++, mode)) report.unconfirmedModes.push_back(mode.name);
       platform::SleepMilliseconds(kModeMilliseconds);
-      if (IsStop(TakeCommand())) {
+      if (TakeStop(context)) {
         // For RunOnDevices, which has further controllers to leave alone.
-        PostCommand(CommandStop);
+        context.demo.PostCommand(CommandStop);
         report.result = OperationResult::Cancelled;
         break;
       }
     }
-    report.endUnconfirmed = !IsConfirmed(device, [&] { device.UploadFinish(); });
+    report.endUnconfirmed = !AreConfirmed(count, [&] { device.UploadFinish(); });
     // Also after a cancel or errors: it closes what "Uploading started" opened.
     LogStatus(Message("Uploading finished"));
     const bool confirmed = report.unconfirmedModes.empty() && !report.endUnconfirmed;
@@ -135,15 +148,15 @@ OperationReport UploadOperation(const DeviceInfo& info, const Program::ModeListV
 }
 
 OperationResult RunOnDevices(const std::function<OperationResult(const DeviceInfo&)>& operation,
-                             const std::vector<DeviceInfo>& devices) {
+                             const std::vector<DeviceInfo>& devices, const OperationContext& context) {
   OperationResult first = OperationResult::Done;
-  TakeCommand();
+  context.demo.TakeCommand();
   for (const DeviceInfo& info : devices) {
     if (!info.selected) continue;
     LogStatus(Message("Configuring device {1}", ShownName(info.name)));
     const OperationResult result = operation(info);
     if (first == OperationResult::Done) first = result;
-    if (IsStop(TakeCommand())) {
+    if (TakeStop(context)) {
       LogStatus(Message("Cancelled!"));
       return OperationResult::Cancelled;
     }

@@ -67,13 +67,11 @@ void FindHostName(DeviceInfo& device, std::chrono::milliseconds patience) {
 
 }  // namespace
 
-void ScanDevices(std::vector<DeviceInfo>& found, float seconds, bool* portTaken) {
+void ScanDevices(std::vector<DeviceInfo>& found, float seconds, OperationObserver& observer) {
   LogDevice("ScanDevices");
   UDPSocket socket;
   if (!socket.Open()) return;
-  const bool bound = socket.Bind();
-  if (portTaken != nullptr) *portTaken = !bound;
-  if (!bound) return;
+  if (!socket.Bind()) return observer.PortTaken();
   found.clear();
   std::string probe;
   TC421::Packet_Find().Serialize(probe);
@@ -87,10 +85,11 @@ void ScanDevices(std::vector<DeviceInfo>& found, float seconds, bool* portTaken)
   }
 }
 
-std::vector<DeviceInfo> FindNetworkDevices(std::chrono::milliseconds lookupPatience, bool* portTaken) {
+std::vector<DeviceInfo> FindNetworkDevices(std::chrono::milliseconds lookupPatience,
+                                           OperationObserver& observer) {
   LogStatus(Message("Searching for network devices..."));
   std::vector<DeviceInfo> found;
-  ScanDevices(found, kRoundSeconds, portTaken);
+  ScanDevices(found, kRoundSeconds, observer);
   LogStatus(Message("Found {1} device(s)", static_cast<std::int32_t>(found.size())));
   for (DeviceInfo& device : found) FindHostName(device, lookupPatience);
   return found;

@@ -46,6 +46,7 @@ bool Mock::Connect() {
 
 bool Mock::Write(const std::string& frame) {
   frames_.push_back(frame);
+  Observer().FrameSent();
   return true;
 }
 

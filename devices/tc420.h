@@ -73,7 +73,9 @@ class Packet_PlaySetChannels : public Packet {
 /// A TC420 on USB. What it replies is traced, and decides nothing: a send fails only if the transport does.
 class Device : public TCBase::USBDevice {
  public:
-  Device() : USBDevice(TCBase::kTC420Ids) {}
+  /// `observer` outlives the device.
+  explicit Device(TCBase::OperationObserver& observer = TCBase::NoObserver())
+      : USBDevice(TCBase::kTC420Ids, observer) {}
 
  protected:
   bool DoClearAll() override;
@@ -90,6 +92,8 @@ class Device : public TCBase::USBDevice {
 /// written; the trace is otherwise that of a real one.
 class Mock : public Device {
  public:
+  using Device::Device;
+
   bool Connect() override;
   bool Write(const std::string& frame) override;
   bool Read(std::string& reply) override;

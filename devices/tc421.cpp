@@ -49,7 +49,7 @@ bool SendMode(TCBase::DeviceBase& device, const TCBase::DeviceInfo& info, int ba
   });
 }
 
-USBDevice::USBDevice() : TCBase::USBDevice(TCBase::kTC421Ids) {
+USBDevice::USBDevice(TCBase::OperationObserver& observer) : TCBase::USBDevice(TCBase::kTC421Ids, observer) {
   info_.model = TCBase::ModelTC421USB;
 }
 

@@ -135,7 +135,8 @@ bool SendMode(TCBase::DeviceBase& device, const TCBase::DeviceInfo& info, int ba
 /// A TC421 on USB. It wants a reply of a whole block to everything.
 class USBDevice : public TCBase::USBDevice {
  public:
-  USBDevice();
+  /// `observer` outlives the device.
+  explicit USBDevice(TCBase::OperationObserver& observer = TCBase::NoObserver());
 
   bool CheckReply(const std::string& reply, int expected) override;
 

@@ -63,12 +63,15 @@ bool UDPSocket::Receive(std::string& bytes, Ipv4Address& from) {
 
 bool UDPDevice::Connect() {
   if (!udp.Open()) return false;
-  exchange_.portTaken = !udp.Bind();
-  return !exchange_.portTaken;
+  if (udp.Bind()) return true;
+  observer_.PortTaken();
+  return false;
 }
 
 bool UDPDevice::Write(const std::string& frame) {
-  return udp.SendTo(frame, info.address.address);
+  if (!udp.SendTo(frame, info.address.address)) return false;
+  observer_.FrameSent();
+  return true;
 }
 
 bool UDPDevice::Read(std::string& reply) {
@@ -76,30 +79,29 @@ bool UDPDevice::Read(std::string& reply) {
   do {
     Ipv4Address from;
     // The port does not matter: controllers answer from any.
-    if (udp.Receive(reply, from) && from.address == info.address.address) {
-      ++exchange_.replies;
-      return true;
-    }
+    if (udp.Receive(reply, from) && from.address == info.address.address) return true;
     platform::SleepMilliseconds(kPollMilliseconds);
   } while (waited.Now() < kReplySeconds);
   return false;
 }
 
 bool UDPDevice::SendPacket(const PacketBase& packet, int expected) {
-  return exchange_.CountPacket(Exchanges(packet, expected));
+  const PacketOutcome outcome = Exchange(packet, expected);
+  observer_.PacketEnded(outcome);
+  return IsConfirmed(outcome);
 }
 
 void UDPDevice::SendUnanswered(const PacketBase& packet) {
-  exchange_.CountPacket(WritePacket(packet));
+  observer_.PacketEnded(WritePacket(packet) ? PacketOutcome::Unanswered : PacketOutcome::NotSent);
 }
 
-bool UDPDevice::Exchanges(const PacketBase& packet, int expected) {
+PacketOutcome UDPDevice::Exchange(const PacketBase& packet, int expected) {
   for (int tries = 0; tries < kMaxTries; ++tries) {
-    if (!WritePacket(packet)) return false;
+    if (!WritePacket(packet)) return PacketOutcome::NotSent;
     std::string reply;
-    if (Read(reply)) return CheckReply(reply, expected);
+    if (Read(reply)) return CheckReply(reply, expected) ? PacketOutcome::Answered : PacketOutcome::Refused;
   }
-  return false;
+  return PacketOutcome::NoAnswer;
 }
 
 }  // namespace TCBase

@@ -8,6 +8,7 @@
 #include "devices/datagrams.h"
 #include "devices/device_base.h"
 #include "devices/device_info.h"
+#include "devices/operation_observer.h"
 
 namespace TCBase {
 
@@ -42,7 +43,9 @@ class UDPSocket {
 /// A controller on the network. Holds port 5000 from Connect to its destruction.
 class UDPDevice : public DeviceBase {
  public:
-  explicit UDPDevice(const DeviceInfo& controller) : info(controller) {}
+  /// `observer` outlives the device.
+  explicit UDPDevice(const DeviceInfo& controller, OperationObserver& observer = NoObserver())
+      : info(controller), observer_(observer) {}
 
   /// False, with a line in the device log, while somebody else has the port. Nothing is sent: whether the
   /// controller is there only its replies tell.
@@ -53,7 +56,6 @@ class UDPDevice : public DeviceBase {
   bool Read(std::string& reply) override;
   /// Sends up to three times, until a reply has come. What stands in that reply decides for good.
   bool SendPacket(const PacketBase& packet, int expected) override;
-  Exchange Exchanged() const override { return exchange_; }
 
  protected:
   /// Sends a packet once and awaits no reply.
@@ -61,11 +63,11 @@ class UDPDevice : public DeviceBase {
   const DeviceInfo& Info() const { return info; }
 
  private:
-  bool Exchanges(const PacketBase& packet, int expected);
+  PacketOutcome Exchange(const PacketBase& packet, int expected);
 
   DeviceInfo info;
   UDPSocket udp;
-  Exchange exchange_;
+  OperationObserver& observer_;
 };
 
 }  // namespace TCBase

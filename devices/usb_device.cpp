@@ -54,7 +54,9 @@ bool USBDevice::Write(const std::string& frame) {
   LogDeviceDump(frame.data(), frame.size());
   const int written = hid_write(handle, report.data(), report.size());
   if (written < 0) LogError("hid_write");
-  return written == static_cast<int>(report.size());
+  if (written != static_cast<int>(report.size())) return false;
+  observer_.FrameSent();
+  return true;
 }
 
 bool USBDevice::Read(std::string& reply) {
@@ -82,10 +84,17 @@ bool USBDevice::Read(std::string& reply) {
 }
 
 bool USBDevice::SendPacket(const PacketBase& packet, int expected) {
+  const PacketOutcome outcome = Exchange(packet, expected);
+  observer_.PacketEnded(outcome);
+  return IsConfirmed(outcome);
+}
+
+PacketOutcome USBDevice::Exchange(const PacketBase& packet, int expected) {
+  if (!WritePacket(packet)) return PacketOutcome::NotSent;
   std::string reply;
-  const bool confirmed = WritePacket(packet) && Read(reply) && CheckReply(reply, expected);
-  if (!reply.empty()) ++exchange_.replies;
-  return exchange_.CountPacket(confirmed);
+  const bool confirmed = Read(reply) && CheckReply(reply, expected);
+  if (reply.empty()) return confirmed ? PacketOutcome::Unanswered : PacketOutcome::NoAnswer;
+  return confirmed ? PacketOutcome::Answered : PacketOutcome::Refused;
 }
 
 void USBDevice::LogError(const char* where) const {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "devices/device_base.h"
+#include "devices/operation_observer.h"
 
 namespace TCBase {
 
@@ -24,7 +25,9 @@ inline constexpr UsbIds kTC421Ids{0x0483, 0x5750};
 /// the same computer cannot be reached. There is no retry and no reconnect.
 class USBDevice : public DeviceBase {
  public:
-  explicit USBDevice(const UsbIds& ids) : vendorId(ids.vendor), productId(ids.product) {}
+  /// `observer` outlives the device.
+  explicit USBDevice(const UsbIds& ids, OperationObserver& observer)
+      : vendorId(ids.vendor), productId(ids.product), observer_(observer) {}
   ~USBDevice() override;
 
   bool Connect() override;
@@ -34,15 +37,18 @@ class USBDevice : public DeviceBase {
   /// handed over as one text; one without end is cut at 64 reports.
   bool Read(std::string& reply) override;
   bool SendPacket(const PacketBase& packet, int expected) override;
-  Exchange Exchanged() const override { return exchange_; }
+
+ protected:
+  OperationObserver& Observer() const { return observer_; }
 
  private:
+  PacketOutcome Exchange(const PacketBase& packet, int expected);
   void LogError(const char* where) const;
 
   std::uint16_t vendorId;
   std::uint16_t productId;
   hid_device* handle = nullptr;  // owned; null when not connected
-  Exchange exchange_;
+  OperationObserver& observer_;
 };
 
 }  // namespace TCBase

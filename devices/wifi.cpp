@@ -145,13 +145,13 @@ bool ListWifiNetworks(std::vector<WifiNetwork>& networks) {
   return true;
 }
 
-bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config, Exchange* exchange) {
-  const std::unique_ptr<DeviceBase> device = ConnectDevice(info, exchange);
-  if (device == nullptr) return false;
-  LogStatus(Message("Setting up WiFi"));
-  const bool done = SendConfig(*device, info, config);
-  if (exchange != nullptr) *exchange = device->Exchanged();
-  return done;
+bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config, OperationObserver& observer) {
+  const auto setUp = [&](DeviceBase& device, const ExchangeCount&) {
+    LogStatus(Message("Setting up WiFi"));
+    const bool done = SendConfig(device, info, config);
+    return OperationReport(done ? OperationResult::Done : OperationResult::Failed);
+  };
+  return WithDevice(info, observer, setUp).result == OperationResult::Done;
 }
 
 }  // namespace TCBase

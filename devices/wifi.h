@@ -10,6 +10,7 @@
 
 #include "devices/device_base.h"
 #include "devices/device_info.h"
+#include "devices/operation_observer.h"
 #include "devices/wifi_networks.h"
 
 namespace TCBase {
@@ -53,7 +54,8 @@ struct WifiNetworkConfig {
 
 /// Hands `config` to a controller; blocks for up to six seconds a packet if it stays silent. False, with a
 /// line for the user, if a packet is not acknowledged: the next one is not sent then. An invalid security
-/// sends nothing, which a warning says, and counts as a success. `exchange` takes what became of the packets.
-bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config, Exchange* exchange = nullptr);
+/// sends nothing, which a warning says, and counts as a success.
+bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config,
+               OperationObserver& observer = NoObserver());
 
 }  // namespace TCBase

@@ -1,20 +1,16 @@
 #include "devices/worker.h"
 
-#include <chrono>
 #include <utility>
 
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
-#include "devices/demo_state.h"
 #include "devices/device_list.h"
 
 namespace TCBase {
 
 namespace {
 constexpr int kPassMilliseconds = 100;
-// Between two reminders to a job that it is to stop.
-constexpr std::chrono::milliseconds kStopInterval{1};
 }  // namespace
 
 Worker::Worker(Discovery discovery) : listing(discovery == Discovery::AtOnce) {
@@ -56,14 +52,9 @@ void Worker::Attach(EventTarget* target, std::uint32_t targetMessage) {
 }
 
 void Worker::Shutdown() {
-  PostCommand(CommandStop);
   if (!running.exchange(false)) return;
-  // Operations clear the command slot as they begin. A stop posted in that moment would be lost, and closing
-  // the program would wait for the end of a whole upload or demo: so it is posted until it has been heard.
-  while (!finished) {
-    PostCommand(CommandStop);
-    std::this_thread::sleep_for(kStopInterval);
-  }
+  // In this order: a job that hears of the stop is the last one.
+  stopping.request_stop();
   thread.join();
   const std::lock_guard lock(jobMutex);
   jobs.clear();
@@ -76,7 +67,6 @@ void Worker::Run() {
     PollUsb(tc421Poll, kTC421Family);
     platform::SleepMilliseconds(kPassMilliseconds);
   }
-  finished = true;
 }
 
 Worker::Job Worker::TakeJob() {

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -50,8 +51,11 @@ class Worker {
   /// The target must outlive the worker or the next Attach. Any thread.
   void Attach(EventTarget* target, std::uint32_t message);
 
-  /// Posts a stop, waits for the job in hand to end and for the thread with it, and destroys queued jobs
-  /// unrun. A second call does nothing. Not on the worker thread.
+  /// For jobs: asks them to stop once the worker shuts down. Any thread.
+  std::stop_token StopToken() const { return stopping.get_token(); }
+
+  /// Asks the job in hand to stop, by StopToken(), waits for it to end and for the thread with it, and
+  /// destroys queued jobs unrun. A second call does nothing. Not on the worker thread.
   void Shutdown();
 
  private:
@@ -61,8 +65,9 @@ class Worker {
   void SetConnected(const UsbFamily& family, bool connected);
 
   std::atomic<bool> running{true};
-  std::atomic<bool> finished{false};  // the thread is past its last job
-  std::atomic<bool> listing;          // changes reach the list and the user
+  std::atomic<bool> listing;  // changes reach the list and the user
+
+  std::stop_source stopping;
 
   std::mutex jobMutex;
   std::deque<Job> jobs;  // guarded by jobMutex

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "chart/chart_drawing.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/support/checking_canvas.h"
 #include "tests/support/virtual_clock.h"
 
@@ -99,14 +99,16 @@ class Chart {
     std::tie(selection_.channel, selection_.step) = scene.selected;
     std::tie(hover_.channel, hover_.step) = scene.hovered;
     layout_.FocusLane(scene.focusedLane);
-    TCBase::demoState.step.values = scene.demoValues;
-    TCBase::demoState.SetRunning(scene.demoSecond, TCBase::StatePlaying);
+    ModeStep sent;
+    sent.values = scene.demoValues;
+    demo_.SetStep(sent);
+    demo_.SetRunning(scene.demoSecond, TCBase::StatePlaying);
     drawing_.Rebuild(canvas_);
     drawing_.MouseMoved(scene.mouse.first, scene.mouse.second);
     for (int frame = 0; frame < 3; ++frame) {
       drawing_.Update();
       drawing_.Draw(canvas_);
-      now += 0.06;
+      now_ += 0.06;
       virtual_clock::Advance(0.06);
     }
   }
@@ -116,8 +118,10 @@ class Chart {
   ModeListView document_;
   StepSelection selection_{document_};
   StepSelection hover_{document_};
-  UX::ChartLayout layout_;
-  UX::ChartDrawing drawing_{{document_, selection_, hover_, layout_}};
+  TCBase::DemoState demo_;
+  double now_ = 100.0;
+  UX::ChartLayout layout_{now_};
+  UX::ChartDrawing drawing_{{document_, selection_, hover_, layout_, demo_, now_}};
   chart_test::CheckingCanvas canvas_;
 };
 
@@ -125,7 +129,6 @@ class Chart {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   virtual_clock::Reset();
-  now = 100.0;
   Bytes bytes(data, size);
   const Scene scenes[] = {Scene(bytes), Scene(bytes), Scene(bytes)};
   ModeListView document;
@@ -137,7 +140,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   Chart chart(std::move(document));
   for (const Scene& scene : scenes) chart.Show(scene);
-  TCBase::demoState.SetIdle();
   if (chart.HasFault()) std::abort();
   return 0;
 }

@@ -60,10 +60,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   info.model = isTC420 ? TCBase::ModelTC420 : TCBase::ModelTC421USB;
   info.selected = true;
   const TCBase::Program::ModeListView program = TCBase::Program::NewProgram();
+  TCBase::DemoState demo;
+  const TCBase::OperationContext context{demo};
   if (choices.Next() % 2 == 0) {
-    TCBase::UploadJob({info}, program)();
+    TCBase::UploadJob({info}, program, context)();
   } else {
-    TCBase::DemoJob({info}, program, 5)();
+    TCBase::DemoJob({info}, program, 5, context)();
   }
 
   // A TC421 whose replies do not please is left in the middle of a mode, and so is any with a failing cable.

@@ -92,10 +92,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string status = DrainStatus();
   for (TCBase::DeviceInfo& device : found) device.selected = true;
   const TCBase::Program::ModeListView program = TCBase::Program::NewProgram();
+  TCBase::DemoState demo;
+  const TCBase::OperationContext context{demo};
   if (what % 3 == 0) {
-    TCBase::UploadJob(found, program)();
+    TCBase::UploadJob(found, program, context)();
   } else if (what % 3 == 1) {
-    TCBase::DemoJob(found, program, 1)();
+    TCBase::DemoJob(found, program, 1, context)();
   } else if (!found.empty()) {
     TCBase::SetupWifi(found.front(), {"Reef", std::string(choices.Next(), 'k'), TCBase::EncryptionAES,
                                       static_cast<TCBase::WifiSecurity>(choices.Next() % 4)});

@@ -56,14 +56,14 @@ void NudgeSelectedStep(const StepSelection& selection, std::int32_t hours, std::
   Normalize(*step);
 }
 
-void CopyChannelSteps(const StepSelection& selection) {
-  if (const Channel* channel = SelectedChannel(selection)) stepClipboard = {*channel, true};
+void CopyChannelSteps(const StepSelection& selection, StepClipboard& clipboard) {
+  if (const Channel* channel = SelectedChannel(selection)) clipboard = {*channel, true};
 }
 
-bool PasteChannelSteps(const StepSelection& selection) {
+bool PasteChannelSteps(const StepSelection& selection, const StepClipboard& clipboard) {
   Channel* channel = SelectedChannel(selection);
-  if (channel == nullptr || !stepClipboard.filled) return false;
-  *channel = stepClipboard.steps;
+  if (channel == nullptr || !clipboard.filled) return false;
+  *channel = clipboard.steps;
   RenumberSteps(*channel);
   return true;
 }

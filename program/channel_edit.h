@@ -9,12 +9,11 @@
 
 namespace TCBase::Program {
 
-/// The steps copied last. Private to this process, and kept until the next copy.
+/// The steps copied last, kept until the next copy.
 struct StepClipboard {
   Channel steps;
   bool filled = false;
 };
-inline StepClipboard stepClipboard;
 
 /// The channel of the current mode that is selected, or null.
 Channel* SelectedChannel(const StepSelection& selection);
@@ -29,10 +28,10 @@ void DeleteSelectedStep(StepSelection& selection);
 /// minute.
 void NudgeSelectedStep(const StepSelection& selection, std::int32_t hours, std::int32_t minutes, float value);
 /// Takes the channel's steps into the clipboard.
-void CopyChannelSteps(const StepSelection& selection);
+void CopyChannelSteps(const StepSelection& selection, StepClipboard& clipboard);
 /// Replaces the channel's steps by those of the clipboard. False if nothing was copied yet or none is
 /// selected.
-bool PasteChannelSteps(const StepSelection& selection);
+bool PasteChannelSteps(const StepSelection& selection, const StepClipboard& clipboard);
 /// Leaves two steps, 08:00 and 22:00 at 0, and selects nothing.
 void ClearChannel(StepSelection& selection);
 /// Swaps the steps with those of the channel above or below, in the current mode, and selects that one: the

@@ -73,6 +73,15 @@ void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows) {
   }
 }
 
+ModeStep StepAt(const Mode& mode, std::int32_t second) {
+  ModeStep step;
+  step.hour = second / 3600;
+  step.minute = second % 3600 / 60;
+  std::transform(mode.channels.begin(), mode.channels.end(), step.values.begin(),
+                 [second](const Channel& channel) { return TruncateToInt(ChannelValueAt(channel, second)); });
+  return step;
+}
+
 int CountModeSteps(const Mode& mode) {
   return static_cast<int>(UsedMinutes(mode).Count());
 }

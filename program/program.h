@@ -147,6 +147,9 @@ std::uint32_t NextStepId();
 /// contents of `rows`. A step whose hour or minute is out of range is on no minute of the day: it bends its
 /// channel's curve but has no row.
 void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows);
+/// What all channels give at a second of the day, as whole percents, with the hour and the minute of that
+/// second; no jumps.
+ModeStep StepAt(const Mode& mode, std::int32_t second);
 /// Number of rows that CollectModeSteps yields.
 int CountModeSteps(const Mode& mode);
 

@@ -10,14 +10,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <mutex>
 
 #include "chart/bumper.h"
 #include "chart/chart_drawing.h"
 #include "chart/chart_layout.h"
 #include "common/platform.h"
-#include "common/truncate.h"
-#include "devices/demo_state.h"
+#include "common/timer.h"
 #include "platform/qt/qt_canvas.h"
 #include "platform/qt/svg_canvas.h"
 
@@ -30,38 +28,20 @@ using TCBase::Program::ModeListView;
 /// Longer than anything on the chart moves.
 constexpr int kRestMilliseconds = 2000;
 
-/// Shows a demo at one moment, for as long as this lives.
-class StandingDemo {
- public:
-  StandingDemo(const TCBase::Program::Mode& mode, std::int32_t minuteOfDay) {
-    const std::int32_t second = minuteOfDay * 60;
-    TCBase::Program::ModeStep step;
-    step.hour = minuteOfDay / 60;
-    step.minute = minuteOfDay % 60;
-    std::ranges::transform(mode.channels, step.values.begin(), [second](const auto& channel) {
-      return TruncateToInt(TCBase::Program::ChannelValueAt(channel, second));
-    });
-    {
-      const std::lock_guard lock(TCBase::demoState.stepMutex);
-      TCBase::demoState.step = step;
-    }
-    TCBase::demoState.SetRunning(second, TCBase::StatePaused);
-  }
-  ~StandingDemo() { TCBase::demoState.SetIdle(); }
-  StandingDemo(const StandingDemo&) = delete;
-  StandingDemo& operator=(const StandingDemo&) = delete;
-};
-
-void AwaitRest() {
-  platform::SleepMilliseconds(kRestMilliseconds);
-  now = frameClock.Now();
+/// Puts a demo at one moment.
+void ShowMoment(TCBase::DemoState& demo, const TCBase::Program::Mode& mode, std::int32_t minuteOfDay) {
+  const std::int32_t second = minuteOfDay * 60;
+  demo.SetStep(TCBase::Program::StepAt(mode, second));
+  demo.SetRunning(second, TCBase::StatePaused);
 }
 
 /// A chart window of the picture's size, with nobody at the mouse.
 class Chart {
  public:
   Chart(const ModeListView& document, const PictureRequest& request) : document_(document) {
-    now = frameClock.Now();
+    if (request.minuteOfDay) {
+      ShowMoment(demo_, document.modes[static_cast<std::size_t>(document.currentMode)], *request.minuteOfDay);
+    }
     const UX::Rect none =
         layout_.ChartWindowRect();  // of a window without size: what is around it, below zero
     layout_.Update(request.width - none.width, request.height - none.height);
@@ -102,11 +82,19 @@ class Chart {
     AwaitRest();
   }
 
+  void AwaitRest() {
+    platform::SleepMilliseconds(kRestMilliseconds);
+    now_ = frameClock_.Now();
+  }
+
+  timer_base::TimerFeatures<TimerCore_Counter> frameClock_;
+  double now_ = 0.0;
   ModeListView document_;
   TCBase::Program::StepSelection selection_{document_};
   TCBase::Program::StepSelection hoverStep_{document_};
-  UX::ChartLayout layout_;
-  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_}};
+  UX::ChartLayout layout_{now_};
+  TCBase::DemoState demo_;
+  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_, demo_, now_}};
 };
 
 int PixelsOf(std::int32_t units, double scale) {
@@ -141,9 +129,6 @@ bool DrawPdf(Chart& chart, const PictureRequest& request, QBuffer& file) {
 }  // namespace
 
 std::string DrawPicture(const ModeListView& document, const PictureRequest& request) {
-  std::optional<StandingDemo> demo;
-  if (request.minuteOfDay)
-    demo.emplace(document.modes[static_cast<std::size_t>(document.currentMode)], *request.minuteOfDay);
   Chart chart(document, request);
   if (request.format == PictureFormat::Svg) return chart.DrawSvg();
   QByteArray bytes;

@@ -22,7 +22,7 @@ struct PictureRequest {
 
 /// The bytes of a picture of the document's current mode, with all motion at rest; empty if there is no
 /// memory for it. Same request, same bytes, but for a PDF, which holds the time. Needs a QGuiApplication.
-/// Makes use of the process's demoState, and of the clock: it sleeps until motion has come to rest.
+/// Makes use of the clock: it sleeps until motion has come to rest.
 std::string DrawPicture(const TCBase::Program::ModeListView& document, const PictureRequest& request);
 
 }  // namespace qt

@@ -12,7 +12,6 @@
 #include "chart/scene_queries.h"
 #include "common/message.h"
 #include "common/truncate.h"
-#include "devices/demo_state.h"
 #include "platform/win32/gdiplus_graphics.h"
 #include "program/channel_edit.h"
 
@@ -86,7 +85,7 @@ void RendererGDI::Render() {
   FrameSelectedLane();
   DrawChannels();
   DrawSelectedStep();
-  DrawDemoLine(TCBase::demoState.position);
+  DrawDemoLine(demo.position);
   BitBlt(paint.dc(), 0, 0, width, height, memoryDC_, 0, 0, SRCCOPY);
   graphics_ = nullptr;
   memoryDC_ = nullptr;

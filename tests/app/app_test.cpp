@@ -5,8 +5,8 @@
 
 #include "app/main_loop.h"
 #include "common/log.h"
-#include "devices/demo_state.h"
 #include "program/builtin_modes.h"
+#include "program/demo_state.h"
 #include "program/program_file.h"
 #include "tests/support/sim_hidapi.h"
 #include "tests/support/virtual_clock.h"
@@ -52,9 +52,9 @@ void AppTest::GivenSteps(int channel, std::initializer_list<std::pair<int, float
 
 void AppTest::GivenDemoAt(int second, TCBase::DemoPlayState state) {
   if (second < 0) {
-    TCBase::demoState.SetIdle();
+    user.State().demoState.SetIdle();
   } else {
-    TCBase::demoState.SetRunning(second, state);
+    user.State().demoState.SetRunning(second, state);
   }
 }
 

@@ -288,9 +288,9 @@ TEST_F(ChartDrag, AReleaseBesideTheChartDuringADemoEndsTheSeek) {
   user.HoldButton();
   user.MoveMouse(300, -20);
   user.ReleaseButton();
-  TCBase::TakeCommand();
+  user.State().demoState.TakeCommand();
   user.MoveMouse(400, 107);
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr);
+  EXPECT_EQ(user.State().demoState.TakeCommand(), nullptr);
 }
 
 TEST_F(ChartDrag, ASeekWhoseDemoEndsUnderItGoesOnAsADragThatCanBeUndone) {

@@ -23,15 +23,11 @@ constexpr StepPlace kNone{};
 
 class ChartHit : public testing::Test {
  protected:
-  void SetUp() override {
-    now = 0.0;
-    layout_ = {};
-    GivenWindow(1024, 768);
-  }
+  void SetUp() override { GivenWindow(1024, 768); }
 
   void GivenWindow(int width, int height) {
     layout_.Update(width, height);
-    now += 1.0;  // at rest
+    now_ += 1.0;  // at rest
   }
   void GivenChannels(std::initializer_list<std::string_view> channels) {
     program_ = GivenDocument(GivenMode(channels));
@@ -39,7 +35,8 @@ class ChartHit : public testing::Test {
   StepPlace Hit(int x, int y) { return HitStep(layout_, program_, x, y).value_or(kNone); }
   StepPlace Hovered(int x, int y) { return HoveredStep(layout_, program_, x, y).value(); }
 
-  UX::ChartLayout layout_;
+  double now_ = 0.0;
+  UX::ChartLayout layout_{now_};
   TCBase::Program::ModeListView program_;
 };
 
@@ -145,7 +142,7 @@ TEST_F(ChartHit, WhileLanesGlideLooksWhereTheyAre) {
   layout_.FocusLane(0);  // lane 1 goes from 129 to 218
   EXPECT_EQ(Hit(452, 129), (StepPlace{1, 0}));
   EXPECT_EQ(Hit(452, 218), kNone);
-  now += 0.2;
+  now_ += 0.2;
   EXPECT_EQ(Hit(452, 129), kNone);
   EXPECT_EQ(Hit(452, 218), (StepPlace{1, 0}));
 }
@@ -175,13 +172,6 @@ TEST(FullMinute, DropsTheSeconds) {
   EXPECT_EQ(app::FullMinute(59), 0);
   EXPECT_EQ(app::FullMinute(60), 60);
   EXPECT_EQ(app::FullMinute(86399), 86340);
-}
-
-TEST(StrengthsAt, TruncateEachChannel) {
-  const TCBase::Program::Mode mode =
-      GivenMode({"10:00 0, 12:00 100", "10:00 40.9", "", "10:00 80 J, 12:00 0"});
-  const TCBase::Program::ModeStep at = app::StrengthsAt(mode, 11 * 3600 + 120);
-  EXPECT_EQ(at.values, (std::array<std::int32_t, 5>{51, 40, 0, 80, 0}));
 }
 
 }  // namespace

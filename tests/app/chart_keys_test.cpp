@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/app/chart_test.h"
 
 namespace {
@@ -225,14 +225,14 @@ TEST_F(ChartKeys, OtherKeysDoNothing) {
 TEST_F(ChartKeys, SpacePausesAndResumesADemoAndOtherwiseDoesNothing) {
   GivenStepSelected("08:00 0, 12:00 50, 20:00 0", 1);
   Chart().OnKeyDown(key::kSpace);
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr);
+  EXPECT_EQ(user.State().demoState.TakeCommand(), nullptr);
   GivenDemoAt(3725);
   Chart().OnKeyDown(key::kSpace);
-  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandPause);
+  EXPECT_EQ(user.State().demoState.TakeCommand()->type, TCBase::CommandPause);
   EXPECT_EQ(NewLog(), "Demo playback paused at 01:02:05\n");
   GivenDemoAt(3725, TCBase::StatePaused);
   Chart().OnKeyDown(key::kSpace);
-  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandResume);
+  EXPECT_EQ(user.State().demoState.TakeCommand()->type, TCBase::CommandResume);
   EXPECT_EQ(NewLog(), "Demo playback resumed\n");
 }
 
@@ -298,7 +298,7 @@ TEST_F(ChartKeys, KeysThatReachTheMainWindowGoToTheChartIfAStepIsSelected) {
   user.GetDesktop().focus = headless::Focus::MainWindow;
   GivenDemoAt(3725);
   user.PressKey(key::kSpace);
-  const auto command = TCBase::TakeCommand();
+  const auto command = user.State().demoState.TakeCommand();
   ASSERT_NE(command, nullptr);
   EXPECT_EQ(command->type, TCBase::CommandPause);
 }

@@ -9,9 +9,9 @@
 
 #include "app/main_window.h"
 #include "chart/bumper.h"
-#include "devices/demo_state.h"
 #include "program/builtin_modes.h"
 #include "program/channel_edit.h"
+#include "program/demo_state.h"
 #include "tests/app/chart_test.h"
 
 namespace {
@@ -91,7 +91,7 @@ class ChartRandom : public ChartTest {
         (OneIn(2) ? History().Undo() : History().Redo());
         return;
       default:
-        now += 0.07;
+        user.State().now += 0.07;
     }
   }
 
@@ -137,7 +137,7 @@ TEST_F(ChartRandom, WholeGesturesCanAllBeUndone) {
       Chart().OnKeyDown(pressed);
       Chart().OnKeyUp(pressed);
     }
-    now += 0.07;
+    user.State().now += 0.07;
   }
   EXPECT_GT(UndoDepth(), 100);
   while (History().Undo()) {
@@ -203,7 +203,7 @@ TEST_F(ChartRandom, AWindowOfOnePixelDoesNoHarm) {
   user.GetDesktop().application->mainWindow.OnSize(app::SizeKind::Restored);
   for (int i = 0; i < 1000; ++i) {
     Gesture();
-    now += 0.07;
+    user.State().now += 0.07;
     ExpectInOrder();
     if (HasFatalFailure()) FAIL() << "after " << i;
   }

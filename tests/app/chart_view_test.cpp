@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "chart/bumper.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/app/chart_test.h"
 
 namespace {
@@ -25,8 +25,8 @@ class ChartView : public ChartTest {
   }
   std::pair<int, int> View() { return {Program().viewStart, Program().viewEnd}; }
   /// Where the demo was asked to go since the last call.
-  static std::optional<int> Sought() {
-    const std::unique_ptr<TCBase::WorkerCommand> taken = TCBase::TakeCommand();
+  std::optional<int> Sought() {
+    const std::unique_ptr<TCBase::WorkerCommand> taken = user.State().demoState.TakeCommand();
     if (taken == nullptr || taken->type != TCBase::CommandSeek) return std::nullopt;
     return taken->second;
   }

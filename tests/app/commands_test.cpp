@@ -116,7 +116,7 @@ TEST_F(Commands, LeaveTheirTraces) {
     Program() = TCBase::Program::NewProgram();
     user.State().undoStack.Clear();
     user.State().undoStack.DropPending();
-    TCBase::Program::stepClipboard = {};
+    user.State().stepClipboard = {};
     GivenSelection(1, 0);
     Invalidations();
     user.SendCommand(row.command);

@@ -13,7 +13,7 @@
 
 #include "app/demo_control.h"
 #include "common/truncate.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "program/view.h"
 #include "tests/app/app_test.h"
 #include "tests/support/sim_hidapi.h"
@@ -26,7 +26,6 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 namespace command = app::command;
-using TCBase::demoState;
 
 // A moment in a job at which the worker waits for the test.
 class Gate {
@@ -63,9 +62,9 @@ int Count(const std::string& text, std::string_view part) {
 
 class DemoControl : public AppTest {
  protected:
+  TCBase::DemoState& Demo() { return user.State().demoState; }
   void SetUp() override {
     AppTest::SetUp();
-    demoState.step = {};
     GivenTheProgramRuns();
   }
 
@@ -91,7 +90,7 @@ class DemoControl : public AppTest {
     gate.Open();
   }
   bool WaitForState(TCBase::DemoPlayState state) {
-    return WaitUntil([state] { return demoState.state == state && demoState.position >= 0; });
+    return WaitUntil([this, state] { return Demo().state == state && Demo().position >= 0; });
   }
   // Until the display has come back. For a moment before that the status and the time of a demo that has just
   // ended read like those at rest, while the power is still that of its last frame.
@@ -115,7 +114,7 @@ class DemoControl : public AppTest {
   // What the labels say of a demo that is paused.
   void ExpectReadOutsOfTheCurve() {
     user.Wait(0.5);  // a frame has gone out since, and the timer has come
-    const int position = demoState.position;
+    const int position = Demo().position;
     EXPECT_EQ(user.Text(Control::TimeLabel), app::DayTimeText(position));
     EXPECT_EQ(user.Text(Control::PowerLabel), PowerAt(position));
   }
@@ -147,21 +146,21 @@ TEST_F(DemoControl, PlaysPausesSeeksResumesAndStops) {
   EXPECT_EQ(user.Text(Control::PlayButton), "▶");
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Paused");
   ExpectEditing(false);
-  const int paused = demoState.position;
+  const int paused = Demo().position;
   user.Wait(5.0);
-  EXPECT_EQ(demoState.position, paused);
+  EXPECT_EQ(Demo().position, paused);
 
   user.ClickChart(kXOfNoon, 20);
   // To the minute, and there it stays: a seek works in the paused state as well.
-  ASSERT_TRUE(WaitUntil([] { return std::abs(demoState.position - kNoon) <= 60; }));
+  ASSERT_TRUE(WaitUntil([this] { return std::abs(Demo().position - kNoon) <= 60; }));
   ExpectReadOutsOfTheCurve();
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Paused");
   EXPECT_EQ(user.Text(Control::PowerLabel), "50 50 50 50 30");
 
   user.PressKey(app::key::kSpace);
-  ASSERT_TRUE(WaitUntil([] { return demoState.position > kNoon + 90; }))
+  ASSERT_TRUE(WaitUntil([this] { return Demo().position > kNoon + 90; }))
       << "farther than the seek may be off";
-  EXPECT_EQ(demoState.state, TCBase::StatePlaying);
+  EXPECT_EQ(Demo().state, TCBase::StatePlaying);
   user.PressKey(app::key::kSpace);
   ASSERT_TRUE(WaitForState(TCBase::StatePaused));
   ExpectReadOutsOfTheCurve();
@@ -173,7 +172,7 @@ TEST_F(DemoControl, PlaysPausesSeeksResumesAndStops) {
   EXPECT_EQ(user.Text(Control::PlayButton), "▶");
   EXPECT_EQ(user.Text(Control::TimeLabel), "00:00:00");
   EXPECT_EQ(user.Text(Control::PowerLabel), "0 0 0 0 0");
-  EXPECT_EQ(demoState.position, -1);
+  EXPECT_EQ(Demo().position, -1);
   ExpectEditing(true);
   EXPECT_THAT(NewLog(), HasSubstr("Demo finished\n"));
   EXPECT_TRUE(Program() == before) << "a click on the chart seeks and edits nothing";
@@ -234,8 +233,8 @@ TEST_F(DemoControl, APressBeforeTheWorkersTurnQueuesASecondDemo) {
   gate.WaitUntilReached();
   user.Press(Control::PlayButton);
   user.Press(Control::PlayButton);
-  EXPECT_EQ(demoState.state, TCBase::StateIdle);
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr) << "neither pause nor resume";
+  EXPECT_EQ(Demo().state, TCBase::StateIdle);
+  EXPECT_EQ(Demo().TakeCommand(), nullptr) << "neither pause nor resume";
   gate.Open();
   std::atomic<bool> done{false};
   user.State().worker.AddJob([&done] { done = true; });
@@ -261,7 +260,7 @@ TEST_F(DemoControl, BetweenThePressAndTheWorkersTurnTheChartStillEdits) {
   EXPECT_TRUE(user.IsEnabled(Control::ModeList));
   user.ClickChart(kXOfNoon, 20);
   EXPECT_EQ(user.State().selection.channel, 0);
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr) << "no seek";
+  EXPECT_EQ(Demo().TakeCommand(), nullptr) << "no seek";
   gate.Open();
 }
 
@@ -285,7 +284,7 @@ TEST_F(DemoControl, StopLeavesThePausedStateAtOnce) {
   ASSERT_TRUE(WaitForState(TCBase::StatePaused));
   user.Press(Control::StopButton);
   ASSERT_TRUE(WaitForRest());
-  EXPECT_EQ(demoState.position, -1);
+  EXPECT_EQ(Demo().position, -1);
 }
 
 TEST_F(DemoControl, StopInTheHalfSecondAfterTheEndHarmsNothing) {
@@ -293,7 +292,7 @@ TEST_F(DemoControl, StopInTheHalfSecondAfterTheEndHarmsNothing) {
   Gate gate;
   bool wasOver = false;
   Start(command::kPlayDemo, 10.4, [&] {
-    wasOver = demoState.position < 0;
+    wasOver = Demo().position < 0;
     gate.WaitAtGate();
   });
   gate.WaitUntilReached();
@@ -326,9 +325,8 @@ TEST_F(DemoControl, ADemoPlaysTheProgramAsItWasAtThePress) {
   GivenTheEmulator(86400);
   user.Press(Control::PlayButton);
   for (auto& channel : Mode().channels) channel.clear();
-  EXPECT_TRUE(WaitUntil([] {
-    const std::lock_guard lock(demoState.stepMutex);
-    return demoState.step.values == std::array<std::int32_t, 5>{100, 100, 100, 100, 100};
+  EXPECT_TRUE(WaitUntil([this] {
+    return Demo().Step().values == std::array<std::int32_t, 5>{100, 100, 100, 100, 100};
   }));
   user.Press(Control::StopButton);
   EXPECT_TRUE(WaitForRest());
@@ -386,12 +384,11 @@ class Leaving : public DemoControl {
   void CloseAfter(int command, double seconds) {
     Gate gate;
     double stopped = 0.0;
+    const std::stop_token stop = user.State().worker.StopToken();
     Start(command, seconds, [&] {
       gate.WaitAtGate();
-      // The first stop comes before the worker is to take no more jobs, the second behind that. From here on
-      // time passes only until the worker has ended.
-      while (TCBase::TakeCommand() == nullptr) std::this_thread::yield();
-      while (!HasCommand()) std::this_thread::yield();
+      // From here on time passes only until the worker has ended.
+      while (!stop.stop_requested()) std::this_thread::yield();
       stopped = virtual_clock::Seconds();
     });
     gate.WaitUntilReached();
@@ -406,10 +403,6 @@ class Leaving : public DemoControl {
     EXPECT_FALSE(ran);
     EXPECT_TRUE(queued.expired()) << "what was queued behind is gone, unrun";
   }
-  static bool HasCommand() {
-    const std::lock_guard lock(demoState.commandMutex);
-    return demoState.command != nullptr;
-  }
   void GivenAController() {
     sim_hidapi::PlugIn(sim_hidapi::Family::TC420);
     GivenDevices({"TC420*"}, TCBase::ModelTC420);
@@ -419,8 +412,8 @@ class Leaving : public DemoControl {
 TEST_F(Leaving, InTheMiddleOfADemoEndsItCleanly) {
   GivenAController();
   CloseAfter(command::kPlayDemo, 20.0);
-  EXPECT_EQ(demoState.position, -1) << "the worker came to the demo's end";
-  EXPECT_EQ(sim_hidapi::Frames(sim_hidapi::Family::TC420).back().frame[2], 0x02) << "and told the controller";
+  EXPECT_EQ(sim_hidapi::Frames(sim_hidapi::Family::TC420).back().frame[2], 0x02)
+      << "the worker came to the demo's end and told the controller";
 }
 
 TEST_F(Leaving, WhileADemoIsPausedEndsItCleanly) {
@@ -429,7 +422,6 @@ TEST_F(Leaving, WhileADemoIsPausedEndsItCleanly) {
   ASSERT_TRUE(WaitForState(TCBase::StatePaused));
   user.Close();
   EXPECT_FALSE(user.IsRunning());
-  EXPECT_EQ(demoState.position, -1);
 }
 
 TEST_F(Leaving, InTheMiddleOfAnUploadEndsAtItsNextCheck) {

@@ -11,8 +11,8 @@
 #include "app/upload_check.h"
 #include "common/files.h"
 #include "common/log.h"
-#include "devices/demo_state.h"
 #include "dialogs/dialog.h"
+#include "program/demo_state.h"
 #include "tests/app/app_test.h"
 #include "tests/program/program_fixture.h"
 #include "tests/support/sim_hidapi.h"
@@ -305,12 +305,12 @@ TEST_F(Devices, WithNobodyThereADemoComesToRestAllTheSame) {
 TEST_F(Devices, TheSameButtonPausesAndResumes) {
   GivenDemoAt(100, TCBase::StatePlaying);
   user.Press(Control::PlayButton);
-  auto posted = TCBase::TakeCommand();
+  auto posted = user.State().demoState.TakeCommand();
   ASSERT_NE(posted, nullptr);
   EXPECT_EQ(posted->type, TCBase::CommandPause);
   GivenDemoAt(100, TCBase::StatePaused);
   user.Press(Control::PlayButton);
-  posted = TCBase::TakeCommand();
+  posted = user.State().demoState.TakeCommand();
   ASSERT_NE(posted, nullptr);
   EXPECT_EQ(posted->type, TCBase::CommandResume);
   GivenDemoAt(-1);
@@ -320,13 +320,13 @@ TEST_F(Devices, TheSameButtonPausesAndResumes) {
 TEST_F(Devices, SpaceOnTheChartPausesAndResumes) {
   auto& chart = user.GetDesktop().application->chartWindow;
   chart.OnKeyDown(app::key::kSpace);
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr) << "only while a demo runs";
+  EXPECT_EQ(user.State().demoState.TakeCommand(), nullptr) << "only while a demo runs";
   GivenDemoAt(3725, TCBase::StatePlaying);
   chart.OnKeyDown(app::key::kSpace);
-  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandPause);
+  EXPECT_EQ(user.State().demoState.TakeCommand()->type, TCBase::CommandPause);
   GivenDemoAt(3725, TCBase::StatePaused);
   chart.OnKeyDown(app::key::kSpace);
-  EXPECT_EQ(TCBase::TakeCommand()->type, TCBase::CommandResume);
+  EXPECT_EQ(user.State().demoState.TakeCommand()->type, TCBase::CommandResume);
   GivenDemoAt(-1);
   EXPECT_EQ(NewLog(), "Demo playback paused at 01:02:05\nDemo playback resumed\n");
 }
@@ -336,7 +336,7 @@ TEST_F(Devices, StopIsPostedWithoutTouchingTheDisplay) {
   user.GetDesktop().application->mainWindow.OnTimer(app::kDemoTimer);
   ASSERT_FALSE(user.MenuItem(command::kUploadProgram).enabled) << "a demo runs";
   user.Press(Control::StopButton);
-  const auto posted = TCBase::TakeCommand();
+  const auto posted = user.State().demoState.TakeCommand();
   ASSERT_NE(posted, nullptr);
   EXPECT_EQ(posted->type, TCBase::CommandStop);
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Playing");

@@ -61,7 +61,6 @@ class Language : public AppTest {
     user.translations = kDocument;
     GivenTheProgramRuns();
   }
-  void TearDown() override { GivenDemoAt(-1); }
 
   headless::Desktop& Desk() { return user.GetDesktop(); }
   static TranslationStore& Store() { return TranslationStore::Instance(); }

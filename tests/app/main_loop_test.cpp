@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "chart/bumper.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "program/program.h"
 #include "tests/support/virtual_clock.h"
 
@@ -70,13 +70,13 @@ class MainLoop : public testing::Test {
  protected:
   void SetUp() override {
     virtual_clock::Reset();
-    frameClock.Reset();
-    idleTimer.Restart(0.0);
-    TCBase::demoState.SetIdle();
+    frameClock_.Reset();
+    idleTimer_.Restart(0.0);
   }
-  void TearDown() override { TCBase::demoState.SetIdle(); }
 
-  bool Turn() { return app::TurnMainLoop(events_, renderer_, layout_); }
+  bool Turn() {
+    return app::TurnMainLoop({events_, renderer_, layout_, demo_, frameClock_, idleTimer_, now_});
+  }
   // Frames drawn while time goes on to `seconds`.
   int FramesUntil(double seconds) {
     const int before = renderer_.frames;
@@ -88,8 +88,12 @@ class MainLoop : public testing::Test {
   ScriptedEvents events_{journal_};
   TCBase::Program::ModeListView program_;
   TCBase::Program::StepSelection selection_{program_};
-  UX::ChartLayout layout_;
-  CountingRenderer renderer_{{program_, selection_, selection_, layout_}, journal_};
+  TCBase::DemoState demo_;
+  timer_base::TimerFeatures<TimerCore_Counter> frameClock_;
+  timer_base::TimerFeatures<TimerCore_Counter> idleTimer_;
+  double now_ = 0.0;
+  UX::ChartLayout layout_{now_};
+  CountingRenderer renderer_{{program_, selection_, selection_, layout_, demo_, now_}, journal_};
 };
 
 TEST_F(MainLoop, TakesOneEventATurn) {
@@ -120,10 +124,10 @@ TEST_F(MainLoop, EndsWithTheTurnThatTookTheQuitEvent) {
 
 TEST_F(MainLoop, MovesNowOnOnceATurn) {
   virtual_clock::Advance(2.5);
-  const double before = now;
+  const double before = now_;
   EXPECT_NE(before, 2.5);
   Turn();
-  EXPECT_EQ(now, 2.5) << "as it was at the top of the turn, whatever drawing took";
+  EXPECT_EQ(now_, 2.5) << "as it was at the top of the turn, whatever drawing took";
 }
 
 TEST_F(MainLoop, WhenInputStopsDrawsForASecondAndThenSleeps) {
@@ -139,18 +143,18 @@ TEST_F(MainLoop, WhenInputStopsDrawsUntilNothingMoves) {
 }
 
 TEST_F(MainLoop, DrawsWithoutPauseWhileADemoPlays) {
-  idleTimer.Restart(100.0);
-  TCBase::demoState.SetRunning(0, TCBase::StatePlaying);
+  idleTimer_.Restart(100.0);
+  demo_.SetRunning(0, TCBase::StatePlaying);
   EXPECT_NEAR(FramesUntil(5.0), 300, 2);
-  TCBase::demoState.SetIdle();
+  demo_.SetIdle();
   EXPECT_LE(FramesUntil(10.0), 1);
 }
 
 TEST_F(MainLoop, RestsWhileTheIdleTimerIsStoppedAndNothingMoves) {
   FramesUntil(5.0);
-  idleTimer.Stop();
+  idleTimer_.Stop();
   EXPECT_LE(FramesUntil(10.0), 1);
-  idleTimer.Restart(0.0);
+  idleTimer_.Restart(0.0);
   EXPECT_NEAR(FramesUntil(11.0), 60, 2);
   EXPECT_LE(FramesUntil(15.0), 1);
 }
@@ -158,14 +162,14 @@ TEST_F(MainLoop, RestsWhileTheIdleTimerIsStoppedAndNothingMoves) {
 // The crosshair may be on its way.
 TEST_F(MainLoop, AStoppedIdleTimerLeavesTheLastTouchItsSecond) {
   FramesUntil(0.25);
-  idleTimer.Stop();
+  idleTimer_.Stop();
   EXPECT_NEAR(FramesUntil(1.0), 45, 2);
   EXPECT_LE(FramesUntil(10.0), 1);
 }
 
 TEST_F(MainLoop, WhileTheIdleTimerIsStoppedDrawsUntilNothingMoves) {
   FramesUntil(5.0);
-  idleTimer.Stop();
+  idleTimer_.Stop();
   renderer_.animating = true;
   EXPECT_NEAR(FramesUntil(7.0), 120, 2);
   renderer_.animating = false;
@@ -183,7 +187,7 @@ TEST_F(MainLoop, DrawsUntilTheLanesAreThereWhateverSetThemInMotion) {
 }
 
 TEST_F(MainLoop, SleepsFiveMillisecondsATurnWhileIdle) {
-  idleTimer.Restart(1.0);
+  idleTimer_.Restart(1.0);
   const double before = virtual_clock::Seconds();
   for (int i = 0; i < 200; ++i) Turn();
   EXPECT_NEAR(virtual_clock::Seconds() - before, 1.0, 1e-9);

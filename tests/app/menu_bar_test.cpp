@@ -24,7 +24,6 @@ class MenuBar : public AppTest {
     AppTest::SetUp();
     GivenTheProgramRuns();
   }
-  void TearDown() override { GivenDemoAt(-1); }
 
   headless::Menu& Menu() { return user.GetDesktop().menu; }
   static TranslationStore& Translations() { return TranslationStore::Instance(); }

@@ -22,7 +22,6 @@ using testing::SizeIs;
 
 class Opening : public AppTest {
  protected:
-  void TearDown() override { GivenDemoAt(-1); }
   static std::string TitleOf(const fs::path& file) { return "Lumarine - " + Utf8FromPath(file); }
 };
 

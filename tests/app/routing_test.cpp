@@ -26,17 +26,16 @@ class Routing : public AppTest {
   void SetUp() override {
     AppTest::SetUp();
     GivenTheProgramRuns();
-    idleTimer.Stop();
+    user.State().idleTimer.Stop();
     Desk().controls.moved.clear();
     Desk().chart.invalidated.clear();
   }
-  void TearDown() override { GivenDemoAt(-1); }
 
   headless::Desktop& Desk() { return user.GetDesktop(); }
   app::MainWindow& Main() { return Desk().application->mainWindow; }
   app::ChartWindow& Chart() { return Desk().application->chartWindow; }
   // The event has told that somebody is there.
-  static bool HasWoken() { return !idleTimer.IsFrozen(); }
+  bool HasWoken() { return !user.State().idleTimer.IsFrozen(); }
   std::vector<Rect>& Invalidated() { return Desk().chart.invalidated; }
 
   const Rect wholeChart_{0, 0, 904, 602};
@@ -49,7 +48,7 @@ TEST_F(Routing, DestroyStopsTheTimerAndPostsQuit) {
 
 TEST_F(Routing, RestoredAndMaximisedLayOutAnew) {
   for (const SizeKind kind : {SizeKind::Restored, SizeKind::Maximized}) {
-    idleTimer.Stop();
+    user.State().idleTimer.Stop();
     Desk().size.width += 100;
     Desk().controls.moved.clear();
     EXPECT_EQ(Main().OnSize(kind), Outcome::Default);
@@ -134,11 +133,11 @@ TEST_F(Routing, AMenuIsBroughtUpToDateBeforeItOpens) {
 }
 
 TEST_F(Routing, AClickOnTheBackgroundStopsTheIdleTimerAndClearsTheFocus) {
-  idleTimer.Restart(5.0);
+  user.State().idleTimer.Restart(5.0);
   user.State().chartLayout.FocusLane(2);
   EXPECT_EQ(Main().OnLeftButtonDown(), Outcome::Default);
-  EXPECT_TRUE(idleTimer.IsFrozen());
-  EXPECT_EQ(idleTimer.Now(), 0.0);
+  EXPECT_TRUE(user.State().idleTimer.IsFrozen());
+  EXPECT_EQ(user.State().idleTimer.Now(), 0.0);
   EXPECT_EQ(user.State().chartLayout.focusedLane, -1);
   EXPECT_THAT(Invalidated(), ElementsAre(wholeChart_));
 }
@@ -152,9 +151,9 @@ TEST_F(Routing, AfterAClickOnTheBackgroundOnlyTheChartRestartsTheTimer) {
 }
 
 TEST_F(Routing, SizingMovesNowOnSinceTheMainLoopStandsStill) {
-  now = -1.0;
+  user.State().now = -1.0;
   EXPECT_EQ(Main().OnSizing(), Outcome::Done);
-  EXPECT_GE(now, 0.5);
+  EXPECT_GE(user.State().now, 0.5);
   EXPECT_TRUE(HasWoken());
 }
 
@@ -223,7 +222,7 @@ TEST_F(Routing, InputOnTheChartWakesTheDrawing) {
       {"key up", [this] { Chart().OnKeyUp(0); }},
   };
   for (const auto& [name, send] : events) {
-    idleTimer.Stop();
+    user.State().idleTimer.Stop();
     send();
     EXPECT_TRUE(HasWoken()) << name;
   }

@@ -11,7 +11,7 @@
 
 #include "common/files.h"
 #include "common/log.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/app/app_test.h"
 #include "tests/support/files.h"
 #include "tests/support/sim_hidapi.h"
@@ -236,11 +236,9 @@ TEST_F(ShutDown, AQuitDuringADemoStopsItAndWaits) {
   user.Choose(command::kAddEmulator);
   user.GetSettings().SetDemoSpeed(86400);
   user.Choose(command::kPlayDemo);
-  while (TCBase::demoState.position < 0) user.Turn();
+  while (user.State().demoState.position < 0) user.Turn();
   user.Close();
   ASSERT_FALSE(user.IsRunning());
-  EXPECT_EQ(TCBase::demoState.position, -1);
-  EXPECT_EQ(TCBase::demoState.state, TCBase::StateIdle);
   std::string log;
   statusLog.textHandler = [&log](const std::string& text) { log += text; };
   statusLog.Drain();

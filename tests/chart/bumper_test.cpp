@@ -18,20 +18,20 @@ using bumper_base::BumperPulsedFader;
 using bumper_base::BumperSequenceBase;
 using bumper_base::CounterBumper;
 using bumper_base::FrameBumper;
+using bumper_base::FrameTimer;
 using CounterTimer = timer_base::TimerFeatures<TimerCore_Counter>;
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 class BumperTest : public ::testing::Test {
  protected:
-  BumperTest() {
-    virtual_clock::Reset();
-    now = 0.0;
-  }
+  BumperTest() { virtual_clock::Reset(); }
+
+  double now = 0.0;
 
   FrameBumper GivenBumper(float from, float to, float duration, BumperCurve curve = BumperCurve::Linear,
                           BumperMode mode = BumperMode::Once) {
-    FrameBumper bumper;
+    FrameBumper bumper(FrameTimer{now});
     bumper.mode = mode;
     bumper.curve = curve;
     bumper.from = from;
@@ -56,7 +56,7 @@ struct Sequence : BumperSequenceBase<FrameBumper> {
 
 TEST_F(BumperTest, StartsAsARestingZero) {
   now = 7.0;
-  FrameBumper bumper;
+  FrameBumper bumper(FrameTimer{now});
   EXPECT_EQ(bumper.mode, BumperMode::Once);
   EXPECT_EQ(bumper.curve, BumperCurve::Linear);
   EXPECT_EQ(bumper.exponent, 2.0F);
@@ -279,7 +279,7 @@ TEST_F(BumperTest, ASequenceOfNothingIsFinished) {
 
 TEST_F(BumperTest, AFaderRisesStaysAndFalls) {
   now = 40.0;
-  BumperFader<FrameBumper> fader;
+  BumperFader<FrameBumper> fader(FrameBumper(FrameTimer{now}));
   EXPECT_TRUE(fader.IsFinished());
   fader.Start(0.0F, 16.0F, 3.0F, 1.0F, 0.5F, 4.0F);
   const std::tuple<double, float> expected[] = {{0.0, 0.0F},  {0.5, 12.0F},  {1.0, 16.0F}, {1.75, 16.0F},
@@ -295,19 +295,19 @@ TEST_F(BumperTest, AFaderRisesStaysAndFalls) {
 }
 
 TEST_F(BumperTest, AFaderWithNoTimeToHoldGoesStraightDown) {
-  BumperFader<FrameBumper> fader;
+  BumperFader<FrameBumper> fader(FrameBumper(FrameTimer{now}));
   fader.Start(0.0F, 8.0F, 2.0F, 1.0F, 1.0F, 0.0F);
   now = 1.5;
   EXPECT_FLOAT_EQ(fader.Value(), 6.0F);
 }
 
 TEST_F(BumperTest, APulsedFaderOfEqualEndsStandsThere) {
-  BumperPulsedFader popup(3.0F, 3.0F, 1.0F);
+  BumperPulsedFader popup(3.0F, 3.0F, 1.0F, now);
   EXPECT_EQ(popup.Value(), 3.0F);
 }
 
 TEST_F(BumperTest, APulseFadesWithTheRest) {
-  BumperPulsedFader popup(10.0F, 30.0F, 4.0F);
+  BumperPulsedFader popup(10.0F, 30.0F, 4.0F, now);
   EXPECT_EQ(popup.pulse.mode, BumperMode::PingPong);
   EXPECT_EQ(popup.pulse.duration, 0.5F);
   popup.fader.Start(0.0F, 1.0F, 10.0F, popup.fadeInTime, popup.fadeOutTime, 0.0F);
@@ -340,20 +340,14 @@ TEST_F(BumperTest, TheTimerOfAFrozenBumperKeepsItsValue) {
   EXPECT_EQ(ValueAt(bumper, 9.0), 5.0F);
 }
 
-TEST_F(BumperTest, TheIdleTimerStopsAtZero) {
-  idleTimer.Restart(0.0);
+TEST_F(BumperTest, ATimerStopsAtZero) {
+  CounterTimer timer;
+  timer.Restart(0.0);
   virtual_clock::Advance(3.0);
-  EXPECT_DOUBLE_EQ(idleTimer.Now(), 3.0);
-  idleTimer.Stop();
+  EXPECT_DOUBLE_EQ(timer.Now(), 3.0);
+  timer.Stop();
   virtual_clock::Advance(3.0);
-  EXPECT_EQ(idleTimer.Now(), 0.0);
-}
-
-TEST_F(BumperTest, TheFrameClockRunsByTheCounter) {
-  frameClock.Reset();
-  virtual_clock::Advance(1.25);
-  now = frameClock.Now();
-  EXPECT_DOUBLE_EQ(now, 1.25);
+  EXPECT_EQ(timer.Now(), 0.0);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "chart/chart_drawing.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/program/program_fixture.h"
 #include "tests/support/checking_canvas.h"
 #include "tests/support/heap_count.h"
@@ -28,16 +28,17 @@ ModeListView GivenFullDay() {
 
 TEST(ChartAllocation, FramesInMotionTakeNoMemory) {
   virtual_clock::Reset();
-  now = 100.0;
   ModeListView document = GivenFullDay();
   StepSelection selection{document, 1, 20};
   StepSelection hover{document, 3, 30};
-  UX::ChartLayout layout;
+  TCBase::DemoState demo;
+  double now = 100.0;
+  UX::ChartLayout layout(now);
   layout.Update(1024, 768);
-  UX::ChartDrawing drawing({document, selection, hover, layout});
+  UX::ChartDrawing drawing({document, selection, hover, layout, demo, now});
   chart_test::CheckingCanvas canvas;
   drawing.Rebuild(canvas);
-  TCBase::demoState.step.values = {0, 25, 50, 75, 100};
+  demo.step.values = {0, 25, 50, 75, 100};
 
   std::int64_t before = 0;
   for (std::int32_t i = 0; i <= kFrames; ++i) {
@@ -47,13 +48,12 @@ TEST(ChartAllocation, FramesInMotionTakeNoMemory) {
     if (i % 20 == 0) layout.FocusLane(i / 20 % kChannelCount);
     hover.step = i % 10 < 5 ? 30 : -1;
     drawing.MouseMoved(i * 4, i * 3);
-    TCBase::demoState.SetRunning(i * 400, TCBase::StatePlaying);
+    demo.SetRunning(i * 400, TCBase::StatePlaying);
     drawing.Update();
     drawing.Draw(canvas);
     now += 0.02;
     virtual_clock::Advance(0.02);
   }
-  TCBase::demoState.SetIdle();
   EXPECT_EQ(heap_count::allocations - before, 0);
   EXPECT_EQ(canvas.fault, "");
   EXPECT_GT(canvas.operations, std::int64_t{kFrames} * 5 * kMaxModeSteps) << "and they did draw";

@@ -51,7 +51,7 @@ TEST(ChartDrawing, DrawsInThisOrder) {
   chart.Select(0, 2);
   chart.PointAt(500, 200);
   chart.drawing.Update();
-  GivenChart::Wait(0.3);
+  chart.Wait(0.3);
   chart.PlayDemo(0, {});
   std::string order;
   for (const std::string& line : chart.Frame().Lines()) {
@@ -109,9 +109,9 @@ TEST(ChartDrawing, WhiteStaysAsTheLastLabelLeftItUntilAMarkerNeedsIt) {
   chart.Select(0, 1);
   chart.PointAt(500, 200);
   chart.drawing.Update();
-  GivenChart::Wait(0.5);
+  chart.Wait(0.5);
   chart.Frame();
-  GivenChart::Wait(0.5);
+  chart.Wait(0.5);
   // The balloon is drawn with the opacity of the value label of lane 5, whose channel has no marker. It looks
   // odd and is meant to stay: no drawing but a marker's and a balloon's sets white back.
   EXPECT_EQ(chart.Frame().Text("white"),
@@ -133,7 +133,7 @@ TEST(ChartDrawing, AMarkerOutOfSightSetsWhiteBackForTheBalloons) {
   chart.Select(0, 1);
   chart.PointAt(500, 200);
   chart.drawing.Update();
-  GivenChart::Wait(0.5);
+  chart.Wait(0.5);
   chart.Frame();
   EXPECT_TRUE(Contains(chart.canvas.Text("fill round"), "white 70%")) << "the last lane's value label";
   EXPECT_EQ(chart.canvas.Text("fill round").substr(chart.canvas.Text("fill round").rfind("fill")),
@@ -151,15 +151,15 @@ TEST(ChartDrawing, ADemosDotsRideOnAFocusedLane) {
   GivenChart chart(GivenSteps("06:00 0, 12:00 50"));
   chart.PlayDemo(12 * 3600, {50, 50, 50, 50, 50});
   chart.Frame();
-  GivenChart::Wait(0.5);
+  chart.Wait(0.5);
   EXPECT_EQ(chart.Frame().Text("r24.54 black"),
             "stroke circle 452,62 r24.54 black w3\nstroke circle 452,181 r24.54 black w3\n"
             "stroke circle 452,300 r24.54 black w3\nstroke circle 452,419 r24.54 black w3\n"
             "stroke circle 452,538 r24.54 black w3\n");
   chart.layout.FocusLane(0);
-  GivenChart::Wait(0.5);  // the lanes have arrived
-  chart.Frame();          // and only now the dots are sent after them
-  GivenChart::Wait(0.5);
+  chart.Wait(0.5);  // the lanes have arrived
+  chart.Frame();    // and only now the dots are sent after them
+  chart.Wait(0.5);
   EXPECT_EQ(chart.Frame().Text("r24.54 black"),
             "stroke circle 452,107 r24.54 black w3\nstroke circle 452,259 r24.54 black w3\n"
             "stroke circle 452,356 r24.54 black w3\nstroke circle 452,453 r24.54 black w3\n"

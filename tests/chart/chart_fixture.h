@@ -11,7 +11,7 @@
 
 #include "chart/chart_drawing.h"
 #include "chart/lane_drawing.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/program/program_fixture.h"
 #include "tests/support/recording_canvas.h"
 #include "tests/support/virtual_clock.h"
@@ -28,14 +28,13 @@ class GivenChart {
     for (Mode& mode : document.modes) RenumberSteps(mode);
     virtual_clock::Reset();
     now = 100.0;
-    TCBase::demoState.SetIdle();
+
     Resize(width, height);
   }
-  ~GivenChart() { TCBase::demoState.SetIdle(); }
   GivenChart(const GivenChart&) = delete;
   GivenChart& operator=(const GivenChart&) = delete;
 
-  static void Wait(double seconds) {
+  void Wait(double seconds) {
     now += seconds;
     virtual_clock::Advance(seconds);
   }
@@ -59,9 +58,9 @@ class GivenChart {
     drawing.MouseMoved(x, y);
     Wait(2.0);
   }
-  static void PlayDemo(std::int32_t second, const std::array<std::int32_t, kChannelCount>& values) {
-    TCBase::demoState.step = {second / 3600, second % 3600 / 60, values, {}};
-    TCBase::demoState.SetRunning(second, TCBase::StatePlaying);
+  void PlayDemo(std::int32_t second, const std::array<std::int32_t, kChannelCount>& values) {
+    demo.SetStep({second / 3600, second % 3600 / 60, values, {}});
+    demo.SetRunning(second, TCBase::StatePlaying);
   }
 
   /// The lines of one frame.
@@ -90,8 +89,10 @@ class GivenChart {
   ModeListView document;
   StepSelection selection{document};
   StepSelection hover{document};
-  UX::ChartLayout layout;
-  const UX::ChartScene scene{document, selection, hover, layout};
+  TCBase::DemoState demo;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
+  const UX::ChartScene scene{document, selection, hover, layout, demo, now};
   UX::ChartDrawing drawing{scene};
   UX::LaneDrawing lanes{scene};
   RecordingCanvas canvas;

@@ -78,7 +78,7 @@ TEST(ChartGolden, ALaneComesIntoFocus) {
   chart.layout.FocusLane(2);
   std::string text;
   for (const double wait : {0.0, 0.05, 0.05, 0.1}) {
-    GivenChart::Wait(wait);
+    chart.Wait(wait);
     chart.Frame();
     text += "after " + std::to_string(static_cast<int>(wait * 1000.0)) + " more ms\n" +
             chart.canvas.Text("draw hours") + chart.canvas.Text("draw name");
@@ -91,7 +91,7 @@ TEST(ChartGolden, ABalloonGrows) {
   chart.Hover(0, 1);
   std::string text;
   for (const double wait : {0.0, 0.05, 0.05, 0.1, 0.1}) {
-    GivenChart::Wait(wait);
+    chart.Wait(wait);
     chart.drawing.Update();
     chart.Frame();
     text += "after " + std::to_string(static_cast<int>(wait * 1000.0)) + " more ms\n" +
@@ -103,11 +103,11 @@ TEST(ChartGolden, ABalloonGrows) {
 TEST(ChartGolden, ADemoMovesOn) {
   GivenChart chart(NewProgram());
   UX::DemoCursor cursor(chart.scene);
-  GivenChart::PlayDemo(12 * 3600, {0, 25, 50, 75, 100});
+  chart.PlayDemo(12 * 3600, {0, 25, 50, 75, 100});
   chart.canvas.Clear();
   std::string text;
   for (const double wait : {0.0, 0.05, 0.1}) {
-    GivenChart::Wait(wait);
+    chart.Wait(wait);
     cursor.DrawDemoCursor(chart.canvas);
     text += "after " + std::to_string(static_cast<int>(wait * 1000.0)) + " more ms\n" + chart.canvas.Text();
     chart.canvas.Clear();

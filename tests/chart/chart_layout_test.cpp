@@ -16,12 +16,12 @@ constexpr double kGlideSeconds = 0.2;
 class ChartLayoutTest : public testing::Test {
  protected:
   void SetUp() override {
-    now = 100.0;
+    now_ = 100.0;
     layout_.Update(1024, 768);
     FinishGliding();
   }
 
-  static void FinishGliding() { now += kGlideSeconds; }
+  void FinishGliding() { now_ += kGlideSeconds; }
 
   std::vector<int> Heights() {
     std::vector<int> heights;
@@ -36,7 +36,8 @@ class ChartLayoutTest : public testing::Test {
     return tops;
   }
 
-  ChartLayout layout_;
+  double now_ = 0.0;
+  ChartLayout layout_{now_};
 };
 
 using Ints = std::vector<int>;
@@ -75,17 +76,17 @@ TEST_F(ChartLayoutTest, LosesTheFocusAgain) {
 }
 
 TEST_F(ChartLayoutTest, LanesBeginTenPixelsHigh) {
-  ChartLayout fresh;
+  ChartLayout fresh(now_);
   for (auto& height : fresh.laneHeights) EXPECT_EQ(height.Value(), 10.0F);
 }
 
 TEST_F(ChartLayoutTest, FocusingTheFocusedLaneDoesNotStartOver) {
   layout_.FocusLane(2);
-  now += kGlideSeconds / 2;
+  now_ += kGlideSeconds / 2;
   const Ints halfway = Heights();
   layout_.FocusLane(2);
   EXPECT_EQ(Heights(), halfway);
-  now += kGlideSeconds / 2;
+  now_ += kGlideSeconds / 2;
   EXPECT_EQ(Heights(), (Ints{83, 83, 194, 83, 83})) << "it arrives when it would have";
 }
 
@@ -112,7 +113,7 @@ TEST_F(ChartLayoutTest, LanesGlideTogether) {
   layout_.FocusLane(0);
   Ints last = Tops();
   for (int i = 0; i < 10; ++i) {
-    now += kGlideSeconds / 10;
+    now_ += kGlideSeconds / 10;
     const Ints tops = Tops();
     for (std::size_t lane = 1; lane < 5; ++lane) {
       EXPECT_GE(tops[lane], last[lane]);
@@ -125,7 +126,7 @@ TEST_F(ChartLayoutTest, LanesGlideTogether) {
 
 TEST_F(ChartLayoutTest, AReflowBeginsWhereTheLanesAre) {
   layout_.FocusLane(0);
-  now += kGlideSeconds / 2;
+  now_ += kGlideSeconds / 2;
   const Ints halfway = Heights();
   layout_.ClearFocus();
   EXPECT_EQ(Heights(), halfway);
@@ -219,7 +220,8 @@ TEST(ChartConversions, ALaneWithoutWidthAsksForNothingUndefined) {
 }
 
 TEST(MarkerSize, FollowsTheWindowWithinLimits) {
-  ChartLayout layout;
+  double now_ = 0.0;
+  ChartLayout layout{now_};
   layout.Update(1024, 768);
   EXPECT_FLOAT_EQ(UX::GetMarkerSize(layout).plainDiameter, 16.36F);
   EXPECT_FLOAT_EQ(UX::GetMarkerSize(layout).plainRadius, 8.18F);

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "chart/chart_drawing.h"
-#include "devices/demo_state.h"
 #include "program/builtin_modes.h"
+#include "program/demo_state.h"
 #include "tests/program/program_fixture.h"
 #include "tests/program/random_program.h"
 #include "tests/support/checking_canvas.h"
@@ -25,10 +25,8 @@ class AnyChart {
  public:
   explicit AnyChart(ModeListView program) : document(std::move(program)) {
     virtual_clock::Reset();
-    now = 100.0;
     for (Mode& mode : document.modes) RenumberSteps(mode);
   }
-  ~AnyChart() { TCBase::demoState.SetIdle(); }
   AnyChart(const AnyChart&) = delete;
   AnyChart& operator=(const AnyChart&) = delete;
 
@@ -39,10 +37,10 @@ class AnyChart {
 
   /// Frames while the lanes glide, the balloons grow, the mouse moves and a demo runs.
   void DrawAFewFrames() {
-    TCBase::demoState.step.values = {0, 25, 50, 75, 100};
+    demo.step.values = {0, 25, 50, 75, 100};
     for (int i = 0; i < 6; ++i) {
       drawing.MouseMoved(i * 170, i * 110);
-      TCBase::demoState.SetRunning(i * 20'000, TCBase::StatePlaying);
+      demo.SetRunning(i * 20'000, TCBase::StatePlaying);
       drawing.Update();
       drawing.Draw(canvas);
       now += 0.07;
@@ -54,8 +52,10 @@ class AnyChart {
   ModeListView document;
   StepSelection selection{document};
   StepSelection hover{document};
-  UX::ChartLayout layout;
-  UX::ChartDrawing drawing{{document, selection, hover, layout}};
+  TCBase::DemoState demo;
+  double now = 100.0;
+  UX::ChartLayout layout{now};
+  UX::ChartDrawing drawing{{document, selection, hover, layout, demo, now}};
   CheckingCanvas canvas;
 };
 
@@ -162,7 +162,7 @@ TEST(ManySteps, CostNoMoreThanThereIsToSee) {
   }
   AnyChart chart(program_test::GivenDocument(mode));
   chart.Resize(1024, 768);
-  now += 1.0;
+  chart.now += 1.0;
   chart.canvas.points = 0;
   chart.canvas.operations = 0;
   chart.drawing.Draw(chart.canvas);

@@ -34,7 +34,8 @@ TEST_F(CursorFollowerTest, StandsAtTheOriginUntilTheMouseMoves) {
 // The origin is left of the lanes: off the day if the view begins with it, and a moment before the view
 // otherwise.
 TEST_F(CursorFollowerTest, AtTheOriginItsTimeIsOffTheDayOnlyIfTheViewBeginsWithTheDay) {
-  UX::ChartLayout layout;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   layout.Update(1024, 768);
   TCBase::Program::ModeListView view;
   const auto time = [&] { return UX::XToTime(layout.LaneRect(0), view, follower_.Position().x); };

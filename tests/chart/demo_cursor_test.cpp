@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/chart/chart_fixture.h"
 #include "tests/chart/sketch_canvas.h"
 #include "tests/support/checking_canvas.h"
@@ -36,14 +36,14 @@ class DemoCursorTest : public ::testing::Test {
   /// Frames until everything has arrived.
   void Settle() {
     Draw();
-    GivenChart::Wait(0.2);
+    chart_.Wait(0.2);
     Draw();
   }
   float X() { return canvas_.All<Rectangle>(Done::Stroke).at(0).x + 4.0F; }
   float DotY(std::size_t lane) { return canvas_.All<Circle>(Done::Stroke).at(lane).center.y; }
   /// Where the cursor of a demo settles at a second of the day.
   float SettledX(std::int32_t second) {
-    GivenChart::PlayDemo(second, {});
+    chart_.PlayDemo(second, {});
     Settle();
     return X();
   }
@@ -56,22 +56,22 @@ class DemoCursorTest : public ::testing::Test {
 TEST_F(DemoCursorTest, ShowsNothingWithoutADemo) {
   Draw();
   EXPECT_TRUE(canvas_.drawn.empty());
-  GivenChart::PlayDemo(0, {});
+  chart_.PlayDemo(0, {});
   Draw();
   EXPECT_FALSE(canvas_.drawn.empty()) << "midnight is a moment like any other";
-  TCBase::demoState.SetIdle();
+  chart_.demo.SetIdle();
   Draw();
   EXPECT_TRUE(canvas_.drawn.empty());
 }
 
 TEST_F(DemoCursorTest, ShowsAPausedDemoToo) {
-  TCBase::demoState.SetRunning(kNoon, TCBase::StatePaused);
+  chart_.demo.SetRunning(kNoon, TCBase::StatePaused);
   Draw();
   EXPECT_FALSE(canvas_.drawn.empty());
 }
 
 TEST_F(DemoCursorTest, IsABandWithACoreFromTopToBottom) {
-  GivenChart::PlayDemo(kNoon, {});
+  chart_.PlayDemo(kNoon, {});
   Settle();
   const Drawn& band = canvas_.drawn.at(0);
   const Drawn& core = canvas_.drawn.at(1);
@@ -118,22 +118,22 @@ TEST_F(DemoCursorTest, SmoothsTheJumpsOfTheDemo) {
   chart_.PlayDemo(kNoon, {100, 0, 0, 0, 0});
   Draw();
   EXPECT_FLOAT_EQ(X(), 10.0F);
-  GivenChart::Wait(0.05);
+  chart_.Wait(0.05);
   Draw();
   EXPECT_NEAR(X(), 231.0F, 0.01F);
   EXPECT_NEAR(DotY(0), 62.5F, 0.01F);
-  GivenChart::Wait(0.05);
+  chart_.Wait(0.05);
   Draw();
   EXPECT_NEAR(X(), 341.5F, 0.01F);
   EXPECT_NEAR(DotY(0), 36.25F, 0.01F);
-  GivenChart::Wait(0.1001);
+  chart_.Wait(0.1001);
   Draw();
   EXPECT_EQ(X(), 452.0F);
   EXPECT_EQ(DotY(0), 10.0F);
 }
 
 TEST_F(DemoCursorTest, DotsRideOnTheirCurves) {
-  GivenChart::PlayDemo(kNoon, {0, 25, 50, 75, 100});
+  chart_.PlayDemo(kNoon, {0, 25, 50, 75, 100});
   Settle();
   const std::vector<Circle> dots = canvas_.All<Circle>(Done::Stroke);
   ASSERT_EQ(dots.size(), 5U);
@@ -146,7 +146,7 @@ TEST_F(DemoCursorTest, DotsRideOnTheirCurves) {
 }
 
 TEST_F(DemoCursorTest, DotsAndHalosGrowAndBrightenWithTheLight) {
-  GivenChart::PlayDemo(kNoon, {0, 25, 50, 75, 100});
+  chart_.PlayDemo(kNoon, {0, 25, 50, 75, 100});
   Settle();
   ASSERT_EQ(canvas_.drawn.size(), 2U + 5U * 3U);
   for (int lane = 0; lane < 5; ++lane) {
@@ -171,13 +171,13 @@ TEST_F(DemoCursorTest, DotsAndHalosGrowAndBrightenWithTheLight) {
 }
 
 TEST_F(DemoCursorTest, DotsRideOnLanesThatGlide) {
-  GivenChart::PlayDemo(kNoon, {0, 0, 0, 0, 0});
+  chart_.PlayDemo(kNoon, {0, 0, 0, 0, 0});
   Settle();
   EXPECT_EQ(DotY(0), 115.0F);
   chart_.layout.FocusLane(0);
   std::vector<float> heights;
   for (int i = 0; i < 30; ++i) {
-    GivenChart::Wait(0.02);
+    chart_.Wait(0.02);
     Draw();
     heights.push_back(DotY(0));
     EXPECT_LE(DotY(0), static_cast<float>(chart_.layout.LaneRect(0).height) + 10.0F)
@@ -189,17 +189,17 @@ TEST_F(DemoCursorTest, DotsRideOnLanesThatGlide) {
 
 TEST_F(DemoCursorTest, TheNextDemoComesFromWhereTheLastOneEnded) {
   EXPECT_FLOAT_EQ(SettledX(kNoon), 452.0F);
-  TCBase::demoState.SetIdle();
+  chart_.demo.SetIdle();
   Draw();
-  GivenChart::PlayDemo(0, {});
+  chart_.PlayDemo(0, {});
   Draw();
   EXPECT_FLOAT_EQ(X(), 452.0F);
 }
 
 TEST_F(DemoCursorTest, LeavesTheLockAsItWas) {
-  GivenChart::PlayDemo(kNoon, {});
+  chart_.PlayDemo(kNoon, {});
   Draw();
-  const std::unique_lock lock(TCBase::demoState.stepMutex, std::try_to_lock);
+  const std::unique_lock lock(chart_.demo.stepMutex, std::try_to_lock);
   EXPECT_TRUE(lock.owns_lock());
 }
 
@@ -214,11 +214,11 @@ TEST_F(DemoCursorTest, IsDrawnWithinReachForAnyIntensityViewAndSize) {
         chart_.ShowHours(from, to);
         CheckingCanvas canvas;
         chart_.drawing.Rebuild(canvas);
-        GivenChart::PlayDemo(second, {kLowest, -1, 101, kHighest, 50});
+        chart_.PlayDemo(second, {kLowest, -1, 101, kHighest, 50});
         const auto before = canvas.operations;
         for (int i = 0; i < 4; ++i) {
           cursor_.DrawDemoCursor(canvas);
-          GivenChart::Wait(0.05);
+          chart_.Wait(0.05);
         }
         EXPECT_EQ(canvas.fault, "") << second << " in " << width << " by " << height;
         EXPECT_EQ(canvas.operations - before, 4 * 17);
@@ -227,7 +227,7 @@ TEST_F(DemoCursorTest, IsDrawnWithinReachForAnyIntensityViewAndSize) {
 
 // What is more than all or less than nothing shows as all and as nothing.
 TEST_F(DemoCursorTest, IntensitiesEndAtNothingAndAll) {
-  GivenChart::PlayDemo(kNoon, {-20, 120, 0, 0, 0});
+  chart_.PlayDemo(kNoon, {-20, 120, 0, 0, 0});
   Settle();
   EXPECT_EQ(DotY(0), 115.0F);
   EXPECT_EQ(DotY(1), 129.0F);

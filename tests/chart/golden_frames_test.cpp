@@ -149,7 +149,7 @@ void Pass(GivenChart& chart, int milliseconds) {
   chart.drawing.Update();
   chart.Frame();
   for (int passed = 0; passed < milliseconds; passed += kFrameMilliseconds) {
-    GivenChart::Wait(kFrameMilliseconds / 1000.0);
+    chart.Wait(kFrameMilliseconds / 1000.0);
     chart.drawing.Update();
     chart.Frame();
   }
@@ -167,7 +167,7 @@ void Show(GivenChart& chart, const FrameCase& frame) {
   chart.Select(frame.selected.first, frame.selected.second);
   chart.Hover(frame.hovered.first, frame.hovered.second);
   if (frame.mouse) chart.drawing.MouseMoved(frame.mouse->first, frame.mouse->second);
-  if (frame.demo) GivenChart::PlayDemo(frame.demo->second, frame.demo->values);
+  if (frame.demo) chart.PlayDemo(frame.demo->second, frame.demo->values);
   Pass(chart, frame.milliseconds);
 }
 

@@ -42,7 +42,7 @@ class GivenStepPopups : public ::testing::Test {
       Pass();
     }
   }
-  static void Wait(double seconds) { GivenChart::Wait(seconds); }
+  void Wait(double seconds) { chart_.Wait(seconds); }
 
   void Draw(std::int32_t lane = 0) {
     canvas_.drawn.clear();

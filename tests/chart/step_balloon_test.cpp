@@ -102,7 +102,7 @@ TEST_F(StepBalloonTest, IsOnItsWayForATenthOfASecondAfterEachFrame) {
 
 TEST_F(StepBalloonTest, TravelTakesATenthOfASecondForAnyDistance) {
   for (const float distance : {0.001F, 0.5F, 3.0F, 32.0F, 900.0F, 1e5F}) {
-    StepPopup popup(1, {100.0F, 50.0F});
+    StepPopup popup(1, {100.0F, 50.0F}, chart_.now);
     popup.SendTo({100.0F - distance * 0.6F, 50.0F + distance * 0.8F});
     EXPECT_NEAR(popup.travel.duration, 0.1F, 1e-6F) << distance;
     EXPECT_EQ(popup.travelCurve, bumper_base::BumperCurve::Linear);
@@ -111,7 +111,7 @@ TEST_F(StepBalloonTest, TravelTakesATenthOfASecondForAnyDistance) {
 }
 
 TEST_F(StepBalloonTest, TravelToWhereItIsTakesNone) {
-  StepPopup popup(1, {100.0F, 50.0F});
+  StepPopup popup(1, {100.0F, 50.0F}, chart_.now);
   popup.SendTo({100.0F, 50.0F});
   EXPECT_EQ(popup.secondsPerPixel, static_cast<double>(1.0F / 10.0F * 500.0F / 500.0F));
   EXPECT_EQ(popup.travel.duration, 0.0F);
@@ -120,7 +120,7 @@ TEST_F(StepBalloonTest, TravelToWhereItIsTakesNone) {
 }
 
 TEST_F(StepBalloonTest, AGoalThatChangesOnTheWayIsHeadedForFromThere) {
-  StepPopup popup(1, {100.0F, 50.0F});
+  StepPopup popup(1, {100.0F, 50.0F}, chart_.now);
   popup.SendTo({140.0F, 50.0F});
   Wait(0.05);
   popup.SendTo({120.0F, 10.0F});
@@ -253,7 +253,7 @@ void DrawPopupsOf(GivenChart& chart, UX::Canvas& canvas, program_test::RandomPro
     chart.Hover(random.Below(kChannelCount), random.Below(6));
     chart.Select(random.Below(kChannelCount), random.Below(6));
     popups.Update();
-    GivenChart::Wait(0.04);
+    chart.Wait(0.04);
     for (std::int32_t lane = 0; lane < kChannelCount; ++lane) popups.DrawPopups(canvas, lane);
   }
 }

@@ -24,7 +24,8 @@ TEST_F(StepPopupsTest, WithoutAStepThereIsNone) {
 
 // Nothing reads most of it before the first frame.
 TEST_F(StepPopupsTest, BeginsWithItsTimes) {
-  const StepPopup popup(7, {10.0F, 20.0F});
+  double now = 0.0;
+  const StepPopup popup(7, {10.0F, 20.0F}, now);
   EXPECT_EQ(popup.stepId, 7U);
   EXPECT_EQ(popup.size.low, 0.0F);
   EXPECT_EQ(popup.size.high, 1.0F);
@@ -262,7 +263,7 @@ TEST_F(StepPopupsTest, ABalloonOnItsWayKeepsTheProgramDrawing) {
 }
 
 TEST_F(StepPopupsTest, ATenthIsAChange) {
-  StepPopup popup(1, {100.0F, 50.0F});
+  StepPopup popup(1, {100.0F, 50.0F}, chart_.now);
   popup.NoteChange();
   EXPECT_TRUE(popup.changed) << "compared with nothing yet";
   popup.NoteChange();

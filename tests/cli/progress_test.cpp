@@ -34,7 +34,7 @@ class UploadProgressTest : public CommandTest {
   /// What stands behind the bar once so many frames have left.
   static std::string TextAfter(int frames, const std::vector<DeviceInfo>& controllers) {
     cli::UploadProgress progress(Program(), controllers);
-    for (int i = 0; i < frames; ++i) progress.Listen("WritePacket: Packet_ModeStop()");
+    for (int i = 0; i < frames; ++i) progress.FrameSent();
     const std::string text = progress.Text();
     return text.substr(std::min(text.find('%'), text.size()));
   }
@@ -45,9 +45,10 @@ class UploadProgressTest : public CommandTest {
 };
 
 TEST_F(UploadProgressTest, CountsTowardsTheFramesThatAnUploadSends) {
+  TCBase::DemoState demo;
   int all = 0;
   for (const DeviceInfo& device : {kTC420, kEmulator, kTC421, kNetworkTC421}) {
-    const int frames = UploadOperation(device, Program()).exchange.packets;
+    const int frames = UploadOperation(device, Program(), {demo}).exchange.packets;
     EXPECT_EQ(TextAfter(frames, {device}), WholeUpload(frames)) << device.name;
     all += frames;
   }
@@ -58,6 +59,15 @@ TEST_F(UploadProgressTest, IsEmptyBeforeTheFirstFrameAndNeverGoesBeyondTheLast) 
   EXPECT_EQ(TextAfter(0, {kTC420}), "");
   EXPECT_EQ(TextAfter(1, {kTC420}), "% frame 1 of 18");
   EXPECT_EQ(TextAfter(100, {kTC420}), WholeUpload(18));
+}
+
+TEST(DemoProgressText, IsTheDaysSecondWhileADemoRuns) {
+  cli::DemoProgress progress;
+  EXPECT_EQ(progress.Text(), "");
+  progress.DemoAt(43'200);
+  EXPECT_THAT(progress.Text(), testing::EndsWith(" 50 % 12:00"));
+  progress.DemoEnded();
+  EXPECT_EQ(progress.Text(), "");
 }
 
 }  // namespace

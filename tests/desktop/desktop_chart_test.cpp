@@ -185,7 +185,8 @@ class DesktopChart : public testing::Test {
   User& user = driver;
   // What the program should hold and where it should show it, by its own arithmetic.
   ModeListView expected;
-  UX::ChartLayout layout;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
 };
 
 std::unique_ptr<OpenProgram> DesktopChart::open;

@@ -52,7 +52,8 @@ class DesktopDemo : public testing::Test {
 
   void SeekTo(int second) {
     const app::Size client = user.ClientSize();
-    UX::ChartLayout layout;
+    double now = 0.0;
+    UX::ChartLayout layout{now};
     layout.Update(client.width, client.height);
     const UX::Rect& chart = layout.chartRect;
     user.ClickChart(chart.x + chart.width * (second / kMinute) / TCBase::Program::kMinutesPerDay, kSomeY);

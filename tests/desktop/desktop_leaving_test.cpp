@@ -48,7 +48,8 @@ class DesktopLeaving : public testing::Test {
   }
   void SeekTheLastMinutes() {
     const app::Size client = user.ClientSize();
-    UX::ChartLayout layout;
+    double now = 0.0;
+    UX::ChartLayout layout{now};
     layout.Update(client.width, client.height);
     const UX::Rect& chart = layout.chartRect;
     user.ClickChart(chart.x + chart.width - chart.width / 200, chart.y + chart.height / 2);

@@ -57,7 +57,8 @@ TEST_F(FineScreen, ControlsKeepTheirSizeInInches) {
 TEST_F(FineScreen, AClickMeetsTheStepThatStandsThere) {
   const app::Size client = user.ClientSize();
   const TCBase::Program::ModeListView program = TCBase::Program::NewProgram();
-  UX::ChartLayout layout;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   layout.Update(Units(client.width), Units(client.height));
   now += 1.0;  // the lanes are at rest
   const UX::Rect lane = layout.LaneRect(1);

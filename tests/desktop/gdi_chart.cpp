@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "chart/bumper.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 
 namespace desktop {
 
@@ -66,7 +66,6 @@ GdiChart::GdiChart() : window(MakeWindow()) {
 }
 
 GdiChart::~GdiChart() {
-  TCBase::demoState.SetIdle();
   renderer.Rebuild();
   DestroyWindow(window);
 }

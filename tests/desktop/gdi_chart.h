@@ -45,7 +45,7 @@ class GdiChart : public testing::Test {
   void GivenView(std::string_view from, std::string_view to);
   void Select(int lane, int step);
   /// Lets the lanes glide to where they are going.
-  static void LetLanesSettle();
+  void LetLanesSettle();
 
   /// Has the whole window painted anew and looks at it.
   const WindowPicture& Draw();
@@ -67,13 +67,15 @@ class GdiChart : public testing::Test {
   TCBase::Program::ModeListView program;
   TCBase::Program::StepSelection selection{program};
   TCBase::Program::StepSelection hoverStep{program};
-  UX::ChartLayout layout;
+  TCBase::DemoState demoState;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   WindowPicture picture;  // the last one drawn
   HWND window = nullptr;
 
   GdiplusSession gdiplus;
   win32::ChartWindow chart;
-  UX::RendererGDI renderer{{program, selection, hoverStep, layout}, chart};
+  UX::RendererGDI renderer{{program, selection, hoverStep, layout, demoState, now}, chart};
 };
 
 }  // namespace desktop

@@ -37,7 +37,8 @@ class NetworkDemo : public testing::Test {
 
   void SeekTo(int hour) {
     const app::Size client = user.ClientSize();
-    UX::ChartLayout layout;
+    double now = 0.0;
+    UX::ChartLayout layout{now};
     layout.Update(client.width, client.height);
     const UX::Rect& chart = layout.chartRect;
     user.ClickChart(chart.x + chart.width * hour / 24, chart.y + chart.height / 2);

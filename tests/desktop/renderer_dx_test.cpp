@@ -42,8 +42,10 @@ struct DrawnChart {
   TCBase::Program::ModeListView program = TCBase::Program::NewProgram();
   TCBase::Program::StepSelection selection{program};
   TCBase::Program::StepSelection hoverStep{program};
-  UX::ChartLayout layout;
-  UX::RendererDX renderer{{program, selection, hoverStep, layout}, chart};
+  TCBase::DemoState demo;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
+  UX::RendererDX renderer{{program, selection, hoverStep, layout, demo, now}, chart};
 };
 
 class RendererDX : public testing::Test {

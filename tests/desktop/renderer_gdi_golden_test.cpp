@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/desktop/gdi_chart.h"
 #include "tests/support/golden.h"
 
@@ -81,7 +81,7 @@ TEST_F(RendererGdiGolden, FourHoursOfADemoWithALaneEnlarged) {
   layout.FocusLane(4);
   LetLanesSettle();
   Select(4, 1);
-  TCBase::demoState.SetRunning(9 * 3600 + 1800, TCBase::StatePlaying);
+  demoState.SetRunning(9 * 3600 + 1800, TCBase::StatePlaying);
   golden::Expect("tests/desktop/golden/gdi/zoomed_demo.txt", MapOf(Draw()));
 }
 

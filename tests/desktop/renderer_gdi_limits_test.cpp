@@ -5,7 +5,7 @@
 #include <limits>
 #include <string>
 
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/desktop/gdi_chart.h"
 #include "tests/desktop/object_count.h"
 // after windows.h
@@ -107,7 +107,7 @@ TEST_F(RendererGdiLimits, TwoHoursOfTenThousandSteps) {
 TEST_F(RendererGdiLimits, ViewWithoutWidth) {
   GivenSteps(0, ManySteps(20));
   Select(0, 5);
-  TCBase::demoState.SetRunning(12 * 3600, TCBase::StatePlaying);
+  demoState.SetRunning(12 * 3600, TCBase::StatePlaying);
   GivenView("12:00", "12:00");
   Draw();
   GivenView("14:00", "12:00");
@@ -147,7 +147,7 @@ TEST_F(RendererGdiLimits, CountersSeeWhatIsKept) {
 TEST_F(RendererGdiLimits, FramesGiveBackWhatTheyTake) {
   for (int i = 0; i < 5; ++i) GivenSteps(i, ManySteps(5));
   Select(0, 3);
-  TCBase::demoState.SetRunning(12 * 3600, TCBase::StatePlaying);
+  demoState.SetRunning(12 * 3600, TCBase::StatePlaying);
   const auto draw = [&](int frames) {
     for (int i = 0; i < frames; ++i) {
       program.viewEnd = i % 2 == 0 ? 86400 : 43200;

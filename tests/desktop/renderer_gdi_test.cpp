@@ -9,13 +9,12 @@
 #include <cstdint>
 #include <string>
 
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/desktop/gdi_chart.h"
 
 namespace {
 
 using namespace desktop;
-using TCBase::demoState;
 
 using RendererGdi = GdiChart;
 

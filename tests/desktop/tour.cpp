@@ -35,7 +35,8 @@ void PutInPlace(const std::filesystem::path& example) {
 /// Clicks where a time and a percentage are in the lane, enlarged or like the others. At rest: lanes have had
 /// the time to glide to their places.
 void ClickLane(User& user, bool isEnlarged, int hour, float percent) {
-  UX::ChartLayout layout;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   const app::Size client = user.ClientSize();
   layout.Update(client.width, client.height);
   if (isEnlarged) layout.FocusLane(kLane);

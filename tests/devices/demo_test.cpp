@@ -3,18 +3,16 @@
 #include <cmath>
 
 #include "common/truncate.h"
-#include "devices/demo_state.h"
 #include "devices/jobs.h"
 #include "devices/operations.h"
+#include "program/demo_state.h"
 #include "tests/devices/device_test.h"
 #include "tests/support/golden.h"
 
 namespace {
 
 using sim_hidapi::Family;
-using TCBase::demoState;
 using TCBase::OperationResult;
-using TCBase::PostCommand;
 using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
 using testing::ElementsAre;
@@ -29,14 +27,14 @@ class DemoTest : public DeviceTest {
   }
 
   OperationResult Play(const Mode& mode, int seconds) {
-    return DemoOperation(SelectedTC420(), GivenProgram({mode}), seconds).result;
+    return DemoOperation(SelectedTC420(), GivenProgram({mode}), seconds, context).result;
   }
 
   static void At(double seconds, std::function<void()> action) {
     virtual_clock::At(seconds, std::move(action));
   }
-  static void CommandAt(double seconds, TCBase::CommandType type) {
-    At(seconds, [type] { PostCommand(type); });
+  void CommandAt(double seconds, TCBase::CommandType type) {
+    At(seconds, [this, type] { demoState.PostCommand(type); });
   }
   // What the chart would show at that moment, as "playing 43200".
   void LookAt(double seconds) {
@@ -73,7 +71,7 @@ class DemoTest : public DeviceTest {
 };
 
 TEST_F(DemoTest, TranscriptOfADayInOneSecond) {
-  TCBase::DemoJob({SelectedTC420()}, GivenProgram({GivenRamp("Ramp up slowly")}), 1)();
+  TCBase::DemoJob({SelectedTC420()}, GivenProgram({GivenRamp("Ramp up slowly")}), 1, context)();
   golden::Expect("tests/devices/golden/demo_in_one_second/status.txt", TakeStatus());
   golden::Expect("tests/devices/golden/demo_in_one_second/trace.txt", TakeTrace());
   ExpectNoViolations();
@@ -148,7 +146,7 @@ TEST_F(DemoTest, AfterwardsNoDemoIsShown) {
 // 166.99998 seconds times the scale of a day of 167 seconds is 86400 in a float.
 TEST_F(DemoTest, APositionThatRoundsToTheEndOfTheDayIsHeldAtItsLastSecond) {
   CommandAt(1.0, TCBase::CommandPause);
-  At(1.1, [] { TCBase::PostSeek(86400); });
+  At(1.1, [this] { demoState.PostSeek(86400); });
   LookAt(1.2);
   CommandAt(1.3, TCBase::CommandStop);
   Play(GivenRamp("Ramp"), 167);
@@ -197,7 +195,7 @@ TEST_F(DemoTest, AResumeWithoutAPauseChangesNothing) {
 }
 
 TEST_F(DemoTest, ASeekGoesOnFromThereAndShowsOnTheNextPass) {
-  At(9.998, [] { TCBase::PostSeek(43200); });
+  At(9.998, [this] { demoState.PostSeek(43200); });
   LookAt(10.003);  // the pass that took the command
   LookAt(10.008);
   LookAt(20.003);
@@ -208,7 +206,7 @@ TEST_F(DemoTest, ASeekGoesOnFromThereAndShowsOnTheNextPass) {
 
 TEST_F(DemoTest, ASeekWhilePausedMovesThePositionAndSendsItsFrameThoughTheDemoStandsStill) {
   CommandAt(9.998, TCBase::CommandPause);
-  At(14.998, [] { TCBase::PostSeek(43200); });
+  At(14.998, [this] { demoState.PostSeek(43200); });
   LookAt(15.003);
   LookAt(15.008);
   LookAt(18.0);
@@ -219,16 +217,16 @@ TEST_F(DemoTest, ASeekWhilePausedMovesThePositionAndSendsItsFrameThoughTheDemoSt
 }
 
 TEST_F(DemoTest, ASeekBeforeTheDayStartsItAnewAndOneBehindItEndsIt) {
-  At(9.998, [] { TCBase::PostSeek(-500); });
+  At(9.998, [this] { demoState.PostSeek(-500); });
   LookAt(10.008);
-  At(12.0, [] { TCBase::PostSeek(90000); });
+  At(12.0, [this] { demoState.PostSeek(90000); });
   EXPECT_EQ(Play(GivenRamp("Ramp"), 60), OperationResult::Done);
   EXPECT_THAT(seen_, ElementsAre("playing 7"));
   EXPECT_NEAR(virtual_clock::Seconds(), 12.0, 2 * kPass);
 }
 
 TEST_F(DemoTest, ASeekThatIsFollowedByAStopBetweenTwoPassesIsLost) {
-  At(10.001, [] { TCBase::PostSeek(43200); });
+  At(10.001, [this] { demoState.PostSeek(43200); });
   CommandAt(10.002, TCBase::CommandStop);
   EXPECT_EQ(Play(GivenRamp("Ramp"), 60), OperationResult::Cancelled);
   EXPECT_NEAR(virtual_clock::Seconds(), 10.0, 2 * kPass);
@@ -238,7 +236,7 @@ TEST_F(DemoTest, ASeekThatIsFollowedByAStopBetweenTwoPassesIsLost) {
 TEST_F(DemoTest, AStopEndsTheDemoInOrderAndTheRemainingDevicesAreNotTouched) {
   sim_hidapi::PlugIn(Family::TC421);
   CommandAt(10.001, TCBase::CommandStop);
-  TCBase::DemoJob({SelectedTC420(), SelectedTC421()}, GivenProgram({GivenRamp("Ramp")}), 60)();
+  TCBase::DemoJob({SelectedTC420(), SelectedTC421()}, GivenProgram({GivenRamp("Ramp")}), 60, context)();
   EXPECT_EQ(
       TakeStatus(),
       "Configuring device TC420\nDemo started\nPlaying whole day in 60 seconds\nDemo finished\nCancelled!\n");
@@ -251,7 +249,7 @@ TEST_F(DemoTest, OnSeveralDevicesTheWholeDayIsPlayedOnEachAndNothingIsShownBetwe
   sim_hidapi::PlugIn(Family::TC421);
   LookAt(59.0);
   LookAt(61.001);
-  TCBase::DemoJob({SelectedTC420(), SelectedTC421()}, GivenProgram({GivenRamp("Ramp")}), 60)();
+  TCBase::DemoJob({SelectedTC420(), SelectedTC421()}, GivenProgram({GivenRamp("Ramp")}), 60, context)();
   EXPECT_NEAR(virtual_clock::Seconds(), 120.0, 2 * kPass);
   EXPECT_THAT(seen_, ElementsAre("playing 84952", "playing 1440"));
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC421).live[0], 96);
@@ -260,7 +258,7 @@ TEST_F(DemoTest, OnSeveralDevicesTheWholeDayIsPlayedOnEachAndNothingIsShownBetwe
 
 TEST_F(DemoTest, ADemoWhoseCableIsPulledRunsToItsEndAndReportsIt) {
   At(10.0, [] { sim_hidapi::PullOut(Family::TC420); });
-  const auto report = DemoOperation(SelectedTC420(), GivenProgram({GivenRamp("Ramp")}), 60);
+  const auto report = DemoOperation(SelectedTC420(), GivenProgram({GivenRamp("Ramp")}), 60, context);
   EXPECT_EQ(report.result, OperationResult::Failed);
   EXPECT_GT(report.exchange.unconfirmed, 1);
   EXPECT_LT(report.exchange.unconfirmed, report.exchange.packets);
@@ -279,7 +277,7 @@ TEST_F(DemoTest, ASilentControllerGetsFewerFramesAndTheDemoDoesNotFallBehind) {
 }
 
 TEST_F(DemoTest, AStopFromBeforeADemoIsForgottenAsItBegins) {
-  PostCommand(TCBase::CommandStop);
+  demoState.PostCommand(TCBase::CommandStop);
   EXPECT_EQ(Play(GivenRamp("Ramp"), 1), OperationResult::Done);
   EXPECT_NEAR(virtual_clock::Seconds(), 1.0, kPass);
 }
@@ -299,16 +297,17 @@ TEST_F(DemoTest, WithoutACurrentModeThereIsNothingToPlay) {
   ModeListView program = GivenProgram({GivenRamp("Ramp")});
   for (const int current : {-1, 1, 1000000}) {
     program.currentMode = current;
-    EXPECT_EQ(DemoOperation(SelectedTC420(), program, 60).result, OperationResult::Failed) << current;
+    EXPECT_EQ(DemoOperation(SelectedTC420(), program, 60, context).result, OperationResult::Failed)
+        << current;
   }
-  EXPECT_EQ(DemoOperation(SelectedTC420(), {}, 60).result, OperationResult::Failed);
+  EXPECT_EQ(DemoOperation(SelectedTC420(), {}, 60, context).result, OperationResult::Failed);
   EXPECT_THAT(sim_hidapi::Frames(Family::TC420), testing::IsEmpty());
 }
 
 TEST_F(DemoTest, TheModeOnTheChartIsPlayed) {
   ModeListView program = GivenProgram({GivenRamp("First"), GivenRamp("Second")});
   program.currentMode = 1;
-  EXPECT_EQ(DemoOperation(SelectedTC420(), program, 1).result, OperationResult::Done);
+  EXPECT_EQ(DemoOperation(SelectedTC420(), program, 1, context).result, OperationResult::Done);
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).playName, "Second");
 }
 

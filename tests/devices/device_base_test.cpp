@@ -18,7 +18,6 @@ class RecordingDevice : public TCBase::DeviceBase {
   bool SendPacket(const TCBase::PacketBase& packet, int expected) override {
     return WritePacket(packet) && CheckReply("", expected);
   }
-  TCBase::Exchange Exchanged() const override { return {}; }
 
   std::string calls;
   bool answer = true;

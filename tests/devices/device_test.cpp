@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "common/log.h"
-#include "devices/demo_state.h"
+#include "program/demo_state.h"
 #include "tests/support/sim_network.h"
 
 using TCBase::DeviceInfo;
@@ -124,8 +124,8 @@ void DeviceTest::SetUp() {
   virtual_clock::Reset();
   sim_hidapi::Reset();
   sim_network::Reset();
-  TCBase::TakeCommand();
-  TCBase::demoState.SetIdle();
+  demoState.TakeCommand();
+  demoState.SetIdle();
   TakeStatus();
   TakeWarnings();
   TakeTrace();

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "devices/device_info.h"
+#include "devices/operations.h"
+#include "program/demo_state.h"
 #include "program/program.h"
 #include "tests/support/sim_hidapi.h"
 #include "tests/support/virtual_clock.h"
@@ -56,4 +58,7 @@ class DeviceTest : public testing::Test {
   static void ExpectNoViolations();
   /// The command bytes of the frames that a family has received, run lengths shortened: "12 13*3 01 02".
   static std::string Commands(sim_hidapi::Family family);
+
+  TCBase::DemoState demoState;
+  const TCBase::OperationContext context{demoState};
 };

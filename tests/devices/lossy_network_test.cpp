@@ -41,7 +41,8 @@ ModeListView TenModes() {
 sim::Memory WholeProgram() {
   sim_network::Reset();
   sim_network::PlugIn(kTank, "Smart-123456");
-  TCBase::UploadOperation(SelectedTank(), TenModes());
+  TCBase::DemoState demo;
+  TCBase::UploadOperation(SelectedTank(), TenModes(), {demo});
   TakeStatus();
   TakeTrace();
   return sim_network::MemoryOf(kTank);
@@ -83,8 +84,8 @@ class LossyNetworkTest : public NetworkTest {
  protected:
   const virtual_clock::Alone alone;
 
-  static Tally UploadOverAllSeeds(const Weather& there, const Weather& back, std::uint32_t seeds = kSeeds,
-                                  Closing closing = Closing::AnsweredAsAll) {
+  Tally UploadOverAllSeeds(const Weather& there, const Weather& back, std::uint32_t seeds = kSeeds,
+                           Closing closing = Closing::AnsweredAsAll) {
     const sim::Memory whole = WholeProgram();
     Tally tally;
     for (std::uint32_t seed = 1; seed <= seeds; ++seed) {
@@ -99,9 +100,9 @@ class LossyNetworkTest : public NetworkTest {
   }
 
  private:
-  static void UploadOnce(const sim::Memory& whole, Tally& tally) {
+  void UploadOnce(const sim::Memory& whole, Tally& tally) {
     const ModeListView program = TenModes();
-    const TCBase::OperationReport report = TCBase::UploadOperation(SelectedTank(), program);
+    const TCBase::OperationReport report = TCBase::UploadOperation(SelectedTank(), program, context);
     const std::string status = TakeStatus();
     EXPECT_THAT(status, testing::EndsWith("Uploading finished\n"));
     const std::set<int> failed = FailedBanks(status);
@@ -177,8 +178,8 @@ TEST_F(LossyNetworkTest, ARepeatedReplyIsTakenForTheReplyToTheNextFrame) {
     const bool isFirst = std::exchange(first, false);
     return isFirst ? std::vector(4, reply) : std::vector<sim_network::Datagram>();
   });
-  const std::unique_ptr<TCBase::DeviceBase> device = TCBase::ConnectDevice(SelectedTank());
-  ASSERT_NE(device, nullptr);
+  const std::unique_ptr<TCBase::DeviceBase> device = TCBase::CreateDevice(SelectedTank());
+  ASSERT_TRUE(device->Connect());
   EXPECT_TRUE(device->UploadMode(0, "A", {GivenStep(0, 0, {}), GivenStep(12, 0, {})}));
   EXPECT_EQ(SentCommands(), "0101 0102*2 040A");
   EXPECT_FALSE(device->ClearAll());

@@ -3,8 +3,8 @@
 #include "devices/operations.h"
 
 #include "common/platform.h"
-#include "devices/demo_state.h"
 #include "devices/jobs.h"
+#include "program/demo_state.h"
 #include "tests/devices/device_test.h"
 #include "tests/support/golden.h"
 
@@ -37,9 +37,10 @@ class OperationsTest : public DeviceTest {
                          GivenMode("Night", {{"00:00", {5, 5, 5, 5, 5}}, {"12:30", {0, 10, 0, 10, 0}}})});
   }
 
-  static OperationResult Upload(const DeviceInfo& info, const ModeListView& program) {
+  OperationResult Upload(const DeviceInfo& info, const ModeListView& program) {
     return TCBase::RunOnDevices(
-        [&](const DeviceInfo& device) { return UploadOperation(device, program).result; }, {info});
+        [&](const DeviceInfo& device) { return UploadOperation(device, program, context).result; }, {info},
+        context);
   }
 
   // Compares what the user and the log file saw with tests/devices/golden/<name>/.
@@ -50,40 +51,40 @@ class OperationsTest : public DeviceTest {
   }
 
   // At that moment somebody presses "Stop".
-  static void StopAt(double seconds) {
-    virtual_clock::At(seconds, [] { TCBase::PostCommand(TCBase::CommandStop); });
+  void StopAt(double seconds) {
+    virtual_clock::At(seconds, [this] { demoState.PostCommand(TCBase::CommandStop); });
   }
 };
 
 // Transcripts.
 
 TEST_F(OperationsTest, TranscriptOfAnUploadToATC420) {
-  TCBase::UploadJob({SelectedTC420()}, TwoModes())();
+  TCBase::UploadJob({SelectedTC420()}, TwoModes(), context)();
   ExpectTranscripts("upload_to_a_tc420");
   ExpectNoViolations();
 }
 
 TEST_F(OperationsTest, TranscriptOfAnUploadThatIsCancelledBetweenTwoControllers) {
   StopAt(0.2);
-  TCBase::UploadJob({SelectedEmulator(), SelectedTC420()}, TwoModes())();
+  TCBase::UploadJob({SelectedEmulator(), SelectedTC420()}, TwoModes(), context)();
   ExpectTranscripts("upload_cancelled");
 }
 
 TEST_F(OperationsTest, TranscriptOfAnUploadWithAControllerPulledOut) {
   virtual_clock::At(0.3, [] { sim_hidapi::PullOut(Family::TC420); });
-  TCBase::UploadJob({SelectedTC420()}, TwoModes())();
+  TCBase::UploadJob({SelectedTC420()}, TwoModes(), context)();
   ExpectTranscripts("upload_with_the_controller_pulled_out");
 }
 
 TEST_F(OperationsTest, TranscriptOfATimeSyncOfBothFamiliesAndTheEmulator) {
-  TCBase::TimeSyncJob({SelectedTC420(), SelectedEmulator(), SelectedTC421()}, TwoModes(), kMoment)();
+  TCBase::TimeSyncJob({SelectedTC420(), SelectedEmulator(), SelectedTC421()}, TwoModes(), kMoment, context)();
   ExpectTranscripts("time_sync_of_three");
   ExpectNoViolations();
 }
 
 TEST_F(OperationsTest, TranscriptOfAClearOfASilentTC421) {
   sim_hidapi::SetAnswer(sim_hidapi::Silent());
-  TCBase::ClearJob({SelectedTC421()}, TwoModes())();
+  TCBase::ClearJob({SelectedTC421()}, TwoModes(), context)();
   ExpectTranscripts("clear_of_a_silent_tc421");
 }
 
@@ -92,10 +93,11 @@ TEST_F(OperationsTest, TranscriptOfAClearOfASilentTC421) {
 TEST_F(OperationsTest, AControllerThatIsNotThereIsAConnectErrorInEveryOperation) {
   sim_hidapi::Reset();
   const ModeListView program = TwoModes();
-  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), program, kMoment).result, OperationResult::NotConnected);
-  EXPECT_EQ(ClearAllOperation(SelectedTC420(), program).result, OperationResult::NotConnected);
-  EXPECT_EQ(UploadOperation(SelectedTC421(), program).result, OperationResult::NotConnected);
-  EXPECT_EQ(DemoOperation(SelectedTC421(), program, 60).result, OperationResult::NotConnected);
+  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), program, kMoment, context).result,
+            OperationResult::NotConnected);
+  EXPECT_EQ(ClearAllOperation(SelectedTC420(), program, context).result, OperationResult::NotConnected);
+  EXPECT_EQ(UploadOperation(SelectedTC421(), program, context).result, OperationResult::NotConnected);
+  EXPECT_EQ(DemoOperation(SelectedTC421(), program, 60, context).result, OperationResult::NotConnected);
   EXPECT_EQ(TakeStatus(), "Connect error\nConnect error\nConnect error\nConnect error\n");
   EXPECT_EQ(TakeTrace(), "");
   // Nor does a controller that is not there need three seconds to clear.
@@ -104,7 +106,7 @@ TEST_F(OperationsTest, AControllerThatIsNotThereIsAConnectErrorInEveryOperation)
 
 TEST_F(OperationsTest, AfterAConnectErrorTheNextDeviceIsServed) {
   sim_hidapi::PullOut(Family::TC420);
-  TCBase::UploadJob({SelectedTC420(), SelectedTC421()}, GivenProgram({}))();
+  TCBase::UploadJob({SelectedTC420(), SelectedTC421()}, GivenProgram({}), context)();
   EXPECT_EQ(TakeStatus(),
             "Configuring device TC420\nConnect error\nFinished configuring device TC420\n"
             "Configuring device TC421\nUploading started\nUploading finished\n"
@@ -114,7 +116,7 @@ TEST_F(OperationsTest, AfterAConnectErrorTheNextDeviceIsServed) {
 // Time and clear.
 
 TEST_F(OperationsTest, TheClockIsSetToTheGivenTimeAndNotToTheComputers) {
-  EXPECT_EQ(SyncTimeOperation(SelectedTC421(), {}, kMoment).result, OperationResult::Done);
+  EXPECT_EQ(SyncTimeOperation(SelectedTC421(), {}, kMoment, context).result, OperationResult::Done);
   const DateTime clock = *sim_hidapi::MemoryOf(Family::TC421).clock;
   EXPECT_EQ(clock.year, 2026);
   EXPECT_EQ(clock.month, 12);
@@ -124,26 +126,26 @@ TEST_F(OperationsTest, TheClockIsSetToTheGivenTimeAndNotToTheComputers) {
 
 TEST_F(OperationsTest, AFailingTimeSyncIsNotToldToTheUser) {
   sim_hidapi::Inject({.call = Call::Write});
-  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), {}, kMoment).result, OperationResult::Failed);
+  EXPECT_EQ(SyncTimeOperation(SelectedTC420(), {}, kMoment, context).result, OperationResult::Failed);
   EXPECT_EQ(TakeStatus(), "Syncing time\n");
 }
 
 TEST_F(OperationsTest, AClearWaitsThreeSeconds) {
-  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}).result, OperationResult::Done);
+  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}, context).result, OperationResult::Done);
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 3.0);
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).clears, 1);
 }
 
 TEST_F(OperationsTest, AFailingClearWaitsAllTheSame) {
   sim_hidapi::Inject({.call = Call::Write});
-  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}).result, OperationResult::Failed);
+  EXPECT_EQ(ClearAllOperation(SelectedTC420(), {}, context).result, OperationResult::Failed);
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 3.0);
   EXPECT_EQ(TakeStatus(), "Clearing all modes\n");
 }
 
 TEST_F(OperationsTest, AStopDuringTheWaitOfAClearIsSeenAfterIt) {
   StopAt(1.0);
-  TCBase::ClearJob({SelectedTC420(), SelectedTC421()}, {})();
+  TCBase::ClearJob({SelectedTC420(), SelectedTC421()}, {}, context)();
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 3.0);
   EXPECT_EQ(TakeStatus(), "Configuring device TC420\nClearing all modes\nCancelled!\n");
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC421).clears, 0);
@@ -249,17 +251,17 @@ TEST_F(OperationsTest, ACancelledUploadStillFinishesAndIsToldAsCancelled) {
 }
 
 TEST_F(OperationsTest, OtherCommandsDoNotDisturbAnUpload) {
-  virtual_clock::At(0.2, [] { TCBase::PostCommand(TCBase::CommandPause); });
-  virtual_clock::At(0.7, [] { TCBase::PostSeek(100); });
+  virtual_clock::At(0.2, [this] { demoState.PostCommand(TCBase::CommandPause); });
+  virtual_clock::At(0.7, [this] { demoState.PostSeek(100); });
   EXPECT_EQ(Upload(SelectedTC420(), TwoModes()), OperationResult::Done);
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr);
+  EXPECT_EQ(demoState.TakeCommand(), nullptr);
 }
 
 TEST_F(OperationsTest, AnUploadShowsThatNoDemoRuns) {
-  TCBase::demoState.SetRunning(3600, TCBase::StatePlaying);
-  EXPECT_EQ(UploadOperation(SelectedEmulator(), {}).result, OperationResult::Done);
-  EXPECT_EQ(TCBase::demoState.state, TCBase::StateIdle);
-  EXPECT_EQ(TCBase::demoState.position, -1);
+  demoState.SetRunning(3600, TCBase::StatePlaying);
+  EXPECT_EQ(UploadOperation(SelectedEmulator(), {}, context).result, OperationResult::Done);
+  EXPECT_EQ(demoState.state, TCBase::StateIdle);
+  EXPECT_EQ(demoState.position, -1);
 }
 
 TEST_F(OperationsTest, AModeWhoseStepsAllStandOnOneMinuteIsSentCapped) {
@@ -272,7 +274,7 @@ TEST_F(OperationsTest, AModeWhoseStepsAllStandOnOneMinuteIsSentCapped) {
 // The report knows more than the log.
 
 TEST_F(OperationsTest, AnUploadThatWentWellIsConfirmedWhole) {
-  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes(), context);
   EXPECT_EQ(report.result, OperationResult::Done);
   EXPECT_THAT(report.unconfirmedModes, IsEmpty());
   EXPECT_FALSE(report.endUnconfirmed);
@@ -284,7 +286,7 @@ TEST_F(OperationsTest, AnUploadThatWentWellIsConfirmedWhole) {
 TEST_F(OperationsTest, AStepThatWasNotWrittenIsReportedThoughNoLineTellsOfIt) {
   constexpr int kStepOfTheSecondMode = 4 + 2;
   sim_hidapi::Inject({.call = Call::Write, .nth = kStepOfTheSecondMode});
-  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes(), context);
   EXPECT_EQ(report.result, OperationResult::Failed);
   EXPECT_THAT(report.unconfirmedModes, ElementsAre("Night"));
   EXPECT_FALSE(report.endUnconfirmed);
@@ -297,7 +299,7 @@ TEST_F(OperationsTest, AStepThatWasNotAnsweredIsReported) {
     constexpr int kSecondStep = 3;
     return ++answered == kSecondStep ? std::vector<std::string>() : std::vector{reply};
   }});
-  const OperationReport report = UploadOperation(SelectedTC421(), TwoModes());
+  const OperationReport report = UploadOperation(SelectedTC421(), TwoModes(), context);
   EXPECT_EQ(report.result, OperationResult::Failed);
   EXPECT_THAT(report.unconfirmedModes, ElementsAre("Day"));
   EXPECT_THAT(TakeStatus(), Not(HasSubstr("error")));
@@ -306,7 +308,7 @@ TEST_F(OperationsTest, AStepThatWasNotAnsweredIsReported) {
 TEST_F(OperationsTest, ACablePulledBeforeTheLastFrameIsReported) {
   constexpr int kLastFrame = 4 + 4 + 1;
   sim_hidapi::Inject({.call = Call::Write, .nth = kLastFrame, .times = sim_hidapi::kForever});
-  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes(), context);
   EXPECT_EQ(report.result, OperationResult::Failed);
   EXPECT_THAT(report.unconfirmedModes, IsEmpty());
   EXPECT_TRUE(report.endUnconfirmed);
@@ -316,7 +318,7 @@ TEST_F(OperationsTest, ModesThatAreRefusedAreReported) {
   Mode noSteps;
   noSteps.name = "No steps";
   const OperationReport report =
-      UploadOperation(SelectedEmulator(), GivenProgram({GivenRamp("A"), GivenRamp(""), noSteps}));
+      UploadOperation(SelectedEmulator(), GivenProgram({GivenRamp("A"), GivenRamp(""), noSteps}), context);
   EXPECT_EQ(report.result, OperationResult::Failed);
   EXPECT_THAT(report.unconfirmedModes, ElementsAre("", "No steps"));
 }
@@ -324,7 +326,7 @@ TEST_F(OperationsTest, ModesThatAreRefusedAreReported) {
 TEST_F(OperationsTest, ACancelledUploadReportsWhatItHadSent) {
   StopAt(0.2);
   sim_hidapi::Inject({.call = Call::Write, .nth = 2});
-  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes());
+  const OperationReport report = UploadOperation(SelectedTC420(), TwoModes(), context);
   EXPECT_EQ(report.result, OperationResult::Cancelled);
   EXPECT_THAT(report.unconfirmedModes, ElementsAre("Day"));
 }
@@ -333,7 +335,7 @@ TEST_F(OperationsTest, ACancelledUploadReportsWhatItHadSent) {
 
 TEST_F(OperationsTest, StopDuringAnUploadToTwoSelectedDevicesLeavesTheSecondAlone) {
   StopAt(0.2);
-  TCBase::UploadJob({SelectedTC420(), SelectedTC421()}, TwoModes())();
+  TCBase::UploadJob({SelectedTC420(), SelectedTC421()}, TwoModes(), context)();
   EXPECT_THAT(TakeStatus(), testing::EndsWith("Uploading finished\nCancelled!\n"));
   EXPECT_THAT(sim_hidapi::Frames(Family::TC421), IsEmpty());
 }
@@ -341,47 +343,47 @@ TEST_F(OperationsTest, StopDuringAnUploadToTwoSelectedDevicesLeavesTheSecondAlon
 TEST_F(OperationsTest, WithNoDeviceSelectedNothingIsWrittenAndNothingHappens) {
   DeviceInfo unselected = SelectedTC420();
   unselected.selected = false;
-  TCBase::UploadJob({unselected}, TwoModes())();
-  TCBase::ClearJob({}, TwoModes())();
+  TCBase::UploadJob({unselected}, TwoModes(), context)();
+  TCBase::ClearJob({}, TwoModes(), context)();
   EXPECT_EQ(TakeStatus(), "");
   EXPECT_EQ(TakeTrace(), "");
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.0);
 }
 
 TEST_F(OperationsTest, AStopPostedWhenNothingRunsStaysInTheSlotAndCancelsNothing) {
-  TCBase::PostCommand(TCBase::CommandStop);
+  demoState.PostCommand(TCBase::CommandStop);
   EXPECT_EQ(Upload(SelectedTC420(), TwoModes()), OperationResult::Done);
   EXPECT_THAT(TakeStatus(), Not(HasSubstr("Cancelled!")));
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr);
+  EXPECT_EQ(demoState.TakeCommand(), nullptr);
 }
 
 // A clock is set without a look into the slot: what was there before is gone, and not found behind it.
 TEST_F(OperationsTest, AStopFromBeforeARunIsForgottenAsItBegins) {
-  TCBase::PostCommand(TCBase::CommandStop);
-  TCBase::TimeSyncJob({SelectedTC420()}, {}, kMoment)();
+  demoState.PostCommand(TCBase::CommandStop);
+  TCBase::TimeSyncJob({SelectedTC420()}, {}, kMoment, context)();
   EXPECT_EQ(TakeStatus(), "Configuring device TC420\nSyncing time\nFinished configuring device TC420\n");
 }
 
 TEST_F(OperationsTest, AStopFromBeforeAnUploadIsForgottenAsItBegins) {
-  TCBase::PostCommand(TCBase::CommandStop);
-  EXPECT_EQ(UploadOperation(SelectedTC420(), TwoModes()).result, OperationResult::Done);
+  demoState.PostCommand(TCBase::CommandStop);
+  EXPECT_EQ(UploadOperation(SelectedTC420(), TwoModes(), context).result, OperationResult::Done);
   EXPECT_EQ(sim_hidapi::MemoryOf(Family::TC420).banks.size(), 2U);
 }
 
 TEST_F(OperationsTest, ANewerCommandTakesThePlaceOfOneNotYetSeen) {
-  TCBase::PostSeek(100);
-  TCBase::PostCommand(TCBase::CommandPause);
-  const auto command = TCBase::TakeCommand();
+  demoState.PostSeek(100);
+  demoState.PostCommand(TCBase::CommandPause);
+  const auto command = demoState.TakeCommand();
   ASSERT_NE(command, nullptr);
   EXPECT_EQ(command->type, TCBase::CommandPause);
-  EXPECT_EQ(TCBase::TakeCommand(), nullptr);
+  EXPECT_EQ(demoState.TakeCommand(), nullptr);
 }
 
 TEST_F(OperationsTest, TheResultOfSeveralIsTheFirstThatWasNotDone) {
-  const auto run = [](std::vector<OperationResult> results) {
+  const auto run = [this](std::vector<OperationResult> results) {
     std::size_t next = 0;
     return TCBase::RunOnDevices([&](const DeviceInfo&) { return results[next++]; },
-                                std::vector<DeviceInfo>(results.size(), SelectedEmulator()));
+                                std::vector<DeviceInfo>(results.size(), SelectedEmulator()), context);
   };
   using enum OperationResult;
   EXPECT_EQ(run({}), Done);

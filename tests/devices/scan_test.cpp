@@ -189,7 +189,7 @@ TEST_F(ScanTest, ANameOfAnyBytesStaysAsItIsAndIsShownHarmlessly) {
   EXPECT_THAT(TakeStatus(), testing::EndsWith("Hostname not found, using " + kShown + "\n"));
   DeviceInfo selected = found[0];
   selected.selected = true;
-  TCBase::TimeSyncJob({selected}, {}, {2026, 1, 1, 0, 0, 0, 0})();
+  TCBase::TimeSyncJob({selected}, {}, {2026, 1, 1, 0, 0, 0, 0}, context)();
   EXPECT_EQ(sim_network::Traffic().back().bytes.substr(49, 12), name.substr(0, 12));
   EXPECT_THAT(TakeStatus(), testing::StartsWith("Configuring device " + kShown + "\n"));
 }

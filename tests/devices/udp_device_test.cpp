@@ -50,8 +50,8 @@ TEST_F(UdpDeviceTest, ConnectTakesThePortAndSendsNothing) {
 
 TEST_F(UdpDeviceTest, WithAnotherProgramOnThePortTheOperationSaysConnectError) {
   sim_network::HoldPort(true);
-  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("A")})).result,
-            OperationResult::NotConnected);
+  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("A")}), context).result,
+            OperationResult::PortTaken);
   EXPECT_EQ(TakeStatus(), "Connect error\n");
   EXPECT_EQ(TakeTrace(), "9:26:53:589 bind error: Address already in use\n");
   EXPECT_THAT(sim_network::Traffic(), IsEmpty());
@@ -296,7 +296,7 @@ TEST_F(UdpDeviceTest, AModeIsRefusedByTheRulesOfTheOtherControllers) {
 }
 
 TEST_F(UdpDeviceTest, ANetworkControllerGetsTheHalfHoursOfTheDay) {
-  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("Ramp")})).result,
+  EXPECT_EQ(TCBase::UploadOperation(SelectedTank(), GivenProgram({GivenRamp("Ramp")}), context).result,
             OperationResult::Done);
   EXPECT_EQ(SentCommands(), "0101 0102*48 040A");
   const sim::StoredMode mode = sim_network::MemoryOf(kTank).banks.at(0);
@@ -326,26 +326,26 @@ TEST_F(UdpDeviceTest, EveryFrameBearsTheControllersNameAndItsChecksumBeforeTheEn
 
 TEST_F(UdpDeviceTest, AReportTellsOfATakenPort) {
   sim_network::HoldPort(true);
-  EXPECT_TRUE(TCBase::ClearAllOperation(SelectedTank(), {}).exchange.portTaken);
+  EXPECT_TRUE(TCBase::ClearAllOperation(SelectedTank(), {}, context).exchange.portTaken);
   sim_network::HoldPort(false);
-  EXPECT_FALSE(TCBase::ClearAllOperation(SelectedTank(), {}).exchange.portTaken);
+  EXPECT_FALSE(TCBase::ClearAllOperation(SelectedTank(), {}, context).exchange.portTaken);
 }
 
 TEST_F(UdpDeviceTest, AReportCountsAPacketOnceAndEachReply) {
-  const TCBase::Exchange fair = TCBase::ClearAllOperation(SelectedTank(), {}).exchange;
+  const TCBase::Exchange fair = TCBase::ClearAllOperation(SelectedTank(), {}, context).exchange;
   EXPECT_EQ(fair.packets, 1);
   EXPECT_EQ(fair.replies, 1);
   EXPECT_EQ(fair.unconfirmed, 0);
   AnswerWith({});
-  const TCBase::Exchange silent = TCBase::ClearAllOperation(SelectedTank(), {}).exchange;
+  const TCBase::Exchange silent = TCBase::ClearAllOperation(SelectedTank(), {}, context).exchange;
   EXPECT_EQ(silent.packets, 1);
   EXPECT_EQ(silent.replies, 0);
   EXPECT_EQ(silent.unconfirmed, 1);
 }
 
 TEST_F(UdpDeviceTest, OfADemoTheFramesThatDidNotLeaveAreReported) {
-  const auto demo = [] {
-    return TCBase::DemoOperation(SelectedTank(), GivenProgram({GivenRamp("Ramp")}), 1);
+  const auto demo = [this] {
+    return TCBase::DemoOperation(SelectedTank(), GivenProgram({GivenRamp("Ramp")}), 1, context);
   };
   EXPECT_EQ(demo().result, OperationResult::Done);
   constexpr int kAFrame = 3;

@@ -10,16 +10,15 @@
 #include <optional>
 
 #include "common/platform.h"
-#include "devices/demo_state.h"
 #include "devices/jobs.h"
 #include "devices/operations.h"
+#include "program/demo_state.h"
 #include "tests/devices/device_test.h"
 
 namespace {
 
 using sim_hidapi::Call;
 using sim_hidapi::Family;
-using TCBase::demoState;
 using TCBase::Discovery;
 using TCBase::Worker;
 using testing::ElementsAre;
@@ -74,6 +73,7 @@ class WorkerTest : public DeviceTest {
   void Go() {
     if (std::exchange(held_, false)) go_.set_value();
   }
+  TCBase::OperationContext JobContext() { return {demoState, worker_->StopToken()}; }
   void AddJob(Worker::Job job) { worker_->AddJob(std::move(job)); }
 
   /// Runs all that is queued, ends the worker with it, and answers what the user has read.
@@ -164,10 +164,10 @@ TEST_F(WorkerTest, TheFourJobsServeTheSelectedDevices) {
   const TCBase::Program::ModeListView program = GivenProgram({GivenRamp("Ramp")});
   const std::vector<TCBase::DeviceInfo> devices{SelectedEmulator()};
   Start();
-  AddJob(TCBase::TimeSyncJob(devices, program, {2026, 3, 14, 9, 26, 53, 0}));
-  AddJob(TCBase::ClearJob(devices, program));
-  AddJob(TCBase::UploadJob(devices, program));
-  AddJob(TCBase::DemoJob(devices, program, 1));
+  AddJob(TCBase::TimeSyncJob(devices, program, {2026, 3, 14, 9, 26, 53, 0}, JobContext()));
+  AddJob(TCBase::ClearJob(devices, program, JobContext()));
+  AddJob(TCBase::UploadJob(devices, program, JobContext()));
+  AddJob(TCBase::DemoJob(devices, program, 1, JobContext()));
   const std::string begin = "Configuring device TC420_Emulator\n";
   const std::string end = "Finished configuring device TC420_Emulator\n";
   EXPECT_EQ(RunToTheEnd(), begin + "Syncing time\n" + end + begin + "Clearing all modes\n" + end + begin +
@@ -179,7 +179,7 @@ TEST_F(WorkerTest, AJobHasItsOwnCopies) {
   TCBase::Program::ModeListView program = GivenProgram({GivenRamp("Before")});
   std::vector<TCBase::DeviceInfo> devices{SelectedEmulator()};
   Start();
-  AddJob(TCBase::UploadJob(devices, program));
+  AddJob(TCBase::UploadJob(devices, program, JobContext()));
   program.modes[0].name = "After";
   devices.clear();
   EXPECT_THAT(RunToTheEnd(), HasSubstr("Uploading mode: Before\n"));
@@ -187,7 +187,7 @@ TEST_F(WorkerTest, AJobHasItsOwnCopies) {
 
 TEST_F(WorkerTest, AfterADemoWithNoDeviceSelectedThePlaybackStateIsShownAllTheSame) {
   Start();
-  AddJob(TCBase::DemoJob({}, GivenProgram({GivenRamp("Ramp")}), 60));
+  AddJob(TCBase::DemoJob({}, GivenProgram({GivenRamp("Ramp")}), 60, JobContext()));
   AddJob([this] { window_.Post(kDemoState, 0, 0); });
   EXPECT_EQ(RunToTheEnd(), "");
   EXPECT_THAT(window_.Messages(), ElementsAre("0.2: 1027 0 0"));
@@ -197,22 +197,22 @@ TEST_F(WorkerTest, AfterADemoWithNoDeviceSelectedThePlaybackStateIsShownAllTheSa
 
 TEST_F(WorkerTest, ADemoIsPausedSoughtResumedAndStoppedFromTheUserInterface) {
   Start();
-  AddJob(TCBase::DemoJob({SelectedEmulator()}, GivenProgram({GivenRamp("Ramp")}), kLongDemo));
+  AddJob(TCBase::DemoJob({SelectedEmulator()}, GivenProgram({GivenRamp("Ramp")}), kLongDemo, JobContext()));
   AddJob([this] { window_.Post(kDemoState, 0, 0); });
   Go();
-  WaitUntil([] { return demoState.state == TCBase::StatePlaying && demoState.position > 0; });
-  TCBase::PostCommand(TCBase::CommandPause);
-  WaitUntil([] { return demoState.state == TCBase::StatePaused; });
-  TCBase::PostSeek(43'200);
-  WaitUntil([] { return demoState.position >= 43'199; });
+  WaitUntil([this] { return demoState.state == TCBase::StatePlaying && demoState.position > 0; });
+  demoState.PostCommand(TCBase::CommandPause);
+  WaitUntil([this] { return demoState.state == TCBase::StatePaused; });
+  demoState.PostSeek(43'200);
+  WaitUntil([this] { return demoState.position >= 43'199; });
   EXPECT_LE(demoState.position, 43'200);
-  WaitUntil([] {
+  WaitUntil([this] {
     const std::lock_guard lock(demoState.stepMutex);
     return demoState.step.values[0] >= 47;
   });
-  TCBase::PostCommand(TCBase::CommandResume);
-  WaitUntil([] { return demoState.state == TCBase::StatePlaying && demoState.position > 43'200; });
-  TCBase::PostCommand(TCBase::CommandStop);
+  demoState.PostCommand(TCBase::CommandResume);
+  WaitUntil([this] { return demoState.state == TCBase::StatePlaying && demoState.position > 43'200; });
+  demoState.PostCommand(TCBase::CommandStop);
   WaitUntil([this] { return !window_.Messages().empty(); });
   EXPECT_EQ(demoState.state, TCBase::StateIdle);
   EXPECT_EQ(demoState.position, -1);
@@ -221,8 +221,9 @@ TEST_F(WorkerTest, ADemoIsPausedSoughtResumedAndStoppedFromTheUserInterface) {
 
 TEST_F(WorkerTest, AStopPostedBeforeAnyJobCancelsNothing) {
   Start();
-  TCBase::PostCommand(TCBase::CommandStop);
-  AddJob(TCBase::UploadJob({SelectedEmulator()}, GivenProgram({GivenRamp("A"), GivenRamp("B")})));
+  demoState.PostCommand(TCBase::CommandStop);
+  AddJob(
+      TCBase::UploadJob({SelectedEmulator()}, GivenProgram({GivenRamp("A"), GivenRamp("B")}), JobContext()));
   EXPECT_THAT(RunToTheEnd(), HasSubstr("Uploading mode: B\nUploading finished\nFinished configuring device"));
 }
 
@@ -263,7 +264,7 @@ TEST_F(WorkerTest, AControllerPluggedInDuringALongUploadIsNoticedAfterIt) {
   for (int i = 0; i < 10; ++i) program.modes.push_back(GivenRamp("Mode"));
   StartWithWindow();
   virtual_clock::At(1.0, [] { sim_hidapi::PlugIn(Family::TC420); });
-  AddJob(TCBase::UploadJob({SelectedTC421()}, program));
+  AddJob(TCBase::UploadJob({SelectedTC421()}, program, JobContext()));
   Go();
   // Ten modes of 49 pauses of 20 ms and one of 500 ms, from 0.1 s on; the poll follows at once.
   WaitUntil([this] { return window_.Messages().size() == 2; });
@@ -321,9 +322,9 @@ TEST_F(WorkerTest, QueuedJobsAreDestroyedUnrun) {
   const auto captured = std::make_shared<std::atomic<int>>(0);
   Start();
   std::promise<void> entered;
-  AddJob([&entered] {
+  AddJob([&entered, stop = worker_->StopToken()] {
     entered.set_value();
-    while (!TCBase::IsStop(TCBase::TakeCommand())) std::this_thread::yield();
+    while (!stop.stop_requested()) std::this_thread::yield();
   });
   for (int i = 0; i < 3; ++i) AddJob([captured] { ++*captured; });
   EXPECT_EQ(captured.use_count(), 4);
@@ -337,9 +338,9 @@ TEST_F(WorkerTest, QueuedJobsAreDestroyedUnrun) {
 TEST_F(WorkerTest, TheEndStopsARunningDemoInOrder) {
   sim_hidapi::PlugIn(Family::TC420);
   Start();
-  AddJob(TCBase::DemoJob({SelectedTC420()}, GivenProgram({GivenRamp("Ramp")}), kLongDemo));
+  AddJob(TCBase::DemoJob({SelectedTC420()}, GivenProgram({GivenRamp("Ramp")}), kLongDemo, JobContext()));
   Go();
-  WaitUntil([] { return demoState.position > 0; });
+  WaitUntil([this] { return demoState.position > 0; });
   worker_.reset();
   EXPECT_FALSE(sim_hidapi::MemoryOf(Family::TC420).playing);
   EXPECT_EQ(sim_hidapi::OpenHandles(), 0);
@@ -347,14 +348,14 @@ TEST_F(WorkerTest, TheEndStopsARunningDemoInOrder) {
   ExpectNoViolations();
 }
 
-// Operations clear the command slot as they begin: the one stop of the closing program would be lost there.
+// Operations clear the command slot as they begin: a stop of the closing program would be lost there.
 TEST_F(WorkerTest, TheEndStopsADemoThatBeginsAtThatMoment) {
   Start();
   std::promise<void> entered;
-  AddJob([&entered] {
+  AddJob([&entered, inJob = JobContext()] {
     entered.set_value();
-    while (!TCBase::IsStop(TCBase::TakeCommand())) std::this_thread::yield();
-    TCBase::DemoJob({SelectedEmulator()}, GivenProgram({GivenRamp("Ramp")}), kLongDemo)();
+    while (!inJob.stop.stop_requested()) std::this_thread::yield();
+    TCBase::DemoJob({SelectedEmulator()}, GivenProgram({GivenRamp("Ramp")}), kLongDemo, inJob)();
   });
   Go();
   entered.get_future().wait();
@@ -385,8 +386,8 @@ TEST_F(WorkerTest, ManyThreadsMayAskAtOnce) {
         worker_->Attach(&window_, kDevicesChanged);
         (void)worker_->GetDevices();
         if (i == 0) (round % 2 == 0 ? sim_hidapi::PullOut : sim_hidapi::PlugIn)(Family::TC420);
-        if (i == 1) TCBase::PostSeek(round);
-        if (i == 2) TCBase::TakeCommand();
+        if (i == 1) demoState.PostSeek(round);
+        if (i == 2) demoState.TakeCommand();
       }
     });
   }

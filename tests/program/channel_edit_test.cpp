@@ -13,8 +13,7 @@ namespace {
 
 class EditingAChannel : public testing::Test {
  protected:
-  EditingAChannel() { stepClipboard = {}; }
-  ~EditingAChannel() override { stepClipboard = {}; }
+  StepClipboard stepClipboard;
 
   StepSelection Select(std::int32_t channel, std::int32_t step = -1) { return {document, channel, step}; }
   std::string StepsOf(std::size_t channel) const { return Told(document.modes[1].channels[channel]); }
@@ -117,33 +116,33 @@ TEST_F(EditingAChannel, NudgingTakesNumbersOfAnySize) {
 
 TEST_F(EditingAChannel, PastingReplacesTheStepsByThoseCopiedLast) {
   GivenChannels({"08:00 1 J, 09:00 2", "10:00 3, 11:00 4", "12:00 5, 13:00 6"});
-  CopyChannelSteps(Select(1));
-  CopyChannelSteps(Select(0));
-  EXPECT_TRUE(PasteChannelSteps(Select(2)));
+  CopyChannelSteps(Select(1), stepClipboard);
+  CopyChannelSteps(Select(0), stepClipboard);
+  EXPECT_TRUE(PasteChannelSteps(Select(2), stepClipboard));
   EXPECT_EQ(StepsOf(2), "08:00 1 J, 09:00 2");
   // As often as wanted.
-  EXPECT_TRUE(PasteChannelSteps(Select(3)));
+  EXPECT_TRUE(PasteChannelSteps(Select(3), stepClipboard));
   EXPECT_EQ(StepsOf(3), "08:00 1 J, 09:00 2");
 }
 
 TEST_F(EditingAChannel, PastedStepsHaveSerialsOfTheirOwn) {
   GivenChannels({"08:00 1, 09:00 2"});
   RenumberSteps(document.modes[1]);
-  CopyChannelSteps(Select(0));
-  PasteChannelSteps(Select(1));
+  CopyChannelSteps(Select(0), stepClipboard);
+  PasteChannelSteps(Select(1), stepClipboard);
   EXPECT_NE(Serials(document.modes[1].channels[1]), Serials(document.modes[1].channels[0]));
 }
 
 TEST_F(EditingAChannel, PastingWithNothingCopiedDoesNothing) {
   GivenChannels({"08:00 1, 09:00 2"});
-  EXPECT_FALSE(PasteChannelSteps(Select(0)));
+  EXPECT_FALSE(PasteChannelSteps(Select(0), stepClipboard));
   EXPECT_EQ(StepsOf(0), "08:00 1, 09:00 2");
 }
 
 TEST_F(EditingAChannel, AnEmptyChannelCanBeCopied) {
   GivenChannels({"08:00 1, 09:00 2"});
-  CopyChannelSteps(Select(4));
-  EXPECT_TRUE(PasteChannelSteps(Select(0)));
+  CopyChannelSteps(Select(4), stepClipboard);
+  EXPECT_TRUE(PasteChannelSteps(Select(0), stepClipboard));
   EXPECT_EQ(StepsOf(0), "");
 }
 
@@ -161,9 +160,9 @@ TEST_F(EditingAChannel, ClearingLeavesTwoDarkStepsAndSelectsNothing) {
 TEST_F(EditingAChannel, PastingRightAfterClearingDoesNothing) {
   GivenChannels({"08:00 1, 09:00 2"});
   StepSelection selection = Select(0);
-  CopyChannelSteps(selection);
+  CopyChannelSteps(selection, stepClipboard);
   ClearChannel(selection);
-  EXPECT_FALSE(PasteChannelSteps(selection));
+  EXPECT_FALSE(PasteChannelSteps(selection, stepClipboard));
   EXPECT_EQ(StepsOf(0), "08:00 0, 22:00 0");
 }
 
@@ -201,13 +200,13 @@ TEST_F(EditingAChannel, MovingStopsAtTheFirstAndTheLast) {
 TEST_F(EditingAChannel, NothingHappensWithoutASelection) {
   GivenChannels({"08:00 1, 09:00 2, 10:00 3", "08:00 4, 09:00 5, 10:00 6"});
   const ModeListView before = document;
-  CopyChannelSteps(Select(0));
+  CopyChannelSteps(Select(0), stepClipboard);
   for (const std::int32_t channel : {-1, 5, -2147483647 - 1, 2147483647}) {
     StepSelection selection = Select(channel, 0);
     DeleteSelectedStep(selection);
     NudgeSelectedStep(selection, 1, 1, 1);
-    CopyChannelSteps(selection);
-    EXPECT_FALSE(PasteChannelSteps(selection));
+    CopyChannelSteps(selection, stepClipboard);
+    EXPECT_FALSE(PasteChannelSteps(selection, stepClipboard));
     ClearChannel(selection);
     EXPECT_EQ(selection.step, 0);
     // Not even where the neighbour exists.

@@ -76,6 +76,12 @@ TEST(MergedSteps, SeeTheCurveThatAStepOutOfRangeBends) {
   EXPECT_EQ(rows[1].values[0], 1);
 }
 
+TEST(StepAt, HasTheWholePercentsOfASecondAndItsTime) {
+  const Mode mode = GivenMode({"10:00 0, 12:00 100", "10:00 40.9", "", "10:00 80 J, 12:00 0"});
+  const ModeStep step = StepAt(mode, 11 * 3600 + 120);
+  EXPECT_EQ(step, (ModeStep{11, 2, {51, 40, 0, 80, 0}, {}}));
+}
+
 TEST(MergedSteps, OfAnEmptyModeAreNone) {
   EXPECT_TRUE(Rows(Mode()).empty());
 }

@@ -12,8 +12,8 @@
 #include "chart/bumper.h"
 #include "chart/chart_drawing.h"
 #include "chart/chart_layout.h"
-#include "devices/demo_state.h"
 #include "platform/qt/qt_canvas.h"
+#include "program/demo_state.h"
 #include "tests/qt/pictures.h"
 #include "tests/support/virtual_clock.h"
 
@@ -62,8 +62,7 @@ class ChartPicturesTest : public testing::Test {
  protected:
   ChartPicturesTest() {
     virtual_clock::Reset();
-    now = frameClock.Now();
-    TCBase::demoState.SetIdle();
+    now_ = frameClock_.Now();
     document_.modes.emplace_back();
     const std::uint32_t colors[] = {0xFF2060FF, 0xFFF0F0E0, 0xFF9040FF, 0xFFFF3020, 0xFF40C070};
     for (std::size_t c = 0; c < 5; ++c) document_.channelInfos[c].color = colors[c];
@@ -73,14 +72,13 @@ class ChartPicturesTest : public testing::Test {
     GivenSteps(3, {{4, 0, 100, false, 9}, {4, 0, 0, false, 10}, {23, 59, 60, true, 11}});
     layout_.Update(300 + 120, 300 + 166);
   }
-  ~ChartPicturesTest() override { TCBase::demoState.SetIdle(); }
 
   void GivenSteps(std::size_t channel, std::vector<Step> steps) {
     document_.modes[0].channels[channel] = std::move(steps);
   }
   void GivenDemo(std::int32_t second, const std::array<std::int32_t, 5>& values) {
-    TCBase::demoState.step.values = values;
-    TCBase::demoState.SetRunning(second, TCBase::StatePlaying);
+    demo_.SetStep({0, 0, values, {}});
+    demo_.SetRunning(second, TCBase::StatePlaying);
   }
 
   /// The frame when all has come to rest.
@@ -105,14 +103,17 @@ class ChartPicturesTest : public testing::Test {
   ModeListView document_;
   StepSelection selection_{document_};
   StepSelection hoverStep_{document_};
-  UX::ChartLayout layout_;
-  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_}};
+  TCBase::DemoState demo_;
+  timer_base::TimerFeatures<TimerCore_Counter> frameClock_;
+  double now_ = 0.0;
+  UX::ChartLayout layout_{now_};
+  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_, demo_, now_}};
   qt::QtCanvas canvas_{qt::Surface::Pixels};
 
  private:
-  static void Pass() {
+  void Pass() {
     virtual_clock::Advance(0.9);
-    now = frameClock.Now();
+    now_ = frameClock_.Now();
   }
 };
 

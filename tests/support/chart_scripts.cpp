@@ -67,7 +67,8 @@ class Map {
   }
 
   std::int32_t lane_;
-  UX::ChartLayout layout_;
+  double now_ = 0.0;
+  UX::ChartLayout layout_{now_};
 };
 
 void Click(User& user, const Map::Point& point) {

@@ -146,7 +146,8 @@ std::vector<Edit> Edits() {
 void SelectLane(User& user, int lane) {
   user.ClickBackground();  // all lanes are alike from here on
   const app::Size client = user.ClientSize();
-  UX::ChartLayout layout;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   layout.Update(client.width, client.height);
   for (auto& height : layout.laneHeights) height.from = height.to;
   const UX::Rect place = layout.LaneRect(lane);
@@ -212,7 +213,8 @@ void EditByMenu(User& user, const Folders& folders) {
 void MoveTheViewByKeys(User& user, const Folders&) {
   user.Start();
   const app::Size client = user.ClientSize();
-  UX::ChartLayout layout;
+  double now = 0.0;
+  UX::ChartLayout layout{now};
   layout.Update(client.width, client.height);
   const UX::Rect& chart = layout.chartRect;
   ModeListView view;

@@ -6,12 +6,9 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/numbers.h"
-#include "chart/bumper.h"
 #include "common/files.h"
 #include "common/log.h"
-#include "devices/demo_state.h"
 #include "localisation/translation_store.h"
-#include "program/channel_edit.h"
 #include "tests/support/virtual_clock.h"
 
 namespace headless {
@@ -32,12 +29,6 @@ void BeginProcess(std::string_view translations, std::string_view moreTranslatio
     log->Drain();
   }
   log_detail::ForgetHints();
-  TCBase::demoState.SetIdle();
-  TCBase::TakeCommand();
-  TCBase::Program::stepClipboard = {};
-  frameClock.Reset();
-  idleTimer.Reset();
-  now = 0.0;
   TranslationStore::Instance().StartWith(translations, moreTranslations);
 }
 

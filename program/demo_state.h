@@ -1,6 +1,6 @@
 #pragma once
 
-// What the user interface and the worker share of a running demo, and the one slot through which the user
+// What a running demo shares between who plays it and who shows it, and the one slot through which the user
 // interface steers whatever the worker is doing.
 
 #include <atomic>
@@ -27,33 +27,33 @@ struct DemoState {
   std::atomic<std::int32_t> state{StateIdle};  // a DemoPlayState
   std::atomic<std::int32_t> position{-1};      // second of the day; -1 when no demo runs
 
-  std::mutex stepMutex;
+  mutable std::mutex stepMutex;
   Program::ModeStep step;  // the values last sent; guarded by stepMutex
 
   std::mutex commandMutex;
-  std::unique_ptr<WorkerCommand> command;  // guarded by commandMutex; reached through the functions below
+  std::unique_ptr<WorkerCommand> command;  // guarded by commandMutex; reached through the operations below
+
+  /// For all who behave differently then.
+  bool IsRunning() const { return position >= 0; }
 
   /// No demo runs.
   void SetIdle();
   /// A demo shows `second`.
   void SetRunning(std::int32_t second, DemoPlayState playState);
+  /// A copy of `step`. Any thread.
+  Program::ModeStep Step() const;
+  void SetStep(const Program::ModeStep& sent);
+
+  /// Puts a command into the slot, in the place of one not yet seen. Any thread.
+  void PostCommand(CommandType type);
+  /// Asks a running demo to go on from `second` of the day. Any thread.
+  void PostSeek(std::int32_t second);
+  /// Empties the slot; null if it was empty. Any thread.
+  std::unique_ptr<WorkerCommand> TakeCommand();
+
+ private:
+  void Post(const WorkerCommand& posted);
 };
-
-namespace demo_detail {
-// Built on first use and never destroyed: the worker may outlive what else is static.
-DemoState& TheDemoState();
-}  // namespace demo_detail
-
-/// The one of the process.
-inline DemoState& demoState = demo_detail::TheDemoState();
-
-/// Puts a command into the slot, in the place of one not yet seen. Any thread.
-void PostCommand(CommandType type);
-/// Asks a running demo to go on from `second` of the day. Any thread.
-void PostSeek(std::int32_t second);
-
-/// Empties the slot; null if it was empty. Any thread.
-std::unique_ptr<WorkerCommand> TakeCommand();
 
 /// Whether a command taken from the slot asks to stop.
 bool IsStop(const std::unique_ptr<WorkerCommand>& command);
