@@ -114,8 +114,8 @@ void Commands::TypeSteps(std::string_view title, TypedSteps use) {
   if (use == TypedSteps::InPlaceOfAll) params.text = StepsToText(*channel);
   if (dialogs::DlgAddSteps(shell_.dialogs, params).DoModal() == dialogs::kOk) {
     state_.undoStack.Snapshot();
-    if (use == TypedSteps::InPlaceOfAll) channel->clear();
-    const std::int32_t passedOver = AddStepsFromText(*channel, Utf8FromWide(params.text));
+    const auto takeSteps = use == TypedSteps::InPlaceOfAll ? ReplaceStepsFromText : AddStepsFromText;
+    const std::int32_t passedOver = takeSteps(*channel, Utf8FromWide(params.text));
     if (passedOver > 0) LogStatus(Message("Lines that are no steps and were passed over: {1}", passedOver));
     OptimizeMode(state_.CurrentMode());
     state_.chartInput.InvalidateChart();

@@ -10,8 +10,8 @@
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
+#include "program/mode_commands.h"
 #include "program/mode_file.h"
-#include "program/random_mode.h"
 #include "program/tmf.h"
 
 namespace app {
@@ -58,13 +58,11 @@ void Commands::ExportMode(int format) {
 
 // No menu item: for trying controllers and the other tools out. The file goes into the working folder.
 void Commands::AddRandomMode(int) {
-  Mode mode;
-  mode.name = "Rand_" + std::to_string(state_.program.modes.size());
-  FillRandomMode(mode);
+  AppendRandomMode(state_.program);
+  const Mode& mode = state_.CurrentMode();
   std::string data;
   WriteTmf(mode, data);
   const std::filesystem::path path = PathFromUtf8(mode.name + std::string(kTmfFile.extension));
-  state_.program.modes.push_back(std::move(mode));
   ShowLastMode();
   WriteFileBytes(path, data);
 }

@@ -1,5 +1,5 @@
 // The light program: the merged step list, the curve, and the thinning out of modes; each beside the plain
-// definition that it must agree with (program/plain.h).
+// definition that it must agree with (tests/support/plain_program.h).
 
 #include <benchmark/benchmark.h>
 
@@ -12,11 +12,11 @@
 #include "common/log.h"
 #include "program/align.h"
 #include "program/optimize.h"
-#include "program/plain.h"
 #include "program/program.h"
 #include "program/raw.h"
 #include "program/resample.h"
 #include "program/steps_text.h"
+#include "tests/support/plain_program.h"
 
 namespace {
 

@@ -90,11 +90,12 @@ Change ReplaceSteps(const ChannelValue& argument) {
     text = ToStepsText(text);
 
     std::vector<TCBase::Program::Step> steps;
-    const int passedOver = ParseStepsText(text, steps);
+    ParseStepsText(text, steps);
     if (steps.empty())
       return session.Fail(ExitStatus::WrongUsage,
                           file + " holds no steps; a line reads hh:mm value, or hh:mm value J");
-    if (!ReplaceManualSteps(document, argument.channel, text)) return Refused(session);
+    const int passedOver = ReplaceStepsFromText(CurrentChannel(document, argument.channel), text);
+    if (!OptimizeMode(CurrentMode(document))) return Refused(session);
     if (passedOver > 0)
       session.status.Print(Message("Lines that are no steps and were passed over: {1}", passedOver).utf8());
     TellStepCount(session, document);

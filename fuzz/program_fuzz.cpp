@@ -15,10 +15,10 @@
 #include "program/endpoint.h"
 #include "program/mode_commands.h"
 #include "program/optimize.h"
-#include "program/plain.h"
 #include "program/program_file.h"
 #include "program/resample.h"
 #include "program/steps_text.h"
+#include "tests/support/plain_program.h"
 
 namespace {
 
@@ -80,15 +80,17 @@ void CheckAgainstPlain(const Mode& mode) {
 void EditEveryChannel(ModeListView& document) {
   for (std::int32_t c = 0; c < kChannelCount; ++c) {
     StepSelection selection{document, c, 1};
-    CopyChannelSteps(selection);
+    StepClipboard clipboard;
+    CopyChannelSteps(selection, clipboard);
     NudgeSelectedStep(selection, 1, -1, 0.5F);
     ScaleChannel(*SelectedChannel(selection), 55.0F);
     DeleteSelectedStep(selection);
     const std::u16string text = StepsToText(*SelectedChannel(selection));
     MoveChannelDown(selection);
     MoveChannelUp(selection);
-    PasteChannelSteps(selection);
-    AddManualSteps(document, c, "12:34 56 J\r99:99 999");
+    PasteChannelSteps(selection, clipboard);
+    AddStepsFromText(*SelectedChannel(selection), "12:34 56 J\r99:99 999");
+    OptimizeMode(document.modes[static_cast<std::size_t>(document.currentMode)]);
   }
 }
 

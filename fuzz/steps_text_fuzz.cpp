@@ -9,8 +9,8 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "common/log.h"
-#include "program/plain.h"
 #include "program/steps_text.h"
+#include "tests/support/plain_program.h"
 
 namespace {
 

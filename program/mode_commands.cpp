@@ -14,7 +14,6 @@
 #include "program/optimize.h"
 #include "program/random_mode.h"
 #include "program/resample.h"
-#include "program/steps_text.h"
 
 namespace TCBase::Program {
 
@@ -22,10 +21,6 @@ namespace {
 
 Mode& CurrentMode(ModeListView& document) {
   return document.modes.at(static_cast<std::size_t>(document.currentMode));
-}
-
-Channel& CurrentChannel(ModeListView& document, std::int32_t channel) {
-  return CurrentMode(document).channels.at(static_cast<std::size_t>(channel));
 }
 
 std::string TimeTextOf(std::int32_t second) {
@@ -60,16 +55,6 @@ bool AddEndpointSteps(ModeListView& document, std::int32_t second) {
   LogStatus(Message("Added step at {1} to all channels. Current number of steps is {2}.", TimeTextOf(second),
                     CountModeSteps(mode)));
   return true;
-}
-
-bool AddManualSteps(ModeListView& document, std::int32_t channel, std::string_view text) {
-  AddStepsFromText(CurrentChannel(document, channel), text);
-  return OptimizeMode(CurrentMode(document));
-}
-
-bool ReplaceManualSteps(ModeListView& document, std::int32_t channel, std::string_view text) {
-  CurrentChannel(document, channel).clear();
-  return AddManualSteps(document, channel, text);
 }
 
 bool OptimizeAllModes(ModeListView& document) {

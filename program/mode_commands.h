@@ -5,7 +5,6 @@
 // on statusLog, translated.
 
 #include <cstdint>
-#include <string_view>
 
 #include "program/program.h"
 
@@ -19,12 +18,6 @@ void AlignCurrentMode(ModeListView& document, std::int32_t interval);
 
 /// "Add endpoint steps" at kDayStart or kDayEnd. False, and the reason in the log, if the mode is full.
 bool AddEndpointSteps(ModeListView& document, std::int32_t second);
-
-/// "Manual steps add..." and "Manual steps edit...": adds the steps of the text (see ParseStepsText) to a
-/// channel of the current mode, 0 to 4, or puts them in place of its steps, then brings the mode within the
-/// step limit. False if that could not be done (see OptimizeMode).
-bool AddManualSteps(ModeListView& document, std::int32_t channel, std::string_view text);
-bool ReplaceManualSteps(ModeListView& document, std::int32_t channel, std::string_view text);
 
 /// Brings every mode within the step limit, as before an upload; ends with false at the first that cannot be.
 bool OptimizeAllModes(ModeListView& document);

@@ -110,6 +110,11 @@ std::int32_t AddStepsFromText(Channel& channel, std::string_view text) {
   return passedOver;
 }
 
+std::int32_t ReplaceStepsFromText(Channel& channel, std::string_view text) {
+  channel.clear();
+  return AddStepsFromText(channel, text);
+}
+
 std::u16string StepsToText(const Channel& channel) {
   std::string text;
   for (const Step& step : channel) text += ToLine(step);

@@ -25,6 +25,9 @@ void InsertStepsSorted(Channel& channel, const std::vector<Step>& steps);
 /// one in front; the channel may then be of any length. Returns what ParseStepsText does.
 std::int32_t AddStepsFromText(Channel& channel, std::string_view text);
 
+/// Puts the steps of the text in place of the channel's own, otherwise as AddStepsFromText.
+std::int32_t ReplaceStepsFromText(Channel& channel, std::string_view text);
+
 /// One line for each step, each ended by CR LF. ParseStepsText reads back the same steps but for fractions.
 std::u16string StepsToText(const Channel& channel);
 

@@ -155,6 +155,18 @@ TEST_F(ChannelCommands, TypedLinesThatAreNoStepsAreCountedInTheLog) {
             "Lines that are no steps and were passed over: 2\n");
 }
 
+TEST_F(ChannelCommands, TypedStepsBeyondTheLimitAreThinnedOut) {
+  Mode().channels = program_test::GivenModeOfMergedSteps(48, 29).channels;
+  GivenSelection(2, -1);
+  Choose(command::kManualStepsAdd, {Type(steps_id::kSteps, "23:59 100 J\nnoon"), Press(kOk)});
+  EXPECT_EQ(CountModeSteps(Mode()), 48);
+  EXPECT_EQ(NewLog(),
+            "Added new step (Time: 23:59) (Strength: 100, Jump).\n"
+            "Lines that are no steps and were passed over: 1\n"
+            "Mode " +
+                Mode().name + " has more than 48 steps, optimizing...\n");
+}
+
 TEST_F(ChannelCommands, StepsAreEditedAsText) {
   Channel(1) = GivenChannel("08:00 10, 12:00 20 J");
   GivenSelection(1, -1);

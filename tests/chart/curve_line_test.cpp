@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "common/truncate.h"
-#include "program/plain.h"
 #include "tests/program/program_fixture.h"
 #include "tests/program/random_program.h"
+#include "tests/support/plain_program.h"
 
 namespace UX {
 

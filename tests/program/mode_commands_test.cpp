@@ -68,23 +68,6 @@ TEST(AddingEndpoints, TellsWhyAFullModeRefusesIt) {
               ElementsAre("Unable to add new step. Maximum number of 48 steps for the current mode reached"));
 }
 
-TEST(ManualSteps, AreAddedAndBroughtWithinTheLimit) {
-  StatusLines lines;
-  ModeListView document = GivenCurrentMode(GivenModeOfMergedSteps(48, 29));
-  EXPECT_TRUE(AddManualSteps(document, 2, "23:59 100 J\r\n"));
-  EXPECT_EQ(CountModeSteps(document.modes[1]), 48);
-  EXPECT_THAT(lines.Take(), ElementsAre("Added new step (Time: 23:59) (Strength: 100, Jump).",
-                                        "Mode Reef has more than 48 steps, optimizing..."));
-}
-
-TEST(ManualSteps, ReplaceThoseOfTheChannelAlone) {
-  StatusLines lines;
-  ModeListView document = GivenCurrentMode(GivenMode({"08:00 1, 09:00 2", "08:00 1, 09:00 2"}));
-  EXPECT_TRUE(ReplaceManualSteps(document, 1, "10:00 5\r12:00 7"));
-  EXPECT_EQ(Told(document.modes[1].channels[0]), "08:00 1, 09:00 2");
-  EXPECT_EQ(Told(document.modes[1].channels[1]), "10:00 5, 12:00 7");
-}
-
 TEST(OptimizingAllModes, ThinsOutEachThatIsOverTheLimit) {
   StatusLines lines;
   ModeListView document = GivenCurrentMode(GivenModeOfMergedSteps(60, 20));

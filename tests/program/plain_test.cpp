@@ -1,7 +1,7 @@
 // The fast ways against their plain definitions, to the bit, on modes at random: unordered, with several
 // steps on one minute, out of range, with values that are no percent and no number.
 
-#include "program/plain.h"
+#include "tests/support/plain_program.h"
 
 #include <gtest/gtest.h>
 

@@ -105,6 +105,15 @@ TEST(AddingStepsFromText, GivesSerialsInTheOrderOfTheText) {
   EXPECT_EQ(Serial(channel, 0), Serial(channel, 1) + 1);
 }
 
+TEST(ReplacingStepsFromText, LeavesNoneOfThoseThatWereThere) {
+  StatusLines lines;
+  Channel channel = GivenChannel("08:00 1, 09:00 2");
+  EXPECT_EQ(ReplaceStepsFromText(channel, "12:00 7\rnonsense\r10:00 5"), 1);
+  EXPECT_EQ(Told(channel), "10:00 5, 12:00 7");
+  EXPECT_THAT(lines.Take(), ElementsAre("Added new step (Time: 12:00) (Strength: 7).",
+                                        "Added new step (Time: 10:00) (Strength: 5)."));
+}
+
 TEST(StepsAsText, HasALineForEachStep) {
   EXPECT_EQ(StepsToText(GivenChannel("08:05 0, 10:00 80.9 J")), u"08:05 0\r\n10:00 80 J\r\n");
   EXPECT_EQ(StepsToText({}), u"");

@@ -1,9 +1,8 @@
 #pragma once
 
-// Plain definitions of what the program does in a faster way elsewhere: each spells out, step by step and
-// without regard to time, what the result is. The tests hold the fast ways against them to the bit, order of
-// removals and log lines included; a change of a rule begins here. Nothing but tests and benchmarks calls
-// them.
+// Plain definitions of what program/ does in a faster way: each spells out, step by step and without regard
+// to time, what the result is. The tests hold the fast ways against them to the bit, order of removals and
+// log lines included; a change of a rule begins here.
 
 #include <cstddef>
 #include <cstdint>

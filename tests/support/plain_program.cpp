@@ -1,4 +1,4 @@
-#include "program/plain.h"
+#include "tests/support/plain_program.h"
 
 #include <algorithm>
 #include <cmath>
