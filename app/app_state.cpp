@@ -5,16 +5,33 @@ namespace app {
 AppState::AppState(const Shell& shell)
     : chartInput(
           {shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout, demoState}),
-      renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout, demoState, now})) {}
+      renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout, demoState, now})),
+      window_(shell.mainWindow) {}
 
-void AppState::BuildControls(const Shell& shell) {
+void AppState::BuildControls(const Shell& shell, std::span<const Command> commands) {
+  const auto refresh = [this](Parts parts) { Refresh(parts); };
   ctrls = std::make_unique<Ctrls>(shell, program, devices, chartLayout);
-  menuBar = std::make_unique<MenuBar>(shell, selection);
-  viewControl = std::make_unique<ViewControl>(shell, program, *ctrls, chartInput, *renderer);
-  powerControl =
-      std::make_unique<ChannelPowerControl>(shell, selection, undoStack, chartInput, ctrls->PowerSlider());
-  document = std::make_unique<ProgramDocument>(shell, program, undoStack, demoState, *ctrls, *powerControl,
-                                               chartInput, savedProgram);
+  menuBar = std::make_unique<MenuBar>(shell, commands, selection);
+  viewControl = std::make_unique<ViewControl>(shell.controls, program, ctrls->ZoomSlider(), refresh);
+  powerControl = std::make_unique<ChannelPowerControl>(selection, undoStack, ctrls->PowerSlider(), refresh);
+  document = std::make_unique<ProgramDocument>(shell, program, undoStack, demoState, savedProgram, refresh);
+}
+
+void AppState::Refresh(Parts parts) {
+  const auto has = [parts](Parts part) { return (parts & part) != 0; };
+  if (has(part::kTitle)) document->ShowTitle();
+  if (has(part::kModeList)) ctrls->FillModeList();
+  if (has(part::kDescription)) ctrls->ShowModeDescription();
+  if (has(part::kScrollBar)) ctrls->UpdateScrollBar();
+  if (has(part::kZoomSlider)) ctrls->UpdateZoomSlider();
+  if (has(part::kReadOuts)) ctrls->UpdateReadOuts();
+  if (has(part::kPower)) powerControl->Update();
+  if (has(part::kDeviceList)) ctrls->FillDeviceList();
+  if (has(part::kRenderer)) renderer->Rebuild();
+  if (has(part::kPlaces)) renderer->Relayout();
+  if (has(part::kChart)) chartInput.InvalidateChart();
+  if (has(part::kLane)) chartInput.InvalidateLane(selection.channel);
+  if (has(part::kFocus)) window_.TakeFocus();
 }
 
 TCBase::Program::Mode& AppState::CurrentMode() {

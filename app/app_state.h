@@ -4,14 +4,17 @@
 // what the worker shares has locks of its own.
 
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "app/channel_power.h"
 #include "app/chart_input.h"
+#include "app/command.h"
 #include "app/ctrls.h"
 #include "app/menu_bar.h"
 #include "app/ports.h"
 #include "app/program_document.h"
+#include "app/refresh.h"
 #include "app/saved_baseline.h"
 #include "app/undo_stack.h"
 #include "app/view_control.h"
@@ -58,12 +61,18 @@ struct AppState {
   std::unique_ptr<ChannelPowerControl> powerControl;
   std::unique_ptr<ProgramDocument> document;
 
-  /// Builds what speaks to the window, once there is one.
-  void BuildControls(const Shell& shell);
+  /// Builds what speaks to the window, once there is one. `commands` are those of the menu bar.
+  void BuildControls(const Shell& shell, std::span<const Command> commands);
+
+  /// Brings parts of the window up to date with the document. Only once the controls are built.
+  void Refresh(Parts parts);
 
   TCBase::Program::Mode& CurrentMode();
   /// What the worker's jobs work with.
   TCBase::OperationContext JobContext() { return {demoState, worker.StopToken()}; }
+
+ private:
+  MainWindowPort& window_;
 };
 
 }  // namespace app

@@ -2,9 +2,9 @@
 
 #include "app/application.h"
 
-#include "app/demo_control.h"
-#include "app/device_log.h"
-#include "app/language.h"
+#include "app/handlers/demo_control.h"
+#include "app/handlers/device_log.h"
+#include "app/handlers/language.h"
 #include "app/main_loop.h"
 #include "app/numbers.h"
 #include "common/files.h"
@@ -59,7 +59,7 @@ bool Application::StartUp() {
   LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
   platform.Do(PlatformStep::TakeAccelerators);
   // Behind the timer's start, by which lanes move on under a question.
-  if (state.document->OfferRecovered()) state.renderer->Rebuild();
+  if (state.document->OfferRecovered()) state.Refresh(part::kRenderer);
   return true;
 }
 
@@ -74,13 +74,11 @@ void Application::BeginLanguage() {
 
 bool Application::InitInstance() {
   if (!shell_.platform.Do(PlatformStep::CreateMainWindow)) return false;
-  state.BuildControls(shell_);
+  state.BuildControls(shell_, CommandTable());
   const Size client = shell_.mainWindow.ClientSize();
   state.chartLayout.Update(client.width, client.height);
   state.ctrls->CreateControls();
-  state.ctrls->FillModeList();
-  state.ctrls->UpdateScrollBar();
-  state.ctrls->UpdateZoomSlider();
+  state.Refresh(part::kModeList | part::kScrollBar | part::kZoomSlider);
   state.ctrls->SetDevices(state.worker.GetDevices());
   state.renderer->window = &shell_.chartWindow;
   NotifyDemoIdle(shell_.mainWindow);
@@ -89,7 +87,7 @@ bool Application::InitInstance() {
   shell_.mainWindow.Show();
   ConnectWindow();
   OpenFirstProgram();
-  state.renderer->Rebuild();
+  state.Refresh(part::kRenderer);
   return true;
 }
 
@@ -97,7 +95,7 @@ void Application::ConnectWindow() {
   shell_.platform.Do(PlatformStep::TakeMenu);
   state.menuBar->ApplyTexts();
   state.menuBar->MarkLogging(shell_.settings.LoggingEnabled());
-  state.powerControl->Update();
+  state.Refresh(part::kPower);
   // What was logged since the start has waited and appears with the next line.
   state.ctrls->ConnectLogs();
 }

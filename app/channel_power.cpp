@@ -20,10 +20,6 @@ constexpr std::int32_t kPage = 5;
 constexpr std::int32_t kLastPosition = kLastZoomPosition;
 }  // namespace
 
-ChannelPowerControl::ChannelPowerControl(const Shell& shell, const StepSelection& selection,
-                                         UndoStack& undoStack, ChartInput& chartInput, Slider& slider)
-    : shell_(shell), selection_(selection), undoStack_(undoStack), chartInput_(chartInput), slider_(slider) {}
-
 void ChannelPowerControl::Update() {
   const Channel* channel = SelectedChannel(selection_);
   const std::int32_t power = std::max(TruncateToInt(channel != nullptr ? ChannelPower(*channel) : 0.0F), 0);
@@ -68,8 +64,7 @@ void ChannelPowerControl::OnSlider(int code, int position) {
   }
   slider_.SetPosition(power);
   if (Channel* channel = SelectedChannel(selection_)) ScaleChannel(*channel, static_cast<float>(power));
-  chartInput_.InvalidateChart();
-  shell_.mainWindow.TakeFocus();
+  refresh_(part::kChart | part::kFocus);
 }
 
 void ChannelPowerControl::OnWheel(int delta) {
@@ -80,7 +75,7 @@ void ChannelPowerControl::OnWheel(int delta) {
   LogBeforeWheel(power);
   ScaleChannel(*channel, delta < 0 ? power - 1.0F : power + 1.0F);
   wheeled_ = {selection_.document.currentMode, selection_.channel, ChannelPower(*channel)};
-  chartInput_.InvalidateChart();
+  refresh_(part::kChart);
 }
 
 // No undo brings it back. One line for as long as the wheel alone changes the channel, not one a notch.

@@ -3,9 +3,9 @@
 // The power slider: the highest value of the selected channel, shown and changed. User interface thread.
 
 #include <cstdint>
+#include <utility>
 
-#include "app/chart_input.h"
-#include "app/ports.h"
+#include "app/refresh.h"
 #include "app/slider.h"
 #include "app/undo_stack.h"
 #include "program/program.h"
@@ -14,8 +14,10 @@ namespace app {
 
 class ChannelPowerControl {
  public:
-  ChannelPowerControl(const Shell& shell, const TCBase::Program::StepSelection& selection,
-                      UndoStack& undoStack, ChartInput& chartInput, Slider& slider);
+  /// All of these outlive the control.
+  ChannelPowerControl(const TCBase::Program::StepSelection& selection, UndoStack& undoStack, Slider& slider,
+                      Refresh refresh)
+      : selection_(selection), undoStack_(undoStack), slider_(slider), refresh_(std::move(refresh)) {}
 
   /// Shows the selected channel's power, 0 without one; nothing happens if the slider stands there already.
   /// The slider is disabled at 0: a channel without light cannot be scaled.
@@ -30,11 +32,10 @@ class ChannelPowerControl {
   void OnWheel(int delta);
 
  private:
-  const Shell& shell_;
   const TCBase::Program::StepSelection& selection_;
   UndoStack& undoStack_;
-  ChartInput& chartInput_;
   Slider& slider_;
+  const Refresh refresh_;
 
   void LogBeforeWheel(float power) const;
 

@@ -6,7 +6,7 @@
 #include <cstddef>
 
 #include "app/chart_hit.h"
-#include "app/menu_table.h"
+#include "app/command.h"
 #include "common/log.h"
 #include "common/message.h"
 #include "program/channel_edit.h"
@@ -196,7 +196,7 @@ void ChartInput::OnRightDown(std::int32_t x, std::int32_t y) {
 }
 
 void ChartInput::OnRightUp(std::int32_t x, std::int32_t y) {
-  if (!demo_.IsRunning()) menu_.OpenAtChart(menu::kChannel, x, y);
+  if (IsMenuEnabled(menu::kChannel, demo_.IsRunning())) menu_.OpenAtChart(menu::kChannel, x, y);
 }
 
 WheelUse ChartInput::OnWheel(std::int32_t x, std::int32_t y, std::int32_t delta, const WheelKeys& keys) {

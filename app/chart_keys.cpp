@@ -1,7 +1,7 @@
 // The keys on the chart.
 
 #include "app/chart_input.h"
-#include "app/demo_control.h"
+#include "app/handlers/demo_control.h"
 #include "app/numbers.h"
 #include "common/log.h"
 #include "common/message.h"

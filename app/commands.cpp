@@ -1,12 +1,14 @@
-// The table of commands and what looks into it. The handlers stand in file_commands.cpp, edit_commands.cpp,
-// exchange_commands.cpp, device_commands.cpp, channel_commands.cpp, mode_commands.cpp and
-// language_commands.cpp.
-
 #include "app/commands.h"
 
-#include <algorithm>
-#include <iterator>
-
+#include "app/handlers/channel_commands.h"
+#include "app/handlers/command_context.h"
+#include "app/handlers/device_commands.h"
+#include "app/handlers/edit_commands.h"
+#include "app/handlers/exchange_commands.h"
+#include "app/handlers/file_commands.h"
+#include "app/handlers/language_commands.h"
+#include "app/handlers/mode_commands.h"
+#include "app/handlers/view_commands.h"
 #include "app/numbers.h"
 #include "program/endpoint.h"
 
@@ -14,116 +16,190 @@ namespace app {
 
 namespace {
 
-/// Told apart by number, not by row: which there are is up to the translations.
-bool IsLanguage(int number) {
-  return number >= command::kEnglish && number <= command::kLastLanguage;
-}
+using namespace TCBase::Program;
+using enum When;
+using Undo::Snapshot;
+
+constexpr Parts kSteps = part::kChart | part::kDescription;
+constexpr Parts kModes = part::kChart | part::kModeList;
+constexpr Parts kAfterHistory = part::kModeList | part::kPower | part::kRenderer | part::kChart;
+constexpr Parts kView = part::kRenderer | part::kChart | part::kScrollBar | part::kZoomSlider;
+constexpr int kPanStep = 15 * 60;
+
+constexpr std::string_view kDemoSpeed = "Demo speed";
+constexpr std::string_view kEndpoints = "Add endpoint steps";
+constexpr std::string_view kAlignment = "Align steps";
+
+// clang-format off
+constexpr Command kCommands[] = {
+    // File
+    {.number = command::kNewProgram, .text = "New Program", .menu = menu::kFile, .when = WithoutDemo,
+     .handler = NewProgram, .always = part::kRenderer},
+    {.number = command::kLoadProgram, .text = "Load Program", .menu = menu::kFile, .when = WithoutDemo,
+     .handler = LoadProgram, .always = part::kRenderer},
+    {.number = command::kSaveProgram, .text = "Save Program", .menu = menu::kFile, .handler = SaveProgram},
+    {.number = command::kSaveProgramAs, .text = "Save Program As", .menu = menu::kFile, .handler = SaveProgramAs},
+    {.number = command::kImportTmf, .text = "Import TMF", .suffix = " (PLED)", .menu = menu::kFile, .beginsGroup = true,
+     .undo = Snapshot, .handler = With<ImportModes, &kTmf>, .refreshes = kModes},
+    {.number = command::kExportTmf, .text = "Export TMF", .suffix = " (PLED)", .menu = menu::kFile,
+     .handler = With<ExportMode, &kTmf>},
+    {.number = command::kImportLmf, .text = "Import LMF", .suffix = " (LEDControl)", .menu = menu::kFile,
+     .beginsGroup = true, .undo = Snapshot, .handler = With<ImportModes, &kLmf>, .refreshes = kModes},
+    {.number = command::kExportLmf, .text = "Export LMF", .suffix = " (LEDControl)", .menu = menu::kFile,
+     .handler = With<ExportMode, &kLmf>},
+    {.number = command::kExportRaw, .text = "Export RAW", .menu = menu::kFile, .beginsGroup = true,
+     .handler = With<ExportMode, &kRaw>},
+    {.number = command::kProgramInfo, .text = "Program info", .menu = menu::kFile, .beginsGroup = true,
+     .handler = ShowProgramInfo},
+    {.number = command::kExit, .text = "Exit", .menu = menu::kFile, .beginsGroup = true, .handler = Exit},
+
+    // Edit
+    {.number = command::kUndo, .text = "Undo", .menu = menu::kEdit, .keys = {Ctrl('Z')}, .when = WithoutDemo,
+     .handler = UndoChange, .refreshes = kAfterHistory},
+    {.number = command::kRedo, .text = "Redo", .menu = menu::kEdit, .keys = {Ctrl('Y')}, .when = WithoutDemo,
+     .handler = RedoChange, .refreshes = kAfterHistory},
+
+    // Device
+    {.number = command::kSyncTime, .text = "Sync time", .menu = menu::kDevice, .when = WithoutDemo, .handler = SyncTime},
+    {.number = command::kSetTime, .text = "Set time", .menu = menu::kDevice, .when = WithoutDemo, .handler = SetTime},
+    {.number = command::kUploadProgram, .text = "Upload program", .menu = menu::kDevice, .when = WithoutDemo,
+     .handler = UploadProgram},
+    {.number = command::kClearAll, .text = "Clear all", .menu = menu::kDevice, .beginsGroup = true, .when = WithoutDemo,
+     .handler = ClearAll},
+    {.number = command::kPlayDemo, .text = "Play demo", .menu = menu::kDevice, .beginsGroup = true, .when = WithoutDemo,
+     .handler = PlayOrPauseDemo},
+    {.number = command::kStopDemo, .text = "Stop demo", .menu = menu::kDevice, .when = DuringDemo, .handler = StopDemo},
+    {.number = command::kSpeedFast, .text = "Fast (60 secs)", .menu = menu::kDevice, .submenu = kDemoSpeed,
+     .when = WithoutDemo, .handler = ChooseDemoSpeed},
+    {.number = command::kSpeedNormal, .text = "Normal (180 secs)", .menu = menu::kDevice, .submenu = kDemoSpeed,
+     .when = WithoutDemo, .handler = ChooseDemoSpeed},
+    {.number = command::kSpeedSlow, .text = "Slow (300 secs)", .menu = menu::kDevice, .submenu = kDemoSpeed,
+     .when = WithoutDemo, .handler = ChooseDemoSpeed},
+    {.number = command::kSpeedCustom, .text = "Custom...", .menu = menu::kDevice, .submenu = kDemoSpeed,
+     .beginsGroup = true, .when = WithoutDemo, .handler = AskDemoSpeed},
+    {.number = command::kScanWifi, .text = "Scan WiFi devices", .menu = menu::kDevice, .beginsGroup = true,
+     .when = WithoutDemo, .handler = ScanWifi},
+    {.number = command::kSetupWifi, .text = "Setup TC421 WiFi", .menu = menu::kDevice, .beginsGroup = true,
+     .when = WithoutDemo, .handler = SetupWifi},
+    {.number = command::kAddEmulator, .text = "Add emulator", .menu = menu::kDevice, .beginsGroup = true,
+     .handler = AddEmulator, .refreshes = part::kDeviceList},
+
+    // Channel. The first two make their own entries in the history, as the same keys on the chart do.
+    {.number = command::kDeleteStep, .text = "Delete step", .menu = menu::kChannel,
+     .keys = {Key(key::kDelete), Key(key::kBackspace)}, .needsStep = true, .handler = DeleteStep,
+     .refreshes = part::kPower | part::kDescription},
+    {.number = command::kToggleJump, .text = "Toggle step jump type", .menu = menu::kChannel, .beginsGroup = true,
+     .needsStep = true, .handler = ToggleJump},
+    {.number = command::kCopySteps, .text = "Copy steps", .menu = menu::kChannel, .beginsGroup = true,
+     .undo = Snapshot, .handler = CopySteps, .refreshes = part::kChart},
+    {.number = command::kPasteSteps, .text = "Paste steps", .menu = menu::kChannel, .undo = Snapshot,
+     .handler = PasteSteps, .refreshes = kSteps},
+    {.number = command::kMoveStepsUp, .text = "Move all steps up", .menu = menu::kChannel, .beginsGroup = true,
+     .handler = MoveStepsUp, .refreshes = part::kChart},
+    {.number = command::kMoveStepsDown, .text = "Move all steps down", .menu = menu::kChannel,
+     .handler = MoveStepsDown, .refreshes = part::kChart},
+    {.number = command::kClearSteps, .text = "Clear all steps", .menu = menu::kChannel, .undo = Snapshot,
+     .handler = ClearSteps, .refreshes = kSteps},
+    {.number = command::kManualStepsAdd, .text = "Manual steps add...", .menu = menu::kChannel, .beginsGroup = true,
+     .handler = AddTypedSteps, .refreshes = kSteps, .always = part::kFocus},
+    {.number = command::kManualStepsEdit, .text = "Manual steps edit...", .menu = menu::kChannel,
+     .handler = EditTypedSteps, .refreshes = kSteps, .always = part::kFocus},
+    {.number = command::kRenameChannel, .text = "Rename channel", .menu = menu::kChannel, .beginsGroup = true,
+     .handler = RenameChannel, .refreshes = part::kRenderer | part::kChart, .always = part::kFocus},
+    {.number = command::kChannelColor, .text = "Change channel color", .menu = menu::kChannel, .undo = Snapshot,
+     .handler = ChangeColor, .refreshes = part::kLane, .always = part::kRenderer | part::kFocus},
+
+    // Mode
+    {.number = command::kOptimizeForTC421, .text = "Optimize mode for TC421", .menu = menu::kMode, .undo = Snapshot,
+     .handler = OptimizeModeForTC421, .refreshes = kSteps},
+    {.number = command::kEndpointStart, .text = "At the start (00:00)", .menu = menu::kMode, .submenu = kEndpoints,
+     .beginsGroup = true, .handler = With<AddEndpoint, kDayStart>, .refreshes = kSteps},
+    {.number = command::kEndpointEnd, .text = "At the end (23:59)", .menu = menu::kMode, .submenu = kEndpoints,
+     .handler = With<AddEndpoint, kDayEnd>, .refreshes = kSteps},
+    {.number = command::kAlign3, .text = "3 minute intervals", .menu = menu::kMode, .submenu = kAlignment,
+     .beginsGroup = true, .undo = Snapshot, .handler = With<Align, 3>, .refreshes = kSteps},
+    {.number = command::kAlign5, .text = "5 minute intervals", .menu = menu::kMode, .submenu = kAlignment,
+     .undo = Snapshot, .handler = With<Align, 5>, .refreshes = kSteps},
+    {.number = command::kAlign10, .text = "10 minute intervals", .menu = menu::kMode, .submenu = kAlignment,
+     .undo = Snapshot, .handler = With<Align, 10>, .refreshes = kSteps},
+    {.number = command::kAlign15, .text = "15 minute intervals", .menu = menu::kMode, .submenu = kAlignment,
+     .undo = Snapshot, .handler = With<Align, 15>, .refreshes = kSteps},
+    {.number = command::kAlign30, .text = "30 minute intervals", .menu = menu::kMode, .submenu = kAlignment,
+     .undo = Snapshot, .handler = With<Align, 30>, .refreshes = kSteps},
+    {.number = command::kAlign60, .text = "1 hour intervals", .menu = menu::kMode, .submenu = kAlignment,
+     .undo = Snapshot, .handler = With<Align, 60>, .refreshes = kSteps},
+
+    // Language: which others there are is up to the translations.
+    {.number = command::kEnglish, .lastNumber = command::kLastLanguage, .text = "English", .menu = menu::kLanguage,
+     .handler = ChooseLanguage},
+
+    // Help
+    {.number = command::kLogging, .text = "Logging", .menu = menu::kHelp, .handler = ToggleLogging},
+    {.number = command::kKnownIssues, .text = "Known issues ...", .menu = menu::kHelp, .beginsGroup = true,
+     .handler = ShowKnownIssues},
+    {.number = command::kExportTranslation, .text = "Export localization XML", .menu = menu::kHelp, .beginsGroup = true,
+     .handler = ExportTranslation},
+    {.number = command::kTestTranslation, .text = "Test localization XML", .menu = menu::kHelp,
+     .handler = TestTranslation},
+    {.number = command::kAbout, .text = "About ...", .menu = menu::kHelp, .beginsGroup = true,
+     .keys = {Alt('/'), Alt('?')}, .handler = ShowAbout},
+
+    // No menu item
+    {.number = command::kZoomIn, .keys = {Key(key::kNumpadAdd)}, .handler = ZoomIn, .refreshes = kView},
+    {.number = command::kZoomOut, .keys = {Key(key::kNumpadSubtract)}, .handler = ZoomOut, .refreshes = kView},
+    {.number = command::kZoomAll, .keys = {Key(key::kNumpadMultiply)}, .handler = ShowWholeDay, .refreshes = kView},
+    {.number = command::kPanBack, .keys = {Key(key::kPageUp)}, .handler = With<Pan, -kPanStep>, .refreshes = kView},
+    {.number = command::kPanForward, .keys = {Key(key::kPageDown)}, .handler = With<Pan, kPanStep>, .refreshes = kView},
+    {.number = command::kPanToStart, .keys = {Key(key::kHome)}, .handler = With<Pan, -kSecondsPerDay>,
+     .refreshes = kView},
+    {.number = command::kPanToEnd, .keys = {Key(key::kEnd)}, .handler = With<Pan, kSecondsPerDay>, .refreshes = kView},
+    {.number = command::kRandomMode, .handler = AddRandomMode, .refreshes = kModes},
+    {.number = command::kMergeTranslations, .handler = MergeTranslation},
+
+    // What the controls say of themselves
+    {.number = control_id::kModeList, .code = kListSelectionChanged, .handler = SelectMode,
+     .refreshes = kSteps | part::kPower, .always = part::kFocus},
+    {.number = control_id::kModeList, .code = kListDoubleClick, .handler = EditMode, .refreshes = part::kModeList,
+     .always = part::kFocus},
+    {.number = control_id::kAddMode, .handler = AddMode, .refreshes = kModes, .always = part::kFocus},
+    {.number = control_id::kDeleteMode, .handler = DeleteMode, .refreshes = kModes, .always = part::kFocus},
+    {.number = control_id::kDeviceList, .code = kListSelectionChanged, .handler = ReadDeviceSelection,
+     .always = part::kFocus},
+    {.number = control_id::kDeviceList, .code = kListDoubleClick, .handler = RenameDevice, .refreshes = part::kFocus},
+    {.number = control_id::kPlay, .handler = PlayOrPauseDemo},
+    {.number = control_id::kStop, .handler = StopDemo},
+};
+// clang-format on
 
 }  // namespace
 
-const Commands::Row Commands::kRows[] = {
-    // File
-    {command::kNewProgram, Undo::None, &Commands::NewProgram},
-    {command::kLoadProgram, Undo::None, &Commands::LoadProgram},
-    {command::kSaveProgram, Undo::None, &Commands::SaveProgram},
-    {command::kSaveProgramAs, Undo::None, &Commands::SaveProgramAs},
-    {command::kImportTmf, Undo::Snapshot, &Commands::ImportModes, Tmf},
-    {command::kExportTmf, Undo::None, &Commands::ExportMode, Tmf},
-    {command::kImportLmf, Undo::Snapshot, &Commands::ImportModes, Lmf},
-    {command::kExportLmf, Undo::None, &Commands::ExportMode, Lmf},
-    {command::kExportRaw, Undo::None, &Commands::ExportMode, Raw},
-    {command::kProgramInfo, Undo::None, &Commands::ProgramInfo},
-    {command::kExit, Undo::None, &Commands::Exit},
-    // Edit
-    {command::kUndo, Undo::None, &Commands::UndoChange},
-    {command::kRedo, Undo::None, &Commands::RedoChange},
-    // Device
-    {command::kSyncTime, Undo::None, &Commands::SyncTime},
-    {command::kSetTime, Undo::None, &Commands::SetTime},
-    {command::kUploadProgram, Undo::None, &Commands::UploadProgram},
-    {command::kClearAll, Undo::None, &Commands::ClearAll},
-    {command::kPlayDemo, Undo::None, &Commands::PlayDemo},
-    {command::kStopDemo, Undo::None, &Commands::StopDemo},
-    {command::kSpeedFast, Undo::None, &Commands::SetDemoSpeed, 60},
-    {command::kSpeedNormal, Undo::None, &Commands::SetDemoSpeed, 180},
-    {command::kSpeedSlow, Undo::None, &Commands::SetDemoSpeed, 300},
-    {command::kSpeedCustom, Undo::None, &Commands::AskDemoSpeed},
-    {command::kScanWifi, Undo::None, &Commands::ScanWifi},
-    {command::kSetupWifi, Undo::None, &Commands::SetupWifi},
-    {command::kAddEmulator, Undo::None, &Commands::AddEmulator},
-    // Channel. The first two make their own entries, as the same keys on the chart do.
-    {command::kDeleteStep, Undo::None, &Commands::DeleteStep},
-    {command::kToggleJump, Undo::None, &Commands::ToggleJump},
-    {command::kCopySteps, Undo::Snapshot, &Commands::CopySteps},
-    {command::kPasteSteps, Undo::Snapshot, &Commands::PasteSteps},
-    {command::kMoveStepsUp, Undo::None, &Commands::MoveSteps, false},
-    {command::kMoveStepsDown, Undo::None, &Commands::MoveSteps, true},
-    {command::kClearSteps, Undo::Snapshot, &Commands::ClearSteps},
-    {command::kManualStepsAdd, Undo::None, &Commands::AddManualSteps},
-    {command::kManualStepsEdit, Undo::None, &Commands::EditManualSteps},
-    {command::kRenameChannel, Undo::None, &Commands::EditChannel},
-    {command::kChannelColor, Undo::Snapshot, &Commands::NextColor},
-    // Mode
-    {command::kOptimizeForTC421, Undo::Snapshot, &Commands::OptimizeForTC421},
-    {command::kEndpointStart, Undo::None, &Commands::AddEndpoint, TCBase::Program::kDayStart},
-    {command::kEndpointEnd, Undo::None, &Commands::AddEndpoint, TCBase::Program::kDayEnd},
-    {command::kAlign3, Undo::Snapshot, &Commands::Align, 3},
-    {command::kAlign5, Undo::Snapshot, &Commands::Align, 5},
-    {command::kAlign10, Undo::Snapshot, &Commands::Align, 10},
-    {command::kAlign15, Undo::Snapshot, &Commands::Align, 15},
-    {command::kAlign30, Undo::Snapshot, &Commands::Align, 30},
-    {command::kAlign60, Undo::Snapshot, &Commands::Align, 60},
-    // Help
-    {command::kLogging, Undo::None, &Commands::ToggleLogging},
-    {command::kKnownIssues, Undo::None, &Commands::ShowKnownIssues},
-    {command::kExportTranslation, Undo::None, &Commands::OnExportTranslation},
-    {command::kTestTranslation, Undo::None, &Commands::OnTestTranslation},
-    {command::kAbout, Undo::None, &Commands::ShowAbout},
-    // No menu item
-    {command::kZoomIn, Undo::None, &Commands::ZoomIn},
-    {command::kZoomOut, Undo::None, &Commands::ZoomOut},
-    {command::kZoomAll, Undo::None, &Commands::ShowHours, 24},
-    {command::kPanBack, Undo::None, &Commands::Pan, -900},
-    {command::kPanForward, Undo::None, &Commands::Pan, 900},
-    // Any distance stops at the ends of the day.
-    {command::kPanToStart, Undo::None, &Commands::Pan, -TCBase::Program::kSecondsPerDay},
-    {command::kPanToEnd, Undo::None, &Commands::Pan, TCBase::Program::kSecondsPerDay},
-    {command::kRandomMode, Undo::None, &Commands::AddRandomMode},
-    {command::kMergeTranslations, Undo::None, &Commands::OnMergeTranslation},
-};
-
-const Commands::ControlCommand Commands::kControlCommands[] = {
-    {control_id::kModeList, kListSelectionChanged, &Commands::SelectMode},
-    {control_id::kModeList, kListDoubleClick, &Commands::EditMode},
-    {control_id::kAddMode, kAnyCode, &Commands::AddMode},
-    {control_id::kDeleteMode, kAnyCode, &Commands::DeleteMode},
-    {control_id::kDeviceList, kListSelectionChanged, &Commands::ReadDeviceSelection},
-    {control_id::kDeviceList, kListDoubleClick, &Commands::RenameDevice},
-    {control_id::kPlay, kAnyCode, &Commands::PlayDemo},
-    {control_id::kStop, kAnyCode, &Commands::StopDemo},
-};
-
-void Commands::Dispatch(int id, int code) {
-  for (const ControlCommand& row : kControlCommands) {
-    if (row.id != id || (row.code != code && row.code != kAnyCode)) continue;
-    return (this->*row.handler)(row.argument);
-  }
-  if (IsLanguage(id)) return OnLanguageCommand(id);
-  const Row* row = Find(id);
-  if (row == nullptr) return;
-  if (row->undo == Undo::Snapshot) state_.undoStack.Snapshot();
-  fromKey_ = code == kFromKey;
-  (this->*row->handler)(row->argument);
+std::span<const Command> CommandTable() {
+  return kCommands;
 }
 
-bool Commands::IsServed(int number) {
-  return IsLanguage(number) || Find(number) != nullptr;
+std::vector<MenuPopup> MenuTable() {
+  return BuildMenus(kCommands);
 }
 
-const Commands::Row* Commands::Find(int number) {
-  const auto found = std::find_if(std::begin(kRows), std::end(kRows),
-                                  [number](const Row& row) { return row.number == number; });
-  return found == std::end(kRows) ? nullptr : found;
+std::vector<Accelerator> AcceleratorTable() {
+  return BuildAccelerators(kCommands);
+}
+
+void Commands::Dispatch(int number, int code) {
+  if (const Command* const command = FindCommand(kCommands, number, code)) Run(*command, number, false);
+}
+
+void Commands::DispatchKey(int number) {
+  const Command* const command = FindCommand(kCommands, number, 0);
+  if (command == nullptr || !IsEnabled(*command, state_.demoState.IsRunning(), state_.selection)) return;
+  Run(*command, number, true);
+}
+
+void Commands::Run(const Command& command, int number, bool fromKey) {
+  if (command.undo == Snapshot) state_.undoStack.Snapshot();
+  CommandContext context{state_, shell_, number, fromKey};
+  const Changed changed = command.handler(context);
+  state_.Refresh(command.always | (changed == Changed::Yes ? command.refreshes : part::kNothing));
 }
 
 }  // namespace app

@@ -7,7 +7,7 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "OvkLib/src/ovk_format.h"
 #include "app/chart_hit.h"
-#include "app/demo_control.h"
+#include "app/handlers/demo_control.h"
 #include "common/message.h"
 #include "common/truncate.h"
 #include "devices/device_list.h"
@@ -58,13 +58,6 @@ void Ctrls::TranslateLabels() {
   for (const Control label : {Control::DevicesLabel, Control::PowerTitleLabel}) {
     shell_.controls.SetText(label, FirstText(RowOf(label)));
   }
-}
-
-void Ctrls::ShowProgram() {
-  FillModeList();
-  UpdateScrollBar();
-  UpdateZoomSlider();
-  if (secondOfMode_) ShowModeAt(*secondOfMode_);
 }
 
 void Ctrls::FillModeList() {
@@ -159,6 +152,10 @@ void Ctrls::ShowModeAt(std::int32_t second) {
   secondOfMode_ = second;
   const Mode& mode = program_.modes.at(static_cast<std::size_t>(program_.currentMode));
   ShowTimeAndPower(second, StepAt(mode, second));
+}
+
+void Ctrls::UpdateReadOuts() {
+  if (secondOfMode_) ShowModeAt(*secondOfMode_);
 }
 
 void Ctrls::ShowTimeAndPower(std::int32_t second, const ModeStep& step) {

@@ -30,10 +30,6 @@ class Ctrls {
   /// After a change of language. "Zoom" stays as it was at the start.
   void TranslateLabels();
 
-  /// After another document has taken the place of the one shown: modes, view, and the read-outs, which stay
-  /// at the second that they show.
-  void ShowProgram();
-
   // Modes.
   void FillModeList();
   void ShowModeDescription();
@@ -67,6 +63,8 @@ class Ctrls {
 
   /// The read-outs show a second of the day and what the current mode gives then.
   void ShowModeAt(std::int32_t second);
+  /// The same second again, after a change of the mode; not while they show a demo.
+  void UpdateReadOuts();
 
   // Log.
 

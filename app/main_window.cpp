@@ -9,6 +9,10 @@
 
 namespace app {
 
+void MainWindow::Touch() {
+  state_.idleTimer.Restart(0.0);
+}
+
 Outcome MainWindow::OnDestroy() {
   shell_.mainWindow.StopTimer(kDemoTimer);
   shell_.mainWindow.PostQuit(0);
@@ -16,12 +20,12 @@ Outcome MainWindow::OnDestroy() {
 }
 
 Outcome MainWindow::OnSize(SizeKind kind) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   if (kind != SizeKind::Restored && kind != SizeKind::Maximized) return Outcome::Default;
   UpdateLayout();
   if (state_.ctrls == nullptr) return Outcome::Default;  // the window is being made
   state_.ctrls->MoveControls();
-  state_.renderer->Rebuild();
+  state_.Refresh(part::kRenderer);
   return Outcome::Default;
 }
 
@@ -39,13 +43,16 @@ Outcome MainWindow::OnClose() {
 
 void MainWindow::OnDrop(const std::vector<std::filesystem::path>& files) {
   state_.document->Open(files);
-  state_.renderer->Rebuild();
+  state_.Refresh(part::kRenderer);
 }
 
 Outcome MainWindow::OnCommand(int id, int code) {
-  if (code == kFromKey && !state_.menuBar->TakesKey(id, state_.demoState.position)) return Outcome::Done;
   commands_.Dispatch(id, code);
   return Outcome::Done;
+}
+
+void MainWindow::OnAccelerator(int command) {
+  commands_.DispatchKey(command);
 }
 
 Outcome MainWindow::OnTimer(int id) {
@@ -54,7 +61,7 @@ Outcome MainWindow::OnTimer(int id) {
     MoveChartOn();
     return Outcome::Done;
   }
-  state_.chartInput.InvalidateChart();
+  state_.Refresh(part::kChart);
   state_.ctrls->ShowDemoStatus(state_.demoState);
   return Outcome::Done;
 }
@@ -63,7 +70,7 @@ void MainWindow::MoveChartOn() {
   if (!IsChartMoving(*state_.renderer, state_.chartLayout)) return;
   state_.now = state_.frameClock.Now();
   state_.renderer->Update();
-  state_.chartInput.InvalidateChart();
+  state_.Refresh(part::kChart);
 }
 
 Outcome MainWindow::OnHorizontalScroll(Control sender, int code, int position) {
@@ -91,7 +98,7 @@ Outcome MainWindow::OnInitMenuPopup() {
 Outcome MainWindow::OnLeftButtonDown() {
   state_.idleTimer.Stop();  // stands at 0 until the next event restarts it
   state_.chartLayout.ClearFocus();
-  state_.chartInput.InvalidateChart();
+  state_.Refresh(part::kChart);
   return Outcome::Default;
 }
 
@@ -121,14 +128,13 @@ Outcome MainWindow::OnKeyUp(int key) {
 
 Outcome MainWindow::OnSizing() {
   state_.now = state_.frameClock.Now();  // the main loop does not turn meanwhile
-  state_.idleTimer.Restart(0.0);
+  Touch();
   return Outcome::Done;
 }
 
 Outcome MainWindow::OnExitSizeMove() {
-  state_.idleTimer.Restart(0.0);
-  state_.renderer->Rebuild();
-  state_.chartInput.InvalidateChart();
+  Touch();
+  state_.Refresh(part::kRenderer | part::kChart);
   return Outcome::Default;
 }
 
@@ -158,27 +164,31 @@ void MainWindow::ShowDemoAtRest() {
   TCBase::DemoState atRest;
   state_.ctrls->ShowDemoStatus(atRest);
   state_.menuBar->RefreshNow(-1, shell_.settings.LoggingEnabled());
-  state_.chartInput.InvalidateChart();
+  state_.Refresh(part::kChart);
 }
 
 void ChartWindow::OnPaint() {
   state_.renderer->Render();
 }
 
-void ChartWindow::OnKeyDown(int key) {
+void ChartWindow::Touch() {
   state_.idleTimer.Restart(0.0);
+}
+
+void ChartWindow::OnKeyDown(int key) {
+  Touch();
   state_.chartInput.OnKey(key);
-  state_.powerControl->Update();
+  state_.Refresh(part::kPower);
 }
 
 void ChartWindow::OnKeyUp(int key) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   state_.chartInput.OnKeyUp(key);
-  state_.ctrls->ShowModeDescription();
+  state_.Refresh(part::kDescription);
 }
 
 void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   if (!leftButton && state_.chartInput.IsHolding()) OnLeftUp(x, y);
   state_.renderer->MouseMoved(x, y);
   state_.chartInput.OnMouseMove(x, y);
@@ -187,12 +197,12 @@ void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton) {
 }
 
 void ChartWindow::OnLeftDown(std::int32_t x, std::int32_t y) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   state_.chartInput.OnLeftDown(x, y);
 }
 
 void ChartWindow::OnLeftUp(std::int32_t, std::int32_t) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   state_.chartInput.OnLeftUp();
   ShowChange();
 }
@@ -204,26 +214,25 @@ void ChartWindow::OnCaptureLost() {
 }
 
 void ChartWindow::ShowChange() {
-  state_.powerControl->Update();
-  state_.ctrls->ShowModeDescription();
+  state_.Refresh(part::kPower | part::kDescription);
 }
 
 void ChartWindow::OnRightDown(std::int32_t x, std::int32_t y) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   state_.chartInput.OnRightDown(x, y);
 }
 
 void ChartWindow::OnRightUp(std::int32_t x, std::int32_t y) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   state_.chartInput.OnRightUp(x, y);
 }
 
 void ChartWindow::OnWheel(std::int32_t x, std::int32_t y, int delta, bool shift, bool ctrl,
                           bool otherButtons) {
-  state_.idleTimer.Restart(0.0);
+  Touch();
   switch (state_.chartInput.OnWheel(x, y, delta, {shift, ctrl, otherButtons})) {
     case WheelUse::View:
-      return state_.viewControl->OnViewTurned();
+      return state_.Refresh(part::kScrollBar | part::kPlaces | part::kZoomSlider | part::kChart);
     case WheelUse::Power:
       return state_.powerControl->OnWheel(delta);
     case WheelUse::Nothing:

@@ -37,9 +37,11 @@ class MainWindow {
   Outcome OnClose();
   /// Files were dropped on the window or one of its children.
   void OnDrop(const std::vector<std::filesystem::path>& files);
-  /// A menu item or accelerator (code 0 or kFromKey), or a control with its notification. The shell sends on
-  /// every accelerator, whatever its menu item looks like: which ones act is decided here.
+  /// A menu item (code 0), or a control with its notification.
   Outcome OnCommand(int id, int code);
+  /// One of the keys of AcceleratorTable(). The shell tells of every press, a repeated one of a held key too,
+  /// and whatever the menu item looks like: which ones act is decided here.
+  void OnAccelerator(int command);
   Outcome OnTimer(int id);
   /// From a scroll bar or slider. `position` is that of the event, of use only for scroll::kThumbMoving.
   Outcome OnHorizontalScroll(Control sender, int code, int position);
@@ -55,6 +57,7 @@ class MainWindow {
   Outcome OnEvent(std::uint32_t event, std::uintptr_t first, std::intptr_t second);
 
  private:
+  void Touch();
   void UpdateLayout();
   void ShowDemoAtRest();
   /// The key is one of the chart's, and there is a step for it.
@@ -88,6 +91,8 @@ class ChartWindow {
   void OnWheel(std::int32_t x, std::int32_t y, int delta, bool shift, bool ctrl, bool otherButtons);
 
  private:
+  /// The user touches the chart: it is drawn for a while.
+  void Touch();
   void ShowChange();
 
   AppState& state_;

@@ -1,34 +1,17 @@
 #include "app/menu_bar.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <iterator>
 #include <span>
 #include <string>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/message.h"
-#include "program/channel_edit.h"
 
 namespace app {
 
 namespace {
-
-// What a demo must not have changed under it, or what cannot be done while the worker plays it.
-constexpr int kIdleCommands[] = {
-    command::kNewProgram, command::kLoadProgram, command::kUndo,          command::kRedo,
-    command::kSyncTime,   command::kSetTime,     command::kUploadProgram, command::kClearAll,
-    command::kSpeedFast,  command::kSpeedNormal, command::kSpeedSlow,     command::kSpeedCustom,
-    command::kPlayDemo,   command::kScanWifi,    command::kSetupWifi,
-};
-// What there must be a selected step for.
-constexpr int kStepCommands[] = {command::kToggleJump, command::kDeleteStep};
-constexpr int kIdlePopups[] = {menu::kChannel, menu::kMode};
-
-bool Contains(std::span<const int> commands, int command) {
-  return std::find(commands.begin(), commands.end(), command) != commands.end();
-}
 
 std::u16string MenuText(std::string_view key, std::string_view suffix = {}) {
   return WideFromUtf8(Translate(key).append(suffix));
@@ -49,15 +32,18 @@ void ApplyEntries(MenuPort& port, std::span<const MenuEntry> entries, int bar) {
 
 }  // namespace
 
-MenuBar::MenuBar(const Shell& shell, const TCBase::Program::StepSelection& selection)
-    : menu_(shell.menu),
+MenuBar::MenuBar(const Shell& shell, std::span<const Command> commands,
+                 const TCBase::Program::StepSelection& selection)
+    : commands_(commands),
+      menus_(BuildMenus(commands)),
+      menu_(shell.menu),
       settings_(shell.settings),
       selection_(selection),
       translations_(shell.translations) {}
 
 void MenuBar::ApplyTexts() {
   int position = 0;
-  for (const MenuPopup& popup : MenuTable()) {
+  for (const MenuPopup& popup : menus_) {
     menu_.SetPopupText(position, MenuText(popup.text), -1);
     ApplyEntries(menu_, popup.entries, position);
     ++position;
@@ -100,22 +86,18 @@ void MenuBar::MarkLanguageMenu() {
 }
 
 void MenuBar::Refresh(std::int32_t demoPosition, bool loggingOn) {
-  const bool idle = demoPosition < 0;
-  for (const int number : kIdleCommands) menu_.SetEnabled(number, idle);
-  for (const int position : kIdlePopups) menu_.SetPopupEnabled(position, idle);
-  menu_.SetEnabled(command::kStopDemo, !idle);
-
-  const bool hasStep = SelectedStep(selection_) != nullptr;
-  for (const int number : kStepCommands) menu_.SetEnabled(number, hasStep);
-
+  const bool demoRuns = demoPosition >= 0;
+  for (const Command& command : commands_) {
+    if (command.menu != menu::kNone) {
+      menu_.SetEnabled(command.number, IsEnabled(command, demoRuns, selection_));
+    }
+  }
+  for (int position = 0; position < static_cast<int>(menus_.size()); ++position) {
+    menu_.SetPopupEnabled(position, IsMenuEnabled(position, demoRuns));
+  }
   MarkLogging(loggingOn);
   MarkDemoSpeed();
   MarkLanguageMenu();
-}
-
-bool MenuBar::TakesKey(int command, std::int32_t demoPosition) const {
-  if (Contains(kStepCommands, command)) return SelectedStep(selection_) != nullptr;
-  return demoPosition < 0 || !Contains(kIdleCommands, command);
 }
 
 void MenuBar::RefreshNow(std::int32_t demoPosition, bool loggingOn) {
@@ -130,14 +112,9 @@ void MenuBar::MarkLogging(bool on) {
 void MenuBar::MarkDemoSpeed() {
   const std::int32_t speed = settings_.DemoSpeed();
   menu_.SetItemText(command::kSpeedCustom, Message("Custom...", speed).ToWide());
-  const int marked = speed == 60    ? command::kSpeedFast
-                     : speed == 180 ? command::kSpeedNormal
-                     : speed == 300 ? command::kSpeedSlow
-                                    : command::kSpeedCustom;
-  for (const int number :
-       {command::kSpeedFast, command::kSpeedNormal, command::kSpeedSlow, command::kSpeedCustom}) {
-    menu_.SetChecked(number, number == marked);
-  }
+  const DemoSpeed* const marked = std::ranges::find(kDemoSpeeds, speed, &DemoSpeed::seconds);
+  for (const DemoSpeed& choice : kDemoSpeeds) menu_.SetChecked(choice.command, &choice == marked);
+  menu_.SetChecked(command::kSpeedCustom, marked == std::end(kDemoSpeeds));
 }
 
 }  // namespace app

@@ -4,7 +4,10 @@
 // User interface thread.
 
 #include <cstdint>
+#include <span>
+#include <vector>
 
+#include "app/command.h"
 #include "app/ports.h"
 #include "program/program.h"
 
@@ -12,8 +15,9 @@ namespace app {
 
 class MenuBar {
  public:
-  /// Both outlive the menu bar.
-  MenuBar(const Shell& shell, const TCBase::Program::StepSelection& selection);
+  /// All of these outlive the menu bar.
+  MenuBar(const Shell& shell, std::span<const Command> commands,
+          const TCBase::Program::StepSelection& selection);
 
   /// Writes all texts in the language in use, makes an item for each language that has none yet, and marks
   /// the one in use. At start-up and after a change of language.
@@ -26,10 +30,6 @@ class MenuBar {
 
   void MarkLogging(bool on);
 
-  /// Whether a command's accelerator key acts. As its menu item, but for the menus of the bar that are greyed
-  /// as a whole during a demo: keys change the document then, too.
-  bool TakesKey(int command, std::int32_t demoPosition) const;
-
  private:
   /// Calls `action` with the command number of each language besides English, and the language.
   template <class Action>
@@ -38,6 +38,8 @@ class MenuBar {
   void MarkLanguageMenu();
   void MarkDemoSpeed();
 
+  const std::span<const Command> commands_;
+  const std::vector<MenuPopup> menus_;
   MenuPort& menu_;
   Settings& settings_;
   const TCBase::Program::StepSelection& selection_;

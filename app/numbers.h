@@ -82,8 +82,13 @@ inline constexpr int kRandomMode = 32928;
 inline constexpr int kMergeTranslations = 32947;
 }  // namespace command
 
-/// The code of a command that an accelerator key gave; 0 is that of a menu item.
-inline constexpr int kFromKey = 1;
+/// How long the commands for it let a demo of a day take; any other time is kSpeedCustom.
+struct DemoSpeed {
+  int command;
+  std::int32_t seconds;
+};
+inline constexpr DemoSpeed kDemoSpeeds[] = {
+    {command::kSpeedFast, 60}, {command::kSpeedNormal, 180}, {command::kSpeedSlow, 300}};
 
 /// What a list says of itself in its command event.
 inline constexpr int kListSelectionChanged = 1;

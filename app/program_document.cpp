@@ -23,17 +23,14 @@ constexpr char kProgramName[] = "Lumarine";
 }  // namespace
 
 ProgramDocument::ProgramDocument(const Shell& shell, TCBase::Program::ModeListView& program,
-                                 UndoStack& undoStack, const TCBase::DemoState& demo, Ctrls& ctrls,
-                                 ChannelPowerControl& powerControl, ChartInput& chartInput,
-                                 SavedBaseline& savedProgram)
+                                 UndoStack& undoStack, const TCBase::DemoState& demo,
+                                 SavedBaseline& savedProgram, Refresh refresh)
     : shell_(shell),
       program_(program),
       undoStack_(undoStack),
       demo_(demo),
-      ctrls_(ctrls),
-      powerControl_(powerControl),
-      chartInput_(chartInput),
       savedProgram_(savedProgram),
+      refresh_(std::move(refresh)),
       recoveryCopies_(shell.recoveryFolder) {}
 
 bool ProgramDocument::AskToSave() {
@@ -170,10 +167,13 @@ bool ProgramDocument::MayBeLost() const {
 
 void ProgramDocument::SetPath(const std::filesystem::path& path) {
   path_ = path;
-  const std::string utf8 = Utf8FromPath(path);
-  const std::string shown = path.empty() ? Translate("New program") : utf8;
+  refresh_(part::kTitle);
+  shell_.settings.SetValue("last_open_file", Utf8FromPath(path));
+}
+
+void ProgramDocument::ShowTitle() {
+  const std::string shown = path_.empty() ? Translate("New program") : Utf8FromPath(path_);
   shell_.mainWindow.SetTitle(WideFromUtf8(std::string(kProgramName) + " - " + shown));
-  shell_.settings.SetValue("last_open_file", utf8);
 }
 
 void ProgramDocument::AfterLoad() {
@@ -183,9 +183,8 @@ void ProgramDocument::AfterLoad() {
   recoveryCopies_.OnReplaced();
   unsaved_.reset();
   program_.currentMode = 0;
-  ctrls_.ShowProgram();
-  powerControl_.Update();
-  chartInput_.InvalidateChart();
+  refresh_(part::kModeList | part::kScrollBar | part::kZoomSlider | part::kReadOuts | part::kPower |
+           part::kChart);
 }
 
 void ProgramDocument::SyncBaseline() {

@@ -8,11 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "app/channel_power.h"
-#include "app/chart_input.h"
-#include "app/ctrls.h"
 #include "app/ports.h"
 #include "app/recovery_copies.h"
+#include "app/refresh.h"
 #include "app/saved_baseline.h"
 #include "app/undo_stack.h"
 #include "program/demo_state.h"
@@ -24,8 +22,7 @@ class ProgramDocument {
  public:
   /// All of these outlive the document.
   ProgramDocument(const Shell& shell, TCBase::Program::ModeListView& program, UndoStack& undoStack,
-                  const TCBase::DemoState& demo, Ctrls& ctrls, ChannelPowerControl& powerControl,
-                  ChartInput& chartInput, SavedBaseline& savedProgram);
+                  const TCBase::DemoState& demo, SavedBaseline& savedProgram, Refresh refresh);
 
   /// Asks whether to save, and saves, if the program is modified or a save of it failed and there is no copy.
   /// False if it must not be given up: the user cancelled, or saving failed.
@@ -59,6 +56,8 @@ class ProgramDocument {
   /// Makes a file, or none if the path is empty, the current one: in the window's title and for the next
   /// start.
   void SetPath(const std::filesystem::path& path);
+  /// The current file in the window's title, in the language in use.
+  void ShowTitle();
   /// After the document was replaced: no history nor anything that waits to enter it, the first mode,
   /// controls and chart anew. A selection stays; its users check it.
   void AfterLoad();
@@ -78,10 +77,8 @@ class ProgramDocument {
   TCBase::Program::ModeListView& program_;
   UndoStack& undoStack_;
   const TCBase::DemoState& demo_;
-  Ctrls& ctrls_;
-  ChannelPowerControl& powerControl_;
-  ChartInput& chartInput_;
   SavedBaseline& savedProgram_;
+  const Refresh refresh_;
   RecoveryCopies recoveryCopies_;
   std::filesystem::path path_;  // empty for a program without a file
   // Once a save has failed, where its copy is; an empty path if none could be kept.

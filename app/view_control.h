@@ -1,44 +1,33 @@
 #pragma once
 
-// The stretch of the day that the chart shows, as the scroll bar, the zoom slider and the keys change it.
-// User interface thread.
+// The stretch of the day that the chart shows, as the scroll bar and the zoom slider change it. User
+// interface thread.
 
-#include <cstdint>
+#include <utility>
 
-#include "app/chart_input.h"
-#include "app/ctrls.h"
 #include "app/ports.h"
-#include "chart/renderer_base.h"
+#include "app/refresh.h"
+#include "app/slider.h"
 #include "program/program.h"
 
 namespace app {
 
 class ViewControl {
  public:
-  ViewControl(const Shell& shell, TCBase::Program::ModeListView& program, Ctrls& ctrls,
-              ChartInput& chartInput, UX::RendererBase& renderer);
+  /// All of these outlive the control.
+  ViewControl(ControlsPort& controls, TCBase::Program::ModeListView& program, Slider& zoomSlider,
+              Refresh refresh)
+      : controls_(controls), program_(program), zoomSlider_(zoomSlider), refresh_(std::move(refresh)) {}
 
   // Scroll events; codes of numbers.h.
   void OnScrollBar(int code, int position);
   void OnZoomSlider(int code, int position);
 
-  /// The wheel has changed the view.
-  void OnViewTurned();
-
-  // Commands.
-  void ZoomIn();
-  void ZoomOut();
-  void ShowHours(float hours);
-  void Pan(std::int32_t seconds);
-
  private:
-  void RefreshView();
-
-  const Shell& shell_;
+  ControlsPort& controls_;
   TCBase::Program::ModeListView& program_;
-  Ctrls& ctrls_;
-  ChartInput& chartInput_;
-  UX::RendererBase& renderer_;
+  Slider& zoomSlider_;
+  const Refresh refresh_;
 };
 
 }  // namespace app

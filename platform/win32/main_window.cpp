@@ -19,6 +19,9 @@ namespace win32 {
 
 namespace {
 
+/// What WM_COMMAND has for its code when TranslateAccelerator sends it, and no control.
+constexpr WORD kFromAccelerator = 1;
+
 LRESULT Finish(app::Outcome outcome, const Event& event) {
   return outcome == app::Outcome::Done ? 0 : event.Default();
 }
@@ -191,6 +194,11 @@ LRESULT MainWindow::OnGetMinMaxInfo(const Event& event) {
 }
 
 LRESULT MainWindow::OnCommand(const Event& event) {
+  if (const bool fromNoControl = event.second == 0;
+      fromNoControl && HIWORD(event.first) == kFromAccelerator) {
+    logic_->OnAccelerator(LOWORD(event.first));
+    return 0;
+  }
   return Finish(logic_->OnCommand(LOWORD(event.first), HIWORD(event.first)), event);
 }
 

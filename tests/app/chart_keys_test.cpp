@@ -138,9 +138,9 @@ TEST_F(ChartKeys, ADeletedStepIsPaintedAway) {
 
 TEST_F(ChartKeys, AHeldDeleteIsOneUndo) {
   GivenStepSelected("08:00 0, 12:00 50, 16:00 20, 20:00 0", 1);
-  user.GetDesktop().application->mainWindow.OnCommand(command::kDeleteStep, app::kFromKey);
+  user.GetDesktop().application->mainWindow.OnAccelerator(command::kDeleteStep);
   GivenSelection(0, 1);
-  user.GetDesktop().application->mainWindow.OnCommand(command::kDeleteStep, app::kFromKey);
+  user.GetDesktop().application->mainWindow.OnAccelerator(command::kDeleteStep);
   EXPECT_EQ(UndoDepth(), 0) << "the key is down";
   Chart().OnKeyUp(key::kDelete);
   EXPECT_EQ(UndoDepth(), 1);

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "app/menu_table.h"
+#include "app/commands.h"
 #include "app/numbers.h"
 #include "tests/app/chart_test.h"
 #include "tests/support/virtual_clock.h"

@@ -5,10 +5,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "app/menu_table.h"
 #include "program/builtin_modes.h"
 #include "program/channel_edit.h"
 #include "program/optimize.h"
@@ -55,18 +56,12 @@ TEST_F(Commands, WhatIsUnknownDoesNothing) {
   EXPECT_THAT(user.Questions(), IsEmpty());
 }
 
-void CollectCommands(std::span<const app::MenuEntry> entries, std::vector<int>& commands) {
-  for (const app::MenuEntry& entry : entries) {
-    if (entry.kind == app::MenuEntry::Kind::Command) commands.push_back(entry.command);
-    CollectCommands(entry.entries, commands);
+TEST_F(Commands, EachRowHasItsHandlerAndANumberOfItsOwn) {
+  std::set<std::pair<int, int>> numbers;
+  for (const app::Command& row : app::CommandTable()) {
+    EXPECT_NE(row.handler, nullptr) << row.number;
+    EXPECT_TRUE(numbers.emplace(row.number, row.code).second) << row.number;
   }
-}
-
-TEST_F(Commands, EveryMenuItemAndKeyIsServed) {
-  std::vector<int> commands;
-  for (const app::MenuPopup& popup : app::MenuTable()) CollectCommands(popup.entries, commands);
-  for (const app::Accelerator& row : app::AcceleratorTable()) commands.push_back(row.command);
-  for (const int number : commands) EXPECT_TRUE(app::Commands::IsServed(number)) << number;
 }
 
 struct Row {

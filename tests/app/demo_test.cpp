@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-#include "app/demo_control.h"
+#include "app/handlers/demo_control.h"
 #include "common/truncate.h"
 #include "program/demo_state.h"
 #include "program/view.h"

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "app/demo_control.h"
-#include "app/device_log.h"
-#include "app/upload_check.h"
+#include "app/handlers/demo_control.h"
+#include "app/handlers/device_log.h"
+#include "app/handlers/upload_check.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "dialogs/dialog.h"

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/menu_table.h"
+#include "app/commands.h"
 #include "app/numbers.h"
 #include "common/xml_file.h"
 #include "dialogs/dialog.h"

@@ -11,7 +11,7 @@
 #include <commctrl.h>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/menu_table.h"
+#include "app/commands.h"
 #include "app/numbers.h"
 #include "common/files.h"
 #include "tests/desktop/dialog_user.h"

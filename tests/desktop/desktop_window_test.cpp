@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "app/menu_table.h"
+#include "app/commands.h"
 #include "app/numbers.h"
 #include "common/files.h"
 #include "tests/desktop/desktop_driver.h"

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "OvkLib/src/ovk_xml.h"
-#include "app/menu_table.h"
+#include "app/commands.h"
 #include "app/numbers.h"
 #include "common/files.h"
 #include "common/xml_file.h"

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "app/menu_table.h"
+#include "app/commands.h"
 #include "localisation/translation_store.h"
 #include "tests/desktop/program_resources.h"
 #include "tests/support/files.h"
@@ -97,23 +97,39 @@ TEST_F(Resources, MenuIsTheApplicationsTable) {
   DestroyMenu(bar);
 }
 
-TEST_F(Resources, AcceleratorsAreTheApplicationsTable) {
+/// "alt 47 104" and so on, as the program has it.
+std::string Told(const ACCEL& row) {
+  EXPECT_EQ(row.fVirt & (FCONTROL | FSHIFT), 0);
+  const char* const kind = (row.fVirt & FVIRTKEY) != 0 ? "key " : (row.fVirt & FALT) != 0 ? "alt " : "char ";
+  return kind + std::to_string(row.key) + " " + std::to_string(row.cmd);
+}
+
+/// The same of a command's key.
+std::string Told(const app::Accelerator& row) {
+  using Kind = app::KeyStroke::Kind;
+  const auto& [stroke, command] = row;
+  // Ctrl makes the first control character of A.
+  const int key = stroke.kind == Kind::CtrlLetter ? stroke.key - 'A' + 1 : stroke.key;
+  const char* const kind = stroke.kind == Kind::Key            ? "key "
+                           : stroke.kind == Kind::AltCharacter ? "alt "
+                                                               : "char ";
+  return kind + std::to_string(key) + " " + std::to_string(command);
+}
+
+TEST_F(Resources, AcceleratorsAreTheKeysOfTheCommandsInTheirOwnOrder) {
   const HACCEL table = LoadAcceleratorsW(program_, MAKEINTRESOURCEW(resource::kAccelerators));
   ASSERT_NE(table, nullptr);
   std::array<ACCEL, 100> rows{};
   const int count = CopyAcceleratorTableW(table, rows.data(), static_cast<int>(rows.size()));
-  ASSERT_EQ(count, static_cast<int>(app::AcceleratorTable().size()));
-  int index = 0;
-  for (const app::Accelerator& expected : app::AcceleratorTable()) {
-    const ACCEL& row = rows[static_cast<std::size_t>(index++)];
-    SCOPED_TRACE(index);
-    using Kind = app::Accelerator::Kind;
-    EXPECT_EQ(row.cmd, expected.command);
-    EXPECT_EQ(row.key, expected.key);
-    EXPECT_EQ((row.fVirt & FVIRTKEY) != 0, expected.kind == Kind::VirtualKey);
-    EXPECT_EQ((row.fVirt & FALT) != 0, expected.kind == Kind::AltCharacter);
-    EXPECT_EQ(row.fVirt & (FCONTROL | FSHIFT), 0);
-  }
+  std::vector<std::string> keys;
+  for (int i = 0; i < count; ++i) keys.push_back(Told(rows[static_cast<std::size_t>(i)]));
+  EXPECT_THAT(keys, testing::ElementsAre("alt 47 104", "alt 63 104", "char 25 32786", "char 26 32785",
+                                         "key 107 32921", "key 109 32922", "key 106 32923", "key 33 32924",
+                                         "key 34 32925", "key 36 32926", "key 35 32927", "key 46 32930",
+                                         "key 8 32930"));
+  std::vector<std::string> expected;
+  for (const app::Accelerator& row : app::AcceleratorTable()) expected.push_back(Told(row));
+  EXPECT_THAT(keys, testing::UnorderedElementsAreArray(expected));
 }
 
 TEST_F(Resources, NamesOfTheWindowAndItsClass) {

@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/commands.h"
 #include "app/control_table.h"
-#include "app/menu_table.h"
 #include "app/numbers.h"
 #include "common/files.h"
 #include "common/message.h"

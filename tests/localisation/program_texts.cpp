@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <span>
 
+#include "app/commands.h"
 #include "app/control_table.h"
-#include "app/menu_table.h"
 #include "dialogs/dialog_template.h"
 
 namespace program_texts {

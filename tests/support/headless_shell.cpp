@@ -38,14 +38,14 @@ bool Queue::Take() {
 }
 
 bool Queue::OfferToAccelerators() {
-  using Kind = app::Accelerator::Kind;
-  for (const app::Accelerator& row : app::AcceleratorTable()) {
-    const bool isKey =
-        row.kind == Kind::VirtualKey && current_.kind == Event::Kind::KeyDown && !current_.ctrl;
-    const bool isCharacter = row.kind == Kind::Character && current_.kind == Event::Kind::Character;
-    const bool isAltCharacter = row.kind == Kind::AltCharacter && current_.kind == Event::Kind::AltCharacter;
-    if ((!isKey && !isCharacter && !isAltCharacter) || row.key != current_.key) continue;
-    onAccelerator(row.command);
+  using Kind = app::KeyStroke::Kind;
+  for (const auto& [stroke, command] : accelerators_) {
+    const bool isKey = stroke.kind == Kind::Key && current_.kind == Event::Kind::KeyDown && !current_.ctrl;
+    const bool isCharacter = stroke.kind == Kind::CtrlLetter && current_.kind == Event::Kind::Character;
+    const bool isAltCharacter =
+        stroke.kind == Kind::AltCharacter && current_.kind == Event::Kind::AltCharacter;
+    if ((!isKey && !isCharacter && !isAltCharacter) || stroke.key != current_.key) continue;
+    onAccelerator(command);
     return true;
   }
   return false;
@@ -55,7 +55,7 @@ void Queue::Dispatch() {
   // A copy: delivering may turn the loop and so take the next event.
   const Event event = current_;
   if (event.kind == Event::Kind::KeyDown && event.ctrl && event.key >= 'A' && event.key <= 'Z') {
-    PushFront({Event::Kind::Character, event.key - 'A' + 1, false, nullptr});
+    PushFront({Event::Kind::Character, event.key, false, nullptr});
   }
   if (event.deliver) event.deliver();
 }
@@ -332,7 +332,7 @@ Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile,
   queue.whenEmpty = [this] { return NextTimerOrPaint(); };
   // As the platform does it: while the mouse is captured the key is lost.
   queue.onAccelerator = [this](int command) {
-    if (!chart.captured) application->mainWindow.OnCommand(command, app::kFromKey);
+    if (!chart.captured) application->mainWindow.OnAccelerator(command);
   };
   chart.onCaptureLost = [this] { application->chartWindow.OnCaptureLost(); };
   dialogs.meanwhile = [this] { DeliverPosted(); };

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "app/application.h"
-#include "app/menu_table.h"
+#include "app/commands.h"
 #include "app/ports.h"
 #include "chart/renderer_base.h"
 #include "tests/support/headless_dialogs.h"
@@ -59,6 +59,7 @@ class Queue final : public app::EventSource {
   std::deque<Event> events_;  // guarded by mutex_
 
   Event current_;
+  const std::vector<app::Accelerator> accelerators_ = app::AcceleratorTable();
 };
 
 struct ControlState {

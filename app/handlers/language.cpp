@@ -1,4 +1,4 @@
-#include "app/language.h"
+#include "app/handlers/language.h"
 
 #include <cstdint>
 #include <string>
@@ -11,9 +11,7 @@ namespace app {
 void ApplyLanguage(AppState& state, const Shell& shell, std::string_view id) {
   shell.translations.SetLanguage(id);
   state.menuBar->ApplyTexts();
-  state.renderer->Rebuild();  // names are drawn into pictures
-  state.chartInput.InvalidateChart();
-  state.ctrls->FillModeList();
+  state.Refresh(part::kRenderer | part::kChart | part::kModeList);
   state.ctrls->TranslateLabels();
   state.ctrls->ShowDemoStatus(state.demoState);
 }

@@ -1,4 +1,4 @@
-#include "app/upload_check.h"
+#include "app/handlers/upload_check.h"
 
 #include <algorithm>
 

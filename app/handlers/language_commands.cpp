@@ -1,4 +1,4 @@
-// Commands of the Language menu, and the translators' tools of the Help menu.
+#include "app/handlers/language_commands.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/commands.h"
-#include "app/language.h"
+#include "app/handlers/language.h"
 #include "app/name_dialog.h"
 #include "app/numbers.h"
 #include "app/save_question.h"
@@ -65,82 +64,90 @@ void SaveMerged(const std::filesystem::path& path, ovk::xml::element& merged) {
   if (ovk::xml::save(path, merged)) LogStatus(Message("Translation merge success: {1}.", path));
 }
 
+/// Asks for a translators' file and adds it as a language. False, if nothing was loaded; the user has been
+/// told unless it was he who cancelled.
+bool LoadTranslationWithDialog(const Shell& shell, std::string_view id, std::string_view name) {
+  const std::vector<std::filesystem::path> files = shell.questions.AskOpenFiles(kXmlFilter, false);
+  if (files.empty()) return false;
+  const std::filesystem::path& path = files.front();
+  if (shell.translations.LoadTranslationFile(path, id, name)) {
+    LogStatus(Message("Translation file {1} loaded successfully!", path));
+    return true;
+  }
+  shell.questions.Ask({Message("Invalid Translation File").ToWide(),
+                       Message("Error loading the XML translation file!\r\n{1}\r\n\r\n"
+                               "This is most probably caused by invalid XML.\r\n"
+                               "Please try to open your XML file in your web browser to see the parsing "
+                               "error location.",
+                               path)
+                           .ToWide(),
+                       Buttons::Ok, Icon::Error});
+  return false;
+}
+
 }  // namespace
 
-void Commands::OnLanguageCommand(int number) {
+Changed ChooseLanguage(CommandContext& context) {
+  const Shell& shell = context.shell;
   std::string id(TranslationStore::kEnglish);
-  if (number != command::kEnglish) {
-    const auto& languages = shell_.translations.GetLanguages().children;
-    const std::int32_t index = number - command::kFirstLanguage;
-    if (index >= languages.count()) return;
+  if (context.number != command::kEnglish) {
+    const auto& languages = shell.translations.GetLanguages().children;
+    const std::int32_t index = context.number - command::kFirstLanguage;
+    if (index >= languages.count()) return Changed::No;
     const std::int32_t attribute = languages[index]->find_attribute("id");
     if (attribute >= 0) id = languages[index]->attributes[attribute].value.view();
   }
-  shell_.settings.SetValue("locale", id);
-  ApplyLanguage(state_, shell_, id);
-  AnnounceLanguage(shell_.translations);
+  shell.settings.SetValue("locale", id);
+  ApplyLanguage(context.state, shell, id);
+  AnnounceLanguage(shell.translations);
+  return Changed::No;
 }
 
-void Commands::OnExportTranslation(int) {
+Changed ExportTranslation(CommandContext& context) {
+  const Shell& shell = context.shell;
   // Named by the setting, and filled with the language in use, which may be the one that is tried out.
-  std::filesystem::path path = PathFromUtf8("LumarineStrings_" + shell_.settings.GetValue("locale") + ".XML");
-  if (!AskWhereToSave(shell_.questions, kXmlFilter, path)) return;
-  const bool exported = shell_.translations.ExportTranslationFile(path);
+  std::filesystem::path path = PathFromUtf8("LumarineStrings_" + shell.settings.GetValue("locale") + ".XML");
+  if (!AskWhereToSave(shell.questions, kXmlFilter, path)) return Changed::No;
+  const bool exported = shell.translations.ExportTranslationFile(path);
   LogStatus(Message(
       exported ? "Localization file {1} exported successfully!" : "Error exporting localization file {1}!",
       path));
+  return Changed::No;
 }
 
-void Commands::OnTestTranslation(int) {
-  LoadTranslationWithDialog(kTestId, kTestName);
-  // Also when nothing was loaded: an earlier test is gone back to. The setting keeps the user's language.
-  ApplyLanguage(state_, shell_, kTestId);
+Changed TestTranslation(CommandContext& context) {
+  LoadTranslationWithDialog(context.shell, kTestId, kTestName);
+  // Also when nothing was loaded: an earlier test is gone back to.
+  ApplyLanguage(context.state, context.shell, kTestId);
+  return Changed::No;
 }
 
-// No menu item: for those who build the program.
-void Commands::OnMergeTranslation(int) {
+Changed MergeTranslation(CommandContext& context) {
+  const Shell& shell = context.shell;
   const std::string id =
-      AskText(shell_.dialogs, kIdLength, u"Language ID", u"Enter language ID (en, fr, sk, etc...)");
-  if (id.empty()) return;
+      AskText(shell.dialogs, kIdLength, u"Language ID", u"Enter language ID (en, fr, sk, etc...)");
+  if (id.empty()) return Changed::No;
   if (!CanBeLanguageId(id)) {
-    shell_.questions.Ask(
+    shell.questions.Ask(
         {Message("Invalid value").ToWide(),
          Message("\"{1}\" cannot be the ID of a language. An ID begins with a letter, has only "
                  "letters and digits, and is not \"en\": English is built in.",
                  id)
              .ToWide(),
          Buttons::Ok, Icon::Error});
-    return;
+    return Changed::No;
   }
-  const std::string name = AskText(shell_.dialogs, kNameLength, u"Language name", u"Enter language name");
-  if (name.empty() || !LoadTranslationWithDialog(id, name)) return;
+  const std::string name = AskText(shell.dialogs, kNameLength, u"Language name", u"Enter language name");
+  if (name.empty() || !LoadTranslationWithDialog(shell, id, name)) return Changed::No;
   std::filesystem::path path = "LumarineStrings_merged.xml";
-  if (!AskWhereToSave(shell_.questions, kXmlFilter, path)) return;
-  TranslationStore::Documents merged = shell_.translations.CopyDocuments();
+  if (!AskWhereToSave(shell.questions, kXmlFilter, path)) return Changed::No;
+  TranslationStore::Documents merged = shell.translations.CopyDocuments();
   const bool hasMore = merged.more.child("strings").children.count() > 0;
   const std::filesystem::path second = SecondFileBeside(path);
-  if (hasMore && !AskToReplace(shell_.questions, second)) return;
+  if (hasMore && !AskToReplace(shell.questions, second)) return Changed::No;
   SaveMerged(path, merged.document);
   if (hasMore) SaveMerged(second, merged.more);
-}
-
-bool Commands::LoadTranslationWithDialog(std::string_view id, std::string_view name) {
-  const std::vector<std::filesystem::path> files = shell_.questions.AskOpenFiles(kXmlFilter, false);
-  if (files.empty()) return false;
-  const std::filesystem::path& path = files.front();
-  if (shell_.translations.LoadTranslationFile(path, id, name)) {
-    LogStatus(Message("Translation file {1} loaded successfully!", path));
-    return true;
-  }
-  shell_.questions.Ask({Message("Invalid Translation File").ToWide(),
-                        Message("Error loading the XML translation file!\r\n{1}\r\n\r\n"
-                                "This is most probably caused by invalid XML.\r\n"
-                                "Please try to open your XML file in your web browser to see the parsing "
-                                "error location.",
-                                path)
-                            .ToWide(),
-                        Buttons::Ok, Icon::Error});
-  return false;
+  return Changed::No;
 }
 
 }  // namespace app

@@ -1,4 +1,4 @@
-#include "app/demo_control.h"
+#include "app/handlers/demo_control.h"
 
 #include <algorithm>
 

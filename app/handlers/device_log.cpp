@@ -1,4 +1,4 @@
-#include "app/device_log.h"
+#include "app/handlers/device_log.h"
 
 #include "common/files.h"
 #include "common/log.h"

@@ -1,0 +1,57 @@
+#include "app/handlers/file_commands.h"
+
+#include "app/handlers/device_log.h"
+#include "app/handlers/upload_check.h"
+#include "dialogs/dlg_about.h"
+#include "program/steps_text.h"
+
+namespace app {
+
+// The document itself has the window show another program: one can be dropped on the window, too.
+
+Changed NewProgram(CommandContext& context) {
+  context.state.document->NewProgram();
+  return Changed::No;
+}
+
+Changed LoadProgram(CommandContext& context) {
+  context.state.document->Load();
+  return Changed::No;
+}
+
+Changed SaveProgram(CommandContext& context) {
+  context.state.document->Save();
+  return Changed::No;
+}
+
+Changed SaveProgramAs(CommandContext& context) {
+  context.state.document->SaveFileAs();
+  return Changed::No;
+}
+
+Changed ShowProgramInfo(CommandContext& context) {
+  TCBase::Program::LogModeSteps(context.state.program);
+  return Changed::No;
+}
+
+Changed Exit(CommandContext& context) {
+  if (context.state.document->AskToSave()) context.shell.mainWindow.Destroy();
+  return Changed::No;
+}
+
+Changed ToggleLogging(CommandContext& context) {
+  ToggleDeviceLog(context.shell.settings, context.shell.deviceLogFile);
+  return Changed::No;
+}
+
+Changed ShowKnownIssues(CommandContext& context) {
+  context.shell.questions.Ask(KnownIssues(context.state.program));
+  return Changed::No;
+}
+
+Changed ShowAbout(CommandContext& context) {
+  dialogs::DlgAbout(context.shell.dialogs).DoModal();
+  return Changed::No;
+}
+
+}  // namespace app

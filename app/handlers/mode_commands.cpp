@@ -1,0 +1,115 @@
+#include "app/handlers/mode_commands.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/name_dialog.h"
+#include "common/log.h"
+#include "common/message.h"
+#include "dialogs/dlg_mode_name.h"
+#include "program/builtin_modes.h"
+#include "program/mode_commands.h"
+
+namespace app {
+
+using namespace TCBase::Program;
+
+namespace {
+
+dialogs::ModeNameParams ModeDialog(AppState& state, std::string_view title) {
+  return NameDialog(
+      {title, "Mode name (device will display first 7 characters only)", "Mode description", kModeNameLength},
+      DialogPlace(state.chartLayout.DialogAnchorTop()));
+}
+
+void AppendMode(AppState& state, const dialogs::ModeNameParams& params) {
+  state.undoStack.Snapshot();
+  Mode mode;
+  BuildNormalMode(mode);
+  mode.name = Utf8FromWide(params.name);
+  mode.description = Utf8FromWide(params.description);
+  if (params.copyFrom >= 0) {
+    mode.channels = state.program.modes.at(static_cast<std::size_t>(params.copyFrom)).channels;
+    RenumberSteps(mode);
+  }
+  LogStatus(Message("Added new mode: {1}", mode.name));
+  state.program.currentMode = static_cast<std::int32_t>(state.program.modes.size());
+  state.selection.channel = state.selection.step = -1;
+  state.program.modes.push_back(std::move(mode));
+}
+
+}  // namespace
+
+Changed SelectMode(CommandContext& context) {
+  AppState& state = context.state;
+  const std::int32_t index = state.ctrls->SelectedModeIndex();
+  if (index >= 0 && index < static_cast<std::int32_t>(state.program.modes.size())) {
+    state.program.currentMode = index;
+  }
+  state.selection.channel = state.selection.step = -1;
+  const Mode& mode = state.CurrentMode();
+  LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
+  return Changed::Yes;
+}
+
+Changed AddMode(CommandContext& context) {
+  AppState& state = context.state;
+  dialogs::ModeNameParams params = ModeDialog(state, "Add new mode");
+  params.name = SuggestedModeName(state.program);
+  params.copyLabel = Message("Copy data from").ToWide();
+  params.copySource = &state.program;
+  if (dialogs::DlgModeName(context.shell.dialogs, params).DoModal() != dialogs::kOk) return Changed::No;
+  AppendMode(state, params);
+  return Changed::Yes;
+}
+
+Changed EditMode(CommandContext& context) {
+  Mode& mode = context.state.CurrentMode();
+  dialogs::ModeNameParams params = ModeDialog(context.state, "Edit mode");
+  params.name = WideFromUtf8(mode.name);
+  params.description = WideFromUtf8(mode.description);
+  if (dialogs::DlgModeName(context.shell.dialogs, params).DoModal() != dialogs::kOk) return Changed::No;
+  const std::string name = std::exchange(mode.name, Utf8FromWide(params.name));
+  const std::string description = std::exchange(mode.description, Utf8FromWide(params.description));
+  // No undo brings these back.
+  if (mode.name != name) LogStatus(Message("Mode {1} was named {2}", mode.name, name));
+  if (mode.description != description && !description.empty()) {
+    LogStatus(Message("Description of mode {1} was: {2}", mode.name, description));
+  }
+  return Changed::Yes;
+}
+
+Changed DeleteMode(CommandContext& context) {
+  AppState& state = context.state;
+  if (state.program.modes.size() > 1) state.undoStack.Snapshot();
+  const std::string name = state.CurrentMode().name;
+  if (!RemoveCurrentMode(state.program)) return Changed::No;
+  LogStatus(Message("Deleted mode: {1}", name));
+  return Changed::Yes;
+}
+
+Changed OptimizeModeForTC421(CommandContext& context) {
+  OptimizeForTC421(context.state.program);
+  return Changed::Yes;
+}
+
+Changed AddEndpoint(CommandContext& context, std::int32_t second) {
+  UndoStack& undoStack = context.state.undoStack;
+  undoStack.BeginPending();
+  if (!AddEndpointSteps(context.state.program, second)) {
+    undoStack.DropPending();
+    return Changed::No;
+  }
+  undoStack.CommitPending();
+  return Changed::Yes;
+}
+
+Changed Align(CommandContext& context, std::int32_t minutes) {
+  AlignCurrentMode(context.state.program, minutes);
+  return Changed::Yes;
+}
+
+}  // namespace app

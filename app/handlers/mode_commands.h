@@ -1,0 +1,22 @@
+#pragma once
+
+// Handlers of the mode list, its two buttons, and of the Mode menu.
+
+#include <cstdint>
+
+#include "app/handlers/command_context.h"
+
+namespace app {
+
+/// The user has chosen another mode in the list.
+Changed SelectMode(CommandContext& context);
+Changed AddMode(CommandContext& context);
+Changed EditMode(CommandContext& context);
+Changed DeleteMode(CommandContext& context);
+
+Changed OptimizeModeForTC421(CommandContext& context);
+/// At a second of the day.
+Changed AddEndpoint(CommandContext& context, std::int32_t second);
+Changed Align(CommandContext& context, std::int32_t minutes);
+
+}  // namespace app

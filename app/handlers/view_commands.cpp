@@ -1,0 +1,33 @@
+#include "app/handlers/view_commands.h"
+
+#include "program/view.h"
+
+namespace app {
+
+using namespace TCBase::Program;
+
+namespace {
+constexpr float kWholeDayHours = 24.0F;
+}
+
+Changed ZoomIn(CommandContext& context) {
+  ViewZoomIn(context.state.program);
+  return Changed::Yes;
+}
+
+Changed ZoomOut(CommandContext& context) {
+  ViewZoomOut(context.state.program);
+  return Changed::Yes;
+}
+
+Changed ShowWholeDay(CommandContext& context) {
+  SetViewHours(context.state.program, kWholeDayHours);
+  return Changed::Yes;
+}
+
+Changed Pan(CommandContext& context, std::int32_t seconds) {
+  PanView(context.state.program, seconds);
+  return Changed::Yes;
+}
+
+}  // namespace app
