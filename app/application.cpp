@@ -6,7 +6,7 @@
 #include "app/handlers/device_log.h"
 #include "app/handlers/language.h"
 #include "app/main_loop.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"

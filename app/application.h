@@ -11,7 +11,7 @@
 #include "app/app_state.h"
 #include "app/commands.h"
 #include "app/main_window.h"
-#include "app/ports.h"
+#include "app/window/ports.h"
 
 namespace app {
 

@@ -9,7 +9,7 @@
 #include "app/handlers/language_commands.h"
 #include "app/handlers/mode_commands.h"
 #include "app/handlers/view_commands.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "program/endpoint.h"
 
 namespace app {

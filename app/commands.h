@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "app/app_state.h"
-#include "app/command.h"
-#include "app/ports.h"
+#include "app/window/command.h"
+#include "app/window/ports.h"
 
 namespace app {
 

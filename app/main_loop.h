@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "chart/renderer_base.h"
 #include "common/timer.h"
 #include "program/demo_state.h"

@@ -3,7 +3,7 @@
 #include "app/app_state.h"
 #include "app/commands.h"
 #include "app/main_loop.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/log.h"
 #include "program/channel_edit.h"
 

@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "app/control_table.h"
+#include "app/window/control_table.h"
 
 namespace app {
 

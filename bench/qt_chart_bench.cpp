@@ -16,7 +16,7 @@
 #include "chart/chart_layout.h"
 #include "common/platform.h"
 #include "common/truncate.h"
-#include "platform/qt/qt_canvas.h"
+#include "platform/qt/canvas/qt_canvas.h"
 #include "program/demo_state.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "app/undo_stack.h"
+#include "app/document/undo_stack.h"
 #include "program/program.h"
 
 namespace {

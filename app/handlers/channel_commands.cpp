@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/name_dialog.h"
-#include "app/numbers.h"
+#include "app/window/name_dialog.h"
+#include "app/window/numbers.h"
 #include "common/log.h"
 #include "common/message.h"
 #include "dialogs/dlg_add_steps.h"

@@ -1,9 +1,6 @@
 #include "app/handlers/demo_control.h"
 
-#include <algorithm>
-
-#include "OvkLib/src/ovk_format.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/platform.h"
 #include "devices/jobs.h"
 
@@ -31,15 +28,6 @@ void PlayDemo(TCBase::Worker& worker, const TCBase::OperationContext& context,
       worker.AddJob(TCBase::DemoJob(devices, program, seconds, context));
       worker.AddJob([&mainWindow] { NotifyDemoIdle(mainWindow); });
   }
-}
-
-std::string DayTimeText(std::int32_t second) {
-  const std::int32_t shown = std::clamp(second, 0, TCBase::Program::kSecondsPerDay - 1);
-  ovk::format text("{1}:{2}:{3}");
-  text.arg(shown / 3600, 2);
-  text.arg(shown % 3600 / 60, 2);
-  text.arg(shown % 60, 2);
-  return std::string(text.text().view());
 }
 
 }  // namespace app

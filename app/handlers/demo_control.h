@@ -2,8 +2,6 @@
 
 // The window's end of a demo: what Play, Stop and the speed commands ask of the worker.
 
-#include <cstdint>
-#include <string>
 #include <vector>
 
 #include "common/event_target.h"
@@ -23,8 +21,5 @@ void NotifyDemoIdle(EventTarget& mainWindow);
 void PlayDemo(TCBase::Worker& worker, const TCBase::OperationContext& context,
               const std::vector<TCBase::DeviceInfo>& devices, const TCBase::Program::ModeListView& program,
               int seconds, EventTarget& mainWindow);
-
-/// "08:05:00"; seconds off the day count as its first or last.
-std::string DayTimeText(std::int32_t second);
 
 }  // namespace app

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "app/save_question.h"
+#include "app/document/save_question.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "app/app_state.h"
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "localisation/translation_store.h"
 
 namespace app {

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "app/document/save_question.h"
 #include "app/handlers/language.h"
-#include "app/name_dialog.h"
-#include "app/numbers.h"
-#include "app/save_question.h"
+#include "app/window/name_dialog.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/name_dialog.h"
+#include "app/window/name_dialog.h"
 #include "common/log.h"
 #include "common/message.h"
 #include "dialogs/dlg_mode_name.h"

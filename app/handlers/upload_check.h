@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "devices/device_info.h"
 #include "program/program.h"
 

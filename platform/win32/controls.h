@@ -5,7 +5,7 @@
 #include <array>
 #include <optional>
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/chart_window.h"
 #include "platform/win32/default_font.h"
 #include "platform/win32/windows_headers.h"

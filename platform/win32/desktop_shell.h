@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "app/application.h"
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/chart_window.h"
 #include "platform/win32/controls.h"
 #include "platform/win32/dialog_windows.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/windows_headers.h"
 
 namespace win32 {

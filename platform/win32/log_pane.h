@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/controls.h"
 
 namespace win32 {

@@ -10,8 +10,8 @@
 // after windows.h
 #include <shellapi.h>
 
-#include "app/control_table.h"
-#include "app/numbers.h"
+#include "app/window/control_table.h"
+#include "app/window/numbers.h"
 #include "platform/win32/scale.h"
 #include "platform/win32/text.h"
 

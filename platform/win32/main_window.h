@@ -5,7 +5,7 @@
 #include <span>
 
 #include "app/main_window.h"
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/controls.h"
 #include "platform/win32/logo.h"
 #include "platform/win32/window_events.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/windows_headers.h"
 
 namespace win32 {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/controls.h"
 #include "platform/win32/event_queue.h"
 #include "platform/win32/logo.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/control_table.h"
+#include "app/window/control_table.h"
 #include "platform/win32/chart_window.h"
 #include "platform/win32/main_window.h"
 #include "platform/win32/resource_ids.h"

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "program/program.h"
 #include "tests/support/files.h"
 #include "tests/support/headless_user.h"

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "localisation/translation_store.h"
 #include "program/optimize.h"
 #include "tests/app/chart_test.h"

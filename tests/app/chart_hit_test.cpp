@@ -1,6 +1,7 @@
 // Which step lies under the mouse, to the pixel.
 
-#include "app/chart_hit.h"
+#include "app/chart/chart_hit.h"
+#include "app/window/day_time.h"
 
 #include <gtest/gtest.h>
 

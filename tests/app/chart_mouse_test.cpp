@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/commands.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "tests/app/chart_test.h"
 #include "tests/support/virtual_clock.h"
 

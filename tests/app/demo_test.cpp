@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "app/handlers/demo_control.h"
+#include "app/window/day_time.h"
 #include "common/truncate.h"
 #include "program/demo_state.h"
 #include "program/view.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/program_document.h"
+#include "app/document/program_document.h"
 #include "chart/chart_layout.h"
 #include "common/files.h"
 #include "program/builtin_modes.h"

@@ -10,7 +10,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/xml_file.h"
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/recovery_copies.h"
+#include "app/document/recovery_copies.h"
 #include "common/files.h"
 #include "program/program_file.h"
 #include "tests/app/app_test.h"

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "app/undo_stack.h"
+#include "app/document/undo_stack.h"
 #include "tests/app/app_test.h"
 #include "tests/support/heap_count.h"
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "app/commands.h"
-#include "app/control_table.h"
-#include "app/numbers.h"
+#include "app/window/control_table.h"
+#include "app/window/numbers.h"
 
 namespace {
 

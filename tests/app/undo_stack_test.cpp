@@ -1,4 +1,4 @@
-#include "app/undo_stack.h"
+#include "app/document/undo_stack.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

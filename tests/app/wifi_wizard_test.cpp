@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"
 #include "tests/app/app_test.h"

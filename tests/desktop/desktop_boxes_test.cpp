@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
 #include "program/settings.h"

@@ -9,7 +9,7 @@
 #include <memory>
 #include <string>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "chart/chart_layout.h"
 #include "common/truncate.h"
 #include "program/channel_edit.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
 #include "tests/desktop/desktop_driver.h"

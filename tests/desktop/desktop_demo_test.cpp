@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "chart/chart_layout.h"
 #include "common/truncate.h"
 #include "program/builtin_modes.h"

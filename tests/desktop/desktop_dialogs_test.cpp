@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"

@@ -12,7 +12,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "tests/desktop/dialog_user.h"
 #include "tests/desktop/dialogs.h"

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "chart/chart_layout.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"

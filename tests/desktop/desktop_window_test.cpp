@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/commands.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/first_day.h"

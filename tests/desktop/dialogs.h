@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "platform/win32/windows_headers.h"
 
 namespace desktop::dialogs {

@@ -5,7 +5,7 @@
 
 #include <cstdlib>
 
-#include "app/control_table.h"
+#include "app/window/control_table.h"
 #include "chart/bumper.h"
 #include "chart/chart_layout.h"
 #include "program/builtin_modes.h"

@@ -9,7 +9,7 @@
 
 #include "OvkLib/src/ovk_xml.h"
 #include "app/commands.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "common/xml_file.h"
 #include "program/settings.h"

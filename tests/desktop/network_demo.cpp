@@ -8,7 +8,7 @@
 #include <iostream>
 #include <string>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "chart/chart_layout.h"
 #include "common/truncate.h"
 #include "program/builtin_modes.h"

@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "app/control_table.h"
+#include "app/window/control_table.h"
 #include "common/date_time.h"
 #include "tests/desktop/probe.h"
 

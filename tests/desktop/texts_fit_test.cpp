@@ -15,8 +15,8 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/commands.h"
-#include "app/control_table.h"
-#include "app/numbers.h"
+#include "app/window/control_table.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "common/message.h"
 #include "dialogs/dialog.h"

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "chart/chart_layout.h"
 #include "common/files.h"
 #include "program/settings.h"

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "app/commands.h"
-#include "app/control_table.h"
+#include "app/window/control_table.h"
 #include "dialogs/dialog_template.h"
 
 namespace program_texts {
@@ -35,14 +35,14 @@ struct Known {
 constexpr Known kKnown[] = {
     {"app/channel_commands.cpp", "title", "a parameter of TypeSteps"},
     {"app/channel_commands.cpp", "kChannelNameLength", "a number beside the keys"},
-    {"app/ctrls.cpp", "row.text", "the table of the main window"},
+    {"app/window/ctrls.cpp", "row.text", "the table of the main window"},
     {"app/device_commands.cpp", "kDeviceNameLength", "a number beside the keys"},
-    {"app/menu_bar.cpp", "key", "the table of the menus"},
+    {"app/window/menu_bar.cpp", "key", "the table of the menus"},
     {"app/mode_commands.cpp", "title", "a parameter of ModeDialog"},
     {"app/mode_commands.cpp", "kModeNameLength", "a number beside the keys"},
-    {"app/name_dialog.cpp", "texts.title", "a parameter of NameDialog"},
-    {"app/name_dialog.cpp", "texts.nameLabel", "a parameter of NameDialog"},
-    {"app/name_dialog.cpp", "texts.descriptionLabel", "a parameter of NameDialog"},
+    {"app/window/name_dialog.cpp", "texts.title", "a parameter of NameDialog"},
+    {"app/window/name_dialog.cpp", "texts.nameLabel", "a parameter of NameDialog"},
+    {"app/window/name_dialog.cpp", "texts.descriptionLabel", "a parameter of NameDialog"},
     {"common/log.cpp", "key", "a parameter of Hint"},
     {"common/message.cpp", "key", "a parameter of Message or Translate"},
     {"common/message.h", "key", "a parameter of Message"},

@@ -8,7 +8,7 @@
 #include <sstream>
 #include <string>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "tests/support/files.h"
 
 namespace {

@@ -12,7 +12,7 @@
 #include "chart/bumper.h"
 #include "chart/chart_drawing.h"
 #include "chart/chart_layout.h"
-#include "platform/qt/qt_canvas.h"
+#include "platform/qt/canvas/qt_canvas.h"
 #include "program/demo_state.h"
 #include "tests/qt/pictures.h"
 #include "tests/support/virtual_clock.h"

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/qt/picture.h"
+#include "platform/qt/picture/picture.h"
 #include "program/builtin_modes.h"
 #include "program/demo_state.h"
 #include "tests/qt/pictures.h"

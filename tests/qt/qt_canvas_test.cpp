@@ -8,7 +8,7 @@
 #include <cmath>
 #include <vector>
 
-#include "platform/qt/qt_canvas.h"
+#include "platform/qt/canvas/qt_canvas.h"
 #include "tests/qt/pictures.h"
 
 namespace {

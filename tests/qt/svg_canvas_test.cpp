@@ -1,6 +1,6 @@
 // The SVG canvas, seen by another program's eyes: what each operation looks like in a reader of SVG.
 
-#include "platform/qt/svg_canvas.h"
+#include "platform/qt/canvas/svg_canvas.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

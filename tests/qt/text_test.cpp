@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/qt/qt_canvas.h"
+#include "platform/qt/canvas/qt_canvas.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "chart/chart_layout.h"
 #include "common/truncate.h"
 #include "program/builtin_modes.h"

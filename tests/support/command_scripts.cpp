@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "chart/chart_layout.h"
 #include "common/files.h"
 #include "program/align.h"

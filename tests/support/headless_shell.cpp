@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/platform.h"
 #include "tests/support/virtual_clock.h"
 

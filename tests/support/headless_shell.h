@@ -16,7 +16,7 @@
 
 #include "app/application.h"
 #include "app/commands.h"
-#include "app/ports.h"
+#include "app/window/ports.h"
 #include "chart/renderer_base.h"
 #include "tests/support/headless_dialogs.h"
 

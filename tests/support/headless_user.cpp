@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "localisation/translation_store.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/numbers.h"
+#include "app/window/numbers.h"
 #include "common/files.h"
 #include "tests/support/chart_scripts.h"
 #include "tests/support/command_scripts.h"

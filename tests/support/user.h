@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "app/control_table.h"
-#include "app/ports.h"
+#include "app/window/control_table.h"
+#include "app/window/ports.h"
 #include "tests/support/dialog_script.h"
 
 class User {
