@@ -3,8 +3,8 @@
 namespace app {
 
 AppState::AppState(const Shell& shell)
-    : chartInput(
-          {shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout, demoState}),
+    : chartInput({shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout,
+                  demoState, shownHints}),
       renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout, demoState, now})),
       window_(shell.mainWindow) {}
 

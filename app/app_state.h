@@ -20,6 +20,7 @@
 #include "app/window/refresh.h"
 #include "chart/chart_layout.h"
 #include "chart/renderer_base.h"
+#include "common/log.h"
 #include "common/timer.h"
 #include "devices/device_info.h"
 #include "devices/operations.h"
@@ -51,6 +52,7 @@ struct AppState {
   TCBase::Program::StepSelection hoverStep{program};  // under the mouse
   TCBase::Program::StepClipboard stepClipboard;
   UX::ChartLayout chartLayout{now};
+  ShownHints shownHints;
   ChartInput chartInput;
   std::unique_ptr<UX::RendererBase> renderer;
 

@@ -43,14 +43,13 @@ BENCHMARK(TranslateToSpanish)->DenseRange(0, 2);
 
 void MessageOfTwoTexts(benchmark::State& state) {
   const bool english = state.range(0) == 0;
-  TranslationStore& store = TranslationStore::Instance();
-  store.StartWith(kDocument, kMore);
+  TranslationStore store(kDocument, kMore);
+  store.AnswerMessages();
   store.SetLanguage(english ? "en" : "es");
   state.SetLabel(english ? "English" : "Spanish");
   for (auto _ : state) {
     benchmark::DoNotOptimize(Message("Error creating file {1}, error: {2}", "a", "b").utf8().data());
   }
-  store.StartWith("");
 }
 BENCHMARK(MessageOfTwoTexts)->DenseRange(0, 1);
 

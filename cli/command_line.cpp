@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 
@@ -57,7 +58,8 @@ ExitStatus Explain(const Session& session, const CLI::App& app, const CLI::Parse
   return ExitStatus::Success;
 }
 
-ExitStatus ParseAndRun(const std::vector<std::string>& arguments, std::string language, Session& session) {
+ExitStatus ParseAndRun(const std::vector<std::string>& arguments, MessageLanguage language,
+                       Session& session) {
   CLI::App app(kAbout, "lumarinectl");
   // On every platform /tank.xml is a file and --help is an option.
   app.allow_windows_style_options(false);
@@ -65,9 +67,13 @@ ExitStatus ParseAndRun(const std::vector<std::string>& arguments, std::string la
   app.set_version_flag("--version", kVersion, "Print the version and exit");
   app.require_subcommand(0, 1);
   app.add_option(
-         "--language", language,
+         "--language", language.id,
          "The language of messages: en, de, sk, it, cz, fr01, fr, pl or es; the environment's by default")
-      ->check(CLI::Validator(CheckLanguage, ""))
+      ->check(CLI::Validator(
+          [&](const std::string& id) {
+            return CheckLanguage({id, language.translations});
+          },
+          ""))
       ->type_name("ID");
 
   Run chosen;
@@ -104,12 +110,12 @@ ExitStatus Session::Fail(ExitStatus exitStatus, std::string_view reason) const {
   return exitStatus;
 }
 
-int RunLumarinectl(const std::vector<std::string>& arguments, std::string_view language, std::ostream& out,
+int RunLumarinectl(const std::vector<std::string>& arguments, MessageLanguage language, std::ostream& out,
                    std::ostream& err, Console& console) {
   StatusLines status(err, console.ErrorIsTerminal(), console.Width());
   Session session{out, status, console};
   errno = 0;
-  ExitStatus exitStatus = ParseAndRun(arguments, std::string(language), session);
+  ExitStatus exitStatus = ParseAndRun(arguments, std::move(language), session);
   out.flush();
   // Nothing is written behind a failed write, so errno still tells of it.
   if (!out) {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "localisation/translation_store.h"
-
 namespace cli {
 
 namespace {
@@ -30,22 +28,23 @@ std::string_view LanguageOfLocale(std::initializer_list<std::string_view> locale
   return row == std::end(kRows) ? kEnglish : row->id;
 }
 
-std::string CheckLanguage(const std::string& id) {
-  if (id == kEnglish) return "";
-  const ovk::xml::element& languages = TranslationStore::Instance().GetLanguages();
-  if (languages.find_child_by_id("language", id) != nullptr) return "";
+std::string CheckLanguage(const MessageLanguage& language) {
+  if (language.id == kEnglish) return "";
+  const ovk::xml::element& languages = language.translations().GetLanguages();
+  if (languages.find_child_by_id("language", language.id) != nullptr) return "";
   std::string known(kEnglish);
-  for (const auto& language : languages.children)
-    known.append(", ").append(language->attribute_or_empty("id").view());
-  return "there is no language " + id + ", there are " + known;
+  for (const auto& each : languages.children)
+    known.append(", ").append(each->attribute_or_empty("id").view());
+  return "there is no language " + language.id + ", there are " + known;
 }
 
-SpokenLanguage::SpokenLanguage(std::string_view id) : translated_(id != kEnglish) {
-  if (translated_) TranslationStore::Instance().SetLanguage(id);
+SpokenLanguage::SpokenLanguage(const MessageLanguage& language)
+    : translations_(language.id == kEnglish ? nullptr : &language.translations()) {
+  if (translations_ != nullptr) translations_->SetLanguage(language.id);
 }
 
 SpokenLanguage::~SpokenLanguage() {
-  if (translated_) TranslationStore::Instance().SetLanguage(kEnglish);
+  if (translations_ != nullptr) translations_->SetLanguage(kEnglish);
 }
 
 }  // namespace cli

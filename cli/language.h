@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "cli/lumarinectl.h"
+
 namespace cli {
 
 /// The language that the environment asks for: `locales` are the values of LC_ALL, LC_MESSAGES and LANG, of
@@ -15,19 +17,19 @@ namespace cli {
 std::string_view LanguageOfLocale(std::initializer_list<std::string_view> locales);
 
 /// A check of an option: the text of a fault, which lists what there is, or nothing.
-std::string CheckLanguage(const std::string& id);
+std::string CheckLanguage(const MessageLanguage& language);
 
 /// Messages are in this language for as long as it lives, and in English behind that. One that is not there
-/// leaves them in English. The translations are not read for English.
+/// leaves them in English.
 class SpokenLanguage {
  public:
-  explicit SpokenLanguage(std::string_view id);
+  explicit SpokenLanguage(const MessageLanguage& language);
   SpokenLanguage(const SpokenLanguage&) = delete;
   SpokenLanguage& operator=(const SpokenLanguage&) = delete;
   ~SpokenLanguage();
 
  private:
-  const bool translated_;
+  TranslationStore* const translations_;  // null for English
 };
 
 }  // namespace cli

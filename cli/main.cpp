@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <string>
 #include <string_view>
 
 #include "cli/language.h"
@@ -23,5 +24,7 @@ int main(int argc, char** argv) {
   Console& console = platform::OpenConsole();
   const std::string_view language =
       cli::LanguageOfLocale({Environment("LC_ALL"), Environment("LC_MESSAGES"), Environment("LANG")});
-  return cli::RunLumarinectl(platform::ProgramArguments(argc, argv), language, std::cout, std::cerr, console);
+  return cli::RunLumarinectl(platform::ProgramArguments(argc, argv),
+                             {std::string(language), &TranslationStore::Instance}, std::cout, std::cerr,
+                             console);
 }

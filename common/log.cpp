@@ -1,6 +1,5 @@
 #include "common/log.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -46,25 +45,6 @@ void AppendDumpRow(std::string& out, std::size_t offset, std::string_view row) {
   out += '\n';
 }
 
-struct ShownHints {
-  std::mutex lock;
-  std::vector<std::string> keys;  // a handful in a run; guarded by lock
-};
-
-ShownHints& Shown() {
-  static ShownHints& shown = *new ShownHints;
-  return shown;
-}
-
-/// True for the first call with this key.
-bool IsNewHint(std::string_view key) {
-  ShownHints& shown = Shown();
-  const std::lock_guard guard(shown.lock);
-  if (std::find(shown.keys.begin(), shown.keys.end(), key) != shown.keys.end()) return false;
-  shown.keys.emplace_back(key);
-  return true;
-}
-
 }  // namespace
 
 // The writers below go through these and not through the references of the header, which may not be bound yet
@@ -82,11 +62,6 @@ LogChannel& log_detail::Warning() {
 LogChannel& log_detail::Device() {
   static LogChannel& channel = *new LogChannel;
   return channel;
-}
-
-void log_detail::ForgetHints() {
-  const std::lock_guard guard(Shown().lock);
-  Shown().keys.clear();
 }
 
 void LogChannel::Append(std::string text) {
@@ -151,6 +126,6 @@ void LogDeviceDump(const void* bytes, std::size_t length) {
   LogLine(log_detail::Device(), std::move(dump));
 }
 
-void Hint(std::string_view key) {
-  if (IsNewHint(key)) LogStatus(Message("Hint: {1}", Translate(key)));
+void Hint(std::string_view key, ShownHints& shown) {
+  if (shown.emplace(key).second) LogStatus(Message("Hint: {1}", Translate(key)));
 }

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,8 +82,6 @@ namespace log_detail {
 LogChannel& Status();
 LogChannel& Warning();
 LogChannel& Device();
-/// All hints may show again: for a process that plays several runs, one after the other, as tests do.
-void ForgetHints();
 }  // namespace log_detail
 
 /// All ordinary messages.
@@ -106,6 +105,9 @@ void LogDevice(std::string_view text);
 /// but the line end for a length of 0.
 void LogDeviceDump(const void* bytes, std::size_t length);
 
-/// Logs "Hint: " and the text for `key`, the English sentence, on statusLog, once in a run for each key
-/// whatever the language. Any thread.
-void Hint(std::string_view key);
+/// The keys of the hints that a run has shown.
+using ShownHints = std::set<std::string, std::less<>>;
+
+/// Logs "Hint: " and the text for `key`, the English sentence, on statusLog and adds the key to `shown`.
+/// Nothing if it is in there, whatever the language was. On the thread that `shown` belongs to.
+void Hint(std::string_view key, ShownHints& shown);

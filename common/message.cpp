@@ -12,7 +12,7 @@
 
 namespace {
 
-constinit std::atomic<Translator> translatorInUse = nullptr;
+constinit std::atomic<Translator*> translatorInUse = nullptr;
 
 /// A number in decimal, for as long as the expression it stands in.
 class Decimal {
@@ -30,11 +30,11 @@ class Decimal {
 }  // namespace
 
 std::string Translate(std::string_view key) {
-  const Translator translator = translatorInUse.load(std::memory_order_acquire);
-  return translator == nullptr ? std::string(key) : translator(key);
+  Translator* const translator = translatorInUse.load(std::memory_order_acquire);
+  return translator == nullptr ? std::string(key) : translator->Translate(key);
 }
 
-void SetTranslator(Translator translator) {
+void SetTranslator(Translator* translator) {
   translatorInUse.store(translator, std::memory_order_release);
 }
 

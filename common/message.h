@@ -13,12 +13,19 @@
 /// too. Any thread.
 std::string Translate(std::string_view key);
 
-/// Who knows the texts of other languages. Called on any thread that translates, on several at once.
-using Translator = std::string (*)(std::string_view key);
+/// Who knows the texts of other languages.
+class Translator {
+ public:
+  /// The text for `key`. Called on any thread that translates, on several at once.
+  virtual std::string Translate(std::string_view key) = 0;
 
-/// Has `translator` answer Translate() from now on; null, as at the start, means English. Any thread; calls
-/// that have begun end with what they began with.
-void SetTranslator(Translator translator);
+ protected:
+  ~Translator() = default;
+};
+
+/// Has `translator` answer Translate() from now on; null, as at the start, means English. Any thread. A call
+/// that has begun ends with the translator that it began with, which must outlive it.
+void SetTranslator(Translator* translator);
 
 /// A finished sentence. The template is translated first and filled then, so that a sentence with its
 /// placeholders is one entry of the translations and arguments are never looked up. Placeholders and rules

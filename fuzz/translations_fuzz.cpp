@@ -66,18 +66,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // Texts end at a zero byte, and keys are sorted up to it only.
   if (bytes.find('\0') == bytes.npos && bytes.find("&#") == bytes.npos) ExpectSettledExchange(store);
 
-  store.StartWith(
+  TranslationStore exchange(
       "<l><languages><language id='de'/></languages><strings><string id='Undo'><de>Zur</de></string>"
       "<string id='a\\r\\nb'/><string id='not_found'/></strings></l>");
-  if (store.LoadTranslation(bytes, "de", "Deutsch")) Require(store.GetLanguages().children.count() == 1);
-  UseEverything(store);
+  if (exchange.LoadTranslation(bytes, "de", "Deutsch"))
+    Require(exchange.GetLanguages().children.count() == 1);
+  UseEverything(exchange);
 
-  store.StartWith(
+  TranslationStore two(
       "<l><languages><language id='de'/></languages><strings><string id='Undo'><de>Zur</de></string>"
       "</strings></l>",
       bytes);
-  Require(store.GetLanguages().children.count() == 1);
-  Require(store.CopyDocuments().document.child("strings").children.count() == 1);
-  UseEverything(store);
+  Require(two.GetLanguages().children.count() == 1);
+  Require(two.CopyDocuments().document.child("strings").children.count() == 1);
+  UseEverything(two);
   return 0;
 }

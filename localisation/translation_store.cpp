@@ -90,34 +90,35 @@ std::set<std::string, std::less<>> AddEntries(element& root, std::string_view by
 
 TranslationStore& TranslationStore::Instance() {
   // Never destroyed: messages are also built when the process ends.
-  static TranslationStore& store =
-      *new TranslationStore(ResourceBytes(kDocumentResource), ResourceBytes(kMoreResource),
-                            [](std::string_view key) { return Instance().Translate(key); });
+  static TranslationStore& store = []() -> TranslationStore& {
+    auto& made = *new TranslationStore(ResourceBytes(kDocumentResource), ResourceBytes(kMoreResource));
+    made.AnswerMessages();
+    return made;
+  }();
   return store;
 }
 
-TranslationStore::TranslationStore(std::string_view document, std::string_view more, Translator translator)
-    : translator_(translator) {
-  StartWith(document, more);
+TranslationStore::TranslationStore(std::string_view document, std::string_view more) : root_("localisation") {
+  if (!ParseTexts(root_, document)) {
+    root_.child("languages");
+  } else if (!more.empty()) {
+    moreKeys_ = AddEntries(root_, more);
+  }
 }
 
-void TranslationStore::StartWith(std::string_view document, std::string_view more) {
-  element root("localisation");
-  std::set<std::string, std::less<>> moreKeys;
-  if (!ParseTexts(root, document)) {
-    root.child("languages");
-  } else if (!more.empty()) {
-    moreKeys = AddEntries(root, more);
-  }
+TranslationStore::~TranslationStore() {
+  if (answersMessages_) SetTranslator(nullptr);
+}
+
+void TranslationStore::AnswerMessages() {
   const std::lock_guard guard(lock_);
-  root_.swap(root);
-  moreKeys_.swap(moreKeys);
-  UseLanguage(kEnglish);
+  answersMessages_ = true;
+  UseLanguage(std::string(languageId_));
 }
 
 void TranslationStore::UseLanguage(std::string_view id) {
   languageId_ = id;
-  if (translator_ != nullptr) SetTranslator(id == kEnglish ? nullptr : translator_);
+  if (answersMessages_) SetTranslator(id == kEnglish ? nullptr : this);
 }
 
 void TranslationStore::SetLanguage(std::string_view id) {

@@ -39,7 +39,7 @@
 /// the process ends.
 ///
 /// Translate() may be called on any thread at any time. All else belongs to the user interface thread.
-class TranslationStore {
+class TranslationStore final : public Translator {
  public:
   /// The id of the language that the program is written in.
   static constexpr std::string_view kEnglish = "en";
@@ -50,21 +50,22 @@ class TranslationStore {
   static constexpr int kMoreResource = 135;
 
   /// The one of the process, from the documents that are built into the program. It is made at the first
-  /// call, on any thread, and never destroyed. It answers Translate() of common/message.h while its language
-  /// is not English.
+  /// call, on any thread, and never destroyed. It answers messages.
   static TranslationStore& Instance();
 
-  /// A store of its own, from the bytes of the documents; see StartWith().
-  explicit TranslationStore(std::string_view document, std::string_view more = {})
-      : TranslationStore(document, more, nullptr) {}
+  /// A store of its own, from the bytes of the documents. It begins with English. A first document that is no
+  /// XML counts as none: the store then knows only English, and nothing is reported. The keys of the second
+  /// document stand behind those of the first; it adds no language, a key that the first has too is passed
+  /// over, and one that is no XML adds nothing.
+  explicit TranslationStore(std::string_view document, std::string_view more = {});
   TranslationStore(const TranslationStore&) = delete;
   TranslationStore& operator=(const TranslationStore&) = delete;
+  /// Messages are in English from now on, if this store answered them.
+  ~TranslationStore();
 
-  /// Forgets everything and begins with English and these documents. A first one that is no XML counts as
-  /// none: the store then knows only English, and nothing is reported. The keys of the second document stand
-  /// behind those of the first; it adds no language, a key that the first has too is passed over, and one
-  /// that is no XML adds nothing. For a process that plays several runs, one after the other, as tests do.
-  void StartWith(std::string_view document, std::string_view more = {});
+  /// From now on this store answers Translate() of common/message.h while its language is not English. One
+  /// store at a time does.
+  void AnswerMessages();
 
   /// Makes a language the one in use: kEnglish, or the id of one that is in GetLanguages(). With any other id
   /// nothing happens.
@@ -72,14 +73,14 @@ class TranslationStore {
   std::string GetLanguageId() const;
 
   /// The languages besides English, in the order of the Language menu: children "language" with the
-  /// attributes "id", "name" and "author", any of which a document may leave out. Good until StartWith(); no
+  /// attributes "id", "name" and "author", any of which a document may leave out. No
   /// lookup changes it, only loading one does, and its caller may. Take texts out of it as std::string: a
   /// copied ovk::string shares its memory with the tree.
   ovk::xml::element& GetLanguages();
 
   /// The text for `key` (UTF-8) in the language in use: up to its first zero byte, and `key` itself if there
   /// is none. Any thread.
-  std::string Translate(std::string_view key);
+  std::string Translate(std::string_view key) override;
 
   /// Longest exchange file that is read: eighty times one of all texts of the program. Its tree takes up
   /// to forty times as much memory.
@@ -114,18 +115,13 @@ class TranslationStore {
   const std::u16string externalFileName = u"LumarineStrings.xml";
 
  private:
-  /// `translator` is what messages ask while this store's language is not English; null for a store that they
-  /// do not know of.
-  TranslationStore(std::string_view document, std::string_view more, Translator translator);
-
   void UseLanguage(std::string_view id);  // under lock_
-
-  const Translator translator_;
 
   mutable std::mutex lock_;
   // Guarded by lock_, but for reading below the element "languages", which only the user interface thread
   // changes.
-  std::string languageId_;
+  bool answersMessages_ = false;
+  std::string languageId_{kEnglish};
   ovk::xml::element root_;
   std::set<std::string, std::less<>> moreKeys_;  // those that the second document brought
 };

@@ -51,7 +51,8 @@ ChartInput::ChartInput(const ChartParts& parts)
       hoverStep_(parts.hoverStep),
       undoStack_(parts.undoStack),
       chartLayout_(parts.chartLayout),
-      demo_(parts.demo) {}
+      demo_(parts.demo),
+      shownHints_(parts.shownHints) {}
 
 void ChartInput::OnLeftDown(std::int32_t x, std::int32_t y) {
   chartWindow_.TakeFocus();
@@ -125,8 +126,8 @@ void ChartInput::LetGo() {
   const Step* step = SelectedStep(selection_);
   if (demo_.IsRunning() || step == nullptr) return;
   LogStatus(Message("Step {1}", ToDescription(*step)));
-  Hint("Press DELETE or BACKSPACE to remove the selected step.");
-  Hint("You can also use keyboard ARROWS to move the step with higher accuracy.");
+  Hint("Press DELETE or BACKSPACE to remove the selected step.", shownHints_);
+  Hint("You can also use keyboard ARROWS to move the step with higher accuracy.", shownHints_);
   OptimizeMode(CurrentMode());
   undoStack_.CommitPending();
 }

@@ -9,6 +9,7 @@
 #include "app/window/ports.h"
 #include "chart/chart_layout.h"
 #include "chart/chart_window.h"
+#include "common/log.h"
 #include "program/demo_state.h"
 #include "program/program.h"
 
@@ -38,6 +39,7 @@ struct ChartParts {
   UndoStack& undoStack;
   UX::ChartLayout& chartLayout;
   TCBase::DemoState& demo;
+  ShownHints& shownHints;
 };
 
 class ChartInput {
@@ -112,6 +114,7 @@ class ChartInput {
   UndoStack& undoStack_;
   UX::ChartLayout& chartLayout_;
   TCBase::DemoState& demo_;
+  ShownHints& shownHints_;
 };
 
 }  // namespace app

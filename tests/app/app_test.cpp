@@ -16,12 +16,12 @@ using namespace TCBase::Program;
 void AppTest::SetUp() {
   virtual_clock::Reset();
   sim_hidapi::Reset();
-  headless::BeginProcess();
 }
 
 void AppTest::GivenTheProgramRuns() {
   user.Start();
   ASSERT_TRUE(user.IsRunning());
+  logSeen_ = journalSeen_ = 0;
   // The lanes have come to where they stand: how much time passes in a test is the machine's affair, and
   // while they move the window's timer has them drawn.
   ASSERT_TRUE(WaitUntil([this] {

@@ -24,8 +24,8 @@ namespace command = app::command;
 class ChartHints : public ChartTest {
  protected:
   void SetUp() override {
+    user.translations = kGermanHints;
     ChartTest::SetUp();
-    TranslationStore::Instance().StartWith(kGermanHints);
     GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
     GivenSelection(0, 1);
   }

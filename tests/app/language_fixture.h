@@ -58,12 +58,16 @@ class Language : public AppTest {
  protected:
   void SetUp() override {
     AppTest::SetUp();
-    user.translations = kDocument;
+    GivenTranslations(kDocument);
+  }
+  /// The program runs with this document.
+  void GivenTranslations(std::string document) {
+    user.translations = std::move(document);
     GivenTheProgramRuns();
   }
 
   headless::Desktop& Desk() { return user.GetDesktop(); }
-  static TranslationStore& Store() { return TranslationStore::Instance(); }
+  TranslationStore& Store() { return user.Translations(); }
   std::string Locale() { return user.GetSettings().GetValue("locale"); }
 
   void Test(const std::filesystem::path& file) {

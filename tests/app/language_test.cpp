@@ -116,7 +116,7 @@ TEST_F(Language, OneWithoutAnAuthorIsAnnouncedByItsName) {
 }
 
 TEST_F(Language, OneWithoutAnIdIsEnglish) {
-  Store().StartWith("<localisation><languages><language/><language id='de'/></languages></localisation>");
+  GivenTranslations("<localisation><languages><language/><language id='de'/></languages></localisation>");
   Store().SetLanguage("de");
   user.SendCommand(kGerman);
   EXPECT_EQ(Store().GetLanguageId(), "en");
@@ -153,7 +153,7 @@ TEST_F(Language, TheLastNumberIsTheNinetyNinthLanguage) {
   std::string languages;
   for (int i = 1; i <= 120; ++i)
     languages += "<language id='l" + std::to_string(i) + "' name='Language " + std::to_string(i) + "'/>";
-  Store().StartWith("<localisation><languages>" + languages + "</languages></localisation>");
+  GivenTranslations("<localisation><languages>" + languages + "</languages></localisation>");
   user.Choose(command::kEnglish);
   NewLog();
   ASSERT_TRUE(user.Choose(command::kLastLanguage));
@@ -214,7 +214,7 @@ TEST_F(Language, TheWorkerTranslatesWhileItChanges) {
 }
 
 TEST_F(Language, AnUploadSpeaksTheLanguageOfTheMoment) {
-  Store().StartWith(R"(<localisation><languages><language id='de' name='Deutsch'/></languages><strings>
+  GivenTranslations(R"(<localisation><languages><language id='de' name='Deutsch'/></languages><strings>
     <string id='Uploading finished'><de>Fertig hochgeladen</de></string></strings></localisation>)");
   user.Choose(kGerman);
   user.Choose(command::kAddEmulator);

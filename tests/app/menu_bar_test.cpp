@@ -26,7 +26,12 @@ class MenuBar : public AppTest {
   }
 
   headless::Menu& Menu() { return user.GetDesktop().menu; }
-  static TranslationStore& Translations() { return TranslationStore::Instance(); }
+  TranslationStore& Translations() { return user.Translations(); }
+  /// The program runs with these languages.
+  void GivenLanguages(const std::string& languages) {
+    user.translations = "<localisation><languages>" + languages + "</languages></localisation>";
+    GivenTheProgramRuns();
+  }
   app::MenuBar& Bar() { return *user.State().menuBar; }
   std::vector<std::string> TextsOf(int position) {
     std::vector<std::string> texts;
@@ -68,10 +73,7 @@ TEST_F(MenuBar, SubmenusAndMenusOfTheBarHaveTheirTexts) {
 
 TEST_F(MenuBar, ALanguageThatIsAddedStandsInFrontOfEnglishAndStaysThere) {
   EXPECT_THAT(TextsOf(menu::kLanguage), ElementsAre("English"));
-  Translations().StartWith(
-      "<localisation><languages><language id='de' name='Deutsch'/>"
-      "<language id='test' name='Test Translation'/></languages></localisation>");
-  Bar().ApplyTexts();
+  GivenLanguages("<language id='de' name='Deutsch'/><language id='test' name='Test Translation'/>");
   EXPECT_THAT(TextsOf(menu::kLanguage), ElementsAre("Deutsch", "Test Translation", "English"));
   EXPECT_TRUE(Menu().HasItem(command::kFirstLanguage));
   EXPECT_TRUE(Menu().HasItem(command::kFirstLanguage + 1));
@@ -85,9 +87,7 @@ TEST_F(MenuBar, ALanguageThatIsAddedStandsInFrontOfEnglishAndStaysThere) {
 
 TEST_F(MenuBar, MarksTheLanguageInUse) {
   EXPECT_TRUE(Menu().Find(command::kEnglish)->checked);
-  Translations().StartWith(
-      "<localisation><languages><language id='de' name='Deutsch'/>"
-      "<language id='den' name='other'/></languages></localisation>");
+  GivenLanguages("<language id='de' name='Deutsch'/><language id='den' name='other'/>");
   Translations().SetLanguage("de");
   Bar().ApplyTexts();
   EXPECT_FALSE(Menu().Find(command::kEnglish)->checked);
@@ -98,8 +98,7 @@ TEST_F(MenuBar, MarksTheLanguageInUse) {
 TEST_F(MenuBar, ShowsAsManyLanguagesAsThereAreCommands) {
   std::string languages;
   for (int i = 0; i < 200; ++i) languages += "<language id='x' name='x'/>";
-  Translations().StartWith("<localisation><languages>" + languages + "</languages></localisation>");
-  Bar().ApplyTexts();
+  GivenLanguages(languages);
   EXPECT_TRUE(Menu().HasItem(command::kLastLanguage));
   EXPECT_THAT(TextsOf(menu::kLanguage), testing::SizeIs(99 + 1)) << "those and English";
 }

@@ -47,8 +47,10 @@ const std::vector<std::string> kStartUpOrder = {
 // The desktop before its first turn.
 class BareDesktop : public AppTest {
  protected:
+  const EmptyLogs logs_;
+  TranslationStore translations_{""};
   Settings settings_{folder / "LumarineConfig.xml"};
-  headless::Desktop desktop_{settings_, folder / "LumarineLog.txt"};
+  headless::Desktop desktop_{settings_, translations_, folder / "LumarineLog.txt"};
 };
 
 TEST_F(BareDesktop, ComesUpInOrder) {

@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "common/message.h"
 #include "program/builtin_modes.h"
 #include "tests/chart/chart_fixture.h"
+#include "tests/support/fake_translator.h"
 
 namespace chart_test {
 namespace {
@@ -206,9 +206,9 @@ TEST(ChartDrawing, AnEmptyNameShowsTheChannelsNumberAsOfTheLastRebuild) {
 TEST(ChartDrawing, ARebuildWritesTheNumbersInTheLanguageOfTheMoment) {
   GivenChart chart(NewProgram());
   chart.document.channelInfos[1].name = "Moon";
-  SetTranslator([](std::string_view key) { return key == "Channel {1}" ? "{1}. kanál" : std::string(key); });
+  const FakeTranslator slovak(
+      [](std::string_view key) { return key == "Channel {1}" ? "{1}. kanál" : std::string(key); });
   chart.drawing.Rebuild(chart.canvas);
-  SetTranslator(nullptr);
   EXPECT_THAT(chart.canvas.Text("text large"),
               testing::AllOf(testing::HasSubstr("\"1. kanál\""), testing::HasSubstr("\"Moon\""),
                              testing::HasSubstr("\"5. kanál\"")));

@@ -112,8 +112,14 @@ Outcome CommandTest::RunWith(const Words& words, std::ostream& out,
       if (hook.action && text.find(hook.text) != std::string::npos) std::exchange(hook.action, nullptr)();
   });
   std::ostream err(&errBuffer);
-  const int status = cli::RunLumarinectl(arguments, language, out, err, console);
+  const auto translations = [this]() -> TranslationStore& { return translations_.value(); };
+  const int status = cli::RunLumarinectl(arguments, {language, translations}, out, err, console);
   return {status, WithoutFolder(printed()), WithoutFolder(errBuffer.text())};
+}
+
+TranslationStore& CommandTest::GivenTranslations(std::string_view document) {
+  translations_.emplace(document).AnswerMessages();
+  return *translations_;
 }
 
 Outcome CommandTest::Run(const Words& words) {

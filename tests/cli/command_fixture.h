@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "cli/lumarinectl.h"
+#include "localisation/translation_store.h"
 #include "program/program.h"
 #include "tests/support/sim_hidapi.h"
 #include "tests/support/sim_network.h"
@@ -89,6 +90,8 @@ class CommandTest : public testing::Test {
   FakeConsole console;
   /// What the environment asks for.
   std::string language = "en";
+  /// What other languages are read from.
+  TranslationStore& GivenTranslations(std::string_view document);
 
  private:
   struct Hook {
@@ -98,6 +101,7 @@ class CommandTest : public testing::Test {
   Outcome RunWith(const Words& words, std::ostream& out, const std::function<std::string()>& printed);
   std::string WithoutFolder(std::string text) const;
 
+  std::optional<TranslationStore> translations_;
   TemporaryFolder folder_;
   std::vector<Hook> hooks_;
 };

@@ -77,15 +77,12 @@ constexpr char kDocument[] = R"(<localisation>
 
 class LanguageTest : public CommandTest {
  protected:
-  void SetUp() override {
-    CommandTest::SetUp();
-    TranslationStore::Instance().StartWith(kDocument);
-  }
   void TearDown() override {
-    EXPECT_EQ(TranslationStore::Instance().GetLanguageId(), "en") << "behind a command";
-    TranslationStore::Instance().StartWith({});
+    EXPECT_EQ(translations.GetLanguageId(), "en") << "behind a command";
     CommandTest::TearDown();
   }
+
+  const TranslationStore& translations = GivenTranslations(kDocument);
 };
 
 TEST_F(LanguageTest, WithoutAWordItIsEnglish) {

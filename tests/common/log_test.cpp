@@ -9,6 +9,7 @@
 #include <set>
 #include <thread>
 
+#include "tests/support/fake_translator.h"
 #include "tests/support/golden.h"
 #include "tests/support/virtual_clock.h"
 
@@ -164,44 +165,32 @@ TEST_F(Log, ARowOfADumpLooksLikeThis) {
             "0000  4C 75 6D 61 72 69 6E 65  7F 80                      Lumarine .. \n");
 }
 
-/// A text that no hint of this run has had.
-std::string FreshHint() {
-  static int count = 0;
-  return "Click a lane to add step " + std::to_string(++count);
-}
-
 TEST_F(Log, AHintShowsOnceInARun) {
-  const std::string hint = FreshHint();
-  const std::string another = FreshHint();
-  Hint(hint);
-  Hint(hint);
-  EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: " + hint, "\r\n"));
-  Hint(hint);
+  ShownHints shown;
+  Hint("Click a lane to add a step", shown);
+  Hint("Click a lane to add a step", shown);
+  EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: Click a lane to add a step", "\r\n"));
+  Hint("Click a lane to add a step", shown);
   EXPECT_THAT(Taken(statusLog), IsEmpty());
-  Hint(another);
-  EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: " + another, "\r\n"));
+  Hint("Press DELETE", shown);
+  EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: Press DELETE", "\r\n"));
 }
 
 TEST_F(Log, AHintShowsInTheLanguageOfTheMomentAndOnceWhateverTheLanguage) {
-  SetTranslator(
-      [](std::string_view key) { return key == "Hint: {1}" ? "Tipp: {1}" : "de: " + std::string(key); });
-  const std::string hint = FreshHint();
-  Hint(hint);
-  EXPECT_THAT(Taken(statusLog), ElementsAre("Tipp: de: " + hint, "\r\n"));
-  SetTranslator(
-      [](std::string_view key) { return key == "Hint: {1}" ? "Tip: {1}" : "sk: " + std::string(key); });
-  Hint(hint);
-  SetTranslator(nullptr);
-  Hint(hint);
+  ShownHints shown;
+  {
+    const FakeTranslator german(
+        [](std::string_view key) { return key == "Hint: {1}" ? "Tipp: {1}" : "de: " + std::string(key); });
+    Hint("Press DELETE", shown);
+    EXPECT_THAT(Taken(statusLog), ElementsAre("Tipp: de: Press DELETE", "\r\n"));
+  }
+  {
+    const FakeTranslator slovak(
+        [](std::string_view key) { return key == "Hint: {1}" ? "Tip: {1}" : "sk: " + std::string(key); });
+    Hint("Press DELETE", shown);
+  }
+  Hint("Press DELETE", shown);
   EXPECT_THAT(Taken(statusLog), IsEmpty());
-}
-
-TEST_F(Log, AHintShowsAgainInTheNextRun) {
-  const std::string hint = FreshHint();
-  Hint(hint);
-  log_detail::ForgetHints();
-  Hint(hint);
-  EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: " + hint, "\r\n", "Hint: " + hint, "\r\n"));
 }
 
 /// Logs while the process still loads, as the worker does.
@@ -277,15 +266,6 @@ TEST_F(Log, TwoThreadsMayDrainAtOnceEachItsOwnBatch) {
   EXPECT_EQ(shown.count("worker"), static_cast<std::size_t>(kLines));
   EXPECT_EQ(shown.count("user interface"), static_cast<std::size_t>(kLines));
   EXPECT_EQ(shown.count("\r\n"), static_cast<std::size_t>(2 * kLines));
-}
-
-TEST_F(Log, AHintFromTwoThreadsShowsOnce) {
-  const std::string text = FreshHint();
-  const auto hint = [&text] { Hint(text); };
-  std::thread other(hint);
-  hint();
-  other.join();
-  EXPECT_THAT(Taken(statusLog), ElementsAre("Hint: " + text, "\r\n"));
 }
 
 }  // namespace

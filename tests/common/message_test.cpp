@@ -6,6 +6,7 @@
 #include <string>
 
 #include "common/files.h"
+#include "tests/support/fake_translator.h"
 
 namespace {
 
@@ -16,10 +17,7 @@ TEST(Translate, AnswersTheKeyInEnglish) {
 
 class Translated : public testing::Test {
  protected:
-  void SetUp() override {
-    SetTranslator([](std::string_view key) { return "{2} nach {1}, nicht " + std::string(key); });
-  }
-  void TearDown() override { SetTranslator(nullptr); }
+  FakeTranslator german{[](std::string_view key) { return "{2} nach {1}, nicht " + std::string(key); }};
 };
 
 TEST_F(Translated, EveryTextIsAskedFor) {

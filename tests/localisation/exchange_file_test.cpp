@@ -20,13 +20,13 @@ class ExchangeFile : public Translations {
  protected:
   /// Loads an exchange file with these entries as German.
   bool LoadGerman(const std::string& entries) {
-    return store.LoadTranslationFile(File("<strings>" + entries + "</strings>"), "de", "Deutsch");
+    return store->LoadTranslationFile(File("<strings>" + entries + "</strings>"), "de", "Deutsch");
   }
 
   void GivenTheProgramsDocuments() {
     ASSERT_TRUE(LoadResourceBytes(TranslationStore::kDocumentResource, "XML", document_));
     ASSERT_TRUE(LoadResourceBytes(TranslationStore::kMoreResource, "XML", more_));
-    store.StartWith(document_, more_);
+    store.emplace(document_, more_);
   }
 
   std::string document_;
@@ -36,7 +36,7 @@ class ExchangeFile : public Translations {
 // Writing.
 
 TEST_F(ExchangeFile, HoldsEveryKeyWithItsTextInTheLanguageInUse) {
-  store.SetLanguage("de");
+  store->SetLanguage("de");
   EXPECT_EQ(Exported(),
             "<strings>\r\n"
             "  <string id='Redo'>\r\n    <translate>Redo</translate>\r\n  </string>\r\n"
@@ -55,8 +55,8 @@ TEST_F(ExchangeFile, InEnglishHoldsEveryKeyAsItsOwnText) {
 }
 
 TEST_F(ExchangeFile, HoldsWhatWasRecorded) {
-  store.SetLanguage("de");
-  store.Translate("recorded");
+  store->SetLanguage("de");
+  store->Translate("recorded");
   EXPECT_NE(Exported().find("<string id='recorded'>"), std::string::npos);
 }
 
@@ -92,64 +92,63 @@ TEST_F(ExchangeFile, AnEntryWithoutIdIsWrittenUnderTheEmptyKey) {
 
 TEST_F(ExchangeFile, ThatCannotBeWrittenIsAFailure) {
   statusLog.Drain();
-  EXPECT_FALSE(store.ExportTranslationFile(folder / "absent" / "exported.xml"));
+  EXPECT_FALSE(store->ExportTranslationFile(folder / "absent" / "exported.xml"));
   statusLog.Drain();
 }
 
 // The failure's message asks the very store that is being exported.
 TEST_F(ExchangeFile, ThatCannotBeWrittenSaysSoInTheLanguageInUse) {
-  TranslationStore& translations = TranslationStore::Instance();
-  translations.StartWith(
+  store.emplace(
       "<l><languages><language id='de'/></languages><strings><string id='Error creating file {1}, error: "
       "{2}'>"
       "<de>{1} geht nicht</de></string></strings></l>");
-  translations.SetLanguage("de");
+  store->AnswerMessages();
+  store->SetLanguage("de");
   std::string said;
   statusLog.Drain();
   statusLog.textHandler = [&](const std::string& text) { said += text; };
-  EXPECT_FALSE(translations.ExportTranslationFile(folder / "absent" / "x.xml"));
+  EXPECT_FALSE(store->ExportTranslationFile(folder / "absent" / "x.xml"));
   statusLog.Drain();
   statusLog.textHandler = nullptr;
   EXPECT_EQ(said, Utf8FromPath(folder / "absent" / "x.xml") + " geht nicht\r\n");
-  translations.StartWith("");
 }
 
 // Reading.
 
 TEST_F(ExchangeFile, AddsALanguage) {
-  ASSERT_TRUE(store.LoadTranslationFile(
+  ASSERT_TRUE(store->LoadTranslationFile(
       File("<strings><string id='Undo'><translate>Cofnij</translate></string></strings>"), "pl", "Polish"));
   EXPECT_THAT(LanguageIds(), ElementsAre("de", "sk", "pl"));
-  const ovk::xml::element& polish = *store.GetLanguages().children[2];
+  const ovk::xml::element& polish = *store->GetLanguages().children[2];
   EXPECT_EQ(xml_trees::Serialized(polish), "<language id='pl' name='Polish'/>\r\n");
-  EXPECT_EQ(store.GetLanguageId(), "en") << "loading is not choosing";
-  store.SetLanguage("pl");
-  EXPECT_EQ(store.Translate("Undo"), "Cofnij");
-  EXPECT_EQ(store.Translate("Redo"), "Redo");
+  EXPECT_EQ(store->GetLanguageId(), "en") << "loading is not choosing";
+  store->SetLanguage("pl");
+  EXPECT_EQ(store->Translate("Undo"), "Cofnij");
+  EXPECT_EQ(store->Translate("Redo"), "Redo");
 }
 
 TEST_F(ExchangeFile, OverwritesTextsAndKeepsThoseThatItLeavesOut) {
   ASSERT_TRUE(LoadGerman("<string id='Undo'><translate>Zurück</translate></string>"));
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("Undo"), "Zurück");
-  EXPECT_EQ(store.Translate("Step {1}"), "Schritt {1}");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("Undo"), "Zurück");
+  EXPECT_EQ(store->Translate("Step {1}"), "Schritt {1}");
   EXPECT_EQ(Entry("Undo"), "<string id='Undo'><de>Zurück</de><sk>Späť</sk></string>");
 }
 
 TEST_F(ExchangeFile, AnEmptyTextOverwritesToo) {
   ASSERT_TRUE(LoadGerman("<string id='Undo'><translate/></string>"));
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("Undo"), "Undo");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("Undo"), "Undo");
 }
 
 TEST_F(ExchangeFile, RenamesALanguageAndKeepsItsAuthor) {
-  ASSERT_TRUE(store.LoadTranslationFile(File("<strings/>"), "sk", "Slovenčina"));
-  EXPECT_EQ(xml_trees::Serialized(*store.GetLanguages().children[1]),
+  ASSERT_TRUE(store->LoadTranslationFile(File("<strings/>"), "sk", "Slovenčina"));
+  EXPECT_EQ(xml_trees::Serialized(*store->GetLanguages().children[1]),
             "<language id='sk' name='Slovenčina' author='Lumarine team'/>\r\n");
 }
 
 TEST_F(ExchangeFile, AnEmptyFileOfTheRightShapeStillAddsTheLanguage) {
-  ASSERT_TRUE(store.LoadTranslationFile(File("<strings/>"), "pl", "Polish"));
+  ASSERT_TRUE(store->LoadTranslationFile(File("<strings/>"), "pl", "Polish"));
   EXPECT_THAT(LanguageIds(), ElementsAre("de", "sk", "pl"));
 }
 
@@ -175,7 +174,7 @@ TEST_F(ExchangeFile, EntriesWithoutOrWithSeveralTextsAreSkipped) {
 }
 
 TEST_F(ExchangeFile, TagsAreNotLookedAt) {
-  ASSERT_TRUE(store.LoadTranslationFile(File("<a><b id='Undo'><c>Zurück</c></b></a>"), "de", "Deutsch"));
+  ASSERT_TRUE(store->LoadTranslationFile(File("<a><b id='Undo'><c>Zurück</c></b></a>"), "de", "Deutsch"));
   EXPECT_EQ(Entry("Undo"), "<string id='Undo'><de>Zurück</de><sk>Späť</sk></string>");
 }
 
@@ -183,11 +182,11 @@ TEST_F(ExchangeFile, TagsAreNotLookedAt) {
 // English.
 TEST_F(ExchangeFile, InTheShapeOfTheDocumentSucceedsAndAddsALanguageThatIsAllEnglish) {
   const std::string before = Entry("Undo");
-  ASSERT_TRUE(store.LoadTranslationFile(File(kFewWords), "pl", "Polish"));
+  ASSERT_TRUE(store->LoadTranslationFile(File(kFewWords), "pl", "Polish"));
   EXPECT_THAT(LanguageIds(), ElementsAre("de", "sk", "pl"));
   EXPECT_EQ(Entry("Undo"), before);
-  store.SetLanguage("pl");
-  EXPECT_EQ(store.Translate("Undo"), "Undo");
+  store->SetLanguage("pl");
+  EXPECT_EQ(store->Translate("Undo"), "Undo");
 }
 
 // Odd, and only to be seen by a key of that name: what has no id counts as the text of "not_found".
@@ -201,7 +200,7 @@ TEST_F(ExchangeFile, AnEntryWithoutIdCountsAsNotFound) {
 TEST_F(ExchangeFile, OfTwoEntriesInTheTreeTheFirstTakesTheText) {
   GivenStrings("<string id='a'/><string id='a'/>");
   ASSERT_TRUE(LoadGerman("<string id='a'><translate>b</translate></string>"));
-  ovk::xml::element tree = store.CopyTree();
+  ovk::xml::element tree = store->CopyTree();
   EXPECT_EQ(tree.child("strings").children[0]->children.count(), 1);
   EXPECT_EQ(tree.child("strings").children[1]->children.count(), 0);
 }
@@ -211,7 +210,7 @@ TEST_F(ExchangeFile, OnlyStringsWithAnIdTakeTexts) {
   ASSERT_TRUE(
       LoadGerman("<string id='a'><translate>b</translate></string>"
                  "<string id=''><translate>c</translate></string>"));
-  ovk::xml::element tree = store.CopyTree();
+  ovk::xml::element tree = store->CopyTree();
   EXPECT_EQ(xml_trees::Serialized(tree.child("strings"), -100),
             "<strings>\r\n<other id='a'/>\r\n<string/>\r\n<string id='a'>\r\n<de>b</de>\r\n</string>\r\n"
             "</strings>\r\n");
@@ -220,30 +219,30 @@ TEST_F(ExchangeFile, OnlyStringsWithAnIdTakeTexts) {
 TEST_F(ExchangeFile, IsTrimmedAndThenUnescaped) {
   GivenStrings(R"(<string id='a\r\nb'/>)");
   ASSERT_TRUE(LoadGerman("<string id='a\\r\\nb'>\r\n<translate>\r\n \\r\\nc </translate>\r\n</string>"));
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("a\r\nb"), "\r\nc");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("a\r\nb"), "\r\nc");
 }
 
 TEST_F(ExchangeFile, ThatCannotBeReadOrParsedChangesNothing) {
   const std::string before = Tree();
-  EXPECT_FALSE(store.LoadTranslationFile(folder / "absent.xml", "pl", "Polish"));
-  EXPECT_FALSE(store.LoadTranslationFile(folder.path(), "pl", "Polish"));
+  EXPECT_FALSE(store->LoadTranslationFile(folder / "absent.xml", "pl", "Polish"));
+  EXPECT_FALSE(store->LoadTranslationFile(folder.path(), "pl", "Polish"));
   for (const std::string& bytes : {""s, "text"s, "<strings>"s, "<strings><string></strings>"s, "<1/>"s}) {
-    EXPECT_FALSE(store.LoadTranslationFile(File(bytes), "pl", "Polish")) << bytes;
+    EXPECT_FALSE(store->LoadTranslationFile(File(bytes), "pl", "Polish")) << bytes;
   }
   EXPECT_EQ(Tree(), before);
 }
 
 TEST_F(ExchangeFile, CutAtAnyByteChangesNothing) {
-  store.SetLanguage("de");
+  store->SetLanguage("de");
   const std::string whole = Exported();
   const std::string before = Tree();
   const size_t rootEnds = whole.rfind('>');
   for (size_t length = 0; length <= rootEnds; ++length) {
-    EXPECT_FALSE(store.LoadTranslation(whole.substr(0, length), "pl", "Polish")) << length;
+    EXPECT_FALSE(store->LoadTranslation(whole.substr(0, length), "pl", "Polish")) << length;
   }
   EXPECT_EQ(Tree(), before);
-  EXPECT_TRUE(store.LoadTranslation(whole.substr(0, rootEnds + 1), "pl", "Polish"));
+  EXPECT_TRUE(store->LoadTranslation(whole.substr(0, rootEnds + 1), "pl", "Polish"));
 }
 
 TEST_F(ExchangeFile, WrittenReadAndWrittenAgainIsTheSameBytes) {
@@ -251,8 +250,8 @@ TEST_F(ExchangeFile, WrittenReadAndWrittenAgainIsTheSameBytes) {
       R"(<string id='b'><de>&lt;x&gt; &amp; y</de></string><string id='a\r\n'><de>\r\n\r\n{1}</de></string>)"
       R"(<string id='only English'/><string id='Grün'><de>größer</de></string>)");
   const std::string first = Exported();
-  ASSERT_TRUE(store.LoadTranslationFile(folder / "exported.xml", "test", "Test Translation"));
-  store.SetLanguage("test");
+  ASSERT_TRUE(store->LoadTranslationFile(folder / "exported.xml", "test", "Test Translation"));
+  store->SetLanguage("test");
   EXPECT_EQ(Exported(), first);
 }
 
@@ -262,10 +261,10 @@ TEST_F(ExchangeFile, OfTheProgramsOwnDocumentsComesBackInEveryLanguage) {
   std::vector<std::string> ids = LanguageIds();
   ids.emplace_back("en");
   for (const std::string& id : ids) {
-    store.SetLanguage(id);
+    store->SetLanguage(id);
     const std::string first = Exported();
-    ASSERT_TRUE(store.LoadTranslationFile(folder / "exported.xml", "test", "Test Translation"));
-    store.SetLanguage("test");
+    ASSERT_TRUE(store->LoadTranslationFile(folder / "exported.xml", "test", "Test Translation"));
+    store->SetLanguage("test");
     EXPECT_EQ(Exported(), first) << id;
   }
   EXPECT_EQ(Entries(), keys);
@@ -274,7 +273,7 @@ TEST_F(ExchangeFile, OfTheProgramsOwnDocumentsComesBackInEveryLanguage) {
 // Merging.
 
 TEST_F(ExchangeFile, ACopyOfTheTreeIsItsOwn) {
-  ovk::xml::element copy = store.CopyTree();
+  ovk::xml::element copy = store->CopyTree();
   const std::string before = Tree();
   EXPECT_EQ(xml_trees::Serialized(copy), before);
   copy.child("strings").children[0]->child("de").text = "anders";
@@ -287,7 +286,7 @@ TEST_F(ExchangeFile, RemovingALanguageLeavesTheOthersInTheirOrder) {
       "<l><languages><language id='de'/><language id='test'/><language id='sk'/></languages><strings>"
       "<string id='a'><de>1</de><test>2</test><sk>3</sk></string><string id='b'><test>4</test></string>"
       "<string id='c'><de>5</de></string></strings></l>");
-  ovk::xml::element copy = store.CopyTree();
+  ovk::xml::element copy = store->CopyTree();
   RemoveLanguage(copy, "test");
   EXPECT_EQ(
       xml_trees::Serialized(copy, -100),
@@ -301,7 +300,7 @@ TEST_F(ExchangeFile, RemovingTakesTheFirstTextAndTheFirstLanguageOfAnId) {
       "<l><languages><other id='x'/><language name='x'/><language id='x'/><language id='x'/><language "
       "id='x'/>"
       "</languages><strings><string id='a'><x>1</x><x>2</x></string><other><x>3</x></other></strings></l>");
-  ovk::xml::element copy = store.CopyTree();
+  ovk::xml::element copy = store->CopyTree();
   RemoveLanguage(copy, "x");
   EXPECT_EQ(xml_trees::Serialized(copy, -100),
             "<l>\r\n<languages>\r\n<other id='x'/>\r\n<language name='x'/>\r\n<language id='x'/>\r\n"
@@ -311,7 +310,7 @@ TEST_F(ExchangeFile, RemovingTakesTheFirstTextAndTheFirstLanguageOfAnId) {
 }
 
 TEST_F(ExchangeFile, RemovingAnUnknownLanguageChangesNothing) {
-  ovk::xml::element copy = store.CopyTree();
+  ovk::xml::element copy = store->CopyTree();
   RemoveLanguage(copy, "test");
   EXPECT_EQ(xml_trees::Serialized(copy), Tree());
 }
@@ -320,7 +319,7 @@ TEST_F(ExchangeFile, RemovingAnUnknownLanguageChangesNothing) {
 // end with CR LF.
 TEST_F(ExchangeFile, TheProgramsOwnDocumentsAreAsAMergeWritesThem) {
   GivenTheProgramsDocuments();
-  TranslationStore::Documents copy = store.CopyDocuments();
+  TranslationStore::Documents copy = store->CopyDocuments();
   for (const auto& [tree, document] : {std::pair{&copy.document, &document_}, {&copy.more, &more_}}) {
     RemoveLanguage(*tree, "test");
     EscapeLineBreaks(*tree);
@@ -330,16 +329,16 @@ TEST_F(ExchangeFile, TheProgramsOwnDocumentsAreAsAMergeWritesThem) {
 }
 
 TEST_F(ExchangeFile, AMergeKeepsTheKeysOfEachDocumentApart) {
-  store.StartWith(kFewWords,
-                  "<l><strings><string id='More'><de>Mehr</de></string><string id='Undo'/></strings></l>");
-  store.SetLanguage("de");
-  store.Translate("Recorded");
+  store.emplace(kFewWords,
+                "<l><strings><string id='More'><de>Mehr</de></string><string id='Undo'/></strings></l>");
+  store->SetLanguage("de");
+  store->Translate("Recorded");
   ASSERT_TRUE(
-      store.LoadTranslation("<s><string id='More'><translate>Viac</translate></string>"
-                            "<string id='Redo'><translate>Znova</translate></string></s>",
-                            "sk", "Slovak"));
+      store->LoadTranslation("<s><string id='More'><translate>Viac</translate></string>"
+                             "<string id='Redo'><translate>Znova</translate></string></s>",
+                             "sk", "Slovak"));
   const std::string before = Tree();
-  TranslationStore::Documents copy = store.CopyDocuments();
+  TranslationStore::Documents copy = store->CopyDocuments();
   EXPECT_EQ(Tree(), before);
   EXPECT_EQ(xml_trees::Serialized(copy.more, -100),
             "<localisation>\r\n<languages/>\r\n<strings>\r\n<string id='More'>\r\n<de>Mehr</de>\r\n"
@@ -353,9 +352,9 @@ TEST_F(ExchangeFile, AMergeKeepsTheKeysOfEachDocumentApart) {
 }
 
 TEST_F(ExchangeFile, WithoutASecondDocumentAMergeHasOnlyTheFirst) {
-  store.SetLanguage("de");
-  store.Translate("Recorded");
-  TranslationStore::Documents copy = store.CopyDocuments();
+  store->SetLanguage("de");
+  store->Translate("Recorded");
+  TranslationStore::Documents copy = store->CopyDocuments();
   EXPECT_EQ(xml_trees::Serialized(copy.document), Tree());
   EXPECT_EQ(copy.more.child("strings").children.count(), 0);
 }

@@ -25,16 +25,16 @@ class HostileDocuments : public Translations {
   /// All that the store does, on whatever it was given.
   void UseEverything() {
     for (const std::string& id : LanguageIds()) {
-      store.SetLanguage(id);
-      store.Translate("Undo");
-      store.Translate("Undo");
+      store->SetLanguage(id);
+      store->Translate("Undo");
+      store->Translate("Undo");
     }
-    ovk::xml::element copy = store.CopyTree();
+    ovk::xml::element copy = store->CopyTree();
     RemoveLanguage(copy, "de");
     EscapeLineBreaks(copy);
-    store.ExportTranslation();
-    store.SetLanguage("en");
-    EXPECT_EQ(store.Translate("Undo"), "Undo");
+    store->ExportTranslation();
+    store->SetLanguage("en");
+    EXPECT_EQ(store->Translate("Undo"), "Undo");
   }
 };
 
@@ -46,8 +46,8 @@ TEST_F(HostileDocuments, OfAnyDepth) {
                 "</language></languages><strings><string id='Undo'><de>" + deep +
                 "</de></string></strings></l>");
   UseEverything();
-  EXPECT_TRUE(store.LoadTranslationFile(File(deep), "pl", "Polish"));
-  EXPECT_FALSE(store.LoadTranslationFile(File(Repeated("<strings>", kDeep)), "pl", "Polish"));
+  EXPECT_TRUE(store->LoadTranslationFile(File(deep), "pl", "Polish"));
+  EXPECT_FALSE(store->LoadTranslationFile(File(Repeated("<strings>", kDeep)), "pl", "Polish"));
 }
 
 TEST_F(HostileDocuments, OfAHundredThousandEntries) {
@@ -64,9 +64,9 @@ TEST_F(HostileDocuments, OfAHundredThousandEntries) {
   }
   GivenStrings(keys);
   // A walk through all keys for each entry would take minutes.
-  ASSERT_TRUE(store.LoadTranslation("<strings>" + texts + "</strings>", "de", "Deutsch"));
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("99999"), "t99999");
+  ASSERT_TRUE(store->LoadTranslation("<strings>" + texts + "</strings>", "de", "Deutsch"));
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("99999"), "t99999");
 }
 
 // Elements without text have forty times their size in memory, and a file of nothing else would fill it.
@@ -75,16 +75,16 @@ TEST_F(HostileDocuments, OfMoreBytesThanAnExchangeFileMayHave) {
   std::string bytes = "<strings>";
   while (bytes.size() + 4 + 10 <= kMost) bytes += "<a/>";
   bytes.append(kMost - 10 - bytes.size(), ' ');
-  EXPECT_FALSE(store.LoadTranslationFile(File(bytes + " </strings>"), "pl", "Polish"));
+  EXPECT_FALSE(store->LoadTranslationFile(File(bytes + " </strings>"), "pl", "Polish"));
   EXPECT_EQ(LanguageIds().size(), 2U);
-  EXPECT_TRUE(store.LoadTranslationFile(File(bytes + "</strings>"), "pl", "Polish"));
+  EXPECT_TRUE(store->LoadTranslationFile(File(bytes + "</strings>"), "pl", "Polish"));
   EXPECT_EQ(LanguageIds().size(), 3U);
 }
 
 TEST_F(HostileDocuments, WithOneLongText) {
   const std::string megabytes(8'000'000, '\\');
   GivenGerman("<string id='" + megabytes + "'><de>" + megabytes + "</de></string>");
-  EXPECT_EQ(store.Translate(megabytes), megabytes);
+  EXPECT_EQ(store->Translate(megabytes), megabytes);
   UseEverything();
 }
 
@@ -110,7 +110,7 @@ TEST_F(HostileDocuments, OfOddShapes) {
 
 // Any answer will do, as long as there is one.
 TEST_F(HostileDocuments, WithAnyByteFlipped) {
-  store.SetLanguage("de");
+  store->SetLanguage("de");
   const std::string exchange = Exported();
   for (const std::string& good : {std::string(kFewWords), exchange}) {
     for (size_t at = 0; at < good.size(); ++at) {
@@ -118,7 +118,7 @@ TEST_F(HostileDocuments, WithAnyByteFlipped) {
         std::string bad = good;
         bad[at] = static_cast<char>(bad[at] ^ mask);
         GivenDocument(bad);
-        store.LoadTranslation(bad, "pl", "Polish");
+        store->LoadTranslation(bad, "pl", "Polish");
         UseEverything();
       }
     }
@@ -141,7 +141,7 @@ TEST_F(HostileDocuments, WithBytesChanged) {
         bad[random() % bad.size()] = kBytes[random() % kBytes.size()];
       }
       GivenDocument(bad);
-      store.LoadTranslation(bad, "pl", "Polish");
+      store->LoadTranslation(bad, "pl", "Polish");
       UseEverything();
     }
   }

@@ -37,10 +37,10 @@ class RecordedTexts : public AppTest {
   void TearDown() override { ExpectNothingUntranslated(); }
 
   /// Since the program was started last.
-  static void ExpectNothingUntranslated() {
+  void ExpectNothingUntranslated() {
     std::set<std::string> english;
     for (const auto& text : program_texts::LookedUpInVain()) english.insert(text.text);
-    ovk::xml::element tree = TranslationStore::Instance().CopyTree();
+    ovk::xml::element tree = user.Translations().CopyTree();
     for (const auto& entry : tree.child("strings").children) {
       const std::string key(entry->attribute_or_empty("id").view());
       if (!WasAskedInVain(*entry) || program_texts::LeftOver().contains(key)) continue;
@@ -69,7 +69,7 @@ class RecordedTexts : public AppTest {
 
 TEST_F(RecordedTexts, OfTheMenusAndTheirDialogs) {
   user.Start();
-  EXPECT_EQ(TranslationStore::Instance().GetLanguageId(), "de");
+  EXPECT_EQ(user.Translations().GetLanguageId(), "de");
   Choose(command::kAddEmulator);
   for (const int number : {command::kLoadProgram, command::kSaveProgramAs, command::kImportTmf,
                            command::kExportTmf, command::kImportLmf, command::kExportLmf, command::kExportRaw,

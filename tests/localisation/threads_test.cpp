@@ -40,33 +40,33 @@ class TranslatingThreads : public Translations {
 };
 
 TEST_F(TranslatingThreads, GetTheTextsOfTheLanguageWhileKeysAreAdded) {
-  store.SetLanguage("de");
+  store->SetLanguage("de");
   std::atomic<int> wrong = 0;
   Run(
       [&](int worker, int round) {
         const std::string key =
             "a longer key of worker " + std::to_string(worker) + ", " + std::to_string(round);
-        if (store.Translate("Step {1}") != "Schritt {1}" || store.Translate(key) != key) ++wrong;
+        if (store->Translate("Step {1}") != "Schritt {1}" || store->Translate(key) != key) ++wrong;
       },
       [&] {
-        if (store.Translate("Undo") != "Rückgängig") ++wrong;
+        if (store->Translate("Undo") != "Rückgängig") ++wrong;
       });
   EXPECT_EQ(wrong, 0);
   EXPECT_EQ(Entries(), 3 + kWorkers * kRounds);
 }
 
 TEST_F(TranslatingThreads, AddAKeyOnce) {
-  store.SetLanguage("de");
-  Run([&](int, int round) { store.Translate("key " + std::to_string(round)); },
-      [&] { store.Translate("key " + std::to_string(kRounds - 1)); });
+  store->SetLanguage("de");
+  Run([&](int, int round) { store->Translate("key " + std::to_string(round)); },
+      [&] { store->Translate("key " + std::to_string(kRounds - 1)); });
   EXPECT_EQ(Entries(), 3 + kRounds);
 }
 
 TEST_F(TranslatingThreads, DoNotDisturbTheMenuThatWalksTheLanguages) {
-  store.SetLanguage("de");
-  const ovk::xml::element& languages = store.GetLanguages();
+  store->SetLanguage("de");
+  const ovk::xml::element& languages = store->GetLanguages();
   int wrong = 0;
-  Run([&](int, int round) { store.Translate("key " + std::to_string(round)); },
+  Run([&](int, int round) { store->Translate("key " + std::to_string(round)); },
       [&] {
         std::string all;
         for (const auto& language : languages.children) {
@@ -81,44 +81,44 @@ TEST_F(TranslatingThreads, SeeOneLanguageOrTheOtherWhileItChanges) {
   std::atomic<int> wrong = 0;
   Run(
       [&](int, int) {
-        const std::string text = store.Translate("Undo");
+        const std::string text = store->Translate("Undo");
         if (text != "Undo" && text != "Rückgängig" && text != "Späť") ++wrong;
       },
       [&] {
-        for (const char* id : {"de", "sk", "en"}) store.SetLanguage(id);
+        for (const char* id : {"de", "sk", "en"}) store->SetLanguage(id);
       });
   EXPECT_EQ(wrong, 0);
 }
 
 TEST_F(TranslatingThreads, WorkWhileLanguagesAreLoadedExportedAndCopied) {
-  store.SetLanguage("de");
+  store->SetLanguage("de");
   const auto file =
       File("<strings><string id='Redo'><translate>Wiederholen, noch einmal</translate></string></strings>");
   Run([&](int worker,
-          int round) { store.Translate("a longer key, " + std::to_string(worker * kRounds + round)); },
+          int round) { store->Translate("a longer key, " + std::to_string(worker * kRounds + round)); },
       [&] {
-        EXPECT_TRUE(store.LoadTranslationFile(file, "de", "Deutsch, wie man es hier spricht"));
-        EXPECT_TRUE(store.ExportTranslationFile(folder / "out.xml"));
-        ovk::xml::element copy = store.CopyTree();
+        EXPECT_TRUE(store->LoadTranslationFile(file, "de", "Deutsch, wie man es hier spricht"));
+        EXPECT_TRUE(store->ExportTranslationFile(folder / "out.xml"));
+        ovk::xml::element copy = store->CopyTree();
         RemoveLanguage(copy, "sk");
         EscapeLineBreaks(copy);
       });
-  EXPECT_EQ(store.Translate("Redo"), "Wiederholen, noch einmal");
+  EXPECT_EQ(store->Translate("Redo"), "Wiederholen, noch einmal");
 }
 
 TEST_F(TranslatingThreads, HaveACopyOfTheTreeToThemselves) {
   const std::string longText = "<strings><string id='Redo'><translate>so lang, dass es sich teilen liesse";
   for (int round = 0; round < 50; ++round) {
     // What it was made from goes on this side, and the copy on the other.
-    std::thread other([copy = store.CopyTree()] {});
-    EXPECT_TRUE(store.LoadTranslation(longText + std::to_string(round) + "</translate></string></strings>",
-                                      "de", "Deutsch, wie man es hier spricht " + std::to_string(round)));
+    std::thread other([copy = store->CopyTree()] {});
+    EXPECT_TRUE(store->LoadTranslation(longText + std::to_string(round) + "</translate></string></strings>",
+                                       "de", "Deutsch, wie man es hier spricht " + std::to_string(round)));
     other.join();
   }
 }
 
 TEST_F(TranslatingThreads, BuildMessagesOnBothSidesOfAChangeOfLanguage) {
-  TranslationStore::Instance().StartWith(kFewWords);
+  store->AnswerMessages();
   std::atomic<int> wrong = 0;
   Run(
       [&](int, int) {
@@ -126,11 +126,10 @@ TEST_F(TranslatingThreads, BuildMessagesOnBothSidesOfAChangeOfLanguage) {
         if (text != "Step 3" && text != "Schritt 3") ++wrong;
       },
       [&] {
-        TranslationStore::Instance().SetLanguage("de");
-        TranslationStore::Instance().SetLanguage("en");
+        store->SetLanguage("de");
+        store->SetLanguage("en");
       });
   EXPECT_EQ(wrong, 0);
-  TranslationStore::Instance().StartWith("");
 }
 
 TEST(TranslationStores, AreMadeOnceWhoeverIsFirst) {

@@ -19,35 +19,35 @@ using testing::IsEmpty;
 // How it begins.
 
 TEST_F(Translations, BeginsWithEnglish) {
-  EXPECT_EQ(store.GetLanguageId(), "en");
-  EXPECT_EQ(store.Translate("Undo"), "Undo");
+  EXPECT_EQ(store->GetLanguageId(), "en");
+  EXPECT_EQ(store->Translate("Undo"), "Undo");
 }
 
 TEST_F(Translations, WithoutADocumentKnowsOnlyEnglish) {
   for (const std::string& document :
        {""s, "  \r\n"s, "no XML"s, "<localisation>"s, "<localisation></other>"s}) {
     GivenDocument(document);
-    EXPECT_EQ(store.GetLanguageId(), "en");
+    EXPECT_EQ(store->GetLanguageId(), "en");
     EXPECT_EQ(Tree(), "<localisation>\r\n  <languages/>\r\n</localisation>\r\n");
     EXPECT_THAT(LanguageIds(), IsEmpty());
-    store.SetLanguage("de");
-    EXPECT_EQ(store.Translate("Undo"), "Undo");
+    store->SetLanguage("de");
+    EXPECT_EQ(store->Translate("Undo"), "Undo");
   }
 }
 
 TEST_F(Translations, StartingWithADocumentForgetsEverything) {
-  store.SetLanguage("de");
-  store.Translate("recorded");
+  store->SetLanguage("de");
+  store->Translate("recorded");
   GivenStrings("<string id='Redo'/>");
-  EXPECT_EQ(store.GetLanguageId(), "en");
+  EXPECT_EQ(store->GetLanguageId(), "en");
   EXPECT_THAT(LanguageIds(), ElementsAre("de"));
   EXPECT_EQ(Entries(), 1);
 }
 
 TEST_F(Translations, WhatSurroundsTheDocumentDoesNotMatter) {
   GivenDocument("\xEF\xBB\xBF<?xml version='1.0'?><!-- texts -->"s + kFewWords + "<<<");
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("Step {1}"), "Schritt {1}");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("Step {1}"), "Schritt {1}");
 }
 
 // A document with a root of another name is as good as any.
@@ -55,15 +55,15 @@ TEST_F(Translations, TheNameOfTheRootIsNotLookedAt) {
   GivenDocument(
       "<texts><strings><string id='Undo'><de>Zurück</de></string></strings>"
       "<languages><language id='de'/></languages></texts>");
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("Undo"), "Zurück");
-  EXPECT_EQ(store.CopyTree().name, "texts");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("Undo"), "Zurück");
+  EXPECT_EQ(store->CopyTree().name, "texts");
 }
 
 TEST_F(Translations, WhatTheDocumentLeavesOutIsCreatedOnDemand) {
   GivenDocument("<texts><languages><language id='de'/></languages></texts>");
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("Undo"), "Undo");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("Undo"), "Undo");
   EXPECT_EQ(Entry("Undo"), "<string id='Undo'/>");
 
   GivenDocument("<texts/>");
@@ -73,7 +73,7 @@ TEST_F(Translations, WhatTheDocumentLeavesOutIsCreatedOnDemand) {
 
 // It is kept for what it was meant for; the resource is the only source.
 TEST_F(Translations, NothingOpensTheExternalFile) {
-  EXPECT_EQ(store.externalFileName, u"LumarineStrings.xml");
+  EXPECT_EQ(store->externalFileName, u"LumarineStrings.xml");
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(folder.path());
   File("<localisation><languages><language id='pl'/></languages></localisation>", "LumarineStrings.xml");
@@ -85,66 +85,66 @@ TEST_F(Translations, NothingOpensTheExternalFile) {
 // The language.
 
 TEST_F(Translations, SetLanguageWithAnUnknownIdLeavesTheLanguageAsItWas) {
-  store.SetLanguage("sk");
+  store->SetLanguage("sk");
   for (const std::string& id : {"xx"s, ""s, "DE"s, "de "s, "d"s, "de\0"s, "en\0"s, "EN"s}) {
-    store.SetLanguage(id);
-    EXPECT_EQ(store.GetLanguageId(), "sk") << id;
+    store->SetLanguage(id);
+    EXPECT_EQ(store->GetLanguageId(), "sk") << id;
   }
-  store.SetLanguage("de");
-  EXPECT_EQ(store.GetLanguageId(), "de");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->GetLanguageId(), "de");
 }
 
 TEST_F(Translations, SetLanguageWithEnglishAlwaysSucceeds) {
-  store.SetLanguage("de");
-  store.SetLanguage("en");
-  EXPECT_EQ(store.GetLanguageId(), "en");
-  EXPECT_EQ(store.Translate("Undo"), "Undo");
+  store->SetLanguage("de");
+  store->SetLanguage("en");
+  EXPECT_EQ(store->GetLanguageId(), "en");
+  EXPECT_EQ(store->Translate("Undo"), "Undo");
 
   GivenDocument("<localisation><languages/></localisation>");
-  store.SetLanguage("en");
-  EXPECT_EQ(store.GetLanguageId(), "en");
+  store->SetLanguage("en");
+  EXPECT_EQ(store->GetLanguageId(), "en");
 }
 
 TEST_F(Translations, OnlyElementsNamedLanguageAreLanguages) {
   GivenDocument("<l><languages><other id='de'/><language name='sk'/><language id='it'/></languages></l>");
   for (const char* id : {"de", "sk", ""}) {
-    store.SetLanguage(id);
-    EXPECT_EQ(store.GetLanguageId(), "en") << id;
+    store->SetLanguage(id);
+    EXPECT_EQ(store->GetLanguageId(), "en") << id;
   }
-  store.SetLanguage("it");
-  EXPECT_EQ(store.GetLanguageId(), "it");
+  store->SetLanguage("it");
+  EXPECT_EQ(store->GetLanguageId(), "it");
 }
 
 TEST_F(Translations, LanguagesComeInTheOrderOfTheDocumentWithAllThatIsToldOfThem) {
   EXPECT_THAT(LanguageIds(), ElementsAre("de", "sk"));
-  const ovk::xml::element& slovak = *store.GetLanguages().children[1];
+  const ovk::xml::element& slovak = *store->GetLanguages().children[1];
   EXPECT_EQ(slovak.attribute_or_empty("name"), "Slovak");
   EXPECT_EQ(slovak.attribute_or_empty("author"), "Lumarine team");
-  EXPECT_EQ(store.GetLanguages().children[0]->find_attribute("author"), -1);
+  EXPECT_EQ(store->GetLanguages().children[0]->find_attribute("author"), -1);
 }
 
 // Lookup.
 
 TEST_F(Translations, ATranslationIsFoundByItsKey) {
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("Step {1}"), "Schritt {1}");
-  EXPECT_EQ(store.Translate("Undo"), "Rückgängig");
-  store.SetLanguage("sk");
-  EXPECT_EQ(store.Translate("Undo"), "Späť");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("Step {1}"), "Schritt {1}");
+  EXPECT_EQ(store->Translate("Undo"), "Rückgängig");
+  store->SetLanguage("sk");
+  EXPECT_EQ(store->Translate("Undo"), "Späť");
 }
 
 // With English in use nothing is recorded, so that an export holds the document's keys and what was recorded
 // in another language.
 TEST_F(Translations, EnglishRecordsNothing) {
   const std::string before = Tree();
-  EXPECT_EQ(store.Translate("said in English"), "said in English");
-  EXPECT_EQ(store.Translate("a\0b"s), "a\0b"s);
+  EXPECT_EQ(store->Translate("said in English"), "said in English");
+  EXPECT_EQ(store->Translate("a\0b"s), "a\0b"s);
   EXPECT_EQ(Tree(), before);
 
-  store.SetLanguage("de");
-  store.Translate("said in German");
-  store.SetLanguage("en");
-  store.Translate("said in English");
+  store->SetLanguage("de");
+  store->Translate("said in German");
+  store->SetLanguage("en");
+  store->Translate("said in English");
   const std::string exported = Exported();
   EXPECT_NE(exported.find("'said in German'"), exported.npos);
   EXPECT_EQ(exported.find("'said in English'"), exported.npos);
@@ -152,20 +152,20 @@ TEST_F(Translations, EnglishRecordsNothing) {
 
 // The first lookup of an unknown key adds the entry, the second its empty text, and further ones find that.
 TEST_F(Translations, AnUnknownKeyIsRecordedInTwoSteps) {
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("new"), "new");
+  store->SetLanguage("de");
+  EXPECT_EQ(store->Translate("new"), "new");
   EXPECT_EQ(Entry("new"), "<string id='new'/>");
-  EXPECT_EQ(store.Translate("new"), "new");
+  EXPECT_EQ(store->Translate("new"), "new");
   EXPECT_EQ(Entry("new"), "<string id='new'><de/></string>");
-  EXPECT_EQ(store.Translate("new"), "new");
+  EXPECT_EQ(store->Translate("new"), "new");
   EXPECT_EQ(Entry("new"), "<string id='new'><de/></string>");
   EXPECT_EQ(Entries(), 4);
 }
 
 TEST_F(Translations, RecordedKeysFollowTheDocumentsInTheOrderInWhichTheyWereMissed) {
-  store.SetLanguage("sk");
-  for (const char* key : {"zebra", "apple", "zebra"}) store.Translate(key);
-  ovk::xml::element tree = store.CopyTree();
+  store->SetLanguage("sk");
+  for (const char* key : {"zebra", "apple", "zebra"}) store->Translate(key);
+  ovk::xml::element tree = store->CopyTree();
   const auto& strings = tree.child("strings").children;
   ASSERT_EQ(strings.count(), 5);
   EXPECT_EQ(strings[3]->attribute_or_empty("id"), "zebra");
@@ -176,14 +176,14 @@ TEST_F(Translations, AMissingTranslationFallsBackToEnglishAndToNoOtherLanguage) 
   GivenDocument(
       "<l><languages><language id='fr01'/><language id='fr'/></languages>"
       "<strings><string id='Undo'><fr>Annuler</fr></string></strings></l>");
-  store.SetLanguage("fr01");
-  EXPECT_EQ(store.Translate("Undo"), "Undo");
+  store->SetLanguage("fr01");
+  EXPECT_EQ(store->Translate("Undo"), "Undo");
   EXPECT_EQ(Entry("Undo"), "<string id='Undo'><fr>Annuler</fr><fr01/></string>");
 }
 
 TEST_F(Translations, ATextOfWhiteSpaceReadsAsEmptyAndFallsBackToTheKey) {
   GivenGerman("<string id='Undo'><de> \t\r\n\v\f </de></string>");
-  EXPECT_EQ(store.Translate("Undo"), "Undo");
+  EXPECT_EQ(store->Translate("Undo"), "Undo");
   EXPECT_EQ(Entry("Undo"), "<string id='Undo'><de/></string>");
 }
 
@@ -191,48 +191,48 @@ TEST_F(Translations, KeysAreComparedByteForByte) {
   GivenGerman(
       "<string id='Undo'><de>a</de></string><string id='undo'><de>b</de></string>"
       "<string id=' Undo'><de>c</de></string>");
-  EXPECT_EQ(store.Translate("Undo"), "a");
-  EXPECT_EQ(store.Translate("undo"), "b");
-  EXPECT_EQ(store.Translate(" Undo"), "c");
-  EXPECT_EQ(store.Translate("Undo "), "Undo ");
+  EXPECT_EQ(store->Translate("Undo"), "a");
+  EXPECT_EQ(store->Translate("undo"), "b");
+  EXPECT_EQ(store->Translate(" Undo"), "c");
+  EXPECT_EQ(store->Translate("Undo "), "Undo ");
 }
 
 TEST_F(Translations, OfTwoEntriesWithOneKeyTheFirstCounts) {
   GivenGerman("<string id='a'/><string id='a'><de>second</de></string>");
-  EXPECT_EQ(store.Translate("a"), "a");
+  EXPECT_EQ(store->Translate("a"), "a");
 }
 
 TEST_F(Translations, OfTwoTextsInOneLanguageTheFirstCounts) {
   GivenGerman("<string id='a'><de>one</de><de>two</de></string>");
-  EXPECT_EQ(store.Translate("a"), "one");
+  EXPECT_EQ(store->Translate("a"), "one");
 }
 
 TEST_F(Translations, OnlyStringsWithAnIdAreLookedUp) {
   GivenGerman(
       "<other id='a'><de>no</de></other><string><de>no</de></string><string id='a'><de>yes</de></string>");
-  EXPECT_EQ(store.Translate("a"), "yes");
-  EXPECT_EQ(store.Translate(""), "");
+  EXPECT_EQ(store->Translate("a"), "yes");
+  EXPECT_EQ(store->Translate(""), "");
   EXPECT_EQ(Entry(""), "<string id=''/>") << "the entry without id is not the one of the empty key";
 }
 
 TEST_F(Translations, MarkupInKeysAndTextsIsResolved) {
   GivenGerman("<string id='&lt;empty&gt; &apos;&quot;&amp;'><de>&lt;leer&gt;</de></string>");
-  EXPECT_EQ(store.Translate("<empty> '\"&"), "<leer>");
+  EXPECT_EQ(store->Translate("<empty> '\"&"), "<leer>");
 }
 
 // Zero bytes.
 
 TEST_F(Translations, ATextEndsAtItsFirstZeroByte) {
   GivenGerman("<string id='a'><de>one&#0;two</de></string><string id='b'><de>&#0;two</de></string>");
-  EXPECT_EQ(store.Translate("a"), "one");
-  EXPECT_EQ(store.Translate("b"), "") << "such a text is not empty, so there is no falling back";
+  EXPECT_EQ(store->Translate("a"), "one");
+  EXPECT_EQ(store->Translate("b"), "") << "such a text is not empty, so there is no falling back";
 }
 
 TEST_F(Translations, AKeyHoldsZeroBytes) {
   GivenGerman("<string id='a'><de>short</de></string><string id='a&#0;b'><de>long</de></string>");
-  EXPECT_EQ(store.Translate("a\0b"s), "long");
-  EXPECT_EQ(store.Translate("a"), "short");
-  EXPECT_EQ(store.Translate("a\0c"s), "a\0c"s);
+  EXPECT_EQ(store->Translate("a\0b"s), "long");
+  EXPECT_EQ(store->Translate("a"), "short");
+  EXPECT_EQ(store->Translate("a\0c"s), "a\0c"s);
   EXPECT_EQ(Entry("a\0c"s), "<string id='a\0c'/>"s);
 }
 
@@ -240,19 +240,19 @@ TEST_F(Translations, AKeyHoldsZeroBytes) {
 
 TEST_F(Translations, LineBreaksInKeysAndTextsAreRealOnesForTheCode) {
   GivenGerman(R"(<string id='one\r\ntwo'><de>eins\r\nzwei</de></string>)");
-  EXPECT_EQ(store.Translate("one\r\ntwo"), "eins\r\nzwei");
+  EXPECT_EQ(store->Translate("one\r\ntwo"), "eins\r\nzwei");
 }
 
 // Texts are trimmed before line breaks are put in, which is the one way for a text to begin or end with one.
 TEST_F(Translations, AnEscapedLineBreakAtEitherEndOfATextSurvives) {
   GivenGerman("<string id='a'><de>\r\n  \\r\\nzwei\\r\\n  \r\n</de></string>");
-  EXPECT_EQ(store.Translate("a"), "\r\nzwei\r\n");
+  EXPECT_EQ(store->Translate("a"), "\r\nzwei\r\n");
 }
 
 TEST_F(Translations, AttributesAreNotTrimmed) {
   GivenGerman("<string id=' a '><de>b</de></string>");
-  EXPECT_EQ(store.Translate("a"), "a");
-  EXPECT_EQ(store.Translate(" a "), "b");
+  EXPECT_EQ(store->Translate("a"), "a");
+  EXPECT_EQ(store->Translate(" a "), "b");
 }
 
 // The second document.
@@ -260,16 +260,16 @@ TEST_F(Translations, AttributesAreNotTrimmed) {
 class TwoDocuments : public Translations {
  protected:
   void GivenMore(std::string_view strings) {
-    store.StartWith(kFewWords, "<localisation><languages/><strings>" + std::string(strings) +
-                                   "</strings></localisation>");
-    store.SetLanguage("de");
+    store.emplace(kFewWords,
+                  "<localisation><languages/><strings>" + std::string(strings) + "</strings></localisation>");
+    store->SetLanguage("de");
   }
 };
 
 TEST_F(TwoDocuments, AreSpokenFromOneTree) {
   GivenMore(R"(<string id='two\r\nlines'><de>  zwei\r\nZeilen </de></string>)");
-  EXPECT_EQ(store.Translate("two\r\nlines"), "zwei\r\nZeilen");
-  EXPECT_EQ(store.Translate("Undo"), "Rückgängig");
+  EXPECT_EQ(store->Translate("two\r\nlines"), "zwei\r\nZeilen");
+  EXPECT_EQ(store->Translate("Undo"), "Rückgängig");
   EXPECT_EQ(Entries(), 4);
   EXPECT_NE(Exported().find("<string id='two\\r\\nlines'>"), std::string::npos);
 }
@@ -277,67 +277,43 @@ TEST_F(TwoDocuments, AreSpokenFromOneTree) {
 TEST_F(TwoDocuments, AKeyThatIsInBothIsThatOfTheFirst) {
   GivenMore(
       "<string id='Undo'><de>anders</de><sk>inak</sk></string><string id='Redo'><de>Wieder</de></string>");
-  EXPECT_EQ(store.Translate("Undo"), "Rückgängig");
-  EXPECT_EQ(store.Translate("Redo"), "Redo");
+  EXPECT_EQ(store->Translate("Undo"), "Rückgängig");
+  EXPECT_EQ(store->Translate("Redo"), "Redo");
   EXPECT_EQ(Entries(), 3);
 }
 
 TEST_F(TwoDocuments, HaveTheLanguagesOfTheFirst) {
-  store.StartWith(kFewWords,
-                  "<l><languages><language id='pl'/></languages><strings><string id='More'><pl>Dalej</pl>"
-                  "</string></strings></l>");
+  store.emplace(kFewWords,
+                "<l><languages><language id='pl'/></languages><strings><string id='More'><pl>Dalej</pl>"
+                "</string></strings></l>");
   EXPECT_THAT(LanguageIds(), ElementsAre("de", "sk"));
-  store.SetLanguage("pl");
-  EXPECT_EQ(store.GetLanguageId(), "en");
+  store->SetLanguage("pl");
+  EXPECT_EQ(store->GetLanguageId(), "en");
 }
 
 TEST_F(TwoDocuments, AreAsTheFirstAloneIfTheSecondIsEmptyOrNoXml) {
   const std::string alone = Tree();
   for (const char* const more : {"", "no XML", "<l>", "<l/>", "<l><strings/></l>"}) {
-    store.StartWith(kFewWords, more);
+    store.emplace(kFewWords, more);
     EXPECT_EQ(Tree(), alone) << more;
   }
 }
 
 TEST_F(TwoDocuments, AreNoneWithoutTheFirst) {
-  store.StartWith("no XML", "<l><strings><string id='More'/></strings></l>");
+  store.emplace("no XML", "<l><strings><string id='More'/></strings></l>");
   EXPECT_EQ(Tree(), "<localisation>\r\n  <languages/>\r\n</localisation>\r\n");
-}
-
-TEST_F(TwoDocuments, AreForgottenByTheNextStart) {
-  GivenMore("<string id='More'><de>Mehr</de></string>");
-  GivenDocument(kFewWords);
-  store.SetLanguage("de");
-  EXPECT_EQ(store.Translate("More"), "More");
-  EXPECT_EQ(store.CopyDocuments().more.child("strings").children.count(), 0);
 }
 
 // What is not an entry there would be taken for one of the first document by a merge.
 TEST_F(TwoDocuments, OnlyEntriesOfTheSecondAreTaken) {
   GivenMore("<other id='a'><de>b</de></other><string><de>c</de></string><string id='d'><de>e</de></string>");
   EXPECT_EQ(Entries(), 4);
-  EXPECT_EQ(store.Translate("d"), "e");
+  EXPECT_EQ(store->Translate("d"), "e");
 }
 
 // The one of the process, and messages.
 
-class TheProgramsTranslations : public testing::Test {
- protected:
-  void SetUp() override {
-    ASSERT_TRUE(LoadResourceBytes(TranslationStore::kDocumentResource, "XML", document_));
-    ASSERT_TRUE(LoadResourceBytes(TranslationStore::kMoreResource, "XML", more_));
-    TranslationStore::Instance().StartWith(
-        "<l><languages><language id='de'/></languages>"
-        "<strings><string id='Step {1}'><de>Schritt {1}</de></string></strings></l>");
-  }
-  void TearDown() override { TranslationStore::Instance().StartWith(document_, more_); }
-
-  std::string document_;
-  std::string more_;
-};
-
-TEST_F(TheProgramsTranslations, AreBuiltIn) {
-  TranslationStore::Instance().StartWith(document_, more_);
+TEST(TheProgramsTranslations, AreBuiltIn) {
   std::string all;
   for (const auto& language : TranslationStore::Instance().GetLanguages().children) {
     all.append(language->attribute_or_empty("id").view()).append(" ");
@@ -345,35 +321,50 @@ TEST_F(TheProgramsTranslations, AreBuiltIn) {
   EXPECT_EQ(all, "de sk it cz fr01 fr pl es ");
 }
 
-TEST_F(TheProgramsTranslations, AnswerMessages) {
+class AnsweringMessages : public Translations {
+ protected:
+  void SetUp() override {
+    GivenGerman("<string id='Step {1}'><de>Schritt {1}</de></string>");
+    store->SetLanguage("en");
+    store->AnswerMessages();
+  }
+};
+
+TEST_F(AnsweringMessages, HasThemSpeakTheLanguageInUse) {
   EXPECT_EQ(Message("Step {1}", 3).utf8(), "Step 3");
-  TranslationStore::Instance().SetLanguage("de");
+  store->SetLanguage("de");
   EXPECT_EQ(Message("Step {1}", 3).utf8(), "Schritt 3");
   EXPECT_EQ(Translate("Step {1}"), "Schritt {1}");
-  TranslationStore::Instance().SetLanguage("en");
+  store->SetLanguage("en");
   EXPECT_EQ(Message("Step {1}", 3).utf8(), "Step 3");
 }
 
-TEST_F(TheProgramsTranslations, AreAskedForTheTemplateAndNeverForWhatIsFilledIn) {
-  TranslationStore::Instance().SetLanguage("de");
-  EXPECT_EQ(Message("{1}!", "Step {1}").utf8(), "Step {1}!");
-  ovk::xml::element tree = TranslationStore::Instance().CopyTree();
-  EXPECT_NE(tree.child("strings").find_child_by_id("string", "{1}!"), nullptr);
-  EXPECT_EQ(tree.child("strings").children.count(), 2);
+TEST_F(AnsweringMessages, BeginsInTheLanguageInUse) {
+  GivenGerman("<string id='Step {1}'><de>Schritt {1}</de></string>");
+  EXPECT_EQ(Translate("Step {1}"), "Step {1}");
+  store->AnswerMessages();
+  EXPECT_EQ(Translate("Step {1}"), "Schritt {1}");
 }
 
-TEST_F(TheProgramsTranslations, AreEnglishAgainAfterAFreshStart) {
-  TranslationStore::Instance().SetLanguage("de");
-  TranslationStore::Instance().StartWith("");
+TEST_F(AnsweringMessages, AsksForTheTemplateAndNeverForWhatIsFilledIn) {
+  store->SetLanguage("de");
+  EXPECT_EQ(Message("{1}!", "Step {1}").utf8(), "Step {1}!");
+  EXPECT_NE(Entry("{1}!"), "");
+  EXPECT_EQ(Entries(), 2);
+}
+
+TEST_F(AnsweringMessages, EndsWithTheStore) {
+  store->SetLanguage("de");
+  store.reset();
   EXPECT_EQ(Translate("Step {1}"), "Step {1}");
 }
 
-TEST_F(TheProgramsTranslations, AreNotThoseOfAnotherStore) {
+TEST_F(AnsweringMessages, IsNotDoneByAnotherStore) {
   TranslationStore other("<l><languages><language id='de'/></languages></l>");
-  TranslationStore::Instance().SetLanguage("de");
+  store->SetLanguage("de");
   other.SetLanguage("en");
   EXPECT_EQ(Translate("Step {1}"), "Schritt {1}");
-  TranslationStore::Instance().SetLanguage("en");
+  store->SetLanguage("en");
   other.SetLanguage("de");
   other.Translate("Step {1}");
   EXPECT_EQ(Translate("Step {1}"), "Step {1}");

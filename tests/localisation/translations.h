@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "OvkLib/src/ovk_xml.h"
@@ -30,7 +32,7 @@ class Translations : public testing::Test {
   </strings>
 </localisation>)";
 
-  void GivenDocument(std::string_view document) { store.StartWith(document); }
+  void GivenDocument(std::string_view document) { store.emplace(document); }
   /// A document with German and these entries.
   void GivenStrings(const std::string& strings) {
     GivenDocument("<localisation><languages><language id='de' name='Deutsch'/></languages><strings>" +
@@ -38,13 +40,13 @@ class Translations : public testing::Test {
   }
   void GivenGerman(const std::string& strings) {
     GivenStrings(strings);
-    store.SetLanguage("de");
+    store->SetLanguage("de");
   }
 
-  std::string Tree() const { return xml_trees::Serialized(store.CopyTree()); }
+  std::string Tree() const { return xml_trees::Serialized(store->CopyTree()); }
   /// The entry of a key as it stands in the tree: "<string id='Undo'/>"; nothing if there is none.
   std::string Entry(std::string_view key) const {
-    ovk::xml::element tree = store.CopyTree();
+    ovk::xml::element tree = store->CopyTree();
     const ovk::xml::element* entry = tree.child("strings").find_child_by_id("string", key);
     if (entry == nullptr) return "";
     std::string text;
@@ -53,10 +55,10 @@ class Translations : public testing::Test {
     }
     return text;
   }
-  int Entries() const { return store.CopyTree().child("strings").children.count(); }
+  int Entries() const { return store->CopyTree().child("strings").children.count(); }
   std::vector<std::string> LanguageIds() {
     std::vector<std::string> ids;
-    for (const auto& language : store.GetLanguages().children) {
+    for (const auto& language : store->GetLanguages().children) {
       ids.emplace_back(language->attribute_or_empty("id").view());
     }
     return ids;
@@ -67,10 +69,10 @@ class Translations : public testing::Test {
   }
   /// What an export writes now.
   std::string Exported() {
-    EXPECT_TRUE(store.ExportTranslationFile(folder / "exported.xml"));
+    EXPECT_TRUE(store->ExportTranslationFile(folder / "exported.xml"));
     return BytesOf(folder / "exported.xml");
   }
 
   const TemporaryFolder folder;
-  TranslationStore store{kFewWords};
+  std::optional<TranslationStore> store{std::in_place, kFewWords};
 };

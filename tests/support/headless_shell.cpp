@@ -326,9 +326,12 @@ void RecordingRenderer::Render() {
 
 // Desktop
 
-Desktop::Desktop(Settings& settings, std::filesystem::path deviceLogFile,
+Desktop::Desktop(Settings& settings, TranslationStore& translations, std::filesystem::path deviceLogFile,
                  std::vector<std::filesystem::path> filesToOpen)
-    : settings_(settings), deviceLogFile_(std::move(deviceLogFile)), filesToOpen_(std::move(filesToOpen)) {
+    : settings_(settings),
+      translations_(translations),
+      deviceLogFile_(std::move(deviceLogFile)),
+      filesToOpen_(std::move(filesToOpen)) {
   queue.whenEmpty = [this] { return NextTimerOrPaint(); };
   // As the platform does it: while the mouse is captured the key is lost.
   queue.onAccelerator = [this](int command) {
@@ -361,7 +364,8 @@ app::Shell Desktop::Ports() {
           settings_,
           deviceLogFile_,
           deviceLogFile_.parent_path(),
-          filesToOpen_};
+          filesToOpen_,
+          translations_};
 }
 
 RecordingRenderer& Desktop::Renderer() {

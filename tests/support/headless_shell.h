@@ -269,8 +269,8 @@ class ChartWindow final : public UX::ChartWindowPort {
 /// One run of the program: the windows, what they were told, and the application that they belong to.
 class Desktop final : public app::PlatformPort, public app::MainWindowPort {
  public:
-  /// The settings outlive the desktop.
-  Desktop(Settings& settings, std::filesystem::path deviceLogFile,
+  /// The settings and the translations outlive the desktop.
+  Desktop(Settings& settings, TranslationStore& translations, std::filesystem::path deviceLogFile,
           std::vector<std::filesystem::path> filesToOpen = {});
   ~Desktop() override;
 
@@ -316,6 +316,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   void DeliverPosted();
 
   Settings& settings_;
+  TranslationStore& translations_;
   const std::filesystem::path deviceLogFile_;
   const std::vector<std::filesystem::path> filesToOpen_;
   int modalWindows_ = 0;

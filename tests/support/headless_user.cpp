@@ -7,8 +7,6 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/window/numbers.h"
 #include "common/files.h"
-#include "common/log.h"
-#include "localisation/translation_store.h"
 #include "tests/support/virtual_clock.h"
 
 namespace headless {
@@ -22,16 +20,6 @@ constexpr std::chrono::seconds kPatience{60};
 
 }  // namespace
 
-void BeginProcess(std::string_view translations, std::string_view moreTranslations) {
-  for (LogChannel* log : {&statusLog, &warningLog, &deviceLog}) {
-    log->wakeHandler = nullptr;
-    log->textHandler = nullptr;
-    log->Drain();
-  }
-  log_detail::ForgetHints();
-  TranslationStore::Instance().StartWith(translations, moreTranslations);
-}
-
 HeadlessUser::HeadlessUser(std::filesystem::path documents) : documents_(std::move(documents)) {}
 
 HeadlessUser::~HeadlessUser() = default;
@@ -42,9 +30,12 @@ bool HeadlessUser::ReadTranslations(const std::filesystem::path& resources) {
 }
 
 void HeadlessUser::StartWith(std::vector<std::filesystem::path> files) {
-  BeginProcess(translations, moreTranslations);
+  desktop_.reset();
+  logs_.emplace();
+  store_.emplace(translations, moreTranslations);
+  store_->AnswerMessages();
   settings_.emplace(documents_ / Settings::fileName);
-  desktop_ = std::make_unique<Desktop>(*settings_, documents_ / "LumarineLog.txt", std::move(files));
+  desktop_ = std::make_unique<Desktop>(*settings_, *store_, documents_ / "LumarineLog.txt", std::move(files));
   desktop_->questions.answers = std::exchange(answersAtStart_, {});
   desktop_->refuseWindow = refuseWindow;
   restored_ = desktop_->size;

@@ -1,25 +1,23 @@
 #pragma once
 
-// A user in front of the headless shell. Each Start is a process of its own, as far as one can see: logs,
-// clocks and the demo begin anew, and settings come from the file that the run before left at its end.
+// A user in front of the headless shell. Each Start is a process of its own, as far as one can see: the logs
+// are empty, the translations have recorded nothing, and settings come from the file that the run before left
+// at its end.
 
 #include <deque>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "localisation/translation_store.h"
+#include "tests/support/empty_logs.h"
 #include "tests/support/headless_shell.h"
 #include "tests/support/user.h"
 
 namespace headless {
-
-/// Brings logs, clocks, demo, clipboard and translations back to what a process begins with; these come from
-/// the bytes of the two documents.
-void BeginProcess(std::string_view translations = {}, std::string_view moreTranslations = {});
 
 class HeadlessUser final : public User {
  public:
@@ -76,7 +74,9 @@ class HeadlessUser final : public User {
 
   Desktop& GetDesktop() { return *desktop_; }
   app::AppState& State() { return desktop_->application->state; }
+  // Of the run that goes on, or of the last one.
   Settings& GetSettings() { return *settings_; }
+  TranslationStore& Translations() { return *store_; }
   /// A command event, greyed or not: commands without a menu item or key, notifications.
   void SendCommand(int id, int code = 0);
   /// Turns the main loop until nothing is queued.
@@ -105,6 +105,9 @@ class HeadlessUser final : public User {
   void End();
 
   const std::filesystem::path documents_;
+  // Of one run, in the order of construction.
+  std::optional<EmptyLogs> logs_;
+  std::optional<TranslationStore> store_;
   std::optional<Settings> settings_;
   std::unique_ptr<Desktop> desktop_;  // null while the program does not run
   app::Size restored_;                // what Restore() goes back to
