@@ -8,19 +8,12 @@
 #include <optional>
 
 #include "chart/bumper.h"
+#include "common/geometry.h"
 #include "program/program.h"
 
 namespace UX {
 
-/// Pixels; never left, top, right, bottom.
-struct Rect {
-  std::int32_t x = 0;
-  std::int32_t y = 0;
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-
-  friend bool operator==(const Rect&, const Rect&) = default;
-};
+using ::Rect;
 
 /// Pixels between two lanes. A gap belongs to no lane.
 inline constexpr std::int32_t kLaneGap = 14;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
+#include "common/geometry.h"
 
 namespace UX {
-
-struct Rect;
 
 /// The chart's window, as the logic speaks to it. Implemented by the shells; user interface thread.
 class ChartWindowPort {

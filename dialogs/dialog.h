@@ -11,6 +11,7 @@
 
 #include "common/date_time.h"
 #include "common/event_target.h"
+#include "dialogs/control.h"
 
 namespace dialogs {
 
@@ -22,8 +23,6 @@ inline constexpr int kCancel = 2;
 inline constexpr int kClicked = 0;
 inline constexpr int kSelectionChanged = 1;
 inline constexpr int kTextChanged = 768;
-
-enum class Icon { None, Information, Error };
 
 /// A dialog that stands open. Controls go by the ids of the template; texts are UTF-16, finished and
 /// translated.

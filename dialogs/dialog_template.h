@@ -2,10 +2,14 @@
 
 // The dialogs' windows as data: which controls each has, where they stand and what they say before the dialog
 // itself has said anything. A shell builds its windows from these rows, or from resources that say the same.
+//
+// All places here are in dialog units: a quarter of the average width of the dialog font's characters to the
+// right, an eighth of their height downwards.
 
-#include <cstdint>
 #include <span>
 #include <string_view>
+
+#include "dialogs/control.h"
 
 namespace dialogs {
 
@@ -88,60 +92,12 @@ namespace tc421_success_control {
 inline constexpr int kText = 32912;
 }  // namespace tc421_success_control
 
-/// For a control that nobody speaks to.
-inline constexpr int kNoControl = -1;
-
-enum class ControlKind {
-  Label,
-  Edit,
-  Button,
-  GroupBox,  // a frame with a heading
-  ListBox,
-  DropDownList,    // nothing can be typed
-  ComboBox,        // a drop-down list that one can type into as well
-  DateTimePicker,  // of class "SysDateTimePick32"
-  ProgramIcon,
-};
-
-/// Traits of a control, to be combined. Edit fields, buttons and lists are reached with Tab unless told
-/// otherwise.
-namespace trait {
-inline constexpr unsigned kNone = 0;
-inline constexpr unsigned kAutoScroll = 1U << 0;  // sideways, as far as one types
-inline constexpr unsigned kMultiLine = 1U << 1;
-inline constexpr unsigned kVerticalScrollBar = 1U << 2;
-inline constexpr unsigned kWantsReturn = 1U << 3;  // Enter is a new line here, not the default button
-inline constexpr unsigned kReadOnly = 1U << 4;
-inline constexpr unsigned kNoTabStop = 1U << 5;
-inline constexpr unsigned kDefault = 1U << 6;  // the button that Enter presses
-inline constexpr unsigned kLink = 1U << 7;     // a button that says where it leads
-inline constexpr unsigned kHidden = 1U << 8;
-inline constexpr unsigned kSorted = 1U << 9;       // rows by their texts, whatever order they are added in
-inline constexpr unsigned kAmpersands = 1U << 10;  // a label that shows them, in the place of underlining
-}  // namespace trait
-
-/// In dialog units.
-struct UnitRect {
-  std::int32_t x = 0;
-  std::int32_t y = 0;
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-
-  friend bool operator==(const UnitRect&, const UnitRect&) = default;
-};
-
-struct ControlTemplate {
-  int id;
-  ControlKind kind;
-  UnitRect place;
-  std::string_view text;  // UTF-8
-  unsigned traits = trait::kNone;
-};
-
 struct DialogTemplate {
   int number;
   std::string_view title;  // UTF-8
-  UnitRect place;
+  /// Where the dialog comes up in the main window unless DialogWindow::MoveTo is called, and the size of its
+  /// inside.
+  Rect place;
   /// In the order in which Tab goes through them.
   std::span<const ControlTemplate> controls;
 };

@@ -6,56 +6,64 @@ namespace app {
 
 namespace {
 
-// Of the client area's width and height.
-constexpr Extent Width(std::int32_t less) {
+using Kind = dialogs::ControlKind;
+namespace trait = dialogs::trait;
+
+// The client area's width or height, less a distance.
+constexpr dialogs::Extent Width(std::int32_t less) {
   return {-less, 1, 0};
 }
-constexpr Extent Height(std::int32_t less) {
+constexpr dialogs::Extent Height(std::int32_t less) {
   return {-less, 0, 1};
 }
 
-constexpr unsigned kList = style::kNotifies | style::kVerticalScroll | style::kBorder;
+constexpr bool kTranslated = true;
+constexpr bool kStays = false;
+
+// A mode's name may hold a "&".
+constexpr unsigned kReadOut = trait::kSunken | trait::kAmpersands;
 
 // A table, one row a control.
 // clang-format off
 constexpr std::array<ControlRow, kControlCount> kTable{{
-    {Control::ModeList, "listbox", control_id::kModeList, "", false,
-     {{10}, {10}, {110}, {196}}, false, kList},
-    {Control::AddModeButton, "button", control_id::kAddMode, "➕", false,
-     {{10}, {208}, {54}, {20}}, false, style::kNone},
-    {Control::DeleteModeButton, "button", control_id::kDeleteMode, "➖", false,
-     {{66}, {208}, {54}, {20}}, false, style::kNone},
-    {Control::DemoStatusLabel, "static", control_id::kDemoStatus, "Demo controls", true,
-     {{10}, {252}, {110}, {20}}, true, style::kSunken},
-    {Control::PlayButton, "button", control_id::kPlay, "▶", false,
-     {{10}, {274}, {54}, {20}}, true, style::kNone},
-    {Control::StopButton, "button", control_id::kStop, "■", false,
-     {{66}, {274}, {54}, {20}}, true, style::kNone},
-    {Control::TimeLabel, "static", control_id::kTime, "0:00", false,
-     {{10}, {296}, {110}, {20}}, true, style::kSunken},
-    {Control::PowerLabel, "static", control_id::kPower, "[0 0 0 0 0]", false,
-     {{10}, {318}, {110}, {20}}, true, style::kSunken},
-    {Control::PowerTitleLabel, "static", 0, "Channel power", true,
-     {{10}, {340}, {110}, {20}}, true, style::kSunken},
-    {Control::PowerSlider, "msctls_trackbar32", 0, "", false,
-     {{10}, {362}, {110}, {20}}, true, style::kDisabledAtFirst | style::kAutoTicks},
-    {Control::DevicesLabel, "static", control_id::kDevicesLabel, "Devices", true,
-     {{10}, Height(252), {110}, {20}}, true, style::kSunken},
-    {Control::DeviceList, "listbox", control_id::kDeviceList, "", false,
-     {{10}, Height(230), {110}, {64}}, true, kList | style::kMultiSelection},
-    {Control::ZoomLabel, "static", control_id::kZoomLabel, "Zoom", true,
-     {{10}, Height(164), {110}, {20}}, true, style::kSunken},
-    {Control::ZoomSlider, "msctls_trackbar32", 0, "", false,
-     {{10}, Height(142), {110}, {20}}, true, style::kAutoTicks},
-    {Control::ModeDescription, "static", 0, "mode description", false,
-     {{130}, {10}, Width(140), {20}}, true, style::kSunken},
-    {Control::ChartWindow, "LumarineRenderWnd", 0, "", false,
-     {{120}, {30}, Width(120), Height(166)}, true, style::kNone},
-    {Control::ScrollBar, "SCROLLBAR", 0, "", false,
-     {{130}, Height(136), Width(140), {16}}, true, style::kNone},
-    {Control::LogPane, "RICHEDIT50W", 0, "", false,
-     {{10}, Height(110), Width(286), {100}}, true,
-     style::kMultiLine | style::kReadOnly | style::kVerticalScroll | style::kBorder},
+    {{control_id::kModeList, Kind::ListBox, {10, 10, 110, 196}, "", trait::kVerticalScrollBar},
+     Control::ModeList, false, kStays},
+    {{control_id::kAddMode, Kind::Button, {10, 208, 54, 20}, "➕"},
+     Control::AddModeButton, false, kStays},
+    {{control_id::kDeleteMode, Kind::Button, {66, 208, 54, 20}, "➖"},
+     Control::DeleteModeButton, false, kStays},
+    {{control_id::kDemoStatus, Kind::Label, {10, 252, 110, 20}, "Demo controls", kReadOut},
+     Control::DemoStatusLabel, kTranslated},
+    {{control_id::kPlay, Kind::Button, {10, 274, 54, 20}, "▶"},
+     Control::PlayButton},
+    {{control_id::kStop, Kind::Button, {66, 274, 54, 20}, "■"},
+     Control::StopButton},
+    {{control_id::kTime, Kind::Label, {10, 296, 110, 20}, "0:00", kReadOut},
+     Control::TimeLabel},
+    {{control_id::kPower, Kind::Label, {10, 318, 110, 20}, "[0 0 0 0 0]", kReadOut},
+     Control::PowerLabel},
+    {{0, Kind::Label, {10, 340, 110, 20}, "Channel power", kReadOut},
+     Control::PowerTitleLabel, kTranslated},
+    {{0, Kind::Slider, {10, 362, 110, 20}, "", trait::kTicks | trait::kDisabled},
+     Control::PowerSlider},
+    {{control_id::kDevicesLabel, Kind::Label, {10, Height(252), 110, 20}, "Devices", kReadOut},
+     Control::DevicesLabel, kTranslated},
+    {{control_id::kDeviceList, Kind::ListBox, {10, Height(230), 110, 64}, "",
+      trait::kVerticalScrollBar | trait::kMultiSelection},
+     Control::DeviceList},
+    {{control_id::kZoomLabel, Kind::Label, {10, Height(164), 110, 20}, "Zoom", kReadOut},
+     Control::ZoomLabel, kTranslated},
+    {{0, Kind::Slider, {10, Height(142), 110, 20}, "", trait::kTicks},
+     Control::ZoomSlider},
+    {{0, Kind::Label, {130, 10, Width(140), 20}, "mode description", kReadOut},
+     Control::ModeDescription},
+    {{0, Kind::Chart, {120, 30, Width(120), Height(166)}},
+     Control::ChartWindow},
+    {{0, Kind::ScrollBar, {130, Height(136), Width(140), 16}},
+     Control::ScrollBar},
+    {{0, Kind::RichText, {10, Height(110), Width(286), 100}, "",
+      trait::kMultiLine | trait::kReadOnly | trait::kVerticalScrollBar},
+     Control::LogPane},
 }};
 // clang-format on
 
@@ -67,18 +75,9 @@ constexpr bool IsInOrder() {
 }
 static_assert(IsInOrder());
 
-constexpr std::int32_t Resolve(const Extent& extent, std::int32_t width, std::int32_t height) {
-  return extent.fixed + extent.perWidth * width + extent.perHeight * height;
-}
-
-constexpr RectFormula kLogo{Width(266), Height(110), {256}, {100}};
+constexpr dialogs::PlaceFormula kLogo{Width(266), Height(110), 256, 100};
 
 }  // namespace
-
-UX::Rect RectFormula::At(std::int32_t clientWidth, std::int32_t clientHeight) const {
-  const auto at = [=](const Extent& extent) { return Resolve(extent, clientWidth, clientHeight); };
-  return {at(x), at(y), at(width), at(height)};
-}
 
 std::span<const ControlRow> ControlTable() {
   return kTable;
@@ -88,8 +87,8 @@ const ControlRow& RowOf(Control control) {
   return kTable[static_cast<std::size_t>(control)];
 }
 
-UX::Rect LogoRect(std::int32_t clientWidth, std::int32_t clientHeight) {
-  return kLogo.At(clientWidth, clientHeight);
+Rect LogoRect(std::int32_t clientWidth, std::int32_t clientHeight) {
+  return kLogo.In(clientWidth, clientHeight);
 }
 
 }  // namespace app

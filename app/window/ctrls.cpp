@@ -40,7 +40,7 @@ Ctrls::Ctrls(const Shell& shell, ModeListView& program, std::vector<TCBase::Devi
 void Ctrls::CreateControls() {
   const UX::Rect& client = chartLayout_.clientRect;
   for (const ControlRow& row : ControlTable()) {
-    shell_.controls.Create(row, FirstText(row), row.rect.At(client.width, client.height));
+    shell_.controls.Create(row, FirstText(row), row.place.In(client.width, client.height));
   }
   powerSlider_.SetPosition(kPowerSliderFirstPosition);
   shell_.platform.Do(PlatformStep::SetDefaultFont);
@@ -49,7 +49,7 @@ void Ctrls::CreateControls() {
 void Ctrls::MoveControls() {
   const UX::Rect& client = chartLayout_.clientRect;
   for (const ControlRow& row : ControlTable()) {
-    if (row.moves) shell_.controls.Move(row.control, row.rect.At(client.width, client.height));
+    if (row.moves) shell_.controls.Move(row.control, row.place.In(client.width, client.height));
   }
 }
 

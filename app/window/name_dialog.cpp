@@ -4,11 +4,11 @@
 
 namespace app {
 
-Point DialogPlace(const UX::Rect& anchor) {
+Point DialogPlace(const Rect& anchor) {
   return {anchor.x + 50, anchor.y + 50};
 }
 
-Point DialogPlaceAbove(const UX::Rect& anchor) {
+Point DialogPlaceAbove(const Rect& anchor) {
   return {anchor.x + 50, anchor.y - 90};
 }
 

@@ -5,22 +5,16 @@
 #include <cstdint>
 #include <string_view>
 
-#include "chart/chart_layout.h"
+#include "common/geometry.h"
 #include "dialogs/dlg_mode_name.h"
 
 namespace app {
 
-/// In the main window's client area.
-struct Point {
-  std::int32_t x = 0;
-  std::int32_t y = 0;
-};
+// Where dialogs come up, in the main window's client area; above the anchor that is at the bottom.
+Point DialogPlace(const Rect& anchor);
+Point DialogPlaceAbove(const Rect& anchor);
 
-/// Where a dialog comes up; above the anchor that is at the bottom.
-Point DialogPlace(const UX::Rect& anchor);
-Point DialogPlaceAbove(const UX::Rect& anchor);
-
-/// Of a dialog that belongs to no part of the window.
+/// A dialog that belongs to no part of the window comes up here.
 inline constexpr Point kDialogPlace{60, 50};
 
 // UTF-16 units that can be entered.

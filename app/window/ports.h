@@ -45,7 +45,7 @@ class MainWindowPort : public EventTarget {
   virtual void StartTimer(int id, int milliseconds) = 0;
   virtual void StopTimer(int id) = 0;
   /// Paints the logo; only within MainWindow::OnPaint. Nothing, if there is no logo.
-  virtual void PaintLogo(const UX::Rect& area) = 0;
+  virtual void PaintLogo(const Rect& area) = 0;
   /// MainWindow::OnDestroy comes before this returns.
   virtual void Destroy() = 0;
   /// Puts the quit event into the queue.
@@ -64,8 +64,8 @@ class ControlsPort {
   virtual ~ControlsPort() = default;
 
   /// Makes the control. Once for each row of the table, in its order.
-  virtual void Create(const ControlRow& row, std::u16string_view text, const UX::Rect& place) = 0;
-  virtual void Move(Control control, const UX::Rect& place) = 0;
+  virtual void Create(const ControlRow& row, std::u16string_view text, const Rect& place) = 0;
+  virtual void Move(Control control, const Rect& place) = 0;
   virtual void SetText(Control control, std::u16string_view text) = 0;
   virtual void SetEnabled(Control control, bool enabled) = 0;
 
@@ -123,7 +123,7 @@ class MenuPort {
 };
 
 enum class Buttons { Ok, YesNo, YesNoCancel };
-enum class Icon { None, Information, Warning, Error };
+using dialogs::Icon;
 enum class Answer { Ok, Yes, No, Cancel };
 
 struct Question {

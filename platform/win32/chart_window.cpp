@@ -10,7 +10,7 @@ void ChartWindow::Attach(HWND handle) {
   handle_ = handle;
 }
 
-void ChartWindow::Invalidate(const UX::Rect& area) {
+void ChartWindow::Invalidate(const Rect& area) {
   const RECT pixels = Scale(handle_).Pixels(area);
   InvalidateRect(handle_, &pixels, FALSE);
 }

@@ -21,7 +21,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   /// Null before it is made.
   HWND Handle() const { return handle_; }
 
-  void Invalidate(const UX::Rect& area) override;
+  void Invalidate(const Rect& area) override;
   void TakeFocus() override;
   bool HasFocus() const override;
   void Capture() override;

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <richedit.h>
 
+#include "platform/win32/control_classes.h"
 #include "platform/win32/scale.h"
 #include "platform/win32/text.h"
 
@@ -11,43 +12,14 @@ namespace win32 {
 
 namespace {
 
-struct StyleRow {
-  unsigned trait;
-  DWORD style;
-};
-
-// One line, cut off with dots, and an "&" in a mode's name is an "&".
-constexpr DWORD kLabel = SS_SUNKEN | SS_ENDELLIPSIS | SS_NOPREFIX;
-
-// Each trait goes with the class that has it.
-constexpr StyleRow kStyles[] = {
-    {app::style::kNotifies, LBS_NOTIFY},
-    {app::style::kMultiSelection, LBS_EXTENDEDSEL},
-    {app::style::kVerticalScroll, WS_VSCROLL},
-    {app::style::kBorder, WS_BORDER},
-    {app::style::kSunken, kLabel},
-    {app::style::kDisabledAtFirst, WS_DISABLED},
-    {app::style::kAutoTicks, TBS_AUTOTICKS},
-    {app::style::kMultiLine, ES_MULTILINE},
-    {app::style::kReadOnly, ES_READONLY},
-};
-
-bool IsList(app::Control control) {
-  return control == app::Control::ModeList || control == app::Control::DeviceList;
-}
-
-DWORD StyleOf(const app::ControlRow& row) {
-  DWORD result = WS_CHILD | WS_VISIBLE;
-  for (const StyleRow& entry : kStyles) {
-    if ((row.style & entry.trait) != 0) result |= entry.style;
-  }
+DWORD ChildStyleOf(const app::ControlRow& row) {
   // A list would otherwise cut its height to whole rows.
-  if (IsList(row.control)) result |= LBS_NOINTEGRALHEIGHT;
-  return result;
+  const DWORD wholeHeight = row.kind == dialogs::ControlKind::ListBox ? LBS_NOINTEGRALHEIGHT : 0;
+  return StyleOf(row) | wholeHeight;
 }
 
 bool AllowsSeveral(app::Control list) {
-  return (app::RowOf(list).style & app::style::kMultiSelection) != 0;
+  return (app::RowOf(list).traits & dialogs::trait::kMultiSelection) != 0;
 }
 
 void SetPlace(HWND window, const RECT& place) {
@@ -57,20 +29,20 @@ void SetPlace(HWND window, const RECT& place) {
 
 }  // namespace
 
-void Controls::Create(const app::ControlRow& row, std::u16string_view text, const UX::Rect& place) {
+void Controls::Create(const app::ControlRow& row, std::u16string_view text, const Rect& place) {
   // The library registers the class and must stay.
-  if (row.control == app::Control::LogPane) LoadLibraryW(L"Msftedit.dll");
+  if (row.kind == dialogs::ControlKind::RichText) LoadLibraryW(L"Msftedit.dll");
   const RECT pixels = Scale(parent_).Pixels(place);
   void* const parameter = row.control == app::Control::ChartWindow ? &chart_ : nullptr;
   const HWND handle = CreateWindowExW(
-      0, WideText(row.className).c_str(), WideText(text).c_str(), StyleOf(row), pixels.left, pixels.top,
+      0, ClassOf(row.kind), WideText(text).c_str(), ChildStyleOf(row), pixels.left, pixels.top,
       pixels.right - pixels.left, pixels.bottom - pixels.top, parent_,
       reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), GetModuleHandleW(nullptr), parameter);
   items_[static_cast<std::size_t>(row.control)] = {handle, place};
   if (row.control == app::Control::LogPane) Send(row.control, EM_EXLIMITTEXT, 0, app::kLogPaneLimit);
 }
 
-void Controls::Move(app::Control control, const UX::Rect& place) {
+void Controls::Move(app::Control control, const Rect& place) {
   Item& item = items_[static_cast<std::size_t>(control)];
   item.place = place;
   SetPlace(item.handle, Scale(parent_).Pixels(place));

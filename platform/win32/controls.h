@@ -30,8 +30,8 @@ class Controls final : public app::ControlsPort {
   /// The main window has come to a screen of another resolution: font and places follow.
   void TakeScale();
 
-  void Create(const app::ControlRow& row, std::u16string_view text, const UX::Rect& place) override;
-  void Move(app::Control control, const UX::Rect& place) override;
+  void Create(const app::ControlRow& row, std::u16string_view text, const Rect& place) override;
+  void Move(app::Control control, const Rect& place) override;
   void SetText(app::Control control, std::u16string_view text) override;
   void SetEnabled(app::Control control, bool enabled) override;
   void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
@@ -46,7 +46,7 @@ class Controls final : public app::ControlsPort {
  private:
   struct Item {
     HWND handle = nullptr;
-    UX::Rect place;  // in units
+    Rect place;  // in units
   };
 
   void SelectRow(app::Control list, std::int32_t row);

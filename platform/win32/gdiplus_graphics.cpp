@@ -22,7 +22,7 @@ Gdiplus::Point Bounded(const Gdiplus::Point& point) {
   return {Bounded(point.X), Bounded(point.Y)};
 }
 
-UX::Rect Bounded(const UX::Rect& area) {
+Rect Bounded(const Rect& area) {
   return {Bounded(area.x), Bounded(area.y), Bounded(area.width), Bounded(area.height)};
 }
 
@@ -92,8 +92,8 @@ void GdiplusGraphics::Smooth() {
   Store(GdipSetSmoothingMode(graphics_.get(), Gdiplus::SmoothingModeAntiAlias));
 }
 
-void GdiplusGraphics::ClipToRegion(const UX::Rect& area) {
-  const UX::Rect bounded = Bounded(area);
+void GdiplusGraphics::ClipToRegion(const Rect& area) {
+  const Rect bounded = Bounded(area);
   const Gdiplus::Rect rectangle(bounded.x, bounded.y, bounded.width, bounded.height);
   Gdiplus::GpRegion* made = nullptr;
   Store(GdipCreateRegionRectI(&rectangle, &made));
@@ -101,8 +101,8 @@ void GdiplusGraphics::ClipToRegion(const UX::Rect& area) {
   Store(GdipSetClipRegion(graphics_.get(), region.get(), Gdiplus::CombineModeReplace));
 }
 
-void GdiplusGraphics::ClipTo(const UX::Rect& area) {
-  const UX::Rect bounded = Bounded(area);
+void GdiplusGraphics::ClipTo(const Rect& area) {
+  const Rect bounded = Bounded(area);
   Store(GdipSetClipRectI(graphics_.get(), bounded.x, bounded.y, bounded.width, bounded.height,
                          Gdiplus::CombineModeReplace));
 }
@@ -111,8 +111,8 @@ void GdiplusGraphics::ResetClip() {
   Store(GdipResetClip(graphics_.get()));
 }
 
-void GdiplusGraphics::FillRectangle(const UX::Rect& area, const GdiplusBrush& brush) {
-  const UX::Rect bounded = Bounded(area);
+void GdiplusGraphics::FillRectangle(const Rect& area, const GdiplusBrush& brush) {
+  const Rect bounded = Bounded(area);
   Store(
       GdipFillRectangleI(graphics_.get(), brush.get(), bounded.x, bounded.y, bounded.width, bounded.height));
 }
@@ -121,8 +121,8 @@ void GdiplusGraphics::FillRectangle(const Gdiplus::RectF& area, const GdiplusBru
   Store(GdipFillRectangle(graphics_.get(), brush.get(), area.X, area.Y, area.Width, area.Height));
 }
 
-void GdiplusGraphics::DrawRectangle(const UX::Rect& area, const GdiplusPen& pen) {
-  const UX::Rect bounded = Bounded(area);
+void GdiplusGraphics::DrawRectangle(const Rect& area, const GdiplusPen& pen) {
+  const Rect bounded = Bounded(area);
   Store(GdipDrawRectangleI(graphics_.get(), pen.get(), bounded.x, bounded.y, bounded.width, bounded.height));
 }
 

@@ -73,13 +73,13 @@ class GdiplusGraphics {
   void Smooth();
 
   // Each takes the place of the clip before.
-  void ClipToRegion(const UX::Rect& area);
-  void ClipTo(const UX::Rect& area);
+  void ClipToRegion(const Rect& area);
+  void ClipTo(const Rect& area);
   void ResetClip();
 
-  void FillRectangle(const UX::Rect& area, const GdiplusBrush& brush);
+  void FillRectangle(const Rect& area, const GdiplusBrush& brush);
   void FillRectangle(const Gdiplus::RectF& area, const GdiplusBrush& brush);
-  void DrawRectangle(const UX::Rect& area, const GdiplusPen& pen);
+  void DrawRectangle(const Rect& area, const GdiplusPen& pen);
   void DrawRectangle(const Gdiplus::RectF& area, const GdiplusPen& pen);
   void DrawLine(Gdiplus::Point from, Gdiplus::Point to, const GdiplusPen& pen);
   /// Joins the points, in order.

@@ -110,7 +110,7 @@ void MainWindow::StopTimer(int id) {
   KillTimer(handle_, static_cast<UINT_PTR>(id));
 }
 
-void MainWindow::PaintLogo(const UX::Rect& area) {
+void MainWindow::PaintLogo(const Rect& area) {
   logo_.Paint(paint_, Scale(handle_).Pixels(area));
 }
 

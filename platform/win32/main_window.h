@@ -34,7 +34,7 @@ class MainWindow final : public app::MainWindowPort {
   bool TakesInput() const override;
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
-  void PaintLogo(const UX::Rect& area) override;
+  void PaintLogo(const Rect& area) override;
   void Destroy() override;
   void PostQuit(int exitCode) override;
   void Post(std::uint32_t event, std::uintptr_t first, std::intptr_t second) override;

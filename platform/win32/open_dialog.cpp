@@ -8,6 +8,7 @@
 #include <commctrl.h>
 #include <shellapi.h>
 
+#include "platform/win32/message_box.h"
 #include "platform/win32/scale.h"
 #include "platform/win32/text.h"
 
@@ -35,18 +36,6 @@ const ListMessages& MessagesOf(HWND list) {
   std::array<wchar_t, 20> name{};
   GetClassNameW(list, name.data(), static_cast<int>(name.size()));
   return lstrcmpiW(name.data(), WC_COMBOBOXW) == 0 ? kComboBox : kListBox;
-}
-
-UINT IconOf(dialogs::Icon icon) {
-  switch (icon) {
-    case dialogs::Icon::Information:
-      return MB_ICONINFORMATION;
-    case dialogs::Icon::Error:
-      return MB_ICONERROR;
-    case dialogs::Icon::None:
-      break;
-  }
-  return 0;
 }
 
 SYSTEMTIME SystemTimeOf(const DateTime& time) {
@@ -192,7 +181,7 @@ DateTime OpenDialog::GetDateTime(int control) const {
 // Beyond the window
 
 void OpenDialog::Tell(std::u16string_view title, std::u16string_view text, dialogs::Icon icon) {
-  MessageBoxW(window_, WideText(text).c_str(), WideText(title).c_str(), MB_OK | IconOf(icon));
+  ShowMessage(window_, title, text, icon, MB_OK);
 }
 
 void OpenDialog::OpenLink(std::u16string_view target) {

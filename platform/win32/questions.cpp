@@ -1,7 +1,7 @@
 #include "platform/win32/questions.h"
 
 #include "platform/win32/file_dialogs.h"
-#include "platform/win32/text.h"
+#include "platform/win32/message_box.h"
 
 namespace win32 {
 
@@ -17,20 +17,6 @@ UINT ButtonsOf(app::Buttons buttons) {
       break;
   }
   return MB_OK;
-}
-
-UINT IconOf(app::Icon icon) {
-  switch (icon) {
-    case app::Icon::Information:
-      return MB_ICONINFORMATION;
-    case app::Icon::Warning:
-      return MB_ICONWARNING;
-    case app::Icon::Error:
-      return MB_ICONERROR;
-    case app::Icon::None:
-      break;
-  }
-  return 0;
 }
 
 UINT DefaultOf(const app::Question& question) {
@@ -54,9 +40,8 @@ app::Answer AnswerOf(int button) {
 }  // namespace
 
 app::Answer Questions::Ask(const app::Question& question) {
-  return AnswerOf(MessageBoxW(owner_.Handle(), WideText(question.text).c_str(),
-                              WideText(question.title).c_str(),
-                              ButtonsOf(question.buttons) | IconOf(question.icon) | DefaultOf(question)));
+  return AnswerOf(ShowMessage(owner_.Handle(), question.title, question.text, question.icon,
+                              ButtonsOf(question.buttons) | DefaultOf(question)));
 }
 
 std::vector<std::filesystem::path> Questions::AskOpenFiles(const app::FileFilter& filter, bool multiple) {

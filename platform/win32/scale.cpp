@@ -18,7 +18,7 @@ int Scale::Units(int pixels) const {
   return MulDiv(pixels, kUnitsPerInch, static_cast<int>(dpi_));
 }
 
-RECT Scale::Pixels(const UX::Rect& units) const {
+RECT Scale::Pixels(const Rect& units) const {
   return {Pixels(units.x), Pixels(units.y), Pixels(units.x + units.width), Pixels(units.y + units.height)};
 }
 

@@ -16,7 +16,7 @@ class Scale {
   int Pixels(int units) const;
   int Units(int pixels) const;
   /// Edges are converted, not sizes: what is adjacent in units is so in pixels.
-  RECT Pixels(const UX::Rect& units) const;
+  RECT Pixels(const Rect& units) const;
 
   UINT dpi() const { return dpi_; }
 

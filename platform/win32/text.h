@@ -11,9 +11,4 @@ inline std::wstring WideText(std::u16string_view text) {
   return {text.begin(), text.end()};
 }
 
-/// Plain ASCII, such as class names.
-inline std::wstring WideText(std::string_view ascii) {
-  return {ascii.begin(), ascii.end()};
-}
-
 }  // namespace win32

@@ -1,12 +1,9 @@
 #include "platform/win32/window_classes.h"
 
-#include <string>
-
-#include "app/window/control_table.h"
 #include "platform/win32/chart_window.h"
+#include "platform/win32/control_classes.h"
 #include "platform/win32/main_window.h"
 #include "platform/win32/resource_ids.h"
-#include "platform/win32/text.h"
 #include "platform/win32/window_events.h"
 
 namespace win32 {
@@ -14,7 +11,7 @@ namespace win32 {
 namespace {
 
 /// What both classes have in common: painted anew when their size changes.
-WNDCLASSEXW ClassOf(HINSTANCE instance, const wchar_t* name, WNDPROC procedure) {
+WNDCLASSEXW Described(HINSTANCE instance, const wchar_t* name, WNDPROC procedure) {
   WNDCLASSEXW description{};
   description.cbSize = sizeof description;
   description.style = CS_HREDRAW | CS_VREDRAW;
@@ -35,7 +32,7 @@ HICON IconOf(HINSTANCE instance, int id, int widthMetric, int heightMetric) {
 }  // namespace
 
 void RegisterMainClass(HINSTANCE instance, const wchar_t* name) {
-  WNDCLASSEXW description = ClassOf(instance, name, &WindowProcedure<MainWindow>);
+  WNDCLASSEXW description = Described(instance, name, &WindowProcedure<MainWindow>);
   description.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
   description.lpszMenuName = MAKEINTRESOURCEW(resource::kMenu);
   description.hIcon = IconOf(instance, resource::kLargeIcon, SM_CXICON, SM_CYICON);
@@ -44,8 +41,8 @@ void RegisterMainClass(HINSTANCE instance, const wchar_t* name) {
 }
 
 void RegisterChartClass(HINSTANCE instance) {
-  const std::wstring name = WideText(app::RowOf(app::Control::ChartWindow).className);
-  const WNDCLASSEXW description = ClassOf(instance, name.c_str(), &WindowProcedure<ChartWindow>);
+  const WNDCLASSEXW description =
+      Described(instance, ClassOf(dialogs::ControlKind::Chart), &WindowProcedure<ChartWindow>);
   RegisterClassExW(&description);
 }
 

@@ -33,11 +33,11 @@ const std::vector<std::string> kStartUpOrder = {
     "init common controls", "start graphics", "start network", "load names", "register main class",
     "register chart class", "create main window",
     // The child controls
-    "create listbox ", "create button ➕", "create button ➖", "create static Demo controls", "create button ▶",
-    "create button ■", "create static 0:00", "create static [0 0 0 0 0]", "create static Channel power",
-    "create msctls_trackbar32 ", "create static Devices", "create listbox ", "create static Zoom",
-    "create msctls_trackbar32 ", "create static mode description", "create LumarineRenderWnd ",
-    "create SCROLLBAR ", "create RICHEDIT50W ", "set default font",
+    "create list ", "create button ➕", "create button ➖", "create label Demo controls", "create button ▶",
+    "create button ■", "create label 0:00", "create label [0 0 0 0 0]", "create label Channel power",
+    "create slider ", "create label Devices", "create list ", "create label Zoom", "create slider ",
+    "create label mode description", "create chart ", "create scroll bar ", "create rich text ",
+    "set default font",
     //
     "renderer: initialise", "load logo", "show", "renderer: rebuild", "take menu", "redraw menu",
     "title Lumarine - New program", "renderer: rebuild",

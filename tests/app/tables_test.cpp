@@ -1,105 +1,17 @@
-// The tables of controls, menus and accelerator keys against what the program is to look like.
+// The tables of menus and accelerator keys against what the program is to look like.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "app/commands.h"
-#include "app/window/control_table.h"
 #include "app/window/numbers.h"
 
 namespace {
 
-using app::Control;
 using app::MenuEntry;
-using UX::Rect;
-
-struct ExpectedControl {
-  Control control;
-  const char* className;
-  int id;
-  const char* text;
-  Rect place;  // for a client area of 1024 by 768
-  bool moves;
-};
-
-constexpr ExpectedControl kControls[] = {
-    {Control::ModeList, "listbox", 200, "", {10, 10, 110, 196}, false},
-    {Control::AddModeButton, "button", 201, "➕", {10, 208, 54, 20}, false},
-    {Control::DeleteModeButton, "button", 202, "➖", {66, 208, 54, 20}, false},
-    {Control::DemoStatusLabel, "static", 1034, "Demo controls", {10, 252, 110, 20}, true},
-    {Control::PlayButton, "button", 1035, "▶", {10, 274, 54, 20}, true},
-    {Control::StopButton, "button", 1036, "■", {66, 274, 54, 20}, true},
-    {Control::TimeLabel, "static", 1037, "0:00", {10, 296, 110, 20}, true},
-    {Control::PowerLabel, "static", 1038, "[0 0 0 0 0]", {10, 318, 110, 20}, true},
-    {Control::PowerTitleLabel, "static", 0, "Channel power", {10, 340, 110, 20}, true},
-    {Control::PowerSlider, "msctls_trackbar32", 0, "", {10, 362, 110, 20}, true},
-    {Control::DevicesLabel, "static", 1027, "Devices", {10, 516, 110, 20}, true},
-    {Control::DeviceList, "listbox", 203, "", {10, 538, 110, 64}, true},
-    {Control::ZoomLabel, "static", 1033, "Zoom", {10, 604, 110, 20}, true},
-    {Control::ZoomSlider, "msctls_trackbar32", 0, "", {10, 626, 110, 20}, true},
-    {Control::ModeDescription, "static", 0, "mode description", {130, 10, 884, 20}, true},
-    {Control::ChartWindow, "LumarineRenderWnd", 0, "", {120, 30, 904, 602}, true},
-    {Control::ScrollBar, "SCROLLBAR", 0, "", {130, 632, 884, 16}, true},
-    {Control::LogPane, "RICHEDIT50W", 0, "", {10, 658, 738, 100}, true},
-};
-
-TEST(ControlTable, HoldsEachControl) {
-  const auto table = app::ControlTable();
-  ASSERT_EQ(table.size(), std::size(kControls));
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    const ExpectedControl& expected = kControls[i];
-    SCOPED_TRACE(expected.className + std::string(" ") + expected.text);
-    EXPECT_EQ(table[i].control, expected.control);
-    EXPECT_EQ(table[i].className, expected.className);
-    EXPECT_EQ(table[i].id, expected.id);
-    EXPECT_EQ(table[i].text, expected.text);
-    EXPECT_EQ(table[i].moves, expected.moves);
-    EXPECT_EQ(table[i].rect.At(1024, 768), expected.place);
-  }
-}
-
-TEST(ControlTable, PlacesFollowTheClientArea) {
-  EXPECT_EQ(app::RowOf(Control::ChartWindow).rect.At(1920, 1000), (Rect{120, 30, 1800, 834}));
-  EXPECT_EQ(app::RowOf(Control::LogPane).rect.At(1920, 1000), (Rect{10, 890, 1634, 100}));
-  EXPECT_EQ(app::LogoRect(1920, 1000), (Rect{1654, 890, 256, 100}));
-}
-
-TEST(ControlTable, TranslatesFourTexts) {
-  std::vector<std::string> translated;
-  for (const app::ControlRow& row : app::ControlTable()) {
-    if (row.translated) translated.emplace_back(row.text);
-  }
-  EXPECT_THAT(translated, testing::ElementsAre("Demo controls", "Channel power", "Devices", "Zoom"));
-}
-
-TEST(ControlTable, GivesEachTraitToTheControlsThatHaveIt) {
-  using List = std::vector<Control>;
-  const List labels = {Control::DemoStatusLabel, Control::TimeLabel,    Control::PowerLabel,
-                       Control::PowerTitleLabel, Control::DevicesLabel, Control::ZoomLabel,
-                       Control::ModeDescription};
-  const std::pair<unsigned, List> rows[] = {
-      {app::style::kNotifies, {Control::ModeList, Control::DeviceList}},
-      {app::style::kMultiSelection, {Control::DeviceList}},
-      {app::style::kVerticalScroll, {Control::ModeList, Control::DeviceList, Control::LogPane}},
-      {app::style::kBorder, {Control::ModeList, Control::DeviceList, Control::LogPane}},
-      {app::style::kSunken, labels},
-      {app::style::kDisabledAtFirst, {Control::PowerSlider}},
-      {app::style::kAutoTicks, {Control::PowerSlider, Control::ZoomSlider}},
-      {app::style::kMultiLine, {Control::LogPane}},
-      {app::style::kReadOnly, {Control::LogPane}},
-  };
-  for (const auto& [trait, expected] : rows) {
-    List found;
-    for (const app::ControlRow& row : app::ControlTable()) {
-      if ((row.style & trait) != 0) found.push_back(row.control);
-    }
-    EXPECT_EQ(found, expected) << "trait " << trait;
-  }
-}
 
 // "32784 32777 - [Demo speed: 32914]" and so on.
 std::string ToText(std::span<const MenuEntry> entries) {

@@ -45,7 +45,7 @@ class FineScreen : public testing::Test {
 TEST_F(FineScreen, ControlsKeepTheirSizeInInches) {
   const app::Size client = user.ClientSize();
   for (const app::ControlRow& row : app::ControlTable()) {
-    const UX::Rect units = row.rect.At(Units(client.width), Units(client.height));
+    const UX::Rect units = row.place.In(Units(client.width), Units(client.height));
     const UX::Rect place = user.Place(row.control);
     EXPECT_EQ(place.x, Pixels(units.x)) << row.text;
     EXPECT_EQ(place.y, Pixels(units.y)) << row.text;

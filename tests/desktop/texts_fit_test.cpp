@@ -242,7 +242,7 @@ class TextsFit : public AppTest, public testing::WithParamInterface<const char*>
 
   void ExpectLabelToFit(Control label) { ExpectLabelToFit(label, user.Text(label)); }
   void ExpectLabelToFit(Control label, const std::string& text) {
-    const UX::Rect place = app::RowOf(label).rect.At(app::kLeastWindowWidth, app::kLeastWindowHeight);
+    const UX::Rect place = app::RowOf(label).place.In(app::kLeastWindowWidth, app::kLeastWindowHeight);
     const Pen pen(static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT)));
     Expect(pen.Line(text, DT_NOPREFIX), {place.width - 2 * kSunkenEdge, place.height - 2 * kSunkenEdge},
            text);
@@ -258,7 +258,7 @@ class TextsFit : public AppTest, public testing::WithParamInterface<const char*>
   int CutFromTheModeDescription() {
     const std::string text = user.Text(Control::ModeDescription);
     const UX::Rect place =
-        app::RowOf(Control::ModeDescription).rect.At(LeastClientWidth(), app::kLeastWindowHeight);
+        app::RowOf(Control::ModeDescription).place.In(LeastClientWidth(), app::kLeastWindowHeight);
     const Pen pen(static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT)));
     return pen.Line(text, DT_NOPREFIX).cx - (place.width - 2 * kSunkenEdge);
   }

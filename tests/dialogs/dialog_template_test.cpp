@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <set>
-#include <string>
+#include <utility>
+#include <vector>
 
 #include "dialogs/dialog.h"
 #include "dialogs/dlg_about.h"
@@ -17,121 +17,153 @@
 #include "dialogs/dlg_tc421_init.h"
 #include "dialogs/dlg_tc421_search.h"
 #include "dialogs/dlg_tc421_success.h"
+#include "tests/support/control_columns.h"
 #include "tests/support/headless_dialogs.h"
 
 namespace {
 
 using namespace dialogs;
 
-// A row of a template as one reads it off a form: "1000 edit (7, 18, 286, 14) \"text\" auto-scroll".
-std::string Told(const ControlTemplate& row) {
-  constexpr const char* kKinds[] = {"static",         "edit",  "button", "group", "list",
-                                    "drop-down list", "combo", "picker", "icon"};
-  constexpr std::pair<unsigned, const char*> kTraits[] = {
-      {trait::kAutoScroll, "auto-scroll"},
-      {trait::kMultiLine, "multi-line"},
-      {trait::kVerticalScrollBar, "v-scroll"},
-      {trait::kWantsReturn, "return"},
-      {trait::kReadOnly, "read-only"},
-      {trait::kNoTabStop, "no-tab"},
-      {trait::kDefault, "default"},
-      {trait::kLink, "link"},
-      {trait::kHidden, "hidden"},
-      {trait::kSorted, "sorted"},
-      {trait::kAmpersands, "ampersands"},
-  };
-  const auto& p = row.place;
-  std::string text = row.id == kNoControl ? "" : std::to_string(row.id) + ' ';
-  text += kKinds[static_cast<int>(row.kind)];
-  text += " (" + std::to_string(p.x) + ", " + std::to_string(p.y) + ", " + std::to_string(p.width) + ", " +
-          std::to_string(p.height) + ")";
-  if (!row.text.empty()) text += " \"" + std::string(row.text) + '"';
-  for (const auto& [bit, name] : kTraits) {
-    if ((row.traits & bit) != 0) text += std::string(" ") + name;
+struct Form {
+  int number;
+  const char* title;
+  Rect place;
+  ControlColumns columns;
+};
+
+const Form kForms[] = {
+    {103,
+     "About Lumarine",
+     {20, 20, 243, 199},
+     {{-1, 1007, 1028, 1029, 1009, 1010, 1026, 1002, 1003, 1005, 1},
+      {"icon", "label", "label", "button", "label", "label", "label", "button", "button", "button", "button"},
+      {14, 42, 42, 7, 9, 9, 9, 7, 7, 7, 186},
+      {14, 14, 28, 44, 55, 68, 101, 112, 128, 144, 178},
+      {20, 160, 160, 228, 160, 160, 160, 228, 228, 228, 50},
+      {20, 8, 8, 14, 8, 8, 8, 14, 14, 14, 14},
+      {"", "", "", "", "", "", "", "", "", "", "OK"}}},
+    {129,
+     "Add new mode",
+     {50, 50, 251, 130},
+     {{1006, 1000, 1008, 1001, 1007, 1039, 1, 2},
+      {"label", "edit", "label", "edit", "label", "drop-down", "button", "button"},
+      {7, 7, 7, 7, 7, 7, 143, 195},
+      {7, 18, 37, 47, 100, 110, 109, 109},
+      {237, 237, 237, 237, 237, 123, 50, 50},
+      {8, 14, 8, 49, 8, 93, 14, 14},
+      {"Mode name (max 6 characters)", "", "Mode description", "", "Copy from", "", "OK", "Cancel"}}},
+    {133,
+     "Enter value",
+     {50, 50, 299, 58},
+     {{1006, 1000, 1, 2},
+      {"label", "edit", "button", "button"},
+      {7, 7, 191, 243},
+      {7, 18, 37, 37},
+      {286, 286, 50, 50},
+      {8, 14, 14, 14},
+      {"Value (max 20 characters)", "", "OK", "Cancel"}}},
+    {135,
+     "Setup TC421 WiFi - Initialization",
+     {50, 50, 411, 272},
+     {{32912, 1, 2},
+      {"label", "button", "button"},
+      {7, 302, 354},
+      {7, 251, 251},
+      {397, 50, 50},
+      {237, 14, 14},
+      {"", "Next", "Cancel"}}},
+    {136,
+     "Setup TC421 WiFi - Search",
+     {50, 50, 411, 272},
+     {{1014, 1008, 1013, 1, 2},
+      {"button", "label", "list", "button", "button"},
+      {7, 7, 7, 302, 354},
+      {7, 28, 38, 251, 251},
+      {200, 397, 397, 50, 50},
+      {14, 8, 206, 14, 14},
+      {"Search for TC421 WiFi device", "Found devices", "", "Next", "Cancel"}}},
+    {137,
+     "Setup TC421 WiFi - Configuration",
+     {50, 50, 411, 272},
+     {{1021, 1019, 1022, 1015, 1023, 1018, 1024, 1016, 1025, 1017, 1020, 1, 2},
+      {"group", "edit", "label", "combo", "label", "edit", "label", "drop-down", "label", "drop-down",
+       "button", "button", "button"},
+      {7, 14, 7, 7, 7, 7, 7, 7, 209, 209, 7, 302, 354},
+      {7, 20, 54, 64, 86, 96, 118, 128, 118, 128, 154, 251, 251},
+      {397, 383, 397, 397, 397, 397, 195, 195, 195, 195, 200, 50, 50},
+      {36, 14, 8, 150, 8, 14, 8, 80, 8, 80, 14, 14, 14},
+      {"Selected device", "", "WiFi network", "", "Password", "", "Security type", "", "Encryption method",
+       "", "Set device to use this WiFi network", "Next", "Cancel"}}},
+    {138,
+     "Setup TC421 WiFi - Success",
+     {50, 50, 411, 272},
+     {{32912, 1}, {"label", "button"}, {7, 354}, {7, 251}, {397, 50}, {237, 14}, {"", "Done"}}},
+    {139,
+     "Add Steps",
+     {0, 0, 309, 176},
+     {{1030, 1031, 1032, 1, 2},
+      {"edit", "edit", "label", "button", "button"},
+      {7, 182, 7, 198, 252},
+      {7, 7, 155, 155, 155},
+      {170, 120, 170, 50, 50},
+      {138, 138, 8, 14, 14},
+      {"", "", " ", "OK", "Cancel"}}},
+    {140,
+     "Enter date and time",
+     {50, 50, 154, 56},
+     {{1006, 1040, 1, 2},
+      {"label", "picker", "button", "button"},
+      {7, 7, 43, 95},
+      {7, 18, 37, 37},
+      {137, 137, 50, 50},
+      {8, 15, 14, 14},
+      {"Enter date and time", "", "OK", "Cancel"}}},
+};
+
+TEST(DialogTemplates, HaveTheseColumns) {
+  ASSERT_EQ(Templates().size(), std::size(kForms));
+  for (std::size_t i = 0; i < std::size(kForms); ++i) {
+    const DialogTemplate& form = Templates()[i];
+    SCOPED_TRACE(kForms[i].title);
+    EXPECT_EQ(form.number, kForms[i].number);
+    EXPECT_EQ(form.title, kForms[i].title);
+    EXPECT_EQ(form.place, kForms[i].place);
+    ExpectColumns(ColumnsOf(form.controls), kForms[i].columns);
   }
-  return text;
 }
 
-std::string Told(const DialogTemplate& form) {
-  std::string text = std::to_string(form.number) + " \"" + std::string(form.title) + "\" " +
-                     std::to_string(form.place.width) + " by " + std::to_string(form.place.height) + " at (" +
-                     std::to_string(form.place.x) + ", " + std::to_string(form.place.y) + ")\n";
-  for (const ControlTemplate& row : form.controls) text += Told(row) + '\n';
-  return text;
-}
-
-std::string ToldAll() {
-  std::string text;
-  for (const DialogTemplate& form : Templates()) text += Told(form);
-  return text;
-}
-
-TEST(DialogTemplates, AreThese) {
-  EXPECT_EQ(ToldAll(),
-            "103 \"About Lumarine\" 243 by 199 at (20, 20)\n"
-            "icon (14, 14, 20, 20)\n"
-            "1007 static (42, 14, 160, 8)\n"
-            "1028 static (42, 28, 160, 8)\n"
-            "1029 button (7, 44, 228, 14) hidden\n"
-            "1009 static (9, 55, 160, 8)\n"
-            "1010 static (9, 68, 160, 8)\n"
-            "1026 static (9, 101, 160, 8) hidden\n"
-            "1002 button (7, 112, 228, 14) link\n"
-            "1003 button (7, 128, 228, 14) link\n"
-            "1005 button (7, 144, 228, 14) link\n"
-            "1 button (186, 178, 50, 14) \"OK\" default\n"
-            "129 \"Add new mode\" 251 by 130 at (50, 50)\n"
-            "1006 static (7, 7, 237, 8) \"Mode name (max 6 characters)\"\n"
-            "1000 edit (7, 18, 237, 14) auto-scroll\n"
-            "1008 static (7, 37, 237, 8) \"Mode description\"\n"
-            "1001 edit (7, 47, 237, 49) multi-line\n"
-            "1007 static (7, 100, 237, 8) \"Copy from\"\n"
-            "1039 drop-down list (7, 110, 123, 93) v-scroll\n"
-            "1 button (143, 109, 50, 14) \"OK\" default\n"
-            "2 button (195, 109, 50, 14) \"Cancel\"\n"
-            "133 \"Enter value\" 299 by 58 at (50, 50)\n"
-            "1006 static (7, 7, 286, 8) \"Value (max 20 characters)\"\n"
-            "1000 edit (7, 18, 286, 14) auto-scroll\n"
-            "1 button (191, 37, 50, 14) \"OK\" default\n"
-            "2 button (243, 37, 50, 14) \"Cancel\"\n"
-            "135 \"Setup TC421 WiFi - Initialization\" 411 by 272 at (50, 50)\n"
-            "32912 static (7, 7, 397, 237) ampersands\n"
-            "1 button (302, 251, 50, 14) \"Next\" default\n"
-            "2 button (354, 251, 50, 14) \"Cancel\"\n"
-            "136 \"Setup TC421 WiFi - Search\" 411 by 272 at (50, 50)\n"
-            "1014 button (7, 7, 200, 14) \"Search for TC421 WiFi device\"\n"
-            "1008 static (7, 28, 397, 8) \"Found devices\"\n"
-            "1013 list (7, 38, 397, 206) v-scroll sorted\n"
-            "1 button (302, 251, 50, 14) \"Next\"\n"
-            "2 button (354, 251, 50, 14) \"Cancel\"\n"
-            "137 \"Setup TC421 WiFi - Configuration\" 411 by 272 at (50, 50)\n"
-            "1021 group (7, 7, 397, 36) \"Selected device\"\n"
-            "1019 edit (14, 20, 383, 14) auto-scroll read-only no-tab\n"
-            "1022 static (7, 54, 397, 8) \"WiFi network\"\n"
-            "1015 combo (7, 64, 397, 150) auto-scroll v-scroll sorted\n"
-            "1023 static (7, 86, 397, 8) \"Password\"\n"
-            "1018 edit (7, 96, 397, 14) auto-scroll\n"
-            "1024 static (7, 118, 195, 8) \"Security type\"\n"
-            "1016 drop-down list (7, 128, 195, 80) v-scroll sorted\n"
-            "1025 static (209, 118, 195, 8) \"Encryption method\"\n"
-            "1017 drop-down list (209, 128, 195, 80) v-scroll sorted\n"
-            "1020 button (7, 154, 200, 14) \"Set device to use this WiFi network\"\n"
-            "1 button (302, 251, 50, 14) \"Next\"\n"
-            "2 button (354, 251, 50, 14) \"Cancel\"\n"
-            "138 \"Setup TC421 WiFi - Success\" 411 by 272 at (50, 50)\n"
-            "32912 static (7, 7, 397, 237) ampersands\n"
-            "1 button (354, 251, 50, 14) \"Done\" default\n"
-            "139 \"Add Steps\" 309 by 176 at (0, 0)\n"
-            "1030 edit (7, 7, 170, 138) multi-line v-scroll return\n"
-            "1031 edit (182, 7, 120, 138) multi-line read-only no-tab\n"
-            "1032 static (7, 155, 170, 8) \" \"\n"
-            "1 button (198, 155, 50, 14) \"OK\" default\n"
-            "2 button (252, 155, 50, 14) \"Cancel\"\n"
-            "140 \"Enter date and time\" 154 by 56 at (50, 50)\n"
-            "1006 static (7, 7, 137, 8) \"Enter date and time\"\n"
-            "1040 picker (7, 18, 137, 15)\n"
-            "1 button (43, 37, 50, 14) \"OK\" default\n"
-            "2 button (95, 37, 50, 14) \"Cancel\"\n");
+TEST(DialogTemplates, GiveEachTraitToTheControlsThatHaveIt) {
+  using Controls = std::vector<std::pair<int, int>>;  // dialog and control
+  const std::pair<unsigned, Controls> rows[] = {
+      {trait::kAutoScroll, {{129, 1000}, {133, 1000}, {137, 1019}, {137, 1015}, {137, 1018}}},
+      {trait::kMultiLine, {{129, 1001}, {139, 1030}, {139, 1031}}},
+      {trait::kVerticalScrollBar,
+       {{129, 1039}, {136, 1013}, {137, 1015}, {137, 1016}, {137, 1017}, {139, 1030}}},
+      {trait::kWantsReturn, {{139, 1030}}},
+      {trait::kReadOnly, {{137, 1019}, {139, 1031}}},
+      {trait::kNoTabStop, {{137, 1019}, {139, 1031}}},
+      {trait::kDefault, {{103, 1}, {129, 1}, {133, 1}, {135, 1}, {138, 1}, {139, 1}, {140, 1}}},
+      {trait::kLink, {{103, 1002}, {103, 1003}, {103, 1005}}},
+      {trait::kHidden, {{103, 1029}, {103, 1026}}},
+      {trait::kSorted, {{136, 1013}, {137, 1015}, {137, 1016}, {137, 1017}}},
+      {trait::kAmpersands, {{135, 32912}, {138, 32912}}},
+  };
+  unsigned known = 0;
+  for (const auto& [trait, expected] : rows) {
+    known |= trait;
+    Controls found;
+    for (const DialogTemplate& form : Templates()) {
+      for (const ControlTemplate& row : form.controls) {
+        if ((row.traits & trait) != 0) found.emplace_back(form.number, row.id);
+      }
+    }
+    EXPECT_EQ(found, expected) << "trait " << trait;
+  }
+  for (const DialogTemplate& form : Templates()) {
+    for (const ControlTemplate& row : form.controls) {
+      EXPECT_EQ(row.traits & ~known, 0U) << form.number << ": " << row.id;
+    }
+  }
 }
 
 TEST(DialogTemplates, HoldTheirControls) {
@@ -140,10 +172,11 @@ TEST(DialogTemplates, HoldTheirControls) {
     int defaults = 0;
     for (const ControlTemplate& row : form.controls) {
       EXPECT_TRUE(ids.insert(row.id).second) << form.number << ": " << row.id << " twice";
-      EXPECT_LE(row.place.x + row.place.width, form.place.width) << form.number << ": " << row.id;
+      const Rect place = row.place.In(0, 0);
+      EXPECT_LE(place.x + place.width, form.place.width) << form.number << ": " << row.id;
       // The height of a list that is let down is its height then.
       if (row.kind != ControlKind::DropDownList && row.kind != ControlKind::ComboBox) {
-        EXPECT_LE(row.place.y + row.place.height, form.place.height) << form.number << ": " << row.id;
+        EXPECT_LE(place.y + place.height, form.place.height) << form.number << ": " << row.id;
       }
       defaults += (row.traits & trait::kDefault) != 0 ? 1 : 0;
     }

@@ -61,7 +61,7 @@ class Map {
 
  private:
   /// At rest, whatever the clock says.
-  UX::Rect Lane() {
+  Rect Lane() {
     for (auto& height : layout_.laneHeights) height.from = height.to;
     return layout_.LaneRect(lane_);
   }

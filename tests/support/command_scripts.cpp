@@ -150,7 +150,7 @@ void SelectLane(User& user, int lane) {
   UX::ChartLayout layout{now};
   layout.Update(client.width, client.height);
   for (auto& height : layout.laneHeights) height.from = height.to;
-  const UX::Rect place = layout.LaneRect(lane);
+  const Rect place = layout.LaneRect(lane);
   user.ClickChart(UX::TimeToX(place, {}, std::int64_t{3} * 3600), place.y + place.height / 2);
 }
 
@@ -216,7 +216,7 @@ void MoveTheViewByKeys(User& user, const Folders&) {
   double now = 0.0;
   UX::ChartLayout layout{now};
   layout.Update(client.width, client.height);
-  const UX::Rect& chart = layout.chartRect;
+  const Rect& chart = layout.chartRect;
   ModeListView view;
   const auto pan = [](int seconds) {
     return [seconds](ModeListView& document) { prog::PanView(document, seconds); };

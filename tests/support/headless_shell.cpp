@@ -6,6 +6,7 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/window/numbers.h"
 #include "common/platform.h"
+#include "tests/support/control_names.h"
 #include "tests/support/virtual_clock.h"
 
 namespace headless {
@@ -15,7 +16,7 @@ namespace {
 constexpr int kFrameMilliseconds = 16;
 
 bool AllowsSeveral(const ControlState& list) {
-  return (list.row.style & app::style::kMultiSelection) != 0;
+  return (list.row.traits & dialogs::trait::kMultiSelection) != 0;
 }
 
 }  // namespace
@@ -77,14 +78,14 @@ bool Queue::HasPosted() const {
 
 // Controls
 
-void Controls::Create(const app::ControlRow& row, std::u16string_view text, const UX::Rect& place) {
+void Controls::Create(const app::ControlRow& row, std::u16string_view text, const Rect& place) {
   ControlState state{row, std::u16string(text), place};
-  state.enabled = (row.style & app::style::kDisabledAtFirst) == 0;
+  state.enabled = (row.traits & dialogs::trait::kDisabled) == 0;
   states_.emplace(row.control, std::move(state));
-  journal_.push_back("create " + std::string(row.className) + " " + Utf8FromWide(text));
+  journal_.push_back("create " + std::string(NameOf(row.kind)) + " " + Utf8FromWide(text));
 }
 
-void Controls::Move(app::Control control, const UX::Rect& place) {
+void Controls::Move(app::Control control, const Rect& place) {
   states_.at(control).place = place;
   moved.push_back(control);
 }

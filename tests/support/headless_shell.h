@@ -65,7 +65,7 @@ class Queue final : public app::EventSource {
 struct ControlState {
   app::ControlRow row;
   std::u16string text;
-  UX::Rect place;
+  Rect place;
   bool enabled = true;
   std::vector<app::ListRow> rows = {};
   std::int32_t current = -1;
@@ -80,8 +80,8 @@ class Controls final : public app::ControlsPort {
  public:
   explicit Controls(Journal& journal) : journal_(journal) {}
 
-  void Create(const app::ControlRow& row, std::u16string_view text, const UX::Rect& place) override;
-  void Move(app::Control control, const UX::Rect& place) override;
+  void Create(const app::ControlRow& row, std::u16string_view text, const Rect& place) override;
+  void Move(app::Control control, const Rect& place) override;
   void SetText(app::Control control, std::u16string_view text) override;
   void SetEnabled(app::Control control, bool enabled) override;
   void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
@@ -243,7 +243,7 @@ class ChartWindow final : public UX::ChartWindowPort {
  public:
   explicit ChartWindow(Focus& focus) : focus_(focus) {}
 
-  void Invalidate(const UX::Rect& area) override {
+  void Invalidate(const Rect& area) override {
     invalidated.push_back(area);
     dirty = true;
   }
@@ -258,7 +258,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   }
   std::function<void()> onCaptureLost;
 
-  std::vector<UX::Rect> invalidated;  // since the start
+  std::vector<Rect> invalidated;  // since the start
   bool dirty = false;                 // since it was painted last
   bool captured = false;
 
@@ -283,7 +283,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   void Show() override;
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
-  void PaintLogo(const UX::Rect& area) override { logo = area; }
+  void PaintLogo(const Rect& area) override { logo = area; }
   void Destroy() override;
   void PostQuit(int exitCode) override;
   void TakeFocus() override { focus = Focus::MainWindow; }
@@ -301,7 +301,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
 
   std::u16string title;
   app::Size size{app::kWindowWidth, app::kWindowHeight};
-  std::optional<UX::Rect> logo;  // where it was painted last
+  std::optional<Rect> logo;  // where it was painted last
   Focus focus = Focus::MainWindow;
   ChartWindow chart{focus};
   bool refuseWindow = false;  // CreateMainWindow fails

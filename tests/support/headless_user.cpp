@@ -179,7 +179,7 @@ void HeadlessUser::Scroll(app::Control bar, int code, int position) {
 
 void HeadlessUser::PushMouse(std::function<void(app::ChartWindow&, std::int32_t x, std::int32_t y)> deliver) {
   const auto toChart = [this, deliver = std::move(deliver), x = mouseX_, y = mouseY_] {
-    const UX::Rect chart = Place(app::Control::ChartWindow);
+    const Rect chart = Place(app::Control::ChartWindow);
     const bool isOver = x >= 0 && x < chart.width && y >= 0 && y < chart.height;
     if (isOver || desktop_->chart.captured) deliver(desktop_->application->chartWindow, x, y);
   };
@@ -312,7 +312,7 @@ int HeadlessUser::SliderPosition(app::Control slider) {
   return desktop_->controls.SliderPosition(slider);
 }
 
-UX::Rect HeadlessUser::Place(app::Control control) {
+Rect HeadlessUser::Place(app::Control control) {
   return desktop_->controls.At(control).place;
 }
 

@@ -64,7 +64,7 @@ class HeadlessUser final : public User {
   std::string Text(app::Control control) override;
   bool IsEnabled(app::Control control) override;
   int SliderPosition(app::Control slider) override;
-  UX::Rect Place(app::Control control) override;
+  Rect Place(app::Control control) override;
   app::Size ClientSize() override { return desktop_->size; }
   std::string Title() override;
   std::string Log() override;

@@ -174,19 +174,20 @@ void WriteTheDeviceLog(User& user, const Folders& folders) {
 void ExpectPlaces(User& user) {
   const app::Size client = user.ClientSize();
   for (const app::ControlRow& row : app::ControlTable()) {
-    EXPECT_EQ(user.Place(row.control), row.rect.At(client.width, client.height)) << row.className;
+    EXPECT_EQ(user.Place(row.control), row.place.In(client.width, client.height))
+        << "control " << static_cast<int>(row.control);
   }
 }
 
 void ChangeTheWindowsSize(User& user, const Folders&) {
   user.Start();
   ExpectPlaces(user);
-  const UX::Rect small = user.Place(Control::ChartWindow);
+  const Rect small = user.Place(Control::ChartWindow);
   user.Resize(1300, 900);
   ExpectPlaces(user);
   user.Maximize();
   ExpectPlaces(user);
-  const UX::Rect large = user.Place(Control::ChartWindow);
+  const Rect large = user.Place(Control::ChartWindow);
   EXPECT_GT(large.width, small.width);
   user.Minimize();
   EXPECT_EQ(user.Place(Control::ChartWindow), large) << "minimising moves nothing";

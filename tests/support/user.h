@@ -116,7 +116,7 @@ class User {
   virtual std::string Text(app::Control control) = 0;
   virtual bool IsEnabled(app::Control control) = 0;
   virtual int SliderPosition(app::Control slider) = 0;
-  virtual UX::Rect Place(app::Control control) = 0;
+  virtual Rect Place(app::Control control) = 0;
   virtual app::Size ClientSize() = 0;
   virtual std::string Title() = 0;
   /// All that the log pane shows, lines ended by CR LF.
