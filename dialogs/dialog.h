@@ -2,6 +2,9 @@
 
 // What all dialogs share. A dialog's rules are written against the window that shows it; a shell opens that
 // window, from a template with the same number, and hands its events on. User interface thread.
+//
+// Controls go by the ids of the template. Texts are UTF-16, finished and translated; lengths are in UTF-16
+// units, lines end with CR LF, and "&" means what control.h says.
 
 #include <cstddef>
 #include <cstdint>
@@ -19,57 +22,89 @@ namespace dialogs {
 inline constexpr int kOk = 1;
 inline constexpr int kCancel = 2;
 
-// Notifications of a control, as DlgBase::OnCommand is told of them.
+// Notifications of a control, as DlgBase::OnCommand is told of them. Others may come and mean nothing.
+/// A button was pressed.
 inline constexpr int kClicked = 0;
+/// The user has selected a row. A drop-down list still shows the old one.
 inline constexpr int kSelectionChanged = 1;
+/// An edit field has another text, with each key.
 inline constexpr int kTextChanged = 768;
 
-/// A dialog that stands open. Controls go by the ids of the template; texts are UTF-16, finished and
-/// translated.
-class DialogWindow {
+/// The controls of an open dialog, whatever kind they are. What the rules do to a control does not come back
+/// as its notification, but for SetText.
+class DialogControls {
  public:
-  virtual ~DialogWindow() = default;
+  virtual ~DialogControls() = default;
 
-  /// Left top of the dialog, in the client area of the main window.
-  virtual void MoveTo(std::int32_t x, std::int32_t y) = 0;
-  virtual void SetTitle(std::u16string_view title) = 0;
-  virtual void SetText(int control, std::u16string_view text) = 0;
-  /// What stands in the control, cut to `units` UTF-16 units, less one for the end of the text.
-  virtual std::u16string Text(int control, std::size_t units) const = 0;
   virtual void SetEnabled(int control, bool enabled) = 0;
   virtual void Hide(int control) = 0;
   /// Puts the keyboard's focus there. Called as the dialog opens, it takes the place of the first control
   /// that the Tab key gets to.
   virtual void GiveFocus(int control) = 0;
+};
 
-  // Edit fields.
-  /// The user can enter this many UTF-16 units.
+/// Labels, buttons and fields to write into.
+class DialogTexts {
+ public:
+  virtual ~DialogTexts() = default;
+
+  /// An edit field of one line tells of it as of typing, kTextChanged, before this returns; others do not.
+  virtual void SetText(int control, std::u16string_view text) = 0;
+  /// What stands in the control, cut to `units` less one: the room that its text and the end of it get.
+  virtual std::u16string Text(int control, std::size_t units) const = 0;
+  /// The user can type and paste so much into an edit field that this many units stand there; 30,000 unless
+  /// told.
   virtual void LimitText(int control, std::int32_t units) = 0;
+  /// Of keys; what is pasted into the edit field is not looked at.
   virtual void AcceptDigitsOnly(int control) = 0;
+};
 
-  // Lists, plain and drop-down. Rows go by their text and by a number of the dialog's own.
+/// Lists, plain and drop-down. Rows go by their place, from 0 in the order in which they are shown, by their
+/// text, and by a number of the dialog's own.
+class DialogLists {
+ public:
+  virtual ~DialogLists() = default;
+
   virtual void ClearRows(int control) = 0;
+  /// At the end, or where a sorted list wants it.
   virtual void AddRow(int control, std::u16string_view text, std::int32_t data) = 0;
   virtual int RowCount(int control) const = 0;
-  /// The row at a place of the list; one past its end is no choice.
+  /// The row at a place; one past its end is no choice.
   virtual void SelectRow(int control, int row) = 0;
   /// The row with exactly this text; without one, nothing happens.
   virtual void SelectText(int control, std::u16string_view text) = 0;
   /// The number of the selected row, -1 without one.
   virtual std::int32_t SelectedData(int control) const = 0;
+};
 
-  // Date and time picker. `format` is in the letters of the platform's pickers: "yyyy-MMM-dd HH:mm:ss".
+/// Date and time picker.
+class DialogTimes {
+ public:
+  virtual ~DialogTimes() = default;
+
+  /// `format` is what the field shows: yyyy, MMM (the month's short name in the system's language), dd, HH,
+  /// mm and ss are the time's parts, all else stands for itself.
   virtual void SetDateTime(int control, const DateTime& time, std::u16string_view format) = 0;
+  /// The user moves each part within its range, and cannot leave one empty.
   virtual DateTime GetDateTime(int control) const = 0;
+};
 
-  /// A message over the dialog, up to its OK.
+/// A dialog that stands open.
+class DialogWindow : public DialogControls, public DialogTexts, public DialogLists, public DialogTimes {
+ public:
+  /// Left top of the dialog's frame, in the client area of the main window and its units. All of the dialog
+  /// stays on the screen, even where that puts it elsewhere.
+  virtual void MoveTo(std::int32_t x, std::int32_t y) = 0;
+  virtual void SetTitle(std::u16string_view title) = 0;
+  /// A message over the dialog. Returns when its OK is pressed; until then the dialog takes no input.
   virtual void Tell(std::u16string_view title, std::u16string_view text, Icon icon) = 0;
-  /// Opens a web or mail address with whatever the user opens such with.
+  /// Opens a web or mail address with whatever the user opens such with. Nobody is told if there is no such
+  /// program.
   virtual void OpenLink(std::u16string_view target) = 0;
   /// For whoever posts events to the dialog, on any thread: they arrive at DlgBase::OnEvent. The target may
   /// outlive the dialog; what is posted then is lost.
   virtual std::shared_ptr<EventTarget> Target() = 0;
-  /// Closes the dialog; DoModal answers `result`. No more events follow.
+  /// Closes the dialog; DoModal answers `result`, which is positive. Nothing of DlgBase is called any more.
   virtual void End(int result) = 0;
 };
 
@@ -80,8 +115,8 @@ class DialogsPort {
  public:
   virtual ~DialogsPort() = default;
 
-  /// Opens the dialog's window over the main window and holds everything else up until it is closed. Answers
-  /// what End was given.
+  /// Opens the dialog's window over the main window, which takes no input until it is closed. Answers what
+  /// End was given; kCancel if the window could not be opened or went with the main window.
   virtual int Run(DlgBase& dialog) = 0;
 };
 
@@ -97,12 +132,14 @@ class DlgBase {
 
   // For the shell.
 
-  /// The window stands, not shown yet.
+  /// The window stands as its template tells, not shown yet. Comes once, before anything else.
   virtual void OnInit(DialogWindow& window) = 0;
-  /// A control's notification; kOk and kCancel come from keys and from the window's frame too. True if the
-  /// dialog made use of it.
+  /// A control's notification. The Enter key presses the button that has the focus, or else the default one
+  /// unless that is disabled; where the template has no default button, it means kOk with kClicked, whatever
+  /// that button looks like. A field that wants Enter keeps it. The Escape key and the frame's own button
+  /// mean kCancel with kClicked, with such a button or without. True if the dialog made use of it.
   virtual bool OnCommand(DialogWindow& window, int control, int code);
-  /// What was posted to the window.
+  /// What was posted to the window, in the order of posting; after OnInit.
   virtual void OnEvent(DialogWindow&, std::uint32_t /*event*/) {}
 
   const int templateId;
