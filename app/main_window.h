@@ -1,8 +1,8 @@
 #pragma once
 
-// What the logic does when the platform tells of an event at one of the two windows. A shell calls these from
-// its window procedures and decides nothing itself; events that have no method here get the platform's
-// default handling. User interface thread.
+// What the logic does when the platform tells of an event at one of the two windows. A shell calls these as
+// the events come and decides nothing itself; events that have no method here get the platform's default
+// handling. User interface thread. What arrives while a question stands open, ports.h tells.
 
 #include <cstdint>
 #include <filesystem>
@@ -30,28 +30,40 @@ class MainWindow {
   MainWindow(AppState& state, Commands& commands, const Shell& shell)
       : state_(state), commands_(commands), shell_(shell) {}
 
+  /// Within MainWindowPort::Destroy, or when the platform takes the window away.
   Outcome OnDestroy();
+  /// The inside has another size, which MainWindowPort::ClientSize answers already. The first one may come
+  /// while the window is being made, and one comes within MainWindowPort::Show.
   Outcome OnSize(SizeKind kind);
   /// Between the platform's beginning and end of painting; MainWindowPort::PaintLogo is called from here.
   Outcome OnPaint();
+  /// The user wants the window closed. It stays, unless MainWindowPort::Destroy is called from here.
   Outcome OnClose();
   /// Files were dropped on the window or one of its children.
   void OnDrop(const std::vector<std::filesystem::path>& files);
   /// A menu item (code 0), or a control with its notification.
   Outcome OnCommand(int id, int code);
-  /// One of the keys of AcceleratorTable(). The shell tells of every press, a repeated one of a held key too,
-  /// and whatever the menu item looks like: which ones act is decided here.
+  /// One of the keys of AcceleratorTable(), except while the chart holds the mouse. The shell tells of every
+  /// press, a repeated one of a held key too, and whatever the menu item looks like: which ones act is
+  /// decided here.
   void OnAccelerator(int command);
   Outcome OnTimer(int id);
-  /// From a scroll bar or slider. `position` is that of the event, of use only for scroll::kThumbMoving.
+  /// From a scroll bar or slider, codes of numbers.h. `position` is where the thumb is with
+  /// scroll::kThumbMoving, and anything otherwise.
   Outcome OnHorizontalScroll(Control sender, int code, int position);
+  /// A menu of the bar or the chart's context menu is about to open: texts, marks and grey items are set from
+  /// here.
   Outcome OnInitMenuPopup();
+  /// On the window's background, beside all controls.
   Outcome OnLeftButtonDown();
-  /// Keys that no control has the focus for. The chart's own keys go on to it while a step is selected.
+  /// Keys while the window itself has the focus, but for those that an accelerator took. A held key is many
+  /// presses and one release. The chart's own keys go on to it while a step is selected.
   Outcome OnKeyDown(int key);
   Outcome OnKeyUp(int key);
-  /// While the platform's own loop sizes the window. A window procedure returns 1.
+  /// While the user drags the window's edge in a loop of the platform's own; a window procedure returns 1.
+  /// Where the main loop goes on turning meanwhile, neither of the two need be told.
   Outcome OnSizing();
+  /// At the end of that, and of moving the window.
   Outcome OnExitSizeMove();
   /// What was posted to the main window: an AppEvent. Others get the default handling.
   Outcome OnEvent(std::uint32_t event, std::uintptr_t first, std::intptr_t second);
@@ -70,12 +82,16 @@ class MainWindow {
   const Shell& shell_;
 };
 
-/// The chart's window. Default handling follows on every event. Points are in its own coordinates.
+/// The chart's window. Default handling follows on every event. Points are in its own coordinates, and may
+/// lie outside while it holds the mouse.
 class ChartWindow {
  public:
   explicit ChartWindow(AppState& state) : state_(state) {}
 
+  /// Renders a frame.
   void OnPaint();
+  /// Keys while this window has the focus, but for those that an accelerator took: their release comes all
+  /// the same. A held key is many presses and one release.
   void OnKeyDown(int key);
   void OnKeyUp(int key);
   /// `leftButton`: it is down. Where it is up although something is held, its release went elsewhere and is

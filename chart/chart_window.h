@@ -9,11 +9,12 @@ class ChartWindowPort {
  public:
   virtual ~ChartWindowPort() = default;
 
-  /// Asks for a paint event for a part of the window, in its own coordinates.
+  /// Asks for a paint event for a part of the window, in its own coordinates. It comes when no other event
+  /// waits, once for all parts; what is drawn then is the whole chart.
   virtual void Invalidate(const Rect& area) = 0;
   /// Takes the keyboard focus.
   virtual void TakeFocus() = 0;
-  /// Keys go to this window, and so will their releases.
+  /// Whether keys go to this window, and so will their releases.
   virtual bool HasFocus() const = 0;
   /// From now on mouse events come here wherever the mouse is, until the capture is released or another
   /// window takes it. app::ChartWindow::OnCaptureLost comes in both cases, within ReleaseCapture, too.

@@ -38,7 +38,9 @@ class RendererBase {
   virtual void Initialise() = 0;
   /// Once, at shut-down.
   virtual void Release() = 0;
-  /// Draws a frame, on each paint event of the chart window and from the main loop.
+  /// Draws a frame, on each paint event of the chart window and from the main loop. Where a toolkit draws
+  /// only within its paint event, a call from outside has the window painted at once and the call from within
+  /// that event draws.
   virtual void Render() = 0;
   /// Moves popups on: on each pass of the main loop without an event, before the decision to draw.
   virtual void Update() = 0;

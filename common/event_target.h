@@ -9,6 +9,7 @@ class EventTarget {
  public:
   virtual ~EventTarget() = default;
 
-  /// Queues the event for the thread that owns the target and returns at once. Any thread.
+  /// Queues the event for the thread that owns the target and returns at once; events arrive in the order in
+  /// which they were queued. Any thread. Where the window behind the target has gone, the event is lost.
   virtual void Post(std::uint32_t event, std::uintptr_t first, std::intptr_t second) = 0;
 };

@@ -71,9 +71,8 @@ class Ctrls {
   /// Sends statusLog and warningLog to the log pane from now on, until DisconnectLogs().
   void ConnectLogs();
   void DisconnectLogs();
-  /// Appends UTF-8 text to the log pane. Colour 0 leaves the format at the caret alone, whatever was set
-  /// last.
-  void AppendLog(std::string_view text, std::uint32_t color);
+  /// Appends UTF-8 text to the log pane.
+  void AppendLog(std::string_view text, LogColor color);
 
  private:
   void LogStatus(std::string_view text);

@@ -10,7 +10,6 @@ namespace app {
 namespace {
 // Text longer than this is emptied before the next goes in; whole, not by lines.
 constexpr std::size_t kMostLogText = 20480;
-constexpr std::uint32_t kWarningColor = 255;  // red
 }  // namespace
 
 void Ctrls::ConnectLogs() {
@@ -28,29 +27,20 @@ void Ctrls::DisconnectLogs() {
 }
 
 void Ctrls::LogStatus(std::string_view text) {
-  AppendLog(text, 0);
+  // Nothing ever sets the colour back: lines behind a warning look like it.
+  AppendLog(text, LogColor::AsBefore);
 }
 
 void Ctrls::LogWarning(std::string_view text) {
-  AppendLog(text, kWarningColor);
+  AppendLog(text, LogColor::Red);
 }
 
 void Ctrls::WakeLog() {
   shell_.mainWindow.Post(WM_LOG_PENDING, 0, 0);
 }
 
-void Ctrls::AppendLog(std::string_view text, std::uint32_t color) {
-  LogPanePort& pane = shell_.logPane;
-  std::size_t length = pane.Length();
-  if (length > kMostLogText) {
-    pane.Clear();
-    length = 0;
-  }
-  // Nothing ever sets the colour back: lines behind a warning look like it.
-  if (color != 0) pane.SetSelectionColor(color);
-  pane.MoveCaret(length);
-  pane.ReplaceSelection(WideFromUtf8(text));
-  pane.ScrollToBottom();
+void Ctrls::AppendLog(std::string_view text, LogColor color) {
+  shell_.logPane.Append(WideFromUtf8(text), color, kMostLogText);
 }
 
 }  // namespace app

@@ -90,20 +90,24 @@ struct DemoSpeed {
 inline constexpr DemoSpeed kDemoSpeeds[] = {
     {command::kSpeedFast, 60}, {command::kSpeedNormal, 180}, {command::kSpeedSlow, 300}};
 
-/// What a list says of itself in its command event.
+/// What a list says of itself in its command event, once the row is selected. A double click comes behind the
+/// selection that its first click made.
 inline constexpr int kListSelectionChanged = 1;
 inline constexpr int kListDoubleClick = 2;
 
-/// What scroll bars and sliders say.
+/// What scroll bars and sliders say. A slider stands elsewhere already when it tells of a key, of a click
+/// beside its thumb or of a drag; a scroll bar stays where it is, but for the thumb that follows the mouse.
+/// The application then puts either to its place. Buttons say 0 in their command event, as menu items do.
 namespace scroll {
-inline constexpr int kLineBack = 0;
+inline constexpr int kLineBack = 0;  // arrow to the left: of the bar, or a slider's key, the one upwards, too
 inline constexpr int kLineForward = 1;
-inline constexpr int kPageBack = 2;
+inline constexpr int kPageBack = 2;  // a click beside the thumb, or a slider's Page Up key
 inline constexpr int kPageForward = 3;
 inline constexpr int kThumbReleased = 4;
-inline constexpr int kThumbMoving = 5;
-inline constexpr int kFirst = 6;
+inline constexpr int kThumbMoving = 5;  // the one code that comes with a position
+inline constexpr int kFirst = 6;        // a slider's Home key
 inline constexpr int kLast = 7;
+inline constexpr int kEnd = 8;  // the key or button is up; comes last, after a drag behind kThumbReleased
 }  // namespace scroll
 
 /// Events posted to the main window, from any thread.
@@ -118,7 +122,8 @@ enum AppEvent : std::uint32_t {
 inline constexpr int kDemoTimer = 300;
 inline constexpr int kDemoTimerMilliseconds = 100;
 
-/// Key numbers of key events: those of the Windows virtual-key table.
+/// Key numbers of key events: capitals and digits are their own ASCII, others stand here. A shell need not
+/// tell of keys without a number.
 namespace key {
 inline constexpr int kBackspace = 8;
 inline constexpr int kSpace = 32;

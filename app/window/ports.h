@@ -1,8 +1,17 @@
 #pragma once
 
 // The pieces of the desktop that the application speaks to. A shell implements them over real windows, the
-// headless shell of the tests in memory. Texts are UTF-16, finished and translated. All operations but Post
-// are called on the user interface thread, and none fails.
+// headless shell of the tests in memory. What the windows tell in return goes to main_window.h.
+//
+// All operations but Post are called on the user interface thread, and none fails. Texts are UTF-16, finished
+// and translated; lengths of texts are in UTF-16 units, and a line ends with CR LF. In texts of menus,
+// buttons and labels a "&" means what dialogs/control.h says; in titles, lists, the log and questions it is a
+// "&". Places and sizes are in the units of common/geometry.h.
+//
+// While a question, a dialog or a menu stands open, the call that opened it has not returned and the main
+// loop does not turn. Posted events, timer events and paint events of both windows go on arriving. Keys,
+// mouse events and commands of the main window do not; the command that a menu is left with comes after the
+// menu has gone.
 
 #include <cstddef>
 #include <cstdint>
@@ -31,24 +40,33 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
-/// The main window. Events posted to it arrive at MainWindow::OnEvent.
+/// The main window, from PlatformStep::CreateMainWindow on. Events posted to it arrive at
+/// MainWindow::OnEvent, in the order of posting; they may be posted before the window stands or after it has
+/// gone, and are then lost.
 class MainWindowPort : public EventTarget {
  public:
   virtual void SetTitle(std::u16string_view title) = 0;
+  /// The inside: without frame, title and menu. Before the window is shown it is the size that it will be
+  /// shown with, unless it comes up maximised: the controls are placed by it.
   virtual Size ClientSize() const = 0;
-  /// Shows the window as the process was asked to, and has it painted at once.
+  /// Shows the window as the process was asked to: in its own size, maximised, minimised. MainWindow::OnSize,
+  /// and the paint events of both windows unless they are hidden, come before this returns.
   virtual void Show() = 0;
+  /// Keys go to MainWindow::OnKeyDown and OnKeyUp from now on.
   virtual void TakeFocus() = 0;
   /// False while a dialog or a question over the window waits for the user.
   virtual bool TakesInput() const = 0;
-  /// The timer event comes every `milliseconds` from now on.
+  /// MainWindow::OnTimer comes every `milliseconds` from now on, where no other event waits; one that is late
+  /// is not made up for. A second call for the same id takes the place of the first.
   virtual void StartTimer(int id, int milliseconds) = 0;
   virtual void StopTimer(int id) = 0;
-  /// Paints the logo; only within MainWindow::OnPaint. Nothing, if there is no logo.
+  /// Paints the logo; only within MainWindow::OnPaint. Nothing happens if there is no logo.
   virtual void PaintLogo(const Rect& area) = 0;
-  /// MainWindow::OnDestroy comes before this returns.
+  /// Takes the window and its controls away. MainWindow::OnDestroy comes before this returns, and no event of
+  /// either window behind it. All operations of the shell may still be called and do nothing then, but for
+  /// the queue's.
   virtual void Destroy() = 0;
-  /// Puts the quit event into the queue.
+  /// Puts the quit event into the queue, behind what waits there already.
   virtual void PostQuit(int exitCode) = 0;
 };
 
@@ -58,51 +76,64 @@ struct ListRow {
   bool selected = false;
 };
 
-/// The child controls.
+/// The child controls, which send their events to the main window: buttons, lists and sliders as numbers.h
+/// tells, after the control shows what the user has done. Nothing that is called here makes a control send
+/// anything.
 class ControlsPort {
  public:
   virtual ~ControlsPort() = default;
 
-  /// Makes the control. Once for each row of the table, in its order.
+  /// Makes the control, to be seen with its window. Called once for each row of the table, in its order,
+  /// between CreateMainWindow and Show.
   virtual void Create(const ControlRow& row, std::u16string_view text, const Rect& place) = 0;
   virtual void Move(Control control, const Rect& place) = 0;
   virtual void SetText(Control control, std::u16string_view text) = 0;
   virtual void SetEnabled(Control control, bool enabled) = 0;
 
-  // Lists. No call makes a list emit anything.
+  // Lists.
+
+  /// Takes the place of all rows. The list is not sorted.
   virtual void SetRows(Control list, const std::vector<ListRow>& rows) = 0;
   /// The selected rows in a list of several, ascending.
   virtual std::vector<std::int32_t> SelectedRows(Control list) const = 0;
-  /// The current row, which is the selected one in a list of one; -1 if there is none.
+  /// The row that the keyboard stands on: the selected one where one can be selected, and otherwise the one
+  /// that the user touched last, selected or not. -1 if there is none.
   virtual std::int32_t CurrentRow(Control list) const = 0;
   /// `data` of a row; -1 if there is no such row.
   virtual std::int32_t RowData(Control list, std::int32_t row) const = 0;
 
-  // Scroll bar and sliders. Nor do these.
+  // Scroll bar and sliders.
+
+  /// The thumb covers `page` of the stretch from `minimum` to `maximum` and begins at `position`, cut to
+  /// where it can stand. All are minutes of the day.
   virtual void SetScrollBar(const TCBase::Program::ViewScrollInfo& info) = 0;
-  /// `tick` 0 leaves the ticks as they are.
+  /// From 0 to `maximum`, with a mark every `tick`; 0 leaves the marks as they are. `page` is how far a click
+  /// beside the thumb moves it before it tells of that, which nobody sees: the application puts it to its own
+  /// place.
   virtual void SetSliderRange(Control slider, std::int32_t maximum, std::int32_t page, std::int32_t tick) = 0;
   /// `position` is within the range.
   virtual void SetSliderPosition(Control slider, std::int32_t position) = 0;
 };
 
-/// The text of the log pane. The user can put the caret anywhere in it and select parts of it.
+/// What a text in the log pane is written in.
+enum class LogColor {
+  AsBefore,  // as the last text that had a colour; before the first, as the system's texts
+  Red,       // 255, 0, 0
+};
+
+/// The text of the log pane. The user can put the caret anywhere in it, select parts of it and copy them.
 class LogPanePort {
  public:
   virtual ~LogPanePort() = default;
 
-  virtual std::size_t Length() const = 0;
-  /// Selects everything and removes it.
-  virtual void Clear() = 0;
-  /// Colours the selection, and all that is put in from now on, wherever the caret goes. 0x00BBGGRR.
-  virtual void SetSelectionColor(std::uint32_t color) = 0;
-  virtual void MoveCaret(std::size_t position) = 0;
-  /// Puts the text in the place of the selection; the caret stands behind it.
-  virtual void ReplaceSelection(std::u16string_view text) = 0;
-  virtual void ScrollToBottom() = 0;
+  /// Writes the text behind the last one, wherever the caret stands, and scrolls to its end. The caret stands
+  /// there afterwards and nothing is selected; what was selected has taken the colour, unless it is AsBefore.
+  /// A pane that holds more than `most` units is emptied first; the colour stays.
+  virtual void Append(std::u16string_view text, LogColor color, std::size_t most) = 0;
 };
 
-/// The menu bar. Built by the shell from MenuTable(), before any of this is called.
+/// The menu bar. Built by the shell from MenuTable(), before any of this is called. A command has one item;
+/// items that are named here stand in the bar.
 class MenuPort {
  public:
   virtual ~MenuPort() = default;
@@ -117,8 +148,10 @@ class MenuPort {
   virtual void SetChecked(int command, bool checked) = 0;
   /// A menu of the bar.
   virtual void SetPopupEnabled(int position, bool enabled) = 0;
+  /// Shows what has changed in the bar itself.
   virtual void Redraw() = 0;
-  /// Opens a menu of the bar as a context menu, at a point of the chart window.
+  /// Opens a menu of the bar as a context menu, at a point of the chart window. MainWindow::OnInitMenuPopup
+  /// comes first. Returns when the menu has closed; what was chosen comes as a command afterwards.
   virtual void OpenAtChart(int position, std::int32_t x, std::int32_t y) = 0;
 };
 
@@ -136,37 +169,47 @@ struct Question {
   bool enterSaysNo = false;
 };
 
-/// "XML Program", "*.XML"; "All Files" comes second everywhere.
+/// Files that a dialog shows: a name and a pattern, such as "XML Program" and "*.XML". "*" stands for any
+/// letters, capitals and small letters are the same, and "*.*" means all files, those without a dot among
+/// them.
 struct FileFilter {
   std::u16string_view name;
   std::u16string_view pattern;
 };
+/// Comes second in every dialog.
 inline constexpr FileFilter kAllFilesFilter{u"All Files", u"*.*"};
 
-/// What a save dialog adds to a name without one, whatever is saved.
+/// What a save dialog adds, after a dot, to a name that has no extension, whatever is saved.
 inline constexpr std::u16string_view kDefaultExtension = u"xml";
 
-/// Questions that hold everything else up until they are answered.
+/// Questions that hold everything else up until they are answered. MainWindowPort::TakesInput is false
+/// meanwhile.
 class QuestionsPort {
  public:
   virtual ~QuestionsPort() = default;
 
+  /// The button that was pressed. The Escape key and the frame's own button mean Cancel where there is one,
+  /// OK where that is all there is, and nothing otherwise.
   virtual Answer Ask(const Question& question) = 0;
-  /// Existing files; none if the user cancelled.
+  /// Existing files, as absolute paths; none if the user cancelled. The first filter is chosen at first.
   virtual std::vector<std::filesystem::path> AskOpenFiles(const FileFilter& filter, bool multiple) = 0;
-  /// `path` is the name to start from, and the chosen one on return. False, if the user cancelled.
+  /// `path` is the name to start from, without a folder or with one, and the chosen one on return, absolute.
+  /// Its folder exists. A file of that name is not asked about: it is replaced. False if the user cancelled.
   virtual bool AskSaveFile(const FileFilter& filter, std::filesystem::path& path) = 0;
 };
 
-/// The queue of the user interface thread, as the main loop sees it.
+/// The queue of the user interface thread, as the main loop sees it. Where a toolkit takes events and sends
+/// them on in one go, Take does both and the two operations behind it do nothing.
 class EventSource {
  public:
   virtual ~EventSource() = default;
 
   /// Takes the next event, without waiting. False if there is none.
   virtual bool Take() = 0;
-  /// Offers the event last taken to the accelerator keys. True if one of them took it: it has then been sent
-  /// on as a command, whatever its menu item looks like, unless the mouse is captured.
+  /// Offers the event last taken to the keys of AcceleratorTable(), from whichever control of the main window
+  /// it comes. True if one of them took it: then it goes no further, and MainWindow::OnAccelerator has been
+  /// called unless the chart holds the mouse (ChartWindowPort::Capture). A held key is many presses and one
+  /// release.
   virtual bool OfferToAccelerators() = 0;
   /// Sends the event last taken on to its window.
   virtual void Dispatch() = 0;
@@ -176,21 +219,22 @@ class EventSource {
   virtual int ExitCode() const = 0;
 };
 
-/// What the platform must do on the way up and down, by name. The application tells the order.
+/// What the platform must do on the way up and down, by name. The application tells the order; a shell that
+/// has nothing to do at a step does nothing.
 enum class PlatformStep {
   // On the way up.
-  InitCommonControls,  // list view and date controls
-  StartGraphics,       // GDI+
-  StartNetwork,        // sockets, version 1.1; nobody asks how it went, nor of the one above
+  InitCommonControls,  // what lists and date fields need
+  StartGraphics,       // what the logo and the plain renderer need
+  StartNetwork,        // what sockets need; nobody asks how it went, nor of the one above
   LoadNames,           // the title and the name of the main window's class
   RegisterMainClass,
   RegisterChartClass,
-  CreateMainWindow,  // not shown yet; false ends the program
-  SetDefaultFont,    // on all child controls
-  LoadLogo,          // the picture 134, "PNG"
-  TakeMenu,          // of the main window: MenuPort works from here on
-  TakeAccelerators,
-  // On the way down.
+  CreateMainWindow,  // with its menu, not shown yet; false ends the program
+  SetDefaultFont,    // on all child controls, which stand by now
+  LoadLogo,
+  TakeMenu,          // MenuPort works from here on; the window is shown by now
+  TakeAccelerators,  // the keys of AcceleratorTable() work from here on
+  // On the way down. The windows have gone.
   DeleteLogo,
   StopGraphics,
   StopHid,

@@ -11,13 +11,27 @@ LRESULT LogPane::Send(UINT message, WPARAM first, LPARAM second) const {
   return SendMessageW(controls_.HandleOf(app::Control::LogPane), message, first, second);
 }
 
-void LogPane::Select(std::int32_t begin, std::int32_t end) {
+void LogPane::Select(LONG begin, LONG end) {
   CHARRANGE range{begin, end};
   Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
 }
 
-std::size_t LogPane::Length() const {
-  return static_cast<std::size_t>(Send(WM_GETTEXTLENGTH, 0, 0));
+void LogPane::Append(std::u16string_view text, app::LogColor color, std::size_t most) {
+  auto length = static_cast<std::size_t>(Send(WM_GETTEXTLENGTH, 0, 0));
+  if (length > most) {
+    Clear();
+    length = 0;
+  }
+  if (color == app::LogColor::Red) {
+    color_ = RGB(255, 0, 0);
+    ColorSelection(*color_);
+  }
+  // The control counts a line's end as one character here and as two in its length: a position taken from
+  // the length lies behind the end and comes out at it.
+  const auto end = static_cast<LONG>(length);
+  Select(end, end);
+  ReplaceSelection(text);
+  Send(WM_VSCROLL, SB_BOTTOM, 0);
 }
 
 void LogPane::Clear() {
@@ -26,12 +40,7 @@ void LogPane::Clear() {
   ReplaceSelection({});
 }
 
-void LogPane::SetSelectionColor(std::uint32_t color) {
-  color_ = color;
-  ColorSelection(color);
-}
-
-void LogPane::ColorSelection(std::uint32_t color) {
+void LogPane::ColorSelection(COLORREF color) {
   CHARFORMATW format{};
   format.cbSize = sizeof format;
   format.dwMask = CFM_COLOR;
@@ -39,21 +48,10 @@ void LogPane::ColorSelection(std::uint32_t color) {
   Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
 }
 
-void LogPane::MoveCaret(std::size_t position) {
-  // The control counts a line's end as one character here and as two in its length: a position taken from
-  // the length lies behind the end and comes out at it.
-  const auto at = static_cast<std::int32_t>(position);
-  Select(at, at);
-}
-
 void LogPane::ReplaceSelection(std::u16string_view text) {
   // The control forgets the colour of its empty selection with every move of the caret.
   if (color_) ColorSelection(*color_);
   Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(WideText(text).c_str()));
-}
-
-void LogPane::ScrollToBottom() {
-  Send(WM_VSCROLL, SB_BOTTOM, 0);
 }
 
 }  // namespace win32

@@ -378,15 +378,15 @@ TEST_F(Controls, TheTimeStaysWithinTheDay) {
 // Log pane
 
 TEST_F(Controls, AFullLogPaneIsEmptiedWhole) {
-  user.State().ctrls->AppendLog(std::string(20481 - Desk().logPane.Length(), 'x'), 0);
+  user.State().ctrls->AppendLog(std::string(20481 - Desk().logPane.Length(), 'x'), app::LogColor::AsBefore);
   ASSERT_EQ(Desk().logPane.Length(), 20481U);
-  user.State().ctrls->AppendLog("one more", 0);
+  user.State().ctrls->AppendLog("one more", app::LogColor::AsBefore);
   EXPECT_EQ(Desk().logPane.Text(), u"one more");
 }
 
 TEST_F(Controls, ALogPaneOfTheLimitIsNotEmptiedYet) {
-  user.State().ctrls->AppendLog(std::string(20480 - Desk().logPane.Length(), 'x'), 0);
-  user.State().ctrls->AppendLog("one more", 0);
+  user.State().ctrls->AppendLog(std::string(20480 - Desk().logPane.Length(), 'x'), app::LogColor::AsBefore);
+  user.State().ctrls->AppendLog("one more", app::LogColor::AsBefore);
   EXPECT_EQ(Desk().logPane.Length(), 20488U);
 }
 
@@ -398,45 +398,45 @@ TEST_F(Controls, LinesBehindAWarningAreRedToo) {
   user.Settle();
   LogPlain("still red");
   user.Settle();
-  EXPECT_EQ(Desk().logPane.ColorAt(before - 1), 0U);
-  EXPECT_EQ(Desk().logPane.ColorAt(before), 255U);
-  EXPECT_EQ(Desk().logPane.ColorAt(Desk().logPane.Length() - 1), 255U);
+  EXPECT_FALSE(Desk().logPane.IsRedAt(before - 1));
+  EXPECT_TRUE(Desk().logPane.IsRedAt(before));
+  EXPECT_TRUE(Desk().logPane.IsRedAt(Desk().logPane.Length() - 1));
   EXPECT_THAT(user.Log(), testing::EndsWith("black\r\ncareful\r\nstill red\r\n"));
 }
 
 TEST_F(Controls, LinesBehindAWarningStayRedWhenThePaneWasEmptied) {
   LogWarning("careful");
   user.Settle();
-  user.State().ctrls->AppendLog(std::string(20481 - Desk().logPane.Length(), 'x'), 0);
-  user.State().ctrls->AppendLog("one more", 0);
+  user.State().ctrls->AppendLog(std::string(20481 - Desk().logPane.Length(), 'x'), app::LogColor::AsBefore);
+  user.State().ctrls->AppendLog("one more", app::LogColor::AsBefore);
   ASSERT_EQ(Desk().logPane.Text(), u"one more");
-  EXPECT_EQ(Desk().logPane.ColorAt(0), 255U);
+  EXPECT_TRUE(Desk().logPane.IsRedAt(0));
 }
 
 TEST_F(Controls, ALineComesLastWhereverTheUserHasPutTheCaret) {
-  user.State().ctrls->AppendLog("first\r\n", 0);
+  user.State().ctrls->AppendLog("first\r\n", app::LogColor::AsBefore);
   const std::u16string before = Desk().logPane.Text();
   for (const std::size_t end : {std::size_t{0}, std::size_t{4}, before.size()}) {
     Desk().logPane.Select(0, end);
     const std::u16string text = Desk().logPane.Text();
-    user.State().ctrls->AppendLog("next\r\n", 0);
+    user.State().ctrls->AppendLog("next\r\n", app::LogColor::AsBefore);
     EXPECT_EQ(Desk().logPane.Text(), text + u"next\r\n");
   }
 }
 
 TEST_F(Controls, AWarningIsRedWhereverTheUserHasPutTheCaret) {
-  user.State().ctrls->AppendLog("first\r\n", 0);
+  user.State().ctrls->AppendLog("first\r\n", app::LogColor::AsBefore);
   const std::size_t begin = Desk().logPane.Length();
   Desk().logPane.Select(0, 0);
   LogWarning("careful");
   user.Settle();
-  EXPECT_EQ(Desk().logPane.ColorAt(begin - 1), 0U) << "nothing was selected";
-  EXPECT_EQ(Desk().logPane.ColorAt(begin), 255U);
+  EXPECT_FALSE(Desk().logPane.IsRedAt(begin - 1)) << "nothing was selected";
+  EXPECT_TRUE(Desk().logPane.IsRedAt(begin));
 }
 
 TEST_F(Controls, TheLogPaneScrollsToItsEnd) {
   const int before = Desk().logPane.scrolls;
-  user.State().ctrls->AppendLog("Größe", 0);
+  user.State().ctrls->AppendLog("Größe", app::LogColor::AsBefore);
   EXPECT_EQ(Desk().logPane.scrolls, before + 1);
   EXPECT_THAT(user.Log(), testing::EndsWith("Größe"));
 }

@@ -148,7 +148,7 @@ TEST_F(Devices, AnUploadToNobodyEndsWithAWarningThatNamesModesAndController) {
   EXPECT_EQ(NewLog(),
             "Configuring device TC420\nConnect error\nFinished configuring device TC420\n"
             "TC420 has not confirmed these modes: Normal, AlwaysOn. Please upload the program again.\n");
-  EXPECT_EQ(user.GetDesktop().logPane.ColorAt(user.GetDesktop().logPane.Length() - 3), 255U);
+  EXPECT_TRUE(user.GetDesktop().logPane.IsRedAt(user.GetDesktop().logPane.Length() - 3));
 }
 
 TEST_F(Devices, AModeThatIsRefusedIsNamedBehindAllOthers) {

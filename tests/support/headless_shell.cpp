@@ -170,27 +170,25 @@ void Controls::MoveSlider(app::Control slider, int code, std::int32_t position) 
 
 // LogPane
 
-void LogPane::Clear() {
-  Select(0, text_.size());
-  ReplaceSelection({});
+void LogPane::Append(std::u16string_view text, app::LogColor color, std::size_t most) {
+  if (text_.size() > most) {
+    text_.clear();
+    colors_.clear();
+    Select(0, 0);
+  }
+  if (color != app::LogColor::AsBefore) {
+    color_ = color;
+    for (std::size_t i = selectionBegin_; i < selectionEnd_; ++i) colors_[i] = color;
+  }
+  text_ += text;
+  colors_.resize(text_.size(), color_);
+  Select(text_.size(), text_.size());
+  ++scrolls;
 }
 
 void LogPane::Select(std::size_t begin, std::size_t end) {
   selectionBegin_ = std::min(begin, text_.size());
   selectionEnd_ = std::min(end, text_.size());
-}
-
-void LogPane::SetSelectionColor(std::uint32_t color) {
-  color_ = color;
-  for (std::size_t i = selectionBegin_; i < selectionEnd_; ++i) colors_[i] = color;
-}
-
-void LogPane::ReplaceSelection(std::u16string_view text) {
-  text_.replace(selectionBegin_, selectionEnd_ - selectionBegin_, text);
-  const auto begin = colors_.begin() + static_cast<std::ptrdiff_t>(selectionBegin_);
-  const auto end = colors_.begin() + static_cast<std::ptrdiff_t>(selectionEnd_);
-  colors_.insert(colors_.erase(begin, end), text.size(), color_);
-  MoveCaret(selectionBegin_ + text.size());
 }
 
 // Menu

@@ -114,25 +114,21 @@ class Controls final : public app::ControlsPort {
 /// A rich text with a caret and a selection, which the user moves too.
 class LogPane final : public app::LogPanePort {
  public:
-  std::size_t Length() const override { return text_.size(); }
-  void Clear() override;
-  void SetSelectionColor(std::uint32_t color) override;
-  void MoveCaret(std::size_t position) override { Select(position, position); }
-  void ReplaceSelection(std::u16string_view text) override;
-  void ScrollToBottom() override { ++scrolls; }
+  void Append(std::u16string_view text, app::LogColor color, std::size_t most) override;
 
   const std::u16string& Text() const { return text_; }
-  std::uint32_t ColorAt(std::size_t position) const { return colors_.at(position); }
+  std::size_t Length() const { return text_.size(); }
+  bool IsRedAt(std::size_t position) const { return colors_.at(position) == app::LogColor::Red; }
   /// What a drag of the mouse over the text does; a click, if both ends are one.
   void Select(std::size_t begin, std::size_t end);
   int scrolls = 0;
 
  private:
   std::u16string text_;
-  std::vector<std::uint32_t> colors_;  // one for each unit of the text
+  std::vector<app::LogColor> colors_;  // one for each unit of the text
   std::size_t selectionBegin_ = 0;
   std::size_t selectionEnd_ = 0;
-  std::uint32_t color_ = 0;  // of what is put in
+  app::LogColor color_ = app::LogColor::AsBefore;  // of what is put in
 };
 
 struct MenuItem {
@@ -259,7 +255,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   std::function<void()> onCaptureLost;
 
   std::vector<Rect> invalidated;  // since the start
-  bool dirty = false;                 // since it was painted last
+  bool dirty = false;             // since it was painted last
   bool captured = false;
 
  private:
