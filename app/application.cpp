@@ -58,7 +58,7 @@ bool Application::StartUp() {
   const TCBase::Program::Mode& mode = state.CurrentMode();
   LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
   platform.Do(PlatformStep::TakeAccelerators);
-  // Behind the timer's start, by which lanes move on under a question.
+  // The timer runs by now: it moves the lanes on while a question stands open.
   if (state.document->OfferRecovered()) state.Refresh(part::kRenderer);
   return true;
 }

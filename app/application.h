@@ -23,8 +23,8 @@ class Application {
   Application& operator=(const Application&) = delete;
   ~Application();
 
-  /// From the first platform step to the last. Returns the process's exit code; 0 at once, with nothing else
-  /// done, if the main window could not be made.
+  /// Runs the program from the first platform step to the last. Returns the process's exit code. If the main
+  /// window could not be made, nothing else is done and the code is 0.
   int Run();
 
   // What Run does, for whoever turns the loop himself.
@@ -37,7 +37,7 @@ class Application {
 
   AppState state;
 
-  // Where the shell takes the events of its two windows.
+  // The shell takes the events of its two windows here.
   MainWindow mainWindow;
   ChartWindow chartWindow;
 

@@ -41,8 +41,8 @@ ExitStatus Refused(const Session& session) {
 /// Longest text of steps that is looked at: a thousand times what a channel can use.
 constexpr std::size_t kMostStepsText = std::size_t{1024} * 1024;
 
-/// With every kind of line end as the carriage return that steps text ends its lines with, and without the
-/// mark that some editors put in front of a file.
+/// Makes steps text of a file's text: every kind of line end becomes a carriage return, and the mark that
+/// some editors put in front of a file goes.
 std::string ToStepsText(std::string_view text) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());

@@ -1,4 +1,4 @@
-// From one kind of file to another: convert.
+// The command that makes one kind of file of another: convert.
 
 #include <algorithm>
 #include <filesystem>

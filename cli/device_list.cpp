@@ -1,4 +1,4 @@
-// Which controllers there are: devices and scan.
+// The commands that list controllers: devices and scan.
 
 #include <algorithm>
 #include <future>

@@ -42,7 +42,7 @@ std::optional<float> ParsePercent(const std::string& text) {
   float percent = 0.0F;
   const char* const end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, percent);
-  // Below a tenth of a percent a channel is not scaled at all.
+  // A channel is not scaled to less than a tenth of a percent.
   const bool good = result.ec == std::errc() && result.ptr == end && percent >= 0.1F && percent <= 100.0F;
   return good ? std::optional(percent) : std::nullopt;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-// Which language the messages are in. Help, faults of the command line and data for other programs are in
-// English always.
+// Chooses the language of the messages. Help, faults of the command line and data for other programs are
+// always in English.
 
 #include <initializer_list>
 #include <string>

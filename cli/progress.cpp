@@ -51,7 +51,7 @@ UploadProgress::UploadProgress(const TCBase::Program::ModeListView& document,
     : total_(CountFrames(document, controllers)) {}
 
 std::string UploadProgress::Text() const {
-  // On a bad network frames are sent again, and there may be more of them than there are.
+  // A bad network has frames sent again, so that more may leave than the upload has.
   const int sent = std::min<int>(sent_, total_);
   if (sent == 0) return {};
   return ProgressText(static_cast<double>(sent) / total_,

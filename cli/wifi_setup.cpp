@@ -1,4 +1,4 @@
-// To bring a controller into a wireless network: wifi-setup.
+// The command that brings a controller into a wireless network: wifi-setup.
 
 #include <fstream>
 #include <memory>
@@ -23,10 +23,10 @@ using TCBase::DeviceInfo;
 using TCBase::WifiNetworkConfig;
 
 constexpr std::size_t kLongestSsid = 32;
-/// Of what protects a network: a phrase, or the longest of them as a key in hexadecimal.
+/// Lengths of what protects a network: a phrase, or, with the longest, a key in hexadecimal.
 constexpr std::size_t kShortestPassword = 8;
 constexpr std::size_t kLongestPassword = 64;
-/// As much as a packet carries to a controller with a name of full length.
+/// A packet carries no more to a controller with a name of full length.
 constexpr std::size_t kCarriedPassword = 42;
 
 struct WifiArguments {

@@ -136,7 +136,8 @@ std::string ToHex(std::string_view bytes);
 /// "2026-03-14 09:26:53", whether or not the calendar has it.
 std::string MomentText(const DateTime& time);
 
-/// In double quotes and ASCII, with everything else escaped: texts of a frame can hold any bytes.
+/// Puts a text into double quotes, in ASCII, with everything else escaped: texts of a frame can hold any
+/// bytes.
 std::string Quoted(std::string_view text);
 
 }  // namespace sim

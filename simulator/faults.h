@@ -36,7 +36,7 @@ class Faults {
 
  private:
   bool Happens(double chance);
-  /// From 0 up to below `count`, which is more than 0.
+  /// A random number from 0 to `count` - 1; `count` is more than 0.
   std::size_t Below(std::size_t count) { return random_() % count; }
 
   const FaultOptions options_;

@@ -14,7 +14,7 @@ inline std::uint8_t At(const std::string& frame, std::size_t offset) {
   return static_cast<std::uint8_t>(frame[offset]);
 }
 
-/// Of the first `count` bytes, its low 8 bits.
+/// The sum of the first `count` bytes, its low 8 bits.
 inline std::uint8_t Sum(const std::string& frame, std::size_t count) {
   unsigned sum = 0;
   for (std::size_t i = 0; i < count; ++i) sum += At(frame, i);

@@ -6,7 +6,7 @@ namespace sim {
 
 namespace {
 
-/// Whoever asks faster than the answers leave gets no more of them.
+/// A program that asks faster than the answers leave gets no more than these.
 constexpr std::size_t kMostWaiting = 1000;
 
 }  // namespace

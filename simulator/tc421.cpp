@@ -221,7 +221,7 @@ class NetworkTC421 final : public TC421 {
     SetNetwork({frame.substr(7, length), At(frame, 7 + kRoom), At(frame, 8 + kRoom), "", false});
   }
 
-  /// As far as there is room for it before the name.
+  /// The text, cut where the room before the name ends.
   std::string TextOf(const std::string& frame, std::size_t length) {
     constexpr std::size_t kRoom = kNameOffset - 7;
     Expect(length <= kRoom, "of " + std::to_string(length) + " bytes " + std::to_string(kRoom) + " came");

@@ -25,7 +25,7 @@ constexpr int kFileFailed = 4;
 
 constexpr int kPollMilliseconds = 1;
 constexpr std::size_t kLongestDatagram = 65536;
-/// Between two looks at the user's requests, however many come.
+/// At most so many datagrams are read between two looks at the user's requests.
 constexpr int kDatagramsAPass = 100;
 
 constexpr char kAbout[] =

@@ -16,7 +16,7 @@ using namespace TCBase::Program;
 namespace {
 constexpr std::int32_t kMostPower = 100;
 constexpr std::int32_t kPage = 5;
-// Where the End key goes: the end of the zoom slider, not of this one; kept so.
+// The End key goes to the last place of the zoom slider, not of this one. Users know it so.
 constexpr std::int32_t kLastPosition = kLastZoomPosition;
 }  // namespace
 

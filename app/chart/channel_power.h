@@ -39,7 +39,7 @@ class ChannelPowerControl {
 
   void LogBeforeWheel(float power) const;
 
-  /// Where the wheel has left a channel, by its place.
+  /// The channel that the wheel changed last, and the power that it left there.
   struct Wheeled {
     std::int32_t mode = -1;
     std::int32_t channel = -1;

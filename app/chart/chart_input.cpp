@@ -111,12 +111,12 @@ void ChartInput::AddStep(std::int32_t lane, std::int32_t x, std::int32_t y) {
 
 void ChartInput::OnLeftUp() {
   LetGo();
-  // Which tells of a lost capture; nothing is held any more.
+  // The window then tells of a lost capture. Nothing is held any more.
   chartWindow_.ReleaseCapture();
 }
 
 void ChartInput::OnCaptureLost() {
-  // Without giving it back: it may be another window's by now.
+  // The capture is not given back: another window may have it by now.
   LetGo();
 }
 

@@ -55,7 +55,7 @@ class ChartInput {
   void OnLeftUp();
   /// The capture is gone, and the release with it: lets go as well. Nothing if nothing is held.
   void OnCaptureLost();
-  /// Between a left press that took hold of something and its release.
+  /// A left press has taken hold of something, and its release has not come yet.
   bool IsHolding() const { return dragging_; }
   /// Marks the step under the mouse and moves the step that is held, or seeks.
   void OnMouseMove(std::int32_t x, std::int32_t y);

@@ -104,7 +104,7 @@ bool ProgramDocument::OpenRecovered(const RecoveryCopies::Copy& copy) {
   if (!TCBase::Program::LoadProgram(copy.path, loaded)) return false;
   LogStatus(Message("Opened the copy of {1}. Save it under a name of your choice.", copy.file));
   std::swap(program_, loaded);
-  // Without a file: nothing that was saved since under the old name is replaced unasked.
+  // The program has no file now, so that nothing is replaced unasked that was saved under the old name since.
   SetPath({});
   AfterLoad();
   recoveryCopies_.Adopt(copy);

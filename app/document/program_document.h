@@ -32,17 +32,17 @@ class ProgramDocument {
   /// what is modified: a new program after a loaded one is a change of it.
   void NewProgram();
 
-  /// The command: asks to save, asks for a file, loads it.
+  /// Carries the command out: asks to save, asks for a file, loads it.
   void Load();
   /// A file that the user brought, by the command line or by dropping it on the window: asks to save, loads
   /// it. A relative path counts from the working folder. Says so in the log, and does nothing more, if that
   /// cannot be now: while a demo runs or a dialog waits, as the command cannot be given then either. Of
   /// several files the first is opened, and the log says so. True if it was opened.
   bool Open(const std::vector<std::filesystem::path>& files);
-  /// At the start: offers the copies of programs that could not be saved, until the user opens one, as a
-  /// program without a file. True if one was opened.
+  /// Offers the copies of programs that could not be saved, until the user opens one. It is then a program
+  /// without a file. True if one was opened. Asked once, at the start.
   bool OfferRecovered();
-  /// The command: to the current file, or as SaveFileAs() if there is none.
+  /// Carries the command out: saves to the current file, or as SaveFileAs() if there is none.
   bool Save();
   /// Asks for a file and saves to it. False if the user cancelled or saving failed.
   bool SaveFileAs();

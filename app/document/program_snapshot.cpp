@@ -62,7 +62,7 @@ ProgramSnapshot::ProgramSnapshot(const ModeListView& program, const ProgramSnaps
       viewStart_(program.viewStart),
       viewEnd_(program.viewEnd),
       currentMode_(program.currentMode) {
-  // Where modes came or went, those behind them stand elsewhere.
+  // Modes that came or went have moved those behind them.
   const std::size_t shift = earlier.modeCount_ - program.modes.size();
   blocks_.reserve((program.modes.size() + kBlockModes - 1) / kBlockModes);
   for (std::size_t first = 0; first < program.modes.size(); first += kBlockModes) {

@@ -22,7 +22,7 @@ inline bool SameProgram(const TCBase::Program::ModeListView& a, const TCBase::Pr
 /// edited costs that channel. User interface thread only.
 class ProgramSnapshot {
  public:
-  /// Of no document.
+  /// Holds no document.
   ProgramSnapshot() = default;
 
   /// Copies `program`; pieces that are the same to the bit in `earlier` are taken from there. Any `earlier`

@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kMostCopies = 99;
-// On the root of the file, where readers of programs do not look.
+// This attribute stands on the root of the file, where readers of programs do not look.
 constexpr std::string_view kFileAttribute = "file";
 
 fs::path NameOf(const fs::path& folder, int number) {

@@ -10,7 +10,8 @@ void UndoStack::Snapshot() {
 }
 
 void UndoStack::BeginPending() {
-  // Not refreshed: while a key repeats, and after a press that moved nothing, the older copy counts.
+  // A copy that is there stays: while a key repeats, and after a press that moved nothing, the older one
+  // counts.
   if (!pending_) pending_ = Capture();
 }
 
@@ -35,7 +36,7 @@ bool UndoStack::Redo() {
   if (index_ == size()) return false;
   const std::int32_t before = index_;
   index_ = std::min(size() - 1, index_ + 1);
-  // At the last entry too, which undoes what was changed since without a snapshot.
+  // The last entry is restored too: that undoes what was changed since without a snapshot.
   Restore(index_);
   return index_ != before;
 }

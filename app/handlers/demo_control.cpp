@@ -24,7 +24,7 @@ void PlayDemo(TCBase::Worker& worker, const TCBase::OperationContext& context,
     case TCBase::StatePlaying:
       return context.demo.PostCommand(TCBase::CommandPause);
     default:
-      // Until the worker gets to it the state stays idle: a second press queues a second demo.
+      // The state stays idle until the worker gets to the job: a second press queues a second demo.
       worker.AddJob(TCBase::DemoJob(devices, program, seconds, context));
       worker.AddJob([&mainWindow] { NotifyDemoIdle(mainWindow); });
   }

@@ -136,7 +136,8 @@ Changed AskDemoSpeed(CommandContext& context) {
                                  Message("OK").ToWide(),
                                  Message("Cancel").ToWide()};
   if (dialogs::DlgGetValue(context.shell.dialogs, params).DoModal() != dialogs::kOk) return Changed::No;
-  // As the setting is read: letters, which can be pasted, end the number, and one too large is the largest.
+  // The setting is read the same way: letters, which can be pasted, end the number, and a number that is too
+  // large is the largest there is.
   const long seconds = std::strtol(Utf8FromWide(params.value).c_str(), nullptr, 10);
   if (seconds >= Settings::kMinDemoSpeed && seconds <= Settings::kMaxDemoSpeed) {
     SetDemoSpeed(context.shell, static_cast<std::int32_t>(seconds));

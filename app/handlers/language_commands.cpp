@@ -117,7 +117,7 @@ Changed ExportTranslation(CommandContext& context) {
 
 Changed TestTranslation(CommandContext& context) {
   LoadTranslationWithDialog(context.shell, kTestId, kTestName);
-  // Also when nothing was loaded: an earlier test is gone back to.
+  // Done even when nothing was loaded: the window goes back to an earlier test.
   ApplyLanguage(context.state, context.shell, kTestId);
   return Changed::No;
 }

@@ -179,8 +179,9 @@ class PosixConsole : public Console {
   }
 };
 
-/// A stream that the caller closed would give its number to the next file that is opened, and messages would
-/// end up in there. The other way round these refuse what the stream is for.
+/// The next file to be opened would get the number of a stream that the caller closed, and messages would end
+/// up in that file. So /dev/null takes the number, opened for the wrong direction: reading from standard
+/// input and writing to the others fail, as they would if the stream were closed.
 void OccupyClosedStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
     if (fcntl(stream, F_GETFD) == -1) open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);

@@ -67,7 +67,7 @@ std::ptrdiff_t SendDatagram(DatagramSocket socket, std::string_view bytes, const
 std::ptrdiff_t ReceiveDatagram(DatagramSocket socket, char* buffer, std::size_t room, Ipv4Address& from) {
   sockaddr_in address{};
   socklen_t size = sizeof address;
-  // With MSG_TRUNC the answer is the size that was sent, not what has found room.
+  // MSG_TRUNC makes the answer the size that was sent, not the size that found room.
   const std::ptrdiff_t received =
       recvfrom(FileOf(socket), buffer, room, MSG_TRUNC, reinterpret_cast<sockaddr*>(&address), &size);
   if (received >= 0) from = std::bit_cast<Ipv4Address>(address);

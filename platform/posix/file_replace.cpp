@@ -82,7 +82,7 @@ class PosixFileCalls : public FileCalls {
   }
 
   FileCallResult TakePermissions(const FileTarget&) override {
-    // To give a file away is root's privilege, the group is a member's; who has neither keeps the file.
+    // Only root may give a file away, and only a member may give it to a group. Others keep the file.
     if (fchown(file_, old_.st_uid, old_.st_gid) != 0 &&
         fchown(file_, static_cast<uid_t>(-1), old_.st_gid) != 0)
       errno = 0;

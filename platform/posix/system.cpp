@@ -37,7 +37,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Nothing for an account without home.
+/// The home of the user; an empty path if the account has none.
 fs::path HomeFolder() {
   if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
   const passwd* account = getpwuid(getuid());

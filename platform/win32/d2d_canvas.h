@@ -74,9 +74,8 @@ class D2DCanvas final : public UX::Canvas {
   TextFormat& FormatOf(UX::TextFormat format);
   Bitmap& BitmapOf(UX::Label label);
   void MakeLabelContext(const D2D1_SIZE_F& size);
-  /// From where the transform puts the origin to the pixel of the device that is next to it, in units. A
-  /// label that lay between pixels would be resampled, and its letters blurred. For transforms that do not
-  /// scale.
+  /// The way from where the transform puts the origin to the nearest pixel of the device, in units. A label
+  /// that lay between pixels would be resampled, and its letters blurred. The transform must not scale.
   D2D1_POINT_2F OffsetToWholePixel() const;
 
   ComPtr<ID2D1Factory> factory_;

@@ -10,8 +10,8 @@ namespace win32 {
 /// The system's default font for controls, in the size that a screen's resolution asks for.
 class DefaultFont {
  public:
-  /// For a resolution in dots to the inch. The former font is gone afterwards, so its users take this one
-  /// over in `use` first.
+  /// Makes the font for a resolution in dots to the inch. The former font is gone afterwards, so `use` must
+  /// give its users the new one.
   template <class Use>
   void Take(UINT dpi, const Use& use) {
     Owned fresh = Make(dpi);

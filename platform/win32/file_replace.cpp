@@ -57,7 +57,7 @@ FileCallResult ResultOf(BOOL done) {
   return done ? FileCallResult{} : Failure(GetLastError());
 }
 
-/// Of a call on a file that may be in others' hands: scanners and indexers open what was just written.
+/// The result of a call on a file that others may hold: scanners and indexers open what was just written.
 FileCallResult SharedResultOf(BOOL done) {
   FileCallResult result = ResultOf(done);
   if (result.error == EACCES) result.outcome = FileCallResult::Busy;
@@ -91,7 +91,7 @@ bool IsLink(const fs::path& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-/// Where an open file really is, or `path` if the system does not say.
+/// The path of an open file behind all links, or `path` if the system does not say.
 fs::path FinalPath(const Handle& file, const fs::path& path) {
   const DWORD size = GetFinalPathNameByHandleW(file.value(), nullptr, 0, FILE_NAME_NORMALIZED);
   std::wstring name(size, L'\0');

@@ -94,7 +94,7 @@ class GdiplusGraphics {
   /// The size that the text takes within limits of this size; none without a font.
   Gdiplus::SizeF MeasureString(std::string_view text, const GdiplusFont& font, const Gdiplus::SizeF& limits);
 
-  /// Of the last drawing that went wrong.
+  /// The status of the last drawing that went wrong.
   Gdiplus::GpStatus lastStatus() const { return lastStatus_; }
 
  private:

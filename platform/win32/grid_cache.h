@@ -14,7 +14,7 @@ namespace win32 {
 
 /// A bitmap selected into a device context of its own.
 struct MemoryBitmap {
-  /// Of the kind that `model` shows, in pixels.
+  /// Makes a bitmap of the kind that `model` shows; sizes in pixels.
   MemoryBitmap(HDC model, int width, int height);
   ~MemoryBitmap();
   MemoryBitmap(const MemoryBitmap&) = delete;

@@ -37,7 +37,8 @@ class RendererDX final : public RendererBase {
   const win32::ChartWindow& chart_;
   win32::D2DCanvas canvas_;
   ChartDrawing drawing_;
-  // Of the first lane as of the last Relayout. Kept and not drawn: lanes glide, so each frame builds its own.
+  // The grid of the first lane at the last Relayout. It is kept and not drawn: lanes glide, so each frame
+  // builds its own.
   win32::ComPtr<ID2D1PathGeometry> gridGeometry_;
   std::uint64_t frameCount_ = 0;
 };

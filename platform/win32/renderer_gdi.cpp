@@ -48,7 +48,7 @@ class PaintContext {
  public:
   explicit PaintContext(HWND window) : window_(window), dc_(BeginPaint(window, &paint_)) {}
   ~PaintContext() {
-    // For a window's own context this is another word for its release. EndPaint finds it released.
+    // Deleting a window's own context releases it. EndPaint finds it released.
     DeleteDC(dc_);
     EndPaint(window_, &paint_);
   }

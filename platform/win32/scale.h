@@ -8,7 +8,7 @@
 
 namespace win32 {
 
-/// As of the moment it is made: a window that goes to another screen changes its scale.
+/// The scale of a window at the moment the object is made. A window that goes to another screen changes it.
 class Scale {
  public:
   explicit Scale(HWND window);

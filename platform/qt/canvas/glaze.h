@@ -16,7 +16,7 @@ namespace qt {
 
 class Glaze {
  public:
-  /// For a device of so many pixels a unit.
+  /// `scale` is the number of the device's pixels to a unit.
   explicit Glaze(double scale);
 
   /// Whether a shape within `bounds` is better drawn by this. A few rows of pixels are not divided.

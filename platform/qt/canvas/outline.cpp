@@ -15,8 +15,8 @@ namespace {
 /// Points of a piece; the fastest of those tried (bench/qt_chart_bench.cpp).
 constexpr std::size_t kPiece = 4;
 
-/// From so many points on that go to and fro a figure is drawn without smooth edges: no edge of it can be
-/// told, and smooth ones would take seconds.
+/// A figure with so many points that go to and fro is drawn without smooth edges. Nobody could tell its edges
+/// apart, and smooth ones would take seconds.
 constexpr std::size_t kTangle = 500;
 
 /// Pixels from the end of a piece that the next one begins at, so that it makes the corner between them.

@@ -29,7 +29,7 @@ class Outline {
   /// The same for an inside, which has no use for the farthest.
   void SetFill(std::span<const UX::Point> points, UX::Point offset);
 
-  /// Of the points; empty without any.
+  /// The rectangle around the points; empty without any.
   QRectF Bounds() const;
 
   /// What is outside `reach` is left out: Qt cuts far points off too, but takes time with their square.

@@ -54,8 +54,8 @@ class QtCanvas final : public UX::Canvas {
   void DrawLabel(UX::Label label) override;
 
  private:
-  /// Where drawing goes. A mere move is added to the coordinates, since a painter's transform is dear to
-  /// change.
+  /// What is drawn on now. A mere move is added to the coordinates, since it takes long to change a painter's
+  /// transform.
   struct Stage {
     QPainter* painter = nullptr;
     QTransform base;

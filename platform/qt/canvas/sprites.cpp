@@ -53,7 +53,7 @@ bool Sprites::Draw(QPainter& painter, const UX::Shape& shape, UX::Point offset, 
                    float strokeWidth) {
   const auto box = BoxOf(shape);
   if (!box || (std::max(box->width, box->height) + strokeWidth) * scale_ > kLargestSprite) return false;
-  // In 256ths of the device's pixels, which forgives what floats lose on the way.
+  // Places are counted in 256ths of the device's pixels, which hides what floats lose on the way.
   const auto x = std::llround((static_cast<double>(box->x) + offset.x) * scale_ * kParts);
   const auto y = std::llround((static_cast<double>(box->y) + offset.y) * scale_ * kParts);
   const SpriteLook look{box->round,

@@ -22,8 +22,8 @@ struct SpriteLook {
   float height = 0.0F;
   float strokeWidth = 0.0F;  // 0: filled
   QRgb color = 0;
-  // Where the box begins within a pixel of the device, in 256ths. Steps stand on whole pixels, so all of one
-  // look share one picture.
+  // The box begins so many 256ths into a pixel of the device. Steps stand on whole pixels, so all of one look
+  // share one picture.
   int xPart = 0;
   int yPart = 0;
 
@@ -32,7 +32,7 @@ struct SpriteLook {
 
 class Sprites {
  public:
-  /// For a device of so many pixels a unit.
+  /// `scale` is the number of the device's pixels to a unit.
   explicit Sprites(double scale);
 
   /// Draws a circle or a rectangle; false, and nothing drawn, if the shape is another or large. With

@@ -45,7 +45,7 @@ class SvgCanvas final : public UX::Canvas {
   void SetTextLine(const QTextLine& line, UX::Brush brush);
   std::string PaintOf(const char* use, UX::Brush brush) const;
   std::string StrokeOf(UX::Brush brush, float width) const;
-  /// Of what is drawn now, as an attribute; empty for the identity.
+  /// The transform in use, as an attribute; empty for the identity.
   std::string TransformNow() const;
 
   std::array<Paint, UX::kBrushCount> paints_;

@@ -37,7 +37,7 @@ class TextLayouts {
   TextLayouts();
 
   void SetFont(UX::TextFormat format, const UX::Font& font);
-  /// As UX::Canvas::LayOutText tells. Valid until the next call.
+  /// Lays a text out as UX::Canvas::LayOutText tells. The result is valid until the next call.
   const SetText& LayOut(UX::TextFormat format, std::string_view text, const UX::TextSize& limits);
 
  private:
@@ -48,7 +48,7 @@ class TextLayouts {
   std::uint64_t uses_ = 0;
 };
 
-/// With its left top at the painter's origin.
+/// Draws a text with its left top at the painter's origin.
 void DrawText(QPainter& painter, const SetText& set, const QColor& color);
 
 }  // namespace qt
