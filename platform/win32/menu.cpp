@@ -36,7 +36,42 @@ void SetState(HMENU menu, int item, By by, UINT bits, bool on) {
   SetMenuItemInfoW(menu, static_cast<UINT>(item), static_cast<BOOL>(by), &info);
 }
 
+void AppendMissing(HMENU menu, std::span<const app::MenuEntry> entries);
+
+void Append(HMENU menu, const app::MenuEntry& entry) {
+  using Kind = app::MenuEntry::Kind;
+  std::wstring text(entry.text.begin(), entry.text.end());
+  MENUITEMINFOW info = ItemInfo(MIIM_FTYPE);
+  if (entry.kind == Kind::Separator) {
+    info.fType = MFT_SEPARATOR;
+  } else {
+    info.fMask = MIIM_STRING | (entry.kind == Kind::Command ? MIIM_ID : MIIM_SUBMENU);
+    info.wID = static_cast<UINT>(entry.command);
+    info.dwTypeData = text.data();
+    if (entry.kind == Kind::Submenu) info.hSubMenu = CreatePopupMenu();
+  }
+  InsertMenuItemW(menu, static_cast<UINT>(GetMenuItemCount(menu)), TRUE, &info);
+  if (info.hSubMenu != nullptr) AppendMissing(info.hSubMenu, entry.entries);
+}
+
+void AppendMissing(HMENU menu, std::span<const app::MenuEntry> entries) {
+  for (int position = 0; position < static_cast<int>(entries.size()); ++position) {
+    const app::MenuEntry& entry = entries[static_cast<std::size_t>(position)];
+    if (position >= GetMenuItemCount(menu)) {
+      Append(menu, entry);
+    } else if (entry.kind == app::MenuEntry::Kind::Submenu) {
+      AppendMissing(GetSubMenu(menu, position), entry.entries);
+    }
+  }
+}
+
 }  // namespace
+
+void AppendMissing(HMENU bar, std::span<const app::MenuPopup> menus) {
+  for (int position = 0; const app::MenuPopup& popup : menus) {
+    AppendMissing(GetSubMenu(bar, position++), popup.entries);
+  }
+}
 
 void Menu::Take(HWND mainWindow, HWND chart) {
   mainWindow_ = mainWindow;

@@ -1,11 +1,18 @@
 #pragma once
 
+#include <span>
+
+#include "app/window/command.h"
 #include "app/window/ports.h"
 #include "platform/win32/windows_headers.h"
 
 namespace win32 {
 
-/// The main window's menu, which the menu resource brought.
+/// Appends what `menus` have behind the entries of `bar`, which is what the menu resource brought: the first
+/// of theirs. The texts are the English ones.
+void AppendMissing(HMENU bar, std::span<const app::MenuPopup> menus);
+
+/// The main window's menu.
 class Menu final : public app::MenuPort {
  public:
   Menu() = default;

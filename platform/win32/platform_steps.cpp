@@ -11,6 +11,7 @@
 
 #include <array>
 
+#include "app/commands.h"
 #include "platform/win32/resource_ids.h"
 #include "platform/win32/window_classes.h"
 
@@ -73,10 +74,12 @@ bool PlatformSteps::Do(app::PlatformStep step) {
       break;
     case TakeMenu:
       pieces_.menu.Take(pieces_.mainWindow.Handle(), pieces_.controls.HandleOf(app::Control::ChartWindow));
+      AppendMissing(GetMenu(pieces_.mainWindow.Handle()), app::MenuTable());
       break;
     case TakeAccelerators:
       pieces_.events.UseAccelerators(pieces_.controls.HandleOf(app::Control::ChartWindow),
-                                     LoadAcceleratorsW(instance_, MAKEINTRESOURCEW(resource::kAccelerators)));
+                                     LoadAcceleratorsW(instance_, MAKEINTRESOURCEW(resource::kAccelerators)),
+                                     app::AcceleratorTable());
       break;
     case DeleteLogo:
       pieces_.logo.Delete();

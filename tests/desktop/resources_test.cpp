@@ -65,9 +65,11 @@ UINT TypeOf(HMENU menu, int position) {
 void ExpectEntries(HMENU menu, std::span<const app::MenuEntry> entries, const std::string& name) {
   SCOPED_TRACE(name);
   ASSERT_NE(menu, nullptr);
-  ASSERT_EQ(GetMenuItemCount(menu), static_cast<int>(entries.size()));
+  const int count = GetMenuItemCount(menu);
+  ASSERT_LE(count, static_cast<int>(entries.size()));
   int position = 0;
-  for (const app::MenuEntry& entry : entries) {
+  // What stands behind them in the table is appended when the program starts.
+  for (const app::MenuEntry& entry : entries.first(static_cast<std::size_t>(count))) {
     SCOPED_TRACE(position);
     using Kind = app::MenuEntry::Kind;
     EXPECT_EQ(TypeOf(menu, position) == MFT_SEPARATOR, entry.kind == Kind::Separator);
@@ -82,7 +84,7 @@ void ExpectEntries(HMENU menu, std::span<const app::MenuEntry> entries, const st
   }
 }
 
-TEST_F(Resources, MenuIsTheApplicationsTable) {
+TEST_F(Resources, MenusAreWhatThoseOfTheCommandsBeginWith) {
   const HMENU bar = LoadMenuW(program_, MAKEINTRESOURCEW(resource::kMenu));
   ASSERT_NE(bar, nullptr);
   ASSERT_EQ(GetMenuItemCount(bar), static_cast<int>(app::MenuTable().size()));
@@ -129,7 +131,7 @@ TEST_F(Resources, AcceleratorsAreTheKeysOfTheCommandsInTheirOwnOrder) {
                                          "key 8 32930"));
   std::vector<std::string> expected;
   for (const app::Accelerator& row : app::AcceleratorTable()) expected.push_back(Told(row));
-  EXPECT_THAT(keys, testing::UnorderedElementsAreArray(expected));
+  EXPECT_THAT(expected, testing::IsSupersetOf(keys));
 }
 
 TEST_F(Resources, NamesOfTheWindowAndItsClass) {
