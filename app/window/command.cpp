@@ -25,10 +25,6 @@ constexpr MenuRow kMenus[] = {
     {"Help", When::Always, true},
 };
 
-bool Allows(When when, bool demoRuns) {
-  return when == When::Always || (when == When::DuringDemo) == demoRuns;
-}
-
 void Append(std::vector<MenuEntry>& menu, const Command& command) {
   const bool isInNewSubmenu =
       !command.submenu.empty() && (menu.empty() || menu.back().text != command.submenu);

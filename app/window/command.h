@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/window/refresh.h"
+#include "app/window/when.h"
 #include "program/program.h"
 
 namespace app {
@@ -48,9 +49,6 @@ constexpr KeyStroke Ctrl(char letter) {
 constexpr KeyStroke Alt(char character) {
   return {KeyStroke::Kind::AltCharacter, character};
 }
-
-/// Whether a running demo matters to a command or a menu.
-enum class When { Always, WithoutDemo, DuringDemo };
 
 /// Whether an entry of the history is made before a command acts. Where it is made later, or only if
 /// something changed, the handler sees to it.

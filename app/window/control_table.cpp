@@ -27,11 +27,11 @@ constexpr unsigned kReadOut = trait::kSunken | trait::kAmpersands;
 // clang-format off
 constexpr std::array<ControlRow, kControlCount> kTable{{
     {{control_id::kModeList, Kind::ListBox, {10, 10, 110, 196}, "", trait::kVerticalScrollBar},
-     Control::ModeList, false, kStays},
+     Control::ModeList, false, kStays, When::WithoutDemo},
     {{control_id::kAddMode, Kind::Button, {10, 208, 54, 20}, "➕"},
-     Control::AddModeButton, false, kStays},
+     Control::AddModeButton, false, kStays, When::WithoutDemo},
     {{control_id::kDeleteMode, Kind::Button, {66, 208, 54, 20}, "➖"},
-     Control::DeleteModeButton, false, kStays},
+     Control::DeleteModeButton, false, kStays, When::WithoutDemo},
     {{control_id::kDemoStatus, Kind::Label, {10, 252, 110, 20}, "Demo controls", kReadOut},
      Control::DemoStatusLabel, kTranslated},
     {{control_id::kPlay, Kind::Button, {10, 274, 54, 20}, "▶"},
@@ -45,7 +45,7 @@ constexpr std::array<ControlRow, kControlCount> kTable{{
     {{0, Kind::Label, {10, 340, 110, 20}, "Channel power", kReadOut},
      Control::PowerTitleLabel, kTranslated},
     {{0, Kind::Slider, {10, 362, 110, 20}, "", trait::kTicks | trait::kDisabled},
-     Control::PowerSlider},
+     Control::PowerSlider, false, true, When::WithoutDemo},
     {{control_id::kDevicesLabel, Kind::Label, {10, Height(252), 110, 20}, "Devices", kReadOut},
      Control::DevicesLabel, kTranslated},
     {{control_id::kDeviceList, Kind::ListBox, {10, Height(230), 110, 64}, "",

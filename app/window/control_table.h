@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 
+#include "app/window/when.h"
 #include "dialogs/control.h"
 
 namespace app {
@@ -48,8 +49,9 @@ inline constexpr int kPower = 1038;
 
 struct ControlRow : dialogs::ControlTemplate {
   Control control;
-  bool translated = false;  // the text goes through Translate
-  bool moves = true;        // when the window changes size; the others stand in the top left corner
+  bool translated = false;   // the text goes through Translate
+  bool moves = true;         // when the window changes size; the others stand in the top left corner
+  When when = When::Always;  // it can be used; while a demo plays or pauses, the others are greyed
 };
 
 /// Rows in the order in which the controls are made, which is that of `Control`.

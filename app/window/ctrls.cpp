@@ -141,9 +141,9 @@ void Ctrls::ShowDemoStatus(const TCBase::DemoState& record) {
 
   shell_.controls.SetText(Control::PlayButton, WideFromUtf8(button));
   shell_.controls.SetText(Control::DemoStatusLabel, status);
-  for (const Control control :
-       {Control::ModeList, Control::AddModeButton, Control::DeleteModeButton, Control::PowerSlider}) {
-    shell_.controls.SetEnabled(control, state == TCBase::StateIdle);
+  for (const ControlRow& row : ControlTable()) {
+    if (row.when == When::Always) continue;
+    shell_.controls.SetEnabled(row.control, Allows(row.when, state != TCBase::StateIdle));
   }
 }
 
