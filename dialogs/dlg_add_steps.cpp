@@ -39,13 +39,13 @@ bool DlgAddSteps::OnControl(DialogWindow& window, int control, int code) {
   return true;
 }
 
-void DlgAddSteps::UpdateStepCount(DialogWindow& window) {
-  const std::u16string text = ReadText(window, id::kSteps);
+void DlgAddSteps::UpdateStepCount(DialogTexts& texts) {
+  const std::u16string text = ReadText(texts, id::kSteps);
   if (text.empty()) return;
   std::vector<TCBase::Program::Step> steps;
   TCBase::Program::ParseStepsText(Utf8FromWide(text), steps);
-  window.SetText(id::kCount,
-                 Message("Text contains {1} steps", static_cast<std::int32_t>(steps.size())).ToWide());
+  texts.SetText(id::kCount,
+                Message("Text contains {1} steps", static_cast<std::int32_t>(steps.size())).ToWide());
 }
 
 bool DlgAddSteps::OnOk(DialogWindow& window) {

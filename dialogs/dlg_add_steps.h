@@ -24,7 +24,7 @@ class DlgAddSteps final : public DlgBase {
  private:
   bool OnOk(DialogWindow& window) override;
   bool OnControl(DialogWindow& window, int control, int code) override;
-  void UpdateStepCount(DialogWindow& window);
+  void UpdateStepCount(DialogTexts& texts);
 
   AddStepsParams& params_;
 };

@@ -27,12 +27,12 @@ constexpr std::size_t kWordUnits = 40;
 
 // The same in every language. A row's number is of no use here: words are read back as words.
 template <class Value>
-void AddWords(DialogWindow& window, int list, std::initializer_list<Value> values) {
-  for (const Value value : values) window.AddRow(list, WideFromUtf8(NameOf(value)), value);
+void AddWords(DialogLists& lists, int list, std::initializer_list<Value> values) {
+  for (const Value value : values) lists.AddRow(list, WideFromUtf8(NameOf(value)), value);
 }
 
-std::string ReadUtf8(const DialogWindow& window, int control, std::size_t units) {
-  return Utf8FromWide(ReadText(window, control, units));
+std::string ReadUtf8(const DialogTexts& texts, int control, std::size_t units) {
+  return Utf8FromWide(ReadText(texts, control, units));
 }
 
 void Tell(DialogWindow& window, std::string_view title, std::string_view text, Icon icon) {
@@ -53,23 +53,23 @@ void DlgTC421_Config::OnInit(DialogWindow& window) {
   window.SetEnabled(kOk, false);
 }
 
-void DlgTC421_Config::FillNetworks(DialogWindow& window) {
+void DlgTC421_Config::FillNetworks(DialogLists& lists) {
   TCBase::ListWifiNetworks(networks_);
   for (std::size_t i = 0; i < networks_.size(); ++i) {
-    window.AddRow(id::kNetwork, WideFromUtf8(networks_[i].ssid), static_cast<std::int32_t>(i));
+    lists.AddRow(id::kNetwork, WideFromUtf8(networks_[i].ssid), static_cast<std::int32_t>(i));
   }
   if (networks_.empty()) return;
-  window.SelectRow(id::kNetwork, 0);
-  TakeOverNetwork(window);
+  lists.SelectRow(id::kNetwork, 0);
+  TakeOverNetwork(lists);
 }
 
 // "Invalid" is in neither list, and leaves what stands there for the user to check.
-void DlgTC421_Config::TakeOverNetwork(DialogWindow& window) const {
-  const auto chosen = static_cast<std::size_t>(window.SelectedData(id::kNetwork));
+void DlgTC421_Config::TakeOverNetwork(DialogLists& lists) const {
+  const auto chosen = static_cast<std::size_t>(lists.SelectedData(id::kNetwork));
   if (chosen >= networks_.size()) return;
   const TCBase::WifiNetwork& network = networks_[chosen];
-  window.SelectText(id::kSecurity, WideFromUtf8(TCBase::NameOf(TCBase::SecurityOf(network))));
-  window.SelectText(id::kEncryption, WideFromUtf8(TCBase::NameOf(TCBase::EncryptionOf(network))));
+  lists.SelectText(id::kSecurity, WideFromUtf8(TCBase::NameOf(TCBase::SecurityOf(network))));
+  lists.SelectText(id::kEncryption, WideFromUtf8(TCBase::NameOf(TCBase::EncryptionOf(network))));
 }
 
 bool DlgTC421_Config::OnControl(DialogWindow& window, int control, int code) {
@@ -90,11 +90,11 @@ bool DlgTC421_Config::OnOk(DialogWindow& window) {
   return isSetUp_ && DlgBase::OnOk(window);
 }
 
-void DlgTC421_Config::ReadConfig(const DialogWindow& window) {
-  config_.ssid = ReadUtf8(window, id::kNetwork, kNameUnits);
-  config_.password = ReadUtf8(window, id::kPassword, kNameUnits);
-  config_.encryption = TCBase::ParseWifiEncryption(ReadUtf8(window, id::kEncryption, kWordUnits));
-  config_.security = TCBase::ParseWifiSecurity(ReadUtf8(window, id::kSecurity, kWordUnits));
+void DlgTC421_Config::ReadConfig(const DialogTexts& texts) {
+  config_.ssid = ReadUtf8(texts, id::kNetwork, kNameUnits);
+  config_.password = ReadUtf8(texts, id::kPassword, kNameUnits);
+  config_.encryption = TCBase::ParseWifiEncryption(ReadUtf8(texts, id::kEncryption, kWordUnits));
+  config_.security = TCBase::ParseWifiSecurity(ReadUtf8(texts, id::kSecurity, kWordUnits));
 }
 
 void DlgTC421_Config::SetUp(DialogWindow& window) {

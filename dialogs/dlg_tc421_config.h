@@ -22,9 +22,9 @@ class DlgTC421_Config final : public DlgBase {
  private:
   bool OnOk(DialogWindow& window) override;
   bool OnControl(DialogWindow& window, int control, int code) override;
-  void FillNetworks(DialogWindow& window);
-  void TakeOverNetwork(DialogWindow& window) const;
-  void ReadConfig(const DialogWindow& window);
+  void FillNetworks(DialogLists& lists);
+  void TakeOverNetwork(DialogLists& lists) const;
+  void ReadConfig(const DialogTexts& texts);
   void SetUp(DialogWindow& window);
 
   const TCBase::DeviceInfo device_;

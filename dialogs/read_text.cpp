@@ -16,14 +16,14 @@ void LeaveOutHalf(std::u16string& text) {
 
 }  // namespace
 
-std::u16string ReadText(const DialogWindow& window, int control, std::size_t units) {
-  std::u16string text = window.Text(control, units);
+std::u16string ReadText(const DialogTexts& texts, int control, std::size_t units) {
+  std::u16string text = texts.Text(control, units);
   LeaveOutHalf(text);
   return text;
 }
 
-Stored StoreText(const DialogWindow& window, int control, std::u16string& value, std::size_t units) {
-  std::u16string text = window.Text(control, units);
+Stored StoreText(const DialogTexts& texts, int control, std::u16string& value, std::size_t units) {
+  std::u16string text = texts.Text(control, units);
   if (text.empty()) return Stored::Nothing;
   LeaveOutHalf(text);
   value = std::move(text);

@@ -12,7 +12,7 @@ inline constexpr std::size_t kTextUnits = 2048;
 
 /// What stands in the control, cut to `units`. If the cut, or the limit of the edit field before it, went
 /// through a character of two units, its first half is left out: what is kept is whole.
-std::u16string ReadText(const DialogWindow& window, int control, std::size_t units = kTextUnits);
+std::u16string ReadText(const DialogTexts& texts, int control, std::size_t units = kTextUnits);
 
 /// What came of storing the text of a control.
 enum class Stored {
@@ -20,7 +20,7 @@ enum class Stored {
   Nothing,  // the control is empty, and the value as it was
   Empty,    // nothing whole stood in the control, and the value is empty
 };
-Stored StoreText(const DialogWindow& window, int control, std::u16string& value,
+Stored StoreText(const DialogTexts& texts, int control, std::u16string& value,
                  std::size_t units = kTextUnits);
 
 }  // namespace dialogs
