@@ -6,20 +6,37 @@ else()
   find_package(GTest REQUIRED)
 endif()
 
-# What a test program is compiled with: what is tested is built for speed, the tests themselves to be built soon.
+# What the sources of tests are compiled with.
 function(lumarine_test_options target)
   target_link_libraries(${target} PRIVATE lumarine_options)
   target_compile_definitions(${target} PRIVATE LUMARINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-  target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>
-    # GCC sees faults in std::string that are none, and where it is precompiled no longer knows it as the system's.
+  # GCC sees faults in std::string that are none, and where it is precompiled no longer knows it as the system's.
+  target_compile_options(${target} PRIVATE
     "$<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow;-Wno-stringop-overread>")
+endfunction()
+
+# What is tested is built for speed, the tests themselves to be built soon. Not what is linked before the ports: inline
+# functions are taken from the first who has them, and what is built for speed must not get those of the others.
+function(lumarine_test_built_soon target)
+  target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
 endfunction()
 
 # What every test includes, compiled once.
 add_library(test_headers OBJECT ${CMAKE_SOURCE_DIR}/tests/support/test_headers.cpp)
+lumarine_test_built_soon(test_headers)
 lumarine_test_options(test_headers)
 target_link_libraries(test_headers PRIVATE GTest::gmock Threads::Threads)
 target_precompile_headers(test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+
+# lumarine_test_fixture(NAME SOURCES a.cpp ... [LINK lib ...])
+#
+# What several test programs share, compiled once. An object library, as a port is: whoever names it has all of it.
+function(lumarine_test_fixture name)
+  cmake_parse_arguments(FIXTURE "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} OBJECT ${FIXTURE_SOURCES})
+  lumarine_test_options(${name})
+  target_link_libraries(${name} PUBLIC ${FIXTURE_LINK} PRIVATE GTest::gmock Threads::Threads)
+endfunction()
 
 # lumarine_test(NAME SOURCES a_test.cpp ... LINK lib ...)
 #
@@ -29,6 +46,7 @@ target_precompile_headers(test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
 function(lumarine_test name)
   cmake_parse_arguments(TEST "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
+  lumarine_test_built_soon(${name})
   lumarine_test_options(${name})
   # GoogleMock behind our own: before them it would have them resolve the parts of std::string that it lacks.
   target_link_libraries(${name} PRIVATE ${TEST_LINK} test_clock platform_system
