@@ -1,5 +1,7 @@
 # Libraries from the distribution. scripts/setup installs every one of them.
 
+include(LumarineIncludes)
+
 find_package(Threads REQUIRED)
 
 if(WIN32)
@@ -32,3 +34,7 @@ else()
   add_library(lumarine_cli11 INTERFACE)
   add_library(lumarine_json INTERFACE)
 endif()
+
+lumarine_includable(lumarine_hidapi_headers hidapi/)
+lumarine_includable(lumarine_cli11 CLI/)
+lumarine_includable(lumarine_json nlohmann/)

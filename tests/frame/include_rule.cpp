@@ -2,99 +2,157 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <iterator>
 #include <regex>
+#include <sstream>
 
 namespace {
 
-// A folder may include from itself and from the ones before it.
-constexpr std::array<std::string_view, 11> kLayers = {
-    "OvkLib/",  "common/", "program/",  "localisation/", "devices/",   "chart/",
-    "dialogs/", "app/",    "platform/", "cli/",          "simulator/",
-};
-
-// Not layers: they look at all of the above, and none of the above looks at them.
+// They look at all folders of the program, and none of those looks at them.
 constexpr std::array<std::string_view, 3> kOnlookers = {"tests/", "bench/", "fuzz/"};
 
 // The rooms of the platform's own headers.
-constexpr std::array<std::string_view, 5> kPlatformRooms = {"platform/", "OvkLib/src/UWP/", "tests/desktop/",
-                                                            "tests/qt/", "bench/qt_chart_bench.cpp"};
+constexpr std::array<std::string_view, 6> kPlatformRooms = {"platform/", "OvkLib/src/UWP/", "tests/desktop/",
+                                                            "tests/qt/", "bench/qt_chart_bench.cpp",
+                                                            // How much a block on the heap really takes.
+                                                            "bench/xml_bench.cpp"};
 
-std::optional<size_t> LayerOf(std::string_view path) {
-  const auto layer = std::ranges::find_if(kLayers, [&](auto name) { return path.starts_with(name); });
-  if (layer == kLayers.end()) return std::nullopt;
-  return static_cast<size_t>(layer - kLayers.begin());
+// Headers of others that no library of CMake's brings to the folder.
+struct Others {
+  std::string_view folder;
+  std::string_view header;
+};
+constexpr std::array<Others, 13> kOthers = {{
+    {"OvkLib/", "emmintrin.h"},  // the processor's own, of every compiler
+    {"tests/", "gtest/"},
+    {"tests/", "gmock/"},
+    {"tests/", "hidapi/"},
+    {"tests/", "nlohmann/"},
+    {"bench/", "benchmark/"},
+    {"bench/", "fmt/"},
+    {"bench/", "expat.h"},
+    {"bench/", "pugixml.hpp"},
+    {"bench/", "tinyxml2.h"},
+    {"fuzz/", "hidapi/"},
+}};
+
+bool IsStandard(const std::string& header) {
+  // Those of C++20; the ones of C only by their names in C++.
+  static const std::set<std::string, std::less<>> names = [] {
+    std::istringstream words(
+        "algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex concepts "
+        "condition_variable coroutine deque exception execution filesystem format forward_list fstream "
+        "functional "
+        "future initializer_list iomanip ios iosfwd iostream istream iterator latch limits list locale map "
+        "memory "
+        "memory_resource mutex new numbers numeric optional ostream queue random ranges ratio regex "
+        "scoped_allocator "
+        "semaphore set shared_mutex source_location span sstream stack stdexcept stop_token streambuf string "
+        "string_view strstream syncstream system_error thread tuple type_traits typeindex typeinfo "
+        "unordered_map "
+        "unordered_set utility valarray variant vector version cassert cctype cerrno cfenv cfloat cinttypes "
+        "climits "
+        "clocale cmath csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime cuchar cwchar "
+        "cwctype");
+    return std::set<std::string, std::less<>>(std::istream_iterator<std::string>(words), {});
+  }();
+  return names.contains(header);
 }
 
-template <size_t N>
-bool StartsWithAny(std::string_view path, const std::array<std::string_view, N>& prefixes) {
-  return std::ranges::any_of(prefixes, [&](auto prefix) { return path.starts_with(prefix); });
+/// Whether one of the prefixes begins the path.
+template <class Prefixes>
+bool Begins(const Prefixes& prefixes, std::string_view path) {
+  return std::ranges::any_of(prefixes, [&](std::string_view prefix) { return path.starts_with(prefix); });
 }
 
-bool IsPlatformHeader(const std::string& header) {
-  static const std::regex platform(
-      R"((windows|winsock2?|ws2tcpip|wlanapi|d2d1.*|dwrite.*|gdiplus|commctrl|commdlg|shlobj.*|objbase|combaseapi)\.h)"
-      R"(|sys/socket\.h|netinet/.*|arpa/.*|netdb\.h|net/if\.h|ifaddrs\.h|Q[A-Z].*|Qt.*/.*)",
-      std::regex::icase);
-  // Qt's class headers start with a capital Q; the rest of the list is told apart by its name whatever the
-  // case.
-  if (header.starts_with('q')) return false;
-  return std::regex_match(header, platform);
+bool IsInPlatformRoom(std::string_view path) {
+  const bool testsOneSystem = path.ends_with("_posix_test.cpp") || path.ends_with("_win32_test.cpp");
+  return Begins(kPlatformRooms, path) || (path.starts_with("tests/") && testsOneSystem);
 }
 
-void JudgeProjectInclude(std::string_view path, const std::string& header, const std::string& where,
-                         std::vector<std::string>& faults) {
-  const bool onlooker = StartsWithAny(path, kOnlookers);
-  if (StartsWithAny(header, kOnlookers)) {
-    if (!onlooker) faults.push_back(where + "includes " + header + ", which is for tests only");
-    return;
-  }
-  const auto from = LayerOf(path);
-  const auto to = LayerOf(header);
-  if (!to) {
-    faults.push_back(where + "includes " + header + ", not a path from the project's root");
-  } else if (!onlooker && !from) {
-    faults.push_back(where + "stands in no folder of the architecture");
-  } else if (from && *to > *from) {
-    faults.push_back(where + "includes " + header + " from a folder below its own");
-  }
+/// Whether the header is one of the names, or below one that is a folder.
+bool Names(std::string_view name, std::string_view header) {
+  return name.ends_with('/') ? header.starts_with(name) : header == name;
+}
+
+bool IsOfOthers(std::string_view path, std::string_view header) {
+  return std::ranges::any_of(kOthers, [&](const Others& others) {
+    return path.starts_with(others.folder) && Names(others.header, header);
+  });
+}
+
+bool Holds(const std::set<std::string>& headers, std::string_view header) {
+  return std::ranges::any_of(headers, [&](const std::string& name) { return Names(name, header); });
 }
 
 }  // namespace
 
-std::vector<std::string> IncludeFaults(std::string_view path, std::string_view source) {
+IncludeRule::IncludeRule(std::istream& lines) : roots_(kOnlookers.begin(), kOnlookers.end()) {
+  // What stands for another system is not in every build.
+  roots_.insert("platform/");
+  std::string line;
+  while (std::getline(lines, line)) {
+    std::istringstream words(line);
+    std::string folder;
+    words >> folder;
+    folders_[folder].insert(std::istream_iterator<std::string>(words), {});
+    roots_.insert(folder.substr(0, folder.find('/')) + "/");
+  }
+}
+
+const IncludeRule::Folder* IncludeRule::FolderOf(std::string_view path) const {
+  for (std::size_t end = path.rfind('/'); end != std::string_view::npos; end = path.rfind('/')) {
+    path = path.substr(0, end);
+    const auto found = folders_.find(path);
+    if (found != folders_.end()) return &found->second;
+  }
+  return nullptr;
+}
+
+std::string IncludeRule::FaultOfOurs(std::string_view path, std::string_view header) const {
+  if (Begins(kOnlookers, path)) return {};
+  if (Begins(kOnlookers, header)) return "which is for tests only";
+  if (const Folder* const folder = FolderOf(path)) {
+    const bool allowed = folder == FolderOf(header) || Holds(*folder, header);
+    return allowed ? "" : "which no library that its folder links gives it";
+  }
+  // Folders of another system are judged in the builds for that.
+  return path.starts_with("platform/") ? "" : "but stands in no folder of the architecture";
+}
+
+std::string IncludeRule::Fault(std::string_view path, const std::string& header, bool quoted) const {
+  if (Begins(roots_, header)) return FaultOfOurs(path, header);
+  if (quoted) return "not a path from the project's root";
+  if (IsStandard(header) || IsOfOthers(path, header)) return {};
+  if (const Folder* const folder = FolderOf(path); folder != nullptr && Holds(*folder, header)) return {};
+  return IsInPlatformRoom(path) ? "" : "a platform's or a stranger's, outside the rooms of these";
+}
+
+std::vector<std::string> IncludeRule::Faults(std::string_view path, std::string_view source) const {
   static const std::regex include(R"(^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]*)[>"])");
   std::vector<std::string> faults;
-  int number = 0;
-  while (!source.empty()) {
-    const size_t end = std::min(source.find('\n'), source.size());
-    const std::string line(source.substr(0, end));
-    source.remove_prefix(std::min(end + 1, source.size()));
-    ++number;
+  std::istringstream lines{std::string(source)};
+  std::string line;
+  for (int number = 1; std::getline(lines, line); ++number) {
+    if (line.find("include") == std::string::npos) continue;
     std::smatch match;
     if (!std::regex_search(line, match, include)) continue;
-    const std::string header = match[2];
-    std::string where(path);
-    where.append(":").append(std::to_string(number)).append(" ");
-    if (IsPlatformHeader(header) && !StartsWithAny(path, kPlatformRooms)) {
-      faults.push_back(where.append("includes ").append(header).append(" outside the platform's rooms"));
-    } else if (match[1] == "\"") {
-      JudgeProjectInclude(path, header, where, faults);
-    }
+    const std::string fault = Fault(path, match[2], match[1] == "\"");
+    if (fault.empty()) continue;
+    std::ostringstream sentence;
+    sentence << path << ":" << number << " includes " << match[2] << ", " << fault;
+    faults.push_back(sentence.str());
   }
   return faults;
 }
 
-std::vector<std::filesystem::path> ProjectSources(const std::filesystem::path& root) {
+std::vector<std::filesystem::path> IncludeRule::ProjectSources(const std::filesystem::path& root) const {
   std::vector<std::filesystem::path> files;
-  const auto collect = [&](std::string_view folder) {
-    if (!std::filesystem::exists(root / folder)) return;
+  for (const auto& folder : roots_) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root / folder)) {
       const auto extension = entry.path().extension();
       if (extension == ".h" || extension == ".cpp") files.push_back(entry.path().lexically_relative(root));
     }
-  };
-  for (const auto folder : kLayers) collect(folder);
-  for (const auto folder : kOnlookers) collect(folder);
+  }
   return files;
 }
