@@ -17,7 +17,7 @@ namespace cli {
 
 namespace {
 
-constexpr char kVersion[] = "Lumarine 4.7 build 496";
+constexpr char kVersion[] = "Lumarine " LUMARINE_VERSION;
 
 constexpr char kAbout[] =
     "Looks at, changes and uploads light programs for five-channel LED controllers.\n"
