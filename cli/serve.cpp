@@ -49,8 +49,8 @@ ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments
   const auto watch = session.console.WatchInterrupts([&] {
     stopping.request_stop();
     session.status.Print(Message(service.stopsBehindMode
-                                     ? "Stopping behind this mode. Ctrl+C again ends at once."
-                                     : "Stopping. Ctrl+C again ends at once.")
+                                     ? TextKey("Stopping behind this mode. Ctrl+C again ends at once.")
+                                     : TextKey("Stopping. Ctrl+C again ends at once."))
                              .utf8());
   });
 

@@ -27,6 +27,23 @@ class Translator {
 /// that has begun ends with the translator that it began with, which must outlive it.
 void SetTranslator(Translator* translator);
 
+/// A key of the translations that stands apart from the call that translates it: in a row of a table, as a
+/// constant or as an argument. The tests know the keys of the program by reading Message("..."),
+/// Translate("..."), Hint("...") and TextKey("...") in the sources.
+class TextKey {
+ public:
+  constexpr TextKey() = default;  // no text
+  explicit consteval TextKey(std::string_view english) : english_(english) {}
+
+  constexpr operator std::string_view() const { return english_; }
+  constexpr bool empty() const { return english_.empty(); }
+  friend constexpr bool operator==(const TextKey&, const TextKey&) = default;
+  friend constexpr bool operator==(const TextKey& key, std::string_view text) { return key.english_ == text; }
+
+ private:
+  std::string_view english_;
+};
+
 /// A finished sentence. The template is translated first and filled then, so that a sentence with its
 /// placeholders is one entry of the translations and arguments are never looked up. Placeholders and rules
 /// are those of ovk::format. Meant to be built, read and discarded within one statement, by one thread.

@@ -45,24 +45,25 @@ Value FindValue(const Word<Value> (&words)[kCount], std::string_view name, Value
   return found != std::end(words) ? found->value : otherwise;
 }
 
-const char* ProblemOf(WifiQuery query) {
+TextKey ProblemOf(WifiQuery query) {
   switch (query) {
     case WifiQuery::NoService:
-      return "Can't connect Wi-Fi! Problem function: WlanOpenHandle.";
+      return TextKey("Can't connect Wi-Fi! Problem function: WlanOpenHandle.");
     case WifiQuery::NoAdapterList:
-      return "Can't enumerate WLAN adapters! Problem function: WlanEnumInterfaces.";
+      return TextKey("Can't enumerate WLAN adapters! Problem function: WlanEnumInterfaces.");
     case WifiQuery::NoAdapter:
-      return "No Wi-Fi adapter found.";
+      return TextKey("No Wi-Fi adapter found.");
     case WifiQuery::NoNetworkList:
-      return "Can't get available networks! Probably your PC in Airplane mode, and /or Wifi turned "
-             "out.Problem function : WlanGetAvailableNetworkList.";
+      return TextKey(
+          "Can't get available networks! Probably your PC in Airplane mode, and /or Wifi turned "
+          "out.Problem function : WlanGetAvailableNetworkList.");
     case WifiQuery::Answered:
       break;
   }
-  return nullptr;
+  return {};
 }
 
-bool Send(DeviceBase& device, const PacketBase& packet, int expected, const char* problem) {
+bool Send(DeviceBase& device, const PacketBase& packet, int expected, TextKey problem) {
   if (device.SendPacket(packet, expected)) return true;
   LogStatus(Message(problem));
   return false;
@@ -72,13 +73,13 @@ bool SendConfig(DeviceBase& device, const DeviceInfo& info, const WifiNetworkCon
   switch (config.security) {
     case SecurityOpen:
       return Send(device, TC421::Packet_SetWiFi_Open(info, config.ssid), kOpenTaken,
-                  "Error setting open WiFi");
+                  TextKey("Error setting open WiFi"));
     case SecurityWPA:
     case SecurityWPA2:
       return Send(device, TC421::Packet_SetWiFi_SSID(info, config.ssid, config.security, config.encryption),
-                  kSsidTaken, "Error setting WiFi SSID") &&
+                  kSsidTaken, TextKey("Error setting WiFi SSID")) &&
              Send(device, TC421::Packet_SetWiFi_Password(info, config.password), kPasswordTaken,
-                  "Error setting WiFi password");
+                  TextKey("Error setting WiFi password"));
     default:
       // Not an error: there is nothing that a controller could be told.
       LogWarning(
@@ -137,7 +138,7 @@ WifiEncryption EncryptionOf(const WifiNetwork& network) {
 
 bool ListWifiNetworks(std::vector<WifiNetwork>& networks) {
   networks.clear();
-  if (const char* problem = ProblemOf(platform::QueryWifiNetworks(networks))) {
+  if (const TextKey problem = ProblemOf(platform::QueryWifiNetworks(networks)); !problem.empty()) {
     LogStatus(Message(problem));
     return false;
   }

@@ -79,7 +79,8 @@ Worker::Job Worker::TakeJob() {
 
 void Worker::SetConnected(const UsbFamily& family, bool connected) {
   if (!listing) return;
-  LogStatus(Message(connected ? "{1} Device connected" : "{1} Device disconnected", family.name));
+  LogStatus(
+      Message(connected ? TextKey("{1} Device connected") : TextKey("{1} Device disconnected"), family.name));
   const std::lock_guard lock(deviceMutex);
   ReplaceDevices(devices, family.model, family.name, connected);
   if (window != nullptr) window->Post(message, 0, connected ? 1 : 0);

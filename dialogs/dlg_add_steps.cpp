@@ -14,9 +14,9 @@ namespace id = add_steps_control;
 
 namespace {
 
-constexpr char kHelp[] =
+constexpr TextKey kHelp(
     "Enter steps in this format:\r\n\r\nhh:mm value [J]\r\n\r\nExample:\r\n\r\n08:00 0\r\n10:00 80 J\r\n"
-    "12:00 0\r\n13:40 50\r\n15:00 0\r\n\r\nUse \"J\" to make step\r\n\"jump\" instead of \"fade\"";
+    "12:00 0\r\n13:40 50\r\n15:00 0\r\n\r\nUse \"J\" to make step\r\n\"jump\" instead of \"fade\"");
 
 }  // namespace
 

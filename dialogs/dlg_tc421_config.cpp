@@ -35,7 +35,7 @@ std::string ReadUtf8(const DialogTexts& texts, int control, std::size_t units) {
   return Utf8FromWide(ReadText(texts, control, units));
 }
 
-void Tell(DialogWindow& window, std::string_view title, std::string_view text, Icon icon) {
+void Tell(DialogWindow& window, TextKey title, TextKey text, Icon icon) {
   window.Tell(Message(title).ToWide(), Message(text).ToWide(), icon);
 }
 
@@ -100,14 +100,14 @@ void DlgTC421_Config::ReadConfig(const DialogTexts& texts) {
 void DlgTC421_Config::SetUp(DialogWindow& window) {
   ReadConfig(window);
   if (config_.security != SecurityOpen && config_.password.empty()) {
-    return Tell(window, "WiFi password", "WiFi password can not be empty", Icon::Error);
+    return Tell(window, TextKey("WiFi password"), TextKey("WiFi password can not be empty"), Icon::Error);
   }
   if (!TCBase::SetupWifi(device_, config_)) {
-    return Tell(window, "WiFi configuration error",
-                "Error configuring TC421 device to use selected WiFi network!", Icon::Error);
+    return Tell(window, TextKey("WiFi configuration error"),
+                TextKey("Error configuring TC421 device to use selected WiFi network!"), Icon::Error);
   }
-  Tell(window, "WiFi configuration success",
-       "Successfully configured TC421 device to use selected WiFi network!", Icon::Information);
+  Tell(window, TextKey("WiFi configuration success"),
+       TextKey("Successfully configured TC421 device to use selected WiFi network!"), Icon::Information);
   isSetUp_ = true;
   // In this order, since the focus goes from the one to the other.
   window.SetEnabled(kOk, true);

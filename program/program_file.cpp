@@ -127,7 +127,8 @@ bool SaveProgram(const ModeListView& document, const std::filesystem::path& path
   element root;
   BuildProgramXml(document, root);
   const bool saved = ovk::xml::save(path, root, reason);
-  LogStatus(Message(saved ? "Saved program {1}" : "Error saving program {1}", Utf8FromPath(path)));
+  LogStatus(Message(saved ? TextKey("Saved program {1}") : TextKey("Error saving program {1}"),
+                    Utf8FromPath(path)));
   return saved;
 }
 

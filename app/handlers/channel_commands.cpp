@@ -27,8 +27,7 @@ namespace {
 using TakeSteps = std::int32_t (*)(Channel& channel, std::string_view text);
 
 /// Asks for steps as text, beginning with `text`, and gives them to the channel.
-Changed TypeSteps(const CommandContext& context, std::string_view title, std::u16string text,
-                  TakeSteps take) {
+Changed TypeSteps(const CommandContext& context, TextKey title, std::u16string text, TakeSteps take) {
   AppState& state = context.state;
   const Point place = DialogPlace(state.chartLayout.DialogAnchorChart());
   dialogs::AddStepsParams params{place.x, place.y, Message(title).ToWide(), std::move(text)};
@@ -110,9 +109,10 @@ Changed RenameChannel(CommandContext& context) {
   AppState& state = context.state;
   if (SelectedChannel(state.selection) == nullptr) return Changed::No;
   ChannelInfo& info = state.program.channelInfos.at(static_cast<std::size_t>(state.selection.channel));
-  dialogs::ModeNameParams params = NameDialog(
-      {"Edit channel name", "Channel name (max 20 characters)", "Channel description", kChannelNameLength},
-      DialogPlace(state.chartLayout.DialogAnchorChart()));
+  dialogs::ModeNameParams params =
+      NameDialog({TextKey("Edit channel name"), TextKey("Channel name (max 20 characters)"),
+                  TextKey("Channel description"), kChannelNameLength},
+                 DialogPlace(state.chartLayout.DialogAnchorChart()));
   params.name = WideFromUtf8(info.name);
   params.description = WideFromUtf8(info.description);
   if (dialogs::DlgModeName(context.shell.dialogs, params).DoModal() != dialogs::kOk) return Changed::No;
@@ -124,13 +124,13 @@ Changed RenameChannel(CommandContext& context) {
 
 Changed AddTypedSteps(CommandContext& context) {
   if (SelectedChannel(context.state.selection) == nullptr) return Changed::No;
-  return TypeSteps(context, "Manual steps add...", {}, AddStepsFromText);
+  return TypeSteps(context, TextKey("Manual steps add..."), {}, AddStepsFromText);
 }
 
 Changed EditTypedSteps(CommandContext& context) {
   const Channel* const channel = SelectedChannel(context.state.selection);
   if (channel == nullptr) return Changed::No;
-  return TypeSteps(context, "Manual steps edit...", StepsToText(*channel), ReplaceStepsFromText);
+  return TypeSteps(context, TextKey("Manual steps edit..."), StepsToText(*channel), ReplaceStepsFromText);
 }
 
 }  // namespace app

@@ -56,7 +56,8 @@ void AskDeviceName(const CommandContext& context, const std::string& device) {
   AppState& state = context.state;
   Settings& settings = context.shell.settings;
   dialogs::ModeNameParams params =
-      NameDialog({"Device name", "Device name (max 15 characters)", "Device description", kDeviceNameLength},
+      NameDialog({TextKey("Device name"), TextKey("Device name (max 15 characters)"),
+                  TextKey("Device description"), kDeviceNameLength},
                  DialogPlaceAbove(state.chartLayout.DialogAnchorBottom()));
   params.name = WideFromUtf8(settings.GetDeviceValue("device", device, TCBase::ShownName(device)));
   params.description = WideFromUtf8(settings.GetDeviceValue("device_description", device, {}));

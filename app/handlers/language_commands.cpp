@@ -109,9 +109,9 @@ Changed ExportTranslation(CommandContext& context) {
   std::filesystem::path path = PathFromUtf8("LumarineStrings_" + shell.settings.GetValue("locale") + ".XML");
   if (!AskWhereToSave(shell.questions, kXmlFilter, path)) return Changed::No;
   const bool exported = shell.translations.ExportTranslationFile(path);
-  LogStatus(Message(
-      exported ? "Localization file {1} exported successfully!" : "Error exporting localization file {1}!",
-      path));
+  LogStatus(Message(exported ? TextKey("Localization file {1} exported successfully!")
+                             : TextKey("Error exporting localization file {1}!"),
+                    path));
   return Changed::No;
 }
 

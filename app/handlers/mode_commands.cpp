@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
@@ -19,10 +18,10 @@ using namespace TCBase::Program;
 
 namespace {
 
-dialogs::ModeNameParams ModeDialog(AppState& state, std::string_view title) {
-  return NameDialog(
-      {title, "Mode name (device will display first 7 characters only)", "Mode description", kModeNameLength},
-      DialogPlace(state.chartLayout.DialogAnchorTop()));
+dialogs::ModeNameParams ModeDialog(AppState& state, TextKey title) {
+  return NameDialog({title, TextKey("Mode name (device will display first 7 characters only)"),
+                     TextKey("Mode description"), kModeNameLength},
+                    DialogPlace(state.chartLayout.DialogAnchorTop()));
 }
 
 void AppendMode(AppState& state, const dialogs::ModeNameParams& params) {
@@ -57,7 +56,7 @@ Changed SelectMode(CommandContext& context) {
 
 Changed AddMode(CommandContext& context) {
   AppState& state = context.state;
-  dialogs::ModeNameParams params = ModeDialog(state, "Add new mode");
+  dialogs::ModeNameParams params = ModeDialog(state, TextKey("Add new mode"));
   params.name = SuggestedModeName(state.program);
   params.copyLabel = Message("Copy data from").ToWide();
   params.copySource = &state.program;
@@ -68,7 +67,7 @@ Changed AddMode(CommandContext& context) {
 
 Changed EditMode(CommandContext& context) {
   Mode& mode = context.state.CurrentMode();
-  dialogs::ModeNameParams params = ModeDialog(context.state, "Edit mode");
+  dialogs::ModeNameParams params = ModeDialog(context.state, TextKey("Edit mode"));
   params.name = WideFromUtf8(mode.name);
   params.description = WideFromUtf8(mode.description);
   if (dialogs::DlgModeName(context.shell.dialogs, params).DoModal() != dialogs::kOk) return Changed::No;

@@ -12,18 +12,18 @@ using namespace TCBase::Program;
 
 namespace {
 
-constexpr char kManyStepsTitle[] = "Higher step count for some {1} devices";
-constexpr char kManyStepsText[] =
+constexpr TextKey kManyStepsTitle("Higher step count for some {1} devices");
+constexpr TextKey kManyStepsText(
     "Some {1} devices have problems with modes containing higher number of steps.\r\n\r\n"
     "If the program uploaded to your {1} device does not work the same way as during the demo playback, "
     "please "
     "check \"Help / Known Issues\" for more troubleshooting details.\r\n\r\n"
     "List of all modes with their number of steps:\r\n\r\n"
     "{2}\r\n"
-    "Proceed with uploading the current program? (It is a safe operation)";
+    "Proceed with uploading the current program? (It is a safe operation)");
 
-constexpr char kKnownIssuesTitle[] = "Known issues with some {1} devices";
-constexpr char kKnownIssuesText[] =
+constexpr TextKey kKnownIssuesTitle("Known issues with some {1} devices");
+constexpr TextKey kKnownIssuesText(
     "Some {1} devices do not properly support a higher number of steps in the program.\r\n\r\n"
     "If the program uploaded to your {1} device does not work the same way as during the demo playback, it "
     "is "
@@ -40,7 +40,7 @@ constexpr char kKnownIssuesText[] =
     "(Please let me know if PLED with the same program works or if you find out more details about this "
     "problem.)\r\n\r\n"
     "Here is the list showing the current number of steps for each mode in your program:\r\n\r\n"
-    "{3}\r\n";
+    "{3}\r\n");
 
 }  // namespace
 

@@ -9,20 +9,20 @@ namespace app {
 namespace {
 
 struct MenuRow {
-  std::string_view text;
+  TextKey text;
   When when = When::Always;
   bool rightJustified = false;
 };
 
 // By position.
 constexpr MenuRow kMenus[] = {
-    {"File"},
-    {"Edit"},
-    {"Device"},
-    {"Channel", When::WithoutDemo},
-    {"Mode", When::WithoutDemo},
-    {"Language"},
-    {"Help", When::Always, true},
+    {TextKey("File")},
+    {TextKey("Edit")},
+    {TextKey("Device")},
+    {TextKey("Channel"), When::WithoutDemo},
+    {TextKey("Mode"), When::WithoutDemo},
+    {TextKey("Language")},
+    {TextKey("Help"), When::Always, true},
 };
 
 void Append(std::vector<MenuEntry>& menu, const Command& command) {

@@ -11,6 +11,7 @@
 
 #include "app/window/refresh.h"
 #include "app/window/when.h"
+#include "common/message.h"
 #include "program/program.h"
 
 namespace app {
@@ -68,10 +69,10 @@ struct Command {
   int code = kAnyCode;  // what a control must have said of itself; commands have any
 
   // In the menu. A row without a text has no item.
-  std::string_view text = {};     // English, the key of the translation
-  std::string_view suffix = {};   // follows the text, not translated
-  int menu = menu::kNone;         // items of a menu stand in the order of their rows
-  std::string_view submenu = {};  // the submenu that the item is in, by its English text
+  TextKey text = {};             // an item has one
+  std::string_view suffix = {};  // follows the text, not translated
+  int menu = menu::kNone;        // items of a menu stand in the order of their rows
+  TextKey submenu = {};          // the submenu that the item is in
   bool beginsGroup = false;  // a separator stands before the item, or before its submenu if it is the first
   std::array<KeyStroke, 2> keys = {};
 
@@ -98,15 +99,15 @@ struct MenuEntry {
   enum class Kind { Command, Separator, Submenu };
 
   Kind kind = Kind::Separator;
-  int command = 0;                      // of a Command
-  std::string_view text = {};           // English, the key of the translation
+  int command = 0;  // of a Command
+  TextKey text = {};
   std::string_view suffix = {};         // follows the text, not translated
   std::vector<MenuEntry> entries = {};  // of a Submenu
 };
 
 /// One menu of the bar.
 struct MenuPopup {
-  std::string_view text;  // English, the key of the translation
+  TextKey text;
   std::vector<MenuEntry> entries;
   When when = When::Always;
   bool rightJustified = false;

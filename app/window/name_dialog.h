@@ -3,9 +3,9 @@
 // How the application asks for a name and a description, and where its dialogs come up.
 
 #include <cstdint>
-#include <string_view>
 
 #include "common/geometry.h"
+#include "common/message.h"
 #include "dialogs/dlg_mode_name.h"
 
 namespace app {
@@ -22,15 +22,15 @@ inline constexpr std::int32_t kModeNameLength = 15;
 inline constexpr std::int32_t kChannelNameLength = 20;
 inline constexpr std::int32_t kDeviceNameLength = 15;
 
-/// Keys of the translation.
-struct NameDialogTexts {
-  std::string_view title;
-  std::string_view nameLabel;
-  std::string_view descriptionLabel;
+/// What a dialog that asks for a name says, and how long a name it takes.
+struct NameQuestion {
+  TextKey title;
+  TextKey nameLabel;
+  TextKey descriptionLabel;
   std::int32_t maxLength;
 };
 
-/// A dialog with these texts, empty fields and nothing to copy from.
-dialogs::ModeNameParams NameDialog(const NameDialogTexts& texts, const Point& place);
+/// The dialog with empty fields and nothing to copy from.
+dialogs::ModeNameParams NameDialog(const NameQuestion& question, const Point& place);
 
 }  // namespace app

@@ -1,61 +1,20 @@
 #include "tests/localisation/program_texts.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <span>
+#include <sstream>
 
 #include "app/commands.h"
 #include "app/window/control_table.h"
 #include "dialogs/dialog_template.h"
+#include "localisation/translation_store.h"
+#include "tests/support/files.h"
 
 namespace program_texts {
 
-using source_texts::Asking;
-using source_texts::Found;
-using source_texts::Place;
-
 namespace {
-
-const std::vector<Asking> kAsking = {
-    {"Message", {0}},
-    {"Translate", {0}},
-    {"Hint", {0}},
-    // Those that hand keys on.
-    {"NameDialog", {0}},
-    {"ModeDialog", {0}},
-    {"TypeSteps", {0}},
-    {"Tell", {1, 2}, "dialogs/dlg_tc421_config.cpp"},
-    {"Send", {3}, "devices/wifi.cpp"},
-};
-
-struct Known {
-  const char* file;
-  const char* name;
-  const char* reason;
-};
-constexpr Known kKnown[] = {
-    {"app/channel_commands.cpp", "title", "a parameter of TypeSteps"},
-    {"app/channel_commands.cpp", "kChannelNameLength", "a number beside the keys"},
-    {"app/window/ctrls.cpp", "row.text", "the table of the main window"},
-    {"app/device_commands.cpp", "kDeviceNameLength", "a number beside the keys"},
-    {"app/window/menu_bar.cpp", "key", "the table of the menus"},
-    {"app/mode_commands.cpp", "title", "a parameter of ModeDialog"},
-    {"app/mode_commands.cpp", "kModeNameLength", "a number beside the keys"},
-    {"app/window/name_dialog.cpp", "texts.title", "a parameter of NameDialog"},
-    {"app/window/name_dialog.cpp", "texts.nameLabel", "a parameter of NameDialog"},
-    {"app/window/name_dialog.cpp", "texts.descriptionLabel", "a parameter of NameDialog"},
-    {"common/log.cpp", "key", "a parameter of Hint"},
-    {"common/message.cpp", "key", "a parameter of Message or Translate"},
-    {"common/message.h", "key", "a parameter of Message"},
-    {"devices/wifi.cpp", "problem", "a parameter of Send, and what the system said, among LookedUpInVain()"},
-    {"dialogs/dlg_about.cpp", "product::kFirstTerms", "among LookedUpInVain()"},
-    {"dialogs/dlg_about.cpp", "product::kSecondTerms", "among LookedUpInVain()"},
-    {"dialogs/dlg_about.cpp", "link.caption", "among LookedUpInVain()"},
-    {"dialogs/dlg_tc421_config.cpp", "title", "a parameter of Tell"},
-    {"dialogs/dlg_tc421_config.cpp", "text", "a parameter of Tell"},
-    {"dialogs/template_texts.cpp", "form->title", "the table of the templates"},
-    {"dialogs/template_texts.cpp", "control.text", "the table of the templates"},
-    {"localisation/translation_store.cpp", "key", "the document's own keys, for an export"},
-};
 
 // The templates whose own texts stay. The others are given all of theirs as they open.
 constexpr int kTranslatedTemplates[] = {dialogs::template_id::kTC421Init, dialogs::template_id::kTC421Search,
@@ -71,18 +30,11 @@ void AddMenu(std::span<const app::MenuEntry> entries, std::set<std::string>& tex
 
 }  // namespace
 
-Found Sources() {
-  return source_texts::ReadFolders(
+const std::vector<source_texts::Literal>& Sources() {
+  static const auto literals = source_texts::ReadFolders(
       LUMARINE_SOURCE_DIR,
-      {"common", "program", "localisation", "devices", "chart", "dialogs", "app", "platform", "cli"},
-      kAsking);
-}
-
-const char* WhereKeysComeFrom(const Place& place, const std::string& name) {
-  for (const Known& known : kKnown) {
-    if (place.file == known.file && name == known.name) return known.reason;
-  }
-  return nullptr;
+      {"common", "program", "localisation", "devices", "chart", "dialogs", "app", "platform", "cli"});
+  return literals;
 }
 
 std::set<std::string> InTables() {
@@ -104,9 +56,24 @@ std::set<std::string> InTables() {
   return texts;
 }
 
+std::set<std::string> ReplacedInTables() {
+  std::set<std::string> texts;
+  for (const app::ControlRow& row : app::ControlTable()) {
+    if (!row.translated) texts.emplace(row.text);
+  }
+  for (const dialogs::DialogTemplate& form : dialogs::Templates()) {
+    if (std::ranges::find(kTranslatedTemplates, form.number) != std::end(kTranslatedTemplates)) continue;
+    texts.emplace(form.title);
+    for (const dialogs::ControlTemplate& control : form.controls) texts.emplace(control.text);
+  }
+  return texts;
+}
+
 std::set<std::string> Asked() {
   std::set<std::string> texts = InTables();
-  for (const Place& place : Sources().places) texts.insert(place.keys.begin(), place.keys.end());
+  for (const source_texts::Literal& literal : Sources()) {
+    if (literal.isKey) texts.insert(literal.text);
+  }
   return texts;
 }
 
@@ -141,7 +108,6 @@ const std::vector<English>& LookedUpInVain() {
 const std::vector<English>& NeverLookedUp() {
   static const char* const kFilter = "names a kind of file in the system's file dialogs";
   static const char* const kMerging = "of the command without a menu item, for who builds the program";
-  static const char* const kReplaced = "stands in a table, and is replaced before it is seen";
   static const char* const kName = "a name";
   static const char* const kWord = "a word of the networks themselves";
   static const char* const kTraffic = "of the log of device traffic";
@@ -157,13 +123,6 @@ const std::vector<English>& NeverLookedUp() {
       {"Enter language name", kMerging},
       {"Language ID", kMerging},
       {"Language name", kMerging},
-      {"About Lumarine", kReplaced},
-      {"Add Steps", kReplaced},
-      {"Copy from", kReplaced},
-      {"Enter value", kReplaced},
-      {"Mode name (max 6 characters)", kReplaced},
-      {"Value (max 20 characters)", kReplaced},
-      {"mode description", kReplaced},
       {"Lumarine", kName},
       {"MS Shell Dlg", kName},
       {"Segoe UI", kName},
@@ -184,48 +143,31 @@ const std::vector<English>& NeverLookedUp() {
   return texts;
 }
 
+const std::vector<ListedKey>& ListedKeys() {
+  static const std::vector<ListedKey> keys = [] {
+    std::vector<ListedKey> read;
+    std::istringstream lines(
+        BytesOf(std::filesystem::path(LUMARINE_SOURCE_DIR) / "tests/localisation/keys.txt"));
+    for (std::string line; std::getline(lines, line);) {
+      const bool isLeftOver = line.starts_with("- ");
+      read.push_back({isLeftOver ? line.substr(2) : line, isLeftOver});
+    }
+    return read;
+  }();
+  return keys;
+}
+
 const std::set<std::string>& LeftOver() {
-  static const std::set<std::string> keys = {
-      "Add Steps",
-      "Add steps",
-      "Change color",
-      "Channel name",
-      "Demo time: {1}",
-      "Demo time: {1}:00",
-      "Error loading dump file {1}",
-      "Found {1}...",
-      "Higher step count for {1} devices",
-      "Lumarine, Version {1}.{2}, Build {3}",
-      "Mode name",
-      "Mode {1}",
-      "Move down",
-      "Move up",
-      "Optimize moving step from {1} to {2}",
-      "Rename",
-      "Step deleted",
-      "TC421 Device connected",
-      ("The previous model GAIKRAIT (blue device) supports a maximum of {1} steps in the program. For more "
-       "information check the \"Help / Known issues\" information."),
-      ("The previous model {1} (blue device) supports a maximum of 20 steps in the program.\r\n\r\nIf the "
-       "program uploaded to your {1} device does not work in the same way as during demo playback, this is "
-       "due "
-       "to a too high number of steps.\r\n\r\nThe steps that go beyond the first {2} steps are ignored by "
-       "the "
-       "program and maintain the same intensity that is set at step number {2}.\r\n\r\nTo solve this "
-       "problem, "
-       "please delete the extra steps. The Align Steps feature in Mode can help you merge similar times."
-       "\r\n\r\nBelow, you can see the list with the current number of steps for each mode in your "
-       "program:\r\n\r\n{3}\r\n"),
-      ("The previous model {1} (blue device) supports a maximum of 20 steps in the program.\r\n\r\nIf the "
-       "program uploaded to your {1} device does not work in the same way as during demo playback, this is "
-       "due "
-       "to too many steps. Please check Help / Known Issues for more information.\r\n\r\nList of all modes "
-       "with their number of steps:\r\n\r\n{2}\r\nContinue uploading the current program? (It is a safe "
-       "operation)"),
-      "Tools",
-      "Unsupported step count for the {1} device",
-      "{1} device limitations",
-  };
+  static const std::set<std::string> keys = [] {
+    ovk::xml::element tree;
+    for (const ListedKey& listed : ListedKeys()) {
+      if (listed.isLeftOver) tree.append_child("key").text = ovk::string(listed.key);
+    }
+    UnescapeLineBreaks(tree);
+    std::set<std::string> leftOver;
+    for (const auto& key : tree.children) leftOver.emplace(key->text.view());
+    return leftOver;
+  }();
   return keys;
 }
 

@@ -9,12 +9,10 @@
 #include <map>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "OvkLib/src/ovk_xml.h"
-#include "common/files.h"
 #include "common/xml_file.h"
 #include "localisation/translation_store.h"
 #include "tests/localisation/program_texts.h"
@@ -24,7 +22,6 @@ namespace {
 
 using program_texts::English;
 using source_texts::Literal;
-using source_texts::Place;
 using testing::ElementsAreArray;
 
 std::string Text(const ovk::string& text) {
@@ -152,10 +149,8 @@ std::set<std::string> TextsOf(const std::vector<English>& texts) {
 // The document
 
 TEST(TranslationsDocument, HasTheseKeysInThisOrder) {
-  std::string file;
-  ASSERT_TRUE(ReadFileBytes(SourceFile("tests/localisation/keys.txt"), file));
   std::vector<std::string> keys;
-  for (std::istringstream lines(file); std::getline(lines, file);) keys.push_back(file);
+  for (const program_texts::ListedKey& listed : program_texts::ListedKeys()) keys.push_back(listed.key);
   ovk::xml::element escaped;
   ASSERT_TRUE(ovk::xml::load(SourceFile(kFirst), escaped));
   const std::vector<std::string> found = KeysIn(escaped.child("strings"));
@@ -213,23 +208,16 @@ TEST(TranslationsDocument, HasEveryTextThatTheProgramHasTranslated) {
   }
 }
 
-TEST(TranslationsDocument, EveryArgumentThatIsNoLiteralIsAccountedFor) {
-  for (const Place& place : program_texts::Sources().places) {
-    for (const std::string& name : place.names) {
-      EXPECT_NE(program_texts::WhereKeysComeFrom(place, name), nullptr)
-          << place.file << ":" << place.line << " translates " << name << ": which texts can that be?";
-    }
-  }
-}
-
-// A text that is shown without being asked for is found by its looks: two words, or one with a capital.
+// A text that is shown without being asked for, or asked for without a mark in the sources, is found by its
+// looks: two words, or one with a capital.
 TEST(TranslationsDocument, NoTextOfTheProgramIsShownUntranslated) {
   static const std::regex looksLikeText("[A-Za-z]{2,} [A-Za-z]|^[A-Z][a-z]+$");
   std::set<std::string> known = program_texts::Asked();
+  known.merge(program_texts::ReplacedInTables());
   for (const auto& texts : {program_texts::LookedUpInVain(), program_texts::NeverLookedUp()}) {
     for (const English& text : texts) known.insert(text.text);
   }
-  for (const Literal& literal : program_texts::Sources().literals) {
+  for (const Literal& literal : program_texts::Sources()) {
     // The command line's own pages and reports are English throughout.
     if (literal.file.starts_with("cli/") || literal.file.starts_with("platform/qt/") ||
         literal.file.starts_with("platform/posix/"))
@@ -241,7 +229,7 @@ TEST(TranslationsDocument, NoTextOfTheProgramIsShownUntranslated) {
 
 TEST(TranslationsDocument, WhatIsListedAsEnglishIsStillInTheSources) {
   std::set<std::string> literals;
-  for (const Literal& literal : program_texts::Sources().literals) literals.insert(literal.text);
+  for (const Literal& literal : program_texts::Sources()) literals.insert(literal.text);
   for (const auto& texts : {program_texts::LookedUpInVain(), program_texts::NeverLookedUp()}) {
     for (const English& text : texts) {
       if (std::string_view(text.reason) == "set when the program is built") continue;
