@@ -18,6 +18,7 @@
 #include "program/view.h"
 #include "tests/app/app_test.h"
 #include "tests/support/sim_hidapi.h"
+#include "tests/support/text_count.h"
 #include "tests/support/virtual_clock.h"
 
 namespace {
@@ -54,12 +55,6 @@ class Gate {
   std::atomic<bool> open_{false};
   std::atomic<bool> passed_{false};
 };
-
-int Count(const std::string& text, std::string_view part) {
-  int count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-  return count;
-}
 
 class DemoControl : public AppTest {
  protected:
@@ -241,8 +236,8 @@ TEST_F(DemoControl, APressBeforeTheWorkersTurnQueuesASecondDemo) {
   user.State().worker.AddJob([&done] { done = true; });
   ASSERT_TRUE(WaitUntil([&done] { return done.load(); }));
   const std::string log = NewLog();
-  EXPECT_EQ(Count(log, "Demo started\n"), 2);
-  EXPECT_EQ(Count(log, "Demo finished\n"), 2) << "the second runs behind the first, to its end";
+  EXPECT_EQ(CountOf(log, "Demo started\n"), 2);
+  EXPECT_EQ(CountOf(log, "Demo finished\n"), 2) << "the second runs behind the first, to its end";
 }
 
 TEST_F(DemoControl, BetweenThePressAndTheWorkersTurnTheChartStillEdits) {
@@ -303,10 +298,10 @@ TEST_F(DemoControl, StopInTheHalfSecondAfterTheEndHarmsNothing) {
   gate.Open();
   ASSERT_TRUE(WaitForRest());
   ExpectEditing(true);
-  EXPECT_EQ(Count(user.Log(), "Demo finished\r\n"), 1);
+  EXPECT_EQ(CountOf(user.Log(), "Demo finished\r\n"), 1);
 
   Desk().application->mainWindow.OnCommand(command::kPlayDemo, 0);
-  ASSERT_TRUE(WaitUntil([this] { return Count(user.Log(), "Demo finished\r\n") == 2; }));
+  ASSERT_TRUE(WaitUntil([this] { return CountOf(user.Log(), "Demo finished\r\n") == 2; }));
   EXPECT_GE(virtual_clock::Seconds(), 20.0) << "the stale stop was cleared: the next demo plays to its end";
 }
 

@@ -11,6 +11,7 @@
 #include "tests/support/files.h"
 #include "tests/support/held_scan.h"
 #include "tests/support/sim_network.h"
+#include "tests/support/wizard_steps.h"
 
 namespace {
 
@@ -24,6 +25,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 using namespace in_dialog;
+using in_wizard::Search;
+using in_wizard::WaitForRows;
 namespace command = app::command;
 namespace config_id = dialogs::tc421_config_control;
 namespace search_id = dialogs::tc421_search_control;
@@ -71,11 +74,6 @@ class WifiWizard : public AppTest {
     return user.Choose(command::kSetupWifi);
   }
 
-  static DialogStep Search() { return Press(search_id::kSearch); }
-  static DialogStep WaitForRows(std::size_t count) {
-    return Await(
-        [count](const SeenDialog& seen) { return seen.controls.at(search_id::kFound).rows.size() == count; });
-  }
   DialogStep WaitForLog(const std::string& text) {
     return Await([this, text](const SeenDialog&) { return user.Log().find(text) != std::string::npos; });
   }

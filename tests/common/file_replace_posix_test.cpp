@@ -21,6 +21,7 @@
 #include "common/files.h"
 #include "common/log.h"
 #include "tests/common/file_calls_between.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -67,11 +68,6 @@ class PosixFileReplace : public testing::Test {
     }
   }
 
-  static std::string ContentOf(const fs::path& path) {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(path, bytes)) << path;
-    return bytes;
-  }
   static struct stat FactsOf(const fs::path& path) {
     struct stat facts {};
     EXPECT_EQ(stat(path.c_str(), &facts), 0) << path;
@@ -120,7 +116,7 @@ TEST_F(PosixFileReplace, KilledBeforeAnyCallHasLeftTheOldFileOrTheNewOne) {
       calls.mostAtOnce = 4;  // several writes, to be killed between them
       return ReplaceFileBytes(calls, file_, kNew) == 0 ? kAlive : kKilled + 1;
     });
-    found.push_back(ContentOf(file_));
+    found.push_back(BytesOf(file_));
     EXPECT_EQ(FactsOf(file_).st_mode & 07777, 0640U) << n;
   }
   EXPECT_EQ(status, kAlive);
@@ -136,7 +132,7 @@ TEST_F(PosixFileReplace, OfALinkToALinkReplacesTheFileAtTheEnd) {
   fs::create_symlink("../program.xml", folder_ / "other" / "second");
   fs::create_symlink("other/second", folder_ / "first");
   ASSERT_TRUE(WriteFileBytes(folder_ / "first", kNew));
-  EXPECT_EQ(ContentOf(file_), kNew);
+  EXPECT_EQ(BytesOf(file_), kNew);
   EXPECT_TRUE(fs::is_symlink(folder_ / "first"));
   EXPECT_TRUE(fs::is_symlink(folder_ / "other" / "second"));
   EXPECT_EQ(Entries(), 3);
@@ -146,7 +142,7 @@ TEST_F(PosixFileReplace, OfALinkToNothingCreatesWhatItPointsTo) {
   fs::create_symlink("later.xml", folder_ / "link");
   ASSERT_TRUE(WriteFileBytes(folder_ / "link", kNew));
   EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
-  EXPECT_EQ(ContentOf(folder_ / "later.xml"), kNew);
+  EXPECT_EQ(BytesOf(folder_ / "later.xml"), kNew);
 }
 
 TEST_F(PosixFileReplace, OfALinkToItselfFails) {
@@ -187,7 +183,7 @@ TEST_F(PosixFileReplace, InAFolderThatTakesNoNewFileWritesTheFileInPlace) {
   const int error = AsNobody([&] { return Save(); });
   ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
   EXPECT_EQ(error, 0);
-  EXPECT_EQ(ContentOf(file_), kNew);
+  EXPECT_EQ(BytesOf(file_), kNew);
   EXPECT_EQ(FactsOf(file_).st_ino, before);
   EXPECT_EQ(Entries(), 1);
   EXPECT_THAT(Copies(), IsEmpty());
@@ -201,14 +197,14 @@ TEST_F(PosixFileReplace, WhereNoCopyCanBeWrittenLeavesTheOldFileWhole) {
   ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
   ASSERT_EQ(chmod(documents_.path().c_str(), 0755), 0);
   EXPECT_EQ(error, EACCES);
-  EXPECT_EQ(ContentOf(file_), kOld);
+  EXPECT_EQ(BytesOf(file_), kOld);
   EXPECT_EQ(Entries(), 1);
 }
 
 TEST_F(PosixFileReplace, OfAFileWithAHardLinkKeepsItOneFile) {
   fs::create_hard_link(file_, folder_ / "same.xml");
   ASSERT_TRUE(WriteFileBytes(file_, kNew));
-  EXPECT_EQ(ContentOf(folder_ / "same.xml"), kNew);
+  EXPECT_EQ(BytesOf(folder_ / "same.xml"), kNew);
   EXPECT_EQ(FactsOf(file_).st_ino, FactsOf(folder_ / "same.xml").st_ino);
   EXPECT_EQ(Entries(), 2);
 }
@@ -232,15 +228,15 @@ TEST_F(PosixFileReplace, InPlaceKilledBeforeAnyCallHasLeftTheOldFileTheNewOneOrA
       return ReplaceFileBytes(calls, file_, kNew) == 0 ? kAlive : kKilled + 1;
     });
     if (status == kKilled) ++killed;
-    bool isWhole = ContentOf(file_) == kOld || ContentOf(file_) == kNew;
+    bool isWhole = BytesOf(file_) == kOld || BytesOf(file_) == kNew;
     for (const fs::path& copy : Copies(folder_.path())) {
-      isWhole = isWhole || ContentOf(copy) == kNew;
+      isWhole = isWhole || BytesOf(copy) == kNew;
       fs::remove(copy);
     }
     EXPECT_TRUE(isWhole);
   }
   EXPECT_EQ(status, kAlive);
-  EXPECT_EQ(ContentOf(folder_ / "same.xml"), kNew);
+  EXPECT_EQ(BytesOf(folder_ / "same.xml"), kNew);
   EXPECT_EQ(killed, 17)
       << "inspect, open and close, four writes and a flush for each, two folders, a removal";
 }
@@ -263,10 +259,10 @@ TEST_F(PosixFileReplace, InPlaceTellsOfItsCopyOnlyWhereTheFileIsNoLongerWhole) {
     const int error = ReplaceFileBytes(calls, file_, kNew, &kept);
     isDone = failed.empty();
     if (kept.empty()) {
-      EXPECT_EQ(ContentOf(file_), error == 0 ? kNew : kOld) << failed;
+      EXPECT_EQ(BytesOf(file_), error == 0 ? kNew : kOld) << failed;
     } else {
       EXPECT_EQ(error, ENOSPC) << failed;
-      EXPECT_EQ(ContentOf(kept), kNew) << failed;
+      EXPECT_EQ(BytesOf(kept), kNew) << failed;
     }
     for (const fs::path& copy : Copies(folder_.path())) {
       EXPECT_TRUE(copy == kept || failed == "Remove") << failed;
@@ -286,7 +282,7 @@ TEST_F(PosixFileReplace, OfAFileThatCannotBeSwappedWritesItInPlace) {
       return isSwap ? FileCallResult{FileCallResult::Failed, refusal} : FileCallResult();
     });
     EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew), 0);
-    EXPECT_EQ(ContentOf(file_), kNew);
+    EXPECT_EQ(BytesOf(file_), kNew);
     EXPECT_EQ(FactsOf(file_).st_ino, before);
     EXPECT_EQ(Entries(), 1);
   }
@@ -300,8 +296,8 @@ TEST_F(PosixFileReplace, InPlaceKeepsTheCopyBesideTheFileIfThatIsPossible) {
   });
   fs::path kept;
   EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew, &kept), EIO);
-  EXPECT_EQ(ContentOf(file_), "");
-  EXPECT_EQ(ContentOf(kept), kNew);
+  EXPECT_EQ(BytesOf(file_), "");
+  EXPECT_EQ(BytesOf(kept), kNew);
   EXPECT_EQ(kept.parent_path(), folder_.path());
   EXPECT_EQ(kept.extension(), ".xml");
 }
@@ -311,7 +307,7 @@ TEST_F(PosixFileReplace, OfAProtectedFileFailsThoughItsFolderWouldAllowIt) {
   ASSERT_EQ(chmod(folder_.path().c_str(), 0777), 0);
   const int error = AsNobody([&] { return ReplaceFileBytes(*platform::SystemFileCalls(), file_, kNew); });
   EXPECT_EQ(error, EACCES);
-  EXPECT_EQ(ContentOf(file_), kOld);
+  EXPECT_EQ(BytesOf(file_), kOld);
   EXPECT_EQ(Entries(), 1);
 }
 
@@ -341,7 +337,7 @@ TEST_F(PosixFileReplace, ByTheNameOfAnOpenFileWritesIntoThatFile) {
                                fs::path("/dev/fd") / std::to_string(open_), folder_ / "stdout"}) {
     ASSERT_EQ(pwrite(open_, "old", 3, 0), 3);
     EXPECT_TRUE(WriteFileBytes(name, kNew));
-    EXPECT_EQ(ContentOf(file_), kNew) << name;
+    EXPECT_EQ(BytesOf(file_), kNew) << name;
     EXPECT_EQ(FactsOf(file_).st_ino, before) << name;
   }
   close(open_);

@@ -9,6 +9,7 @@
 
 #include "common/files.h"
 #include "tests/common/file_calls_between.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/virtual_clock.h"
 
@@ -30,12 +31,7 @@ class FileReplace : public testing::Test {
     ASSERT_TRUE(WriteFileBytes(file_, kOld));
   }
 
-  std::string Content() const { return ContentOf(file_); }
-  static std::string ContentOf(const fs::path& path) {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(path, bytes));
-    return bytes;
-  }
+  std::string Content() const { return BytesOf(file_); }
 
   /// What is in the folder beside the file.
   std::vector<std::string> Strays() const {
@@ -181,7 +177,7 @@ TEST_F(FileReplace, ThatCanNeitherBeFinishedNorUndoneKeepsTheOldFileUnderAnother
   StopsHalfway calls([](std::string_view call) { return call == "Move" ? kDiskFull : kDone; });
   EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew), ENOSPC);
   ASSERT_EQ(Strays().size(), 1U);
-  EXPECT_EQ(ContentOf(folder_ / Strays()[0]), kOld);
+  EXPECT_EQ(BytesOf(folder_ / Strays()[0]), kOld);
 }
 
 TEST_F(FileReplace, SkipsNamesThatAreTaken) {
@@ -222,7 +218,7 @@ TEST_F(FileReplace, OfAFileWithTheLongestNameWorks) {
   const fs::path path = folder_ / (std::string(251, 'n') + ".xml");
   EXPECT_TRUE(WriteFileBytes(path, kOld));
   EXPECT_TRUE(WriteFileBytes(path, kNew));
-  EXPECT_EQ(ContentOf(path), kNew);
+  EXPECT_EQ(BytesOf(path), kNew);
 }
 
 }  // namespace

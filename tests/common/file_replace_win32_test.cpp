@@ -14,6 +14,7 @@
 #include "common/log.h"
 #include "platform/win32/windows_headers.h"
 #include "tests/common/file_calls_between.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/virtual_clock.h"
 
@@ -37,11 +38,6 @@ class WindowsFileReplace : public testing::Test {
     EXPECT_NE(file, INVALID_HANDLE_VALUE);
     return file;
   }
-  std::string Content() {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(file_, bytes));
-    return bytes;
-  }
   std::vector<std::string> Names() {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder_.path()))
@@ -58,7 +54,7 @@ TEST_F(WindowsFileReplace, WaitsForAScannerThatHoldsTheFileForAMoment) {
   virtual_clock::At(0.3, [held] { CloseHandle(held); });
   EXPECT_TRUE(WriteFileBytes(file_, "new"));
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.3);
-  EXPECT_EQ(Content(), "new");
+  EXPECT_EQ(BytesOf(file_), "new");
   EXPECT_THAT(Names(), ElementsAre("program.xml"));
 }
 
@@ -66,7 +62,7 @@ TEST_F(WindowsFileReplace, TellsOfAFileThatIsHeldForLongAndLeavesItWhole) {
   const HANDLE held = Hold();
   EXPECT_FALSE(WriteFileBytes(file_, "new"));
   CloseHandle(held);
-  EXPECT_EQ(Content(), "old");
+  EXPECT_EQ(BytesOf(file_), "old");
   EXPECT_THAT(Names(), ElementsAre("program.xml"));
   std::string lines;
   statusLog.textHandler = [&lines](const std::string& text) { lines += text; };
@@ -79,7 +75,7 @@ TEST_F(WindowsFileReplace, OfAFileWithAHardLinkKeepsItOneFile) {
   fs::create_hard_link(file_, folder_ / "same.xml");
   ASSERT_TRUE(WriteFileBytes(file_, "a much longer text"));
   ASSERT_TRUE(WriteFileBytes(file_, "new"));
-  EXPECT_EQ(Content(), "new");
+  EXPECT_EQ(BytesOf(file_), "new");
   EXPECT_TRUE(fs::equivalent(file_, folder_ / "same.xml"));
   EXPECT_THAT(Names(), testing::UnorderedElementsAre("program.xml", "same.xml"));
 }
@@ -89,7 +85,7 @@ TEST_F(WindowsFileReplace, OfAHardLinkThatIsHeldLeavesTheFileWhole) {
   const HANDLE held = Hold();
   EXPECT_FALSE(WriteFileBytes(file_, "new"));
   CloseHandle(held);
-  EXPECT_EQ(Content(), "old");
+  EXPECT_EQ(BytesOf(file_), "old");
   EXPECT_THAT(Names(), testing::UnorderedElementsAre("program.xml", "same.xml"));
 }
 
@@ -105,7 +101,7 @@ TEST_F(WindowsFileReplace, IsNotHinderedByAReaderThatAllowsRemoval) {
   ASSERT_NE(reader, INVALID_HANDLE_VALUE);
   EXPECT_TRUE(WriteFileBytes(file_, "new"));
   CloseHandle(reader);
-  EXPECT_EQ(Content(), "new");
+  EXPECT_EQ(BytesOf(file_), "new");
 }
 
 // A process is killed by starting this program anew, which comes here once more: the folder must be the same
@@ -133,11 +129,6 @@ class WindowsFileReplaceDeathTest : public testing::Test {
     EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew), 0);
     return call;
   }
-  std::string Content() {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(file_, bytes));
-    return bytes;
-  }
 
   const fs::path folder_ = fs::temp_directory_path() / "lumarine-killed";
   const fs::path file_ = folder_ / "program.xml";
@@ -150,14 +141,14 @@ TEST_F(WindowsFileReplaceDeathTest, BeforeAnyCallHasLeftTheOldFileOrTheNewOne) {
   for (int n = 1; n <= kCalls; ++n) {
     ASSERT_TRUE(WriteFileBytes(file_, kOld));
     EXPECT_EXIT(SaveAndDieBefore(n), testing::ExitedWithCode(kKilled), "") << n;
-    found.push_back(Content());
+    found.push_back(BytesOf(file_));
   }
   std::vector<std::string> expected(kCalls - kBehindTheSwap, std::string(kOld));
   expected.insert(expected.end(), kBehindTheSwap, std::string(kNew));
   EXPECT_EQ(found, expected);
   ASSERT_TRUE(WriteFileBytes(file_, kOld));
   EXPECT_EQ(SaveAndDieBefore(0), kCalls);
-  EXPECT_EQ(Content(), kNew);
+  EXPECT_EQ(BytesOf(file_), kNew);
 }
 
 }  // namespace

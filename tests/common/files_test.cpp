@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/log.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -21,12 +22,6 @@ std::string StatusLines() {
   statusLog.Drain();
   statusLog.textHandler = nullptr;
   return lines;
-}
-
-std::string ContentOf(const fs::path& path) {
-  std::string bytes;
-  EXPECT_TRUE(ReadFileBytes(path, bytes)) << path;
-  return bytes;
 }
 
 std::vector<std::string> NamesIn(const fs::path& folder) {
@@ -48,7 +43,7 @@ TEST_F(Files, ReadBackEveryByteThatWasWritten) {
   for (int i = 0; i < 200000; ++i) bytes.push_back(static_cast<char>(i % 256));
   const fs::path path = folder_ / "all.bin";
   EXPECT_TRUE(WriteFileBytes(path, bytes));
-  EXPECT_EQ(ContentOf(path), bytes);
+  EXPECT_EQ(BytesOf(path), bytes);
   EXPECT_EQ(StatusLines(), "");
 }
 
@@ -56,7 +51,7 @@ TEST_F(Files, WritingReplacesTheOldContentAndLeavesNothingElse) {
   const fs::path path = folder_ / "program.xml";
   EXPECT_TRUE(WriteFileBytes(path, "a long old content"));
   EXPECT_TRUE(WriteFileBytes(path, "new"));
-  EXPECT_EQ(ContentOf(path), "new");
+  EXPECT_EQ(BytesOf(path), "new");
   EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("program.xml"));
 }
 
@@ -64,7 +59,7 @@ TEST_F(Files, AppendingKeepsTheOldContent) {
   const fs::path path = folder_ / "log.txt";
   EXPECT_TRUE(WriteFileBytes(path, "one\r\n", true));
   EXPECT_TRUE(WriteFileBytes(path, "two\n", true));
-  EXPECT_EQ(ContentOf(path), "one\r\ntwo\n");
+  EXPECT_EQ(BytesOf(path), "one\r\ntwo\n");
 }
 
 TEST_F(Files, AnEmptyFileIsRead) {
@@ -126,7 +121,7 @@ TEST_F(Files, NamesOfAllLanguagesWork) {
   const std::string name = "\xD1\x81\xD0\xB2\xD0\xB5\xD1\x82 \xE7\x81\xAF.xml";
   const fs::path path = folder_ / PathFromUtf8(name);
   EXPECT_TRUE(WriteFileBytes(path, "bright"));
-  EXPECT_EQ(ContentOf(path), "bright");
+  EXPECT_EQ(BytesOf(path), "bright");
   EXPECT_THAT(NamesIn(folder_.path()), ElementsAre(name));
   EXPECT_EQ(Utf8FromPath(path.filename()), name);
 }
@@ -142,9 +137,9 @@ TEST_F(Files, AbsentAndEmptyResourcesAreFailures) {
 TEST_F(Files, AResourceIsFoundByNumberAndKind) {
   std::string bytes;
   EXPECT_TRUE(LoadResourceBytes(131, "XML", bytes));
-  EXPECT_EQ(bytes, ContentOf(fs::path(LUMARINE_SOURCE_DIR) / "tests/common/data/greeting.xml"));
+  EXPECT_EQ(bytes, BytesOf(fs::path(LUMARINE_SOURCE_DIR) / "tests/common/data/greeting.xml"));
   EXPECT_TRUE(LoadResourceBytes(134, "PNG", bytes));
-  EXPECT_EQ(bytes.size(), ContentOf(fs::path(LUMARINE_SOURCE_DIR) / "tests/common/data/greeting.xml").size());
+  EXPECT_EQ(bytes.size(), BytesOf(fs::path(LUMARINE_SOURCE_DIR) / "tests/common/data/greeting.xml").size());
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "common/files.h"
 #include "common/log.h"
 #include "common/platform.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -21,12 +22,6 @@ namespace fs = std::filesystem;
 class PosixFiles : public testing::Test {
  protected:
   void SetUp() override { statusLog.Drain(); }
-
-  std::string Content(const fs::path& path) {
-    std::string bytes;
-    EXPECT_TRUE(ReadFileBytes(path, bytes));
-    return bytes;
-  }
 
   int Entries() { return static_cast<int>(std::distance(fs::directory_iterator(folder_.path()), {})); }
 
@@ -42,7 +37,7 @@ TEST_F(PosixFiles, APipeIsNotReadSinceItWouldBlock) {
 }
 
 TEST_F(PosixFiles, AFileOfUntoldLengthIsReadToItsEnd) {
-  EXPECT_NE(Content("/proc/self/status").find("Pid:"), std::string::npos);
+  EXPECT_NE(BytesOf("/proc/self/status").find("Pid:"), std::string::npos);
 }
 
 TEST_F(PosixFiles, ADeviceIsWrittenInPlaceAndItsFailureTold) {
@@ -69,7 +64,7 @@ TEST_F(PosixFiles, AFailureHalfwayLeavesTheOldFileAndNothingElse) {
   std::signal(SIGXFSZ, oldHandler);
 
   EXPECT_FALSE(written);
-  EXPECT_EQ(Content(path), "old");
+  EXPECT_EQ(BytesOf(path), "old");
   EXPECT_EQ(Entries(), 1);
 }
 
@@ -96,7 +91,7 @@ TEST_F(PosixFiles, ALinkStaysALinkAndItsFileIsWritten) {
   fs::create_symlink("real.xml", link);
   ASSERT_TRUE(WriteFileBytes(link, "new"));
   EXPECT_TRUE(fs::is_symlink(link));
-  EXPECT_EQ(Content(path), "new");
+  EXPECT_EQ(BytesOf(path), "new");
 }
 
 TEST_F(PosixFiles, NamesThatAreNoUtf8AreCarriedAsTheyAre) {

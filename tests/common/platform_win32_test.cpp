@@ -6,6 +6,7 @@
 
 #include "common/files.h"
 #include "common/platform.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -19,9 +20,7 @@ TEST(WindowsFiles, AProtectedFileStays) {
   fs::permissions(path, fs::perms::owner_write, fs::perm_options::remove);
   EXPECT_FALSE(WriteFileBytes(path, "new"));
   fs::permissions(path, fs::perms::owner_write, fs::perm_options::add);
-  std::string bytes;
-  EXPECT_TRUE(ReadFileBytes(path, bytes));
-  EXPECT_EQ(bytes, "old");
+  EXPECT_EQ(BytesOf(path), "old");
 }
 
 TEST(WindowsFiles, AFileNameWithALoneSurrogateHasAText) {

@@ -23,12 +23,6 @@ std::string GivenReply(std::uint8_t code, std::string_view text) {
   return reply;
 }
 
-int CountLines(const std::string& trace, std::string_view text) {
-  int count = 0;
-  for (std::size_t at = trace.find(text); at != std::string::npos; at = trace.find(text, at + 1)) ++count;
-  return count;
-}
-
 void NetworkTest::SetUp() {
   DeviceTest::SetUp();
   sim_network::PlugIn(kTank, "Smart-123456");

@@ -7,6 +7,7 @@
 
 #include "tests/devices/device_test.h"
 #include "tests/support/sim_network.h"
+#include "tests/support/text_count.h"
 
 inline constexpr sim_network::Address kTank{192, 168, 4, 7};
 inline constexpr sim_network::Address kPond{192, 168, 4, 9};
@@ -21,9 +22,6 @@ sim_network::Datagram From(const sim_network::Address& address, std::string byte
 
 /// A reply of 64 bytes.
 std::string GivenReply(std::uint8_t code, std::string_view text);
-
-/// How often the trace has a line that begins so, behind its stamp if it has one.
-int CountLines(const std::string& trace, std::string_view text);
 
 /// With "Smart-123456" at kTank, and ends with all sockets closed and none misused.
 class NetworkTest : public DeviceTest {

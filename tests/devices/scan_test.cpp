@@ -78,7 +78,7 @@ TEST_F(ScanTest, TheComputersOwnBroadcastEchoAddsNothing) {
   FindNobody();
   EXPECT_THAT(ScanOnce(), IsEmpty());
   // It did come, and looks like an answer but for being the question.
-  EXPECT_EQ(CountLines(TakeTrace(), "recvfrom 192.168.4.2:5000\n"), 3);
+  EXPECT_EQ(CountOf(TakeTrace(), "recvfrom 192.168.4.2:5000\n"), 3);
 }
 
 TEST_F(ScanTest, ADeviceThatAnswersTwiceIsListedTwice) {
@@ -92,7 +92,7 @@ TEST_F(ScanTest, AReplyOfAnotherCodeOrAnotherLengthIsDropped) {
                        From(kTank, reply.bytes + "x")};
   });
   EXPECT_THAT(ScanOnce(), IsEmpty());
-  EXPECT_EQ(CountLines(TakeTrace(), "Received invalid packet size\n"), 6);
+  EXPECT_EQ(CountOf(TakeTrace(), "Received invalid packet size\n"), 6);
 }
 
 TEST_F(ScanTest, ARoundSeesTenDatagrams) {
@@ -117,7 +117,7 @@ TEST_F(ScanTest, ASecondCopyOfTheProgramOnThePortMakesItFindNothing) {
 TEST_F(ScanTest, ASendThatFailsIsLikeNobodyThere) {
   sim_network::Inject(sim_network::Call::Send, 1, 3);
   EXPECT_THAT(ScanOnce(), IsEmpty());
-  EXPECT_EQ(CountLines(TakeTrace(), "sendto error: simulated fault\n"), 3);
+  EXPECT_EQ(CountOf(TakeTrace(), "sendto error: simulated fault\n"), 3);
   EXPECT_NEAR(virtual_clock::Seconds(), 3.0, 1e-9);
 }
 

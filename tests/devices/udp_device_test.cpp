@@ -98,7 +98,7 @@ TEST_F(UdpDeviceTest, ASecondTryThatCannotBeSentIsTheLast) {
   AnswerWith({});
   sim_network::Inject(Call::Send, 2);
   EXPECT_FALSE(Clear());
-  EXPECT_EQ(CountLines(TakeTrace(), "WritePacket: Packet_ClearAll()\n"), 2);
+  EXPECT_EQ(CountOf(TakeTrace(), "WritePacket: Packet_ClearAll()\n"), 2);
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 2.0);
 }
 
@@ -150,7 +150,7 @@ TEST_F(UdpDeviceTest, ADatagramOf63BytesIsLoggedAndTheWaitGoesOn) {
   AnswerWith({From(kTank, std::string(63, 'x')), From(kTank, GivenReply(0x05, "ok"))});
   EXPECT_TRUE(Clear());
   EXPECT_THAT(sim_network::Traffic(), SizeIs(1));
-  EXPECT_EQ(CountLines(TakeTrace(), "9:26:53:589 Received invalid packet size\n"), 1);
+  EXPECT_EQ(CountOf(TakeTrace(), "9:26:53:589 Received invalid packet size\n"), 1);
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.020);
 }
 
@@ -158,7 +158,7 @@ TEST_F(UdpDeviceTest, AnyLengthBut64IsInvalid) {
   for (const std::size_t size : {0U, 1U, 63U, 65U, 128U, 1472U}) {
     AnswerWith({From(kTank, std::string(size, 'x'))});
     EXPECT_FALSE(Clear()) << size;
-    EXPECT_EQ(CountLines(TakeTrace(), "Received invalid packet size\n"), 3) << size;
+    EXPECT_EQ(CountOf(TakeTrace(), "Received invalid packet size\n"), 3) << size;
   }
 }
 
@@ -168,7 +168,7 @@ TEST_F(UdpDeviceTest, ADeviceThatNeverAnswersCostsThreeTransmissionsAndSixSecond
   EXPECT_THAT(sim_network::Traffic(), SizeIs(3));
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 6.0);
   const std::string trace = TakeTrace();
-  EXPECT_EQ(CountLines(trace, "WritePacket: Packet_ClearAll()\n"), 3);
+  EXPECT_EQ(CountOf(trace, "WritePacket: Packet_ClearAll()\n"), 3);
   EXPECT_THAT(trace, Not(HasSubstr("recvfrom")));
 }
 
@@ -176,7 +176,7 @@ TEST_F(UdpDeviceTest, AReplyFromAnotherAddressDoesNotShortenTheWaitOfTwoSeconds)
   AnswerWith({From(kStranger, GivenReply(0x05, "ok"))});
   EXPECT_FALSE(Clear());
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 6.0);
-  EXPECT_EQ(CountLines(TakeTrace(), "recvfrom 10.0.0.66:5000\n"), 3);
+  EXPECT_EQ(CountOf(TakeTrace(), "recvfrom 10.0.0.66:5000\n"), 3);
 }
 
 TEST_F(UdpDeviceTest, AReplyInTheLastMomentIsTaken) {

@@ -20,11 +20,14 @@
 #include "tests/support/sim_hidapi.h"
 #include "tests/support/sim_network.h"
 #include "tests/support/virtual_clock.h"
+#include "tests/support/wizard_steps.h"
 
 namespace {
 
 using namespace dialogs;
 using namespace in_dialog;
+using in_wizard::Search;
+using in_wizard::WaitForRows;
 using platform::WifiQuery;
 using sim_network::Datagram;
 using TCBase::DeviceInfo;
@@ -120,11 +123,6 @@ class TC421Search : public WizardTest {
     const int result = dialog.DoModal();
     device = dialog.Device();
     return result;
-  }
-  static DialogStep Search() { return Press(search_id::kSearch); }
-  static DialogStep WaitForRows(std::size_t count) {
-    return Await(
-        [count](const SeenDialog& seen) { return seen.controls.at(search_id::kFound).rows.size() == count; });
   }
   /// Until as many scans have ended as were begun, and the dialog has heard of it.
   DialogStep WaitForWorker() {

@@ -12,6 +12,7 @@
 #include "program/builtin_modes.h"
 #include "program/demo_state.h"
 #include "tests/qt/pictures.h"
+#include "tests/support/text_count.h"
 #include "tests/support/virtual_clock.h"
 
 namespace {
@@ -30,12 +31,6 @@ class PictureTest : public testing::Test {
 
   TCBase::Program::ModeListView document_ = TCBase::Program::NewProgram();
 };
-
-std::size_t CountOf(std::string_view text, std::string_view part) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1)) ++count;
-  return count;
-}
 
 TEST_F(PictureTest, APngHasTheSizeAskedForTimesTheScale) {
   const QImage plain = pictures::FromBytes(Draw({PictureFormat::Png, 320, 240, 1.0, {}}));
@@ -87,10 +82,10 @@ TEST_F(PictureTest, AnSvgLooksLikeThePng) {
 TEST_F(PictureTest, APdfHasOnePageOfTheSizeInPointsAndKeepsTextAsText) {
   const std::string pdf = Draw({PictureFormat::Pdf, 901, 603, 1.0, 720});
   EXPECT_THAT(pdf, StartsWith("%PDF-1."));
-  EXPECT_EQ(CountOf(pdf, "/Type /Page\n"), 1U);
+  EXPECT_EQ(CountOf(pdf, "/Type /Page\n"), 1);
   EXPECT_THAT(pdf, HasSubstr("/MediaBox [0 0 901.000000 603.000000]"));
-  EXPECT_GE(CountOf(pdf, "/Type /Font\n"), 1U);
-  EXPECT_EQ(CountOf(pdf, "/Subtype /Image"), 0U);
+  EXPECT_GE(CountOf(pdf, "/Type /Font\n"), 1);
+  EXPECT_EQ(CountOf(pdf, "/Subtype /Image"), 0);
 }
 
 TEST_F(PictureTest, TheDemoIsThereIfATimeIsAskedForAndGoneAfterwards) {

@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "simulator/dump.h"
+#include "tests/simulator/search_frame.h"
 
 namespace {
 
@@ -17,13 +18,6 @@ using nlohmann::json;
 
 const TCBase::Ipv4Address kComputer = TCBase::MakeIpv4Address({192, 168, 4, 2}, 5000);
 const std::string kAnswer = "An answer of some bytes.";
-
-std::string Search() {
-  std::string frame(64, '\0');
-  frame.replace(0, 9, std::string("\x55\xAA\x17\0\0\3\xDD\xEE\xFF", 9));
-  frame[61] = static_cast<char>(0xE3);
-  return frame;
-}
 
 /// What becomes of `count` answers.
 std::vector<std::vector<std::string>> Fates(const sim::FaultOptions& options, int count) {
@@ -88,7 +82,7 @@ class StationTest : public testing::Test {
 
 TEST_F(StationTest, AnswersTheSenderWhenTheDelayHasPassed) {
   sim::Station station = GivenStation({.delayMilliseconds = 250});
-  station.Take(Search(), kComputer, "him", 10.0);
+  station.Take(SearchFrame(), kComputer, "him", 10.0);
   EXPECT_FALSE(station.TakeDue(10.2));
   const auto answer = station.TakeDue(10.3);
   ASSERT_TRUE(answer);
@@ -107,14 +101,14 @@ TEST_F(StationTest, ReportsWhatWasWrong) {
 
 TEST_F(StationTest, ALostRequestIsNotHeard) {
   sim::Station station = GivenStation({.loss = 1.0});
-  station.Take(Search(), kComputer, "him", 0.0);
+  station.Take(SearchFrame(), kComputer, "him", 0.0);
   EXPECT_EQ(station.GetController().FrameCount(), 0);
   EXPECT_EQ(report.str(), "him  lost on the way here\n");
 }
 
 TEST_F(StationTest, IsOffBehindItsLastAnswer) {
   sim::Station station = GivenStation({.answers = 2});
-  for (int i = 0; i < 4; ++i) station.Take(Search(), kComputer, "him", 0.0);
+  for (int i = 0; i < 4; ++i) station.Take(SearchFrame(), kComputer, "him", 0.0);
   EXPECT_EQ(station.GetController().FrameCount(), 2);
   EXPECT_EQ(report.str(), "him  search\nhim  search\nhim  not heard, it is off\nhim  not heard, it is off\n");
   EXPECT_TRUE(station.TakeDue(99.0) && station.TakeDue(99.0)) << "what it has said is on its way";
@@ -123,7 +117,7 @@ TEST_F(StationTest, IsOffBehindItsLastAnswer) {
 
 TEST_F(StationTest, WhoAsksForeverIsNotRemembered) {
   sim::Station station = GivenStation({.delayMilliseconds = 60'000});
-  for (int i = 0; i < 5000; ++i) station.Take(Search(), kComputer, "him", 0.0);
+  for (int i = 0; i < 5000; ++i) station.Take(SearchFrame(), kComputer, "him", 0.0);
   int answers = 0;
   while (station.TakeDue(100.0)) ++answers;
   EXPECT_EQ(answers, 1000);

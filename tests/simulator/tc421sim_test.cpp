@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "common/files.h"
+#include "tests/simulator/search_frame.h"
 #include "tests/support/sim_network.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/virtual_clock.h"
@@ -26,13 +27,6 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 constexpr sim_network::Address kAsker{192, 168, 4, 7};
-
-std::string Search() {
-  std::string frame(64, '\0');
-  frame.replace(0, 9, std::string("\x55\xAA\x17\0\0\3\xDD\xEE\xFF", 9));
-  frame[61] = static_cast<char>(0xE3);
-  return frame;
-}
 
 class Tc421SimTest : public testing::Test {
  protected:
@@ -72,7 +66,7 @@ TEST_F(Tc421SimTest, HelpTellsEveryOptionAndTheExitStatus) {
 }
 
 TEST_F(Tc421SimTest, SaysWhenItListensAndAnswers) {
-  virtual_clock::At(1.0, [] { sim_network::Arrive({TCBase::MakeIpv4Address(kAsker, 4321), Search()}); });
+  virtual_clock::At(1.0, [] { sim_network::Arrive({TCBase::MakeIpv4Address(kAsker, 4321), SearchFrame()}); });
   EXPECT_EQ(Run({"--name", "Bed"}), 0);
   EXPECT_EQ(out.str(), "listening on 0.0.0.0:5000 as \"Bed\"\n192.168.4.7:4321  search\n");
   const auto traffic = sim_network::Traffic();
@@ -82,7 +76,7 @@ TEST_F(Tc421SimTest, SaysWhenItListensAndAnswers) {
 }
 
 TEST_F(Tc421SimTest, WritesItsMemoryAtTheEnd) {
-  virtual_clock::At(1.5, [] { sim_network::Arrive({TCBase::MakeIpv4Address(kAsker, 5000), Search()}); });
+  virtual_clock::At(1.5, [] { sim_network::Arrive({TCBase::MakeIpv4Address(kAsker, 5000), SearchFrame()}); });
   EXPECT_EQ(Run({"--dump", DumpFile()}), 0);
   EXPECT_EQ(Dump()["frames"], 1);
   EXPECT_EQ(Dump()["name"], "Smart-123456");

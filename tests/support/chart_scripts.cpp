@@ -14,6 +14,7 @@
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
 #include "program/view.h"
+#include "tests/support/text_count.h"
 
 namespace scripts {
 
@@ -107,12 +108,6 @@ Map ClearLane(User& user, std::int32_t lane) {
   EXPECT_TRUE(user.Choose(command::kClearSteps));
   Click(user, map.At(1, 0, 50.0F));  // selects it again, and nothing more
   return map;
-}
-
-int CountOf(const std::string& text, std::string_view part) {
-  int count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-  return count;
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "common/files.h"
 #include "tests/support/chart_scripts.h"
 #include "tests/support/command_scripts.h"
+#include "tests/support/files.h"
 #include "tests/support/language_scripts.h"
 
 namespace scripts {
@@ -22,12 +23,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
 namespace command = app::command;
-
-std::string Bytes(const std::filesystem::path& file) {
-  std::string bytes;
-  EXPECT_TRUE(ReadFileBytes(file, bytes)) << file;
-  return bytes;
-}
 
 std::string TitleOf(const std::filesystem::path& file) {
   return "Lumarine - " + Utf8FromPath(file);
@@ -97,20 +92,20 @@ void SaveAsWritesTheSameBytes(User& user, const Folders& folders) {
   ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
   EXPECT_EQ(user.Title(), TitleOf(copy));
   EXPECT_THAT(user.Log(), HasSubstr("Saved program " + Utf8FromPath(copy) + "\r\n"));
-  EXPECT_EQ(Bytes(copy), Bytes(example));
+  EXPECT_EQ(BytesOf(copy), BytesOf(example));
 
   const std::filesystem::path second = folders.work / "second.xml";
   Load(user, copy);
   user.WillPick({second});
   ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
-  EXPECT_EQ(Bytes(second), Bytes(copy));
+  EXPECT_EQ(BytesOf(second), BytesOf(copy));
   user.Close();
 }
 
 void CloseAnsweredEachWay(User& user, const Folders& folders) {
   const std::filesystem::path file = folders.work / "tank.xml";
   std::filesystem::copy_file(folders.examples / "planted-tank.xml", file);
-  const std::string original = Bytes(file);
+  const std::string original = BytesOf(file);
   user.Start();
   Load(user, file);
   Edit(user);
@@ -127,14 +122,14 @@ void CloseAnsweredEachWay(User& user, const Folders& folders) {
   user.WillAnswer(Answer::No);
   user.Close();
   EXPECT_FALSE(user.IsRunning());
-  EXPECT_EQ(Bytes(file), original);
+  EXPECT_EQ(BytesOf(file), original);
 
   user.Start();
   Edit(user);
   user.WillAnswer(Answer::Yes);
   user.Close();
   EXPECT_FALSE(user.IsRunning());
-  EXPECT_NE(Bytes(file), original);
+  EXPECT_NE(BytesOf(file), original);
 }
 
 void UploadToTheEmulator(User& user, const Folders& folders) {
@@ -164,7 +159,7 @@ void WriteTheDeviceLog(User& user, const Folders& folders) {
   user.Choose(command::kAddEmulator);
   user.Choose(command::kClearAll);
   ASSERT_TRUE(user.WaitForLog("Finished configuring device TC420_Emulator\r\n"));
-  EXPECT_THAT(Bytes(folders.documents / "LumarineLog.txt"), HasSubstr("ClearAll\r\n"));
+  EXPECT_THAT(BytesOf(folders.documents / "LumarineLog.txt"), HasSubstr("ClearAll\r\n"));
   ASSERT_TRUE(user.Choose(command::kLogging));
   EXPECT_FALSE(user.MenuItem(command::kLogging).checked);
   EXPECT_THAT(user.Log(), HasSubstr("Device communication logging OFF.\r\n"));
@@ -234,12 +229,12 @@ void OpenByCommandLineAndByDrop(User& user, const Folders& folders) {
 void ReplaceAFileOnlyWhenAsked(User& user, const Folders& folders) {
   const std::filesystem::path taken = folders.work / "taken.xml";
   std::filesystem::copy_file(folders.examples / "planted-tank.xml", taken);
-  const std::string before = Bytes(taken);
+  const std::string before = BytesOf(taken);
   user.Start();
   user.WillPick({taken});
   user.WillAnswer(Answer::No);
   ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
-  EXPECT_EQ(Bytes(taken), before);
+  EXPECT_EQ(BytesOf(taken), before);
   EXPECT_EQ(user.Title(), "Lumarine - New program");
   const std::vector<app::Question> asked = user.Questions();
   ASSERT_THAT(asked, SizeIs(1)) << "ours alone, none of the file dialog";
@@ -247,7 +242,7 @@ void ReplaceAFileOnlyWhenAsked(User& user, const Folders& folders) {
   user.WillPick({taken});
   user.WillAnswer(Answer::Yes);
   ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
-  EXPECT_NE(Bytes(taken), before);
+  EXPECT_NE(BytesOf(taken), before);
   user.Close();
   EXPECT_FALSE(user.IsRunning());
 }

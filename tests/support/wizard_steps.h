@@ -1,0 +1,23 @@
+#pragma once
+
+// Words of scripts for the WiFi wizard.
+
+#include <cstddef>
+
+#include "dialogs/dialog_template.h"
+#include "tests/support/dialog_script.h"
+
+namespace in_wizard {
+
+/// Presses the button that searches the network.
+inline DialogStep Search() {
+  return in_dialog::Press(dialogs::tc421_search_control::kSearch);
+}
+/// Waits until the search has found so many controllers.
+inline DialogStep WaitForRows(std::size_t count) {
+  return in_dialog::Await([count](const SeenDialog& seen) {
+    return seen.controls.at(dialogs::tc421_search_control::kFound).rows.size() == count;
+  });
+}
+
+}  // namespace in_wizard
