@@ -35,7 +35,7 @@ void AppState::Refresh(Parts parts) {
 }
 
 TCBase::Program::Mode& AppState::CurrentMode() {
-  return program.modes.at(static_cast<std::size_t>(program.currentMode));
+  return TCBase::Program::CurrentMode(program);
 }
 
 }  // namespace app

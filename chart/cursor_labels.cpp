@@ -61,9 +61,8 @@ void CursorLabels::DrawCursorLabels(Canvas& canvas, Point at) {
   if (SelectedStep(scene_.hoverStep) != nullptr || !IsOnDay(second)) return;
 
   const std::int32_t y = TruncateToInt(at.y);
-  DrawLabel(canvas, TruncateToInt(at.x - kCursorLabelDistance), y,
-            ToTimeText({second / 3600, second % 3600 / 60}), Side::Left, kCursorLabelOpacity,
-            Brush::DarkGray);
+  DrawLabel(canvas, TruncateToInt(at.x - kCursorLabelDistance), y, TimeText(TimeOfDayAt(second)), Side::Left,
+            kCursorLabelOpacity, Brush::DarkGray);
   const std::int32_t lane = scene_.layout.LaneAt(TruncateToInt(at.x), y);
   if (lane < 0 || !IsOnDay(TimeAt(lane, at))) return;
   const std::int32_t percent = TruncateToInt(YToPercent(scene_.layout.LaneRect(lane), at.y));

@@ -14,9 +14,6 @@ namespace {
 
 using namespace TCBase::Program;
 
-// The curve ends at the last minute that a step can have, not at the last second of the day.
-constexpr std::int64_t kLastMinute = kSecondsPerDay - 60;
-
 /// Puts points into a figure, at most four of those that follow one another in one column.
 class ThinnedLine {
  public:
@@ -79,7 +76,8 @@ void BuildCurveLine(Figure& line, const Channel& channel, const Rect& lane, cons
     held = truncated(step.value);
     previous = &step;
   }
-  add(TimeToX(lane, view, kLastMinute), ChannelValueAt(channel, kLastMinute));
+  // Not to the last second of the day.
+  add(TimeToX(lane, view, kDayEnd), ChannelValueAt(channel, kDayEnd));
   thinned.Flush();
 }
 

@@ -22,7 +22,7 @@ float Middle(std::int32_t pixel) {
 }
 
 float CursorGoal(const ChartLayout& layout, const ModeListView& view, std::int32_t position) {
-  const auto second = static_cast<float>(SecondOfWholeMinute(position) - view.viewStart);
+  const auto second = static_cast<float>(CursorSecond(position) - view.viewStart);
   const auto width = static_cast<float>(layout.chartRect.width);
   const auto seconds = static_cast<float>(view.viewEnd - view.viewStart);
   const auto left = static_cast<float>(layout.chartRect.x);
@@ -31,9 +31,8 @@ float CursorGoal(const ChartLayout& layout, const ModeListView& view, std::int32
 
 }  // namespace
 
-std::int32_t SecondOfWholeMinute(std::int32_t position) {
-  const std::int32_t minute = position / 3600 % 24 * 60 + position % 3600 / 60;
-  return minute * 60;
+std::int32_t CursorSecond(std::int32_t position) {
+  return TCBase::Program::WholeMinute(position % TCBase::Program::kSecondsPerDay);
 }
 
 void DemoCursor::DrawDemoCursor(Canvas& canvas) {

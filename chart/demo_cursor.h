@@ -14,7 +14,7 @@ namespace UX {
 
 /// The second of the day at which the cursor of a demo at `position` stands: the demo goes by the second, its
 /// cursor by the whole minute.
-std::int32_t SecondOfWholeMinute(std::int32_t position);
+std::int32_t CursorSecond(std::int32_t position);
 
 class DemoCursor {
  public:

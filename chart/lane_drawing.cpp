@@ -73,7 +73,7 @@ void BuildGrid(Figure& grid, std::int32_t width, std::int32_t height, const Mode
     const float y = static_cast<float>(i) * (bottom / 10.0F);
     grid.AddLine({0.0F, y}, {right, y});
   }
-  for (std::int32_t second = 0; second < kSecondsPerDay; second += 3600) {
+  for (std::int32_t second = 0; second < kSecondsPerDay; second += kSecondsPerHour) {
     const float x =
         WithinReach(TruncateToInt(static_cast<float>(second - view.viewStart) * right / viewSeconds));
     grid.AddLine({x, 0.0F}, {x, bottom});

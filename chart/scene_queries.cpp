@@ -11,9 +11,8 @@ using namespace TCBase::Program;
 
 const Channel& ChannelOfLane(const ModeListView& program, std::int32_t lane) {
   static const Channel kNoSteps;
-  const auto mode = static_cast<std::size_t>(program.currentMode);
-  return mode < program.modes.size() ? program.modes[mode].channels[static_cast<std::size_t>(lane)]
-                                     : kNoSteps;
+  const Mode* mode = FindCurrentMode(program);
+  return mode != nullptr ? mode->channels[static_cast<std::size_t>(lane)] : kNoSteps;
 }
 
 float WithinReach(std::int32_t pixel) {

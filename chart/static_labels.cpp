@@ -47,9 +47,9 @@ void MakeHours(Canvas& canvas, const ChartScene& scene) {
   const auto viewSeconds = static_cast<float>(view.viewEnd - view.viewStart);
 
   canvas.BeginLabel(Label::Hours, size.width, size.height);
-  for (std::int32_t hour = 0; hour < 24; ++hour) {
-    canvas.LayOutText(TextFormat::Small, ToTimeText({hour, 0}), size.Limits());
-    const auto second = static_cast<float>(hour * 3600 - view.viewStart);
+  for (std::int32_t hour = 0; hour < kHoursPerDay; ++hour) {
+    canvas.LayOutText(TextFormat::Small, TimeText({hour, 0}), size.Limits());
+    const auto second = static_cast<float>(hour * kSecondsPerHour - view.viewStart);
     canvas.SetTransform(Translation(WithinReach(TruncateToInt(second * width / viewSeconds)), 0.0F));
     canvas.DrawLayout(Brush::Gray);
   }

@@ -21,10 +21,6 @@ using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
 using TCBase::Program::StepSelection;
 
-Mode& CurrentMode(ModeListView& document) {
-  return document.modes[static_cast<std::size_t>(document.currentMode)];
-}
-
 Channel& CurrentChannel(ModeListView& document, int channel) {
   return CurrentMode(document).channels[static_cast<std::size_t>(channel)];
 }

@@ -151,7 +151,7 @@ ExitStatus Curve(const Session& session, const InspectArguments& arguments) {
   ModeListView document;
   const ExitStatus loaded = LoadArgument(session, arguments.program, document);
   if (loaded != ExitStatus::Success) return loaded;
-  const Mode& mode = document.modes[static_cast<std::size_t>(document.currentMode)];
+  const Mode& mode = CurrentMode(document);
   (arguments.json ? PrintCurveJson : PrintCurveTable)(session.out, mode, arguments.every);
   return ExitStatus::Success;
 }

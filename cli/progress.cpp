@@ -43,7 +43,8 @@ std::string ProgressText(double part, const std::string& label) {
 std::string DemoProgress::Text() const {
   const std::int32_t second = second_;
   if (second == kNoDemo) return {};
-  return ProgressText(static_cast<double>(second) / TCBase::Program::kSecondsPerDay, ClockText(second));
+  return ProgressText(static_cast<double>(second) / TCBase::Program::kSecondsPerDay,
+                      TimeText(TCBase::Program::TimeOfDayAt(second)));
 }
 
 UploadProgress::UploadProgress(const TCBase::Program::ModeListView& document,

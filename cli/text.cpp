@@ -74,20 +74,13 @@ std::string HexText(std::string_view bytes) {
   return text;
 }
 
-std::string ClockText(int second) {
-  TCBase::Program::Step step;
-  step.hour = second / 3600;
-  step.minute = second / 60 % 60;
-  return ToTimeText(step);
-}
-
 std::optional<int> ParseTimeOfDay(std::string_view text) {
   constexpr std::size_t kLength = 5;
   if (text.size() != kLength || text[2] != ':') return std::nullopt;
   const auto hour = ParseDigits(text.substr(0, 2));
   const auto minute = ParseDigits(text.substr(3));
   if (!hour || !minute || *hour > 23 || *minute > 59) return std::nullopt;
-  return *hour * 60 + *minute;
+  return static_cast<int>(MinuteOfDay(TCBase::Program::TimeOfDay{*hour, *minute}));
 }
 
 std::string CheckTimeOfDay(const std::string& text) {

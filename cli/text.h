@@ -23,9 +23,6 @@ std::string NumberText(float value);
 /// Two capital hexadecimal digits a byte.
 std::string HexText(std::string_view bytes);
 
-/// "08:05" of a second of the day.
-std::string ClockText(int second);
-
 /// The minute of the day of "08:05"; nothing for any other text.
 std::optional<int> ParseTimeOfDay(std::string_view text);
 /// What is wrong with a time of the day; empty if nothing is.

@@ -19,12 +19,6 @@ constexpr double kRepeatSeconds = 0.2;  // at most, with nothing new to show
 constexpr int kPassMilliseconds = 5;
 constexpr std::int32_t kLastSecond = Program::kSecondsPerDay - 1;
 
-// Null if the document shows no mode.
-const Program::Mode* CurrentMode(const Program::ModeListView& program) {
-  const auto index = static_cast<std::size_t>(program.currentMode);
-  return program.currentMode >= 0 && index < program.modes.size() ? &program.modes[index] : nullptr;
-}
-
 // Plays one day on one controller. The position is computed from the clock in each pass, so that a slow
 // controller gets fewer frames and never falls behind.
 class Demo {
@@ -118,7 +112,7 @@ class Demo {
 
 OperationReport DemoOperation(const DeviceInfo& info, const Program::ModeListView& program, int seconds,
                               const OperationContext& context) {
-  const Program::Mode* mode = CurrentMode(program);
+  const Program::Mode* mode = FindCurrentMode(program);
   if (mode == nullptr) return OperationReport(OperationResult::Failed);
   return WithDevice(info, context.observer, [&](DeviceBase& device, const ExchangeCount& count) {
     LogStatus(Message("Demo started"));

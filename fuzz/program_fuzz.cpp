@@ -90,12 +90,12 @@ void EditEveryChannel(ModeListView& document) {
     MoveChannelUp(selection);
     PasteChannelSteps(selection, clipboard);
     AddStepsFromText(*SelectedChannel(selection), "12:34 56 J\r99:99 999");
-    OptimizeMode(document.modes[static_cast<std::size_t>(document.currentMode)]);
+    OptimizeMode(CurrentMode(document));
   }
 }
 
 void TransformCurrentMode(ModeListView& document) {
-  Mode& mode = document.modes[static_cast<std::size_t>(document.currentMode)];
+  Mode& mode = CurrentMode(document);
   CheckAgainstPlain(mode);
   Mode other;
   ResampleHalfHour(mode, other);

@@ -14,8 +14,7 @@ Channel Aligned(const Channel& source, std::int64_t interval) {
     const std::int64_t delta = std::max<std::int64_t>(MinuteOfDay(step) - position, 0);
     position += delta < interval && i != 0 ? interval : delta - delta % interval;
     // The hour wraps at midnight: no step is dropped, and nothing here looks at the end of the day.
-    step.hour = static_cast<std::int32_t>(position / 60 % 24);
-    step.minute = static_cast<std::int32_t>(position % 60);
+    SetTime(step, position * kSecondsPerMinute);
   }
   RenumberSteps(result);
   SortSteps(result);

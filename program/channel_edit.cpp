@@ -20,10 +20,9 @@ void MoveSelectedChannel(StepSelection& selection, std::int32_t by) {
 }  // namespace
 
 Channel* SelectedChannel(const StepSelection& selection) {
-  std::vector<Mode>& modes = selection.document.modes;
-  const auto mode = static_cast<std::size_t>(selection.document.currentMode);
+  Mode* mode = FindCurrentMode(selection.document);
   const auto channel = static_cast<std::size_t>(selection.channel);
-  return channel < kChannelCount && mode < modes.size() ? &modes[mode].channels[channel] : nullptr;
+  return mode != nullptr && channel < kChannelCount ? &mode->channels[channel] : nullptr;
 }
 
 Step* SelectedStep(const StepSelection& selection) {
@@ -50,8 +49,7 @@ void NudgeSelectedStep(const StepSelection& selection, std::int32_t hours, std::
   const auto bits = [](std::int32_t number) { return static_cast<std::uint32_t>(number); };
   const auto second = static_cast<std::int32_t>(
       ((bits(step->hour) + bits(hours)) * 60U + bits(step->minute) + bits(minutes)) * 60U);
-  step->minute = second % 3600 / 60;
-  step->hour = second / 3600 % 24;
+  SetTime(*step, second);
   step->value += value;
   Normalize(*step);
 }

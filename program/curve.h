@@ -11,12 +11,6 @@
 
 namespace TCBase::Program {
 
-/// The second of the ring day that any second stands for: negative ones are 0, one day is taken off as often
-/// as it goes.
-constexpr std::int64_t RingSecond(std::int64_t second) {
-  return second < 0 ? 0 : second % kSecondsPerDay;
-}
-
 /// A curve as long as it is straight. It rises or falls throughout, in floats too, since each operation
 /// rounds to the nearest one and so keeps the order of its operands.
 struct StraightCurve {

@@ -1,6 +1,9 @@
 // The document as a whole.
 
 #include <algorithm>
+#include <cstddef>
+#include <stdexcept>
+#include <utility>
 
 #include "program/program.h"
 
@@ -22,11 +25,29 @@ void RenumberSteps(Mode& mode) {
   for (Channel& channel : mode.channels) RenumberSteps(channel);
 }
 
+const Mode* FindCurrentMode(const ModeListView& document) {
+  const auto index = static_cast<std::size_t>(document.currentMode);
+  return index < document.modes.size() ? &document.modes[index] : nullptr;
+}
+
+Mode* FindCurrentMode(ModeListView& document) {
+  return const_cast<Mode*>(FindCurrentMode(std::as_const(document)));
+}
+
+const Mode& CurrentMode(const ModeListView& document) {
+  const Mode* mode = FindCurrentMode(document);
+  if (mode == nullptr) throw std::out_of_range("the document has no current mode");
+  return *mode;
+}
+
+Mode& CurrentMode(ModeListView& document) {
+  return const_cast<Mode&>(CurrentMode(std::as_const(document)));
+}
+
 bool RemoveCurrentMode(ModeListView& document) {
-  const auto current = static_cast<std::size_t>(document.currentMode);
-  if (document.modes.size() < 2 || current >= document.modes.size()) return false;
+  if (document.modes.size() < 2 || FindCurrentMode(document) == nullptr) return false;
   document.modes.erase(document.modes.begin() + document.currentMode);
-  if (current == document.modes.size()) --document.currentMode;
+  if (FindCurrentMode(document) == nullptr) --document.currentMode;
   return true;
 }
 

@@ -7,10 +7,10 @@ namespace TCBase::Program {
 
 bool AddStepToAllChannels(Mode& mode, std::int32_t second) {
   if (CountModeSteps(mode) >= kMaxModeSteps) return false;
-  const auto daySecond = static_cast<std::int32_t>(RingSecond(second));
+  const std::int64_t daySecond = RingSecond(second);
   for (Channel& channel : mode.channels) {
     const auto value = static_cast<float>(TruncateToInt(ChannelValueAt(channel, daySecond)));
-    channel.push_back({daySecond / 3600, daySecond % 3600 / 60, value, false, NextStepId()});
+    channel.push_back(MakeStep(daySecond, value));
     // Sorted stably: the new step comes last of its minute, and goes if there was one.
     SortSteps(channel);
     RemoveDuplicateTimes(channel);

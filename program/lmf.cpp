@@ -33,12 +33,10 @@ bool ReadLmfSteps(std::string_view data, Mode& mode) {
     return false;
   }
   for (std::size_t row = 0; row < kRows; ++row) {
-    const int minute = static_cast<int>(row) * kRowMinutes;
+    const int second = static_cast<int>(row) * kRowMinutes * kSecondsPerMinute;
     for (std::size_t channel = 0; channel < mode.channels.size(); ++channel) {
       const int percent = SwapHalves(static_cast<std::uint8_t>(data[row * kRowSize + channel * kCellSize]));
-      mode.channels[channel].push_back({minute / 60, minute % 60,
-                                        static_cast<float>(std::min(percent, kMostPercent)), false,
-                                        NextStepId()});
+      mode.channels[channel].push_back(MakeStep(second, static_cast<float>(std::min(percent, kMostPercent))));
     }
   }
   return true;

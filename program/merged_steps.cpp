@@ -56,15 +56,14 @@ void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows) {
   std::array<std::uint16_t, kMinutesPerDay> rowOfMinute;
   std::uint16_t row = 0;
   minutes.ForEach([&](std::int32_t minute) {
-    rows[row].hour = minute / 60;
-    rows[row].minute = minute % 60;
+    SetTime(rows[row], minute * kSecondsPerMinute);
     rowOfMinute[static_cast<std::size_t>(minute)] = row++;
   });
 
   for (std::size_t c = 0; c < mode.channels.size(); ++c) {
     const Channel& channel = mode.channels[c];
     CurveCursor curve(channel);
-    for (ModeStep& at : rows) at.values[c] = TruncateToInt(curve.At(at.hour * 3600 + at.minute * 60));
+    for (ModeStep& at : rows) at.values[c] = TruncateToInt(curve.At(SecondOfDay(at)));
     // From the back, so that of several steps on one minute the first has the last word.
     for (auto step = channel.rbegin(); step != channel.rend(); ++step) {
       if (!IsOnTheDay(*step)) continue;
@@ -75,8 +74,7 @@ void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows) {
 
 ModeStep StepAt(const Mode& mode, std::int32_t second) {
   ModeStep step;
-  step.hour = second / 3600;
-  step.minute = second % 3600 / 60;
+  SetTime(step, second);
   std::transform(mode.channels.begin(), mode.channels.end(), step.values.begin(),
                  [second](const Channel& channel) { return TruncateToInt(ChannelValueAt(channel, second)); });
   return step;

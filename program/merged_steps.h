@@ -11,7 +11,7 @@ namespace TCBase::Program {
 /// Whether a step stands on a minute of the day. Hour and minute must each be in range: 00:75 is on none,
 /// even though 75 minutes after midnight exist.
 constexpr bool IsOnTheDay(const Step& step) {
-  return step.hour >= 0 && step.hour < 24 && step.minute >= 0 && step.minute < 60;
+  return step.hour >= 0 && step.hour < kHoursPerDay && step.minute >= 0 && step.minute < kMinutesPerHour;
 }
 
 /// The minute of such a step, 0 to 1439.

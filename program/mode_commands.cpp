@@ -17,19 +17,6 @@
 
 namespace TCBase::Program {
 
-namespace {
-
-Mode& CurrentMode(ModeListView& document) {
-  return document.modes.at(static_cast<std::size_t>(document.currentMode));
-}
-
-std::string TimeTextOf(std::int32_t second) {
-  const auto daySecond = static_cast<std::int32_t>(RingSecond(second));
-  return ToTimeText({daySecond / 3600, daySecond % 3600 / 60});
-}
-
-}  // namespace
-
 void OptimizeForTC421(ModeListView& document) {
   Mode& mode = CurrentMode(document);
   ResampleHalfHour(mode, mode);
@@ -52,8 +39,8 @@ bool AddEndpointSteps(ModeListView& document, std::int32_t second) {
                       kMaxModeSteps));
     return false;
   }
-  LogStatus(Message("Added step at {1} to all channels. Current number of steps is {2}.", TimeTextOf(second),
-                    CountModeSteps(mode)));
+  LogStatus(Message("Added step at {1} to all channels. Current number of steps is {2}.",
+                    TimeText(TimeOfDayAt(RingSecond(second))), CountModeSteps(mode)));
   return true;
 }
 

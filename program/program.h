@@ -2,13 +2,15 @@
 
 // The light program: what the user designs, saves and sends to a controller. Plain values and free functions;
 // nothing here points into anything else, so a document is copied, compared and handed to another thread as a
-// whole. No function of this header fails, reports or throws (but for memory).
+// whole. No function of this header fails, reports or throws (but for memory), except where it says so.
 
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "program/time_of_day.h"
 
 namespace TCBase::Program {
 
@@ -22,9 +24,6 @@ inline constexpr int kMinChannelSteps = 2;
 
 /// Full light, in percent.
 inline constexpr int kMostPercent = 100;
-
-inline constexpr int kMinutesPerDay = 1440;
-inline constexpr int kSecondsPerDay = 86400;
 
 /// One point of a channel's curve. Smallest unit of time is the minute.
 struct Step {
@@ -96,13 +95,26 @@ struct StepSelection {
 
 /// Minute of the day; negative or past the end when the step is out of range. 64 bits hold it for any hour.
 constexpr std::int64_t MinuteOfDay(const Step& step) {
-  return std::int64_t{step.hour} * 60 + step.minute;
+  return MinuteOfDay(TimeOfDay{step.hour, step.minute});
+}
+constexpr std::int64_t MinuteOfDay(const ModeStep& step) {
+  return MinuteOfDay(TimeOfDay{step.hour, step.minute});
 }
 
 /// Second of the day; as above.
 constexpr std::int64_t SecondOfDay(const Step& step) {
-  return MinuteOfDay(step) * 60;
+  return MinuteOfDay(step) * kSecondsPerMinute;
 }
+constexpr std::int64_t SecondOfDay(const ModeStep& step) {
+  return MinuteOfDay(step) * kSecondsPerMinute;
+}
+
+/// Puts a step at the minute of a second (see TimeOfDayAt).
+void SetTime(Step& step, std::int64_t second);
+void SetTime(ModeStep& step, std::int64_t second);
+
+/// A step that fades, at the minute of a second, with a fresh id.
+Step MakeStep(std::int64_t second, float value);
 
 /// Brings value and time into range: values into 0 to 100, times past the day to 23:59, before it to 00:00.
 /// A value that is not a number stays one.
@@ -155,6 +167,12 @@ int CountModeSteps(const Mode& mode);
 
 // The document.
 
+/// The current mode; null if `currentMode` is the index of none.
+Mode* FindCurrentMode(ModeListView& document);
+const Mode* FindCurrentMode(const ModeListView& document);
+/// The current mode, for those who know that the document has one; std::out_of_range if it has none.
+Mode& CurrentMode(ModeListView& document);
+const Mode& CurrentMode(const ModeListView& document);
 /// Removes the current mode unless it is the only one; true if it went.
 bool RemoveCurrentMode(ModeListView& document);
 

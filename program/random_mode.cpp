@@ -21,8 +21,8 @@ bool IsFull(const Channel& channel) {
 
 Step DrawStep() {
   Step step;
-  step.hour = std::rand() % 24;
-  step.minute = std::rand() % 60;
+  step.hour = std::rand() % kHoursPerDay;
+  step.minute = std::rand() % kMinutesPerHour;
   step.value = static_cast<float>(std::rand() % 100);
   step.jump = std::rand() % 100 < 25;
   return step;

@@ -9,7 +9,7 @@ namespace TCBase::Program {
 
 namespace {
 
-constexpr std::int32_t kHalfHour = 30 * 60;
+constexpr std::int32_t kHalfHour = 30 * kSecondsPerMinute;
 
 Channel Resampled(const Channel& source) {
   Channel result;
@@ -17,7 +17,7 @@ Channel Resampled(const Channel& source) {
   CurveCursor curve(source);
   for (std::int32_t second = 0; second < kSecondsPerDay; second += kHalfHour) {
     const auto value = static_cast<float>(TruncateToInt(curve.At(second)));
-    result.push_back({second / 3600, second % 3600 / 60, value, false, NextStepId()});
+    result.push_back(MakeStep(second, value));
   }
   return result;
 }

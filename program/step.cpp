@@ -12,10 +12,10 @@ namespace TCBase::Program {
 
 namespace {
 
-void AppendTwoDigits(std::string& text, std::int32_t number) {
-  const std::string digits = ToDecimal(number);
-  if (digits.size() < 2) text += '0';
-  text += digits;
+template <class Row>
+void PutAt(Row& row, const TimeOfDay& time) {
+  row.hour = time.hour;
+  row.minute = time.minute;
 }
 
 }  // namespace
@@ -26,23 +26,30 @@ std::uint32_t NextStepId() {
   return lastId.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
+void SetTime(Step& step, std::int64_t second) {
+  PutAt(step, TimeOfDayAt(second));
+}
+
+void SetTime(ModeStep& step, std::int64_t second) {
+  PutAt(step, TimeOfDayAt(second));
+}
+
+Step MakeStep(std::int64_t second, float value) {
+  Step step;
+  SetTime(step, second);
+  step.value = value;
+  step.id = NextStepId();
+  return step;
+}
+
 void Normalize(Step& step) {
   if (step.value > 100.0F) step.value = 100.0F;
   if (step.value < 0.0F) step.value = 0.0F;
-  const std::int64_t second = std::clamp<std::int64_t>(SecondOfDay(step), 0, kSecondsPerDay - 1);
-  step.hour = static_cast<std::int32_t>(second / 3600);
-  step.minute = static_cast<std::int32_t>(second % 3600 / 60);
+  SetTime(step, std::clamp<std::int64_t>(SecondOfDay(step), kDayStart, kDayEnd));
 }
 
-// Written digit by digit and not through a format, since the chart shows these texts in every frame: so they
-// fit into the string itself, and take no memory.
-
 std::string ToTimeText(const Step& step) {
-  std::string text;
-  AppendTwoDigits(text, step.hour);
-  text += ':';
-  AppendTwoDigits(text, step.minute);
-  return text;
+  return TimeText({step.hour, step.minute});
 }
 
 std::string ToChartLabel(const Step& step) {

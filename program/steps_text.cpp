@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
-#include "OvkLib/src/ovk_format.h"
 #include "OvkLib/src/ovk_text.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -42,19 +41,13 @@ Step ReadStepWords(const std::vector<std::string>& words) {
 }
 
 std::string ToLine(const Step& step) {
-  ovk::format line("{1}:{2} {3}{4}\r\n");
-  line.arg(step.hour, 2);
-  line.arg(step.minute, 2);
-  line.arg(TruncateToInt(step.value), 0);
-  line.arg(step.jump ? " J" : "", step.jump ? 2 : 0);
-  return line.c_str();
+  std::string line = ToTimeText(step) + ' ' + ToDecimal(TruncateToInt(step.value));
+  if (step.jump) line += " J";
+  return line + "\r\n";
 }
 
 std::string ToLine(const ModeStep& row) {
-  ovk::format time("{1}:{2} [");
-  time.arg(row.hour, 2);
-  time.arg(row.minute, 2);
-  std::string line = time.c_str();
+  std::string line = TimeText({row.hour, row.minute}) + " [";
   for (std::size_t c = 0; c < row.values.size(); ++c) {
     line += ToDecimal(row.values[c]);
     if (row.jumps[c]) line += 'J';

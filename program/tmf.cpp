@@ -31,13 +31,10 @@ int ByteAt(std::string_view data, std::size_t offset) {
 
 /// The step that a row has for a channel.
 Step StepOf(std::string_view row, std::size_t channel) {
-  const int second = std::min((ByteAt(row, kHour) * 60 + ByteAt(row, kMinute)) * 60, kSecondsPerDay - 1);
-  Step step;
-  step.hour = second / 3600;
-  step.minute = second % 3600 / 60;
-  step.value = static_cast<float>(std::min(ByteAt(row, kValues + channel), kMostPercent));
+  const TimeOfDay time{ByteAt(row, kHour), ByteAt(row, kMinute)};
+  Step step = MakeStep(std::min<std::int64_t>(MinuteOfDay(time) * kSecondsPerMinute, kDayEnd),
+                       static_cast<float>(std::min(ByteAt(row, kValues + channel), kMostPercent)));
   step.jump = ByteAt(row, kJumps + channel) == 1;
-  step.id = NextStepId();
   return step;
 }
 

@@ -22,17 +22,18 @@ void SetView(ModeListView& document, std::int64_t start, std::int64_t end, float
   document.viewEnd = static_cast<std::int32_t>(end);
 }
 
-float ViewHours(const ModeListView& document) {
-  return static_cast<float>(document.viewEnd - document.viewStart) / 3600.0F;
-}
-
 }  // namespace
+
+float ViewHours(const ModeListView& document) {
+  return static_cast<float>(document.viewEnd - document.viewStart) / static_cast<float>(kSecondsPerHour);
+}
 
 void SetViewHours(ModeListView& document, float hours) {
   // Written so that not a number is the lower bound.
   hours = hours > kMinViewHours ? std::min(hours, kMaxViewHours) : kMinViewHours;
   const std::int32_t start = document.viewStart;
-  const std::int32_t end = TruncateToInt(static_cast<float>(start) + hours * 3600.0F);
+  const std::int32_t end =
+      TruncateToInt(static_cast<float>(start) + hours * static_cast<float>(kSecondsPerHour));
   SetView(document, start, end, static_cast<float>(end - start));
 }
 
@@ -45,8 +46,8 @@ void PanView(ModeListView& document, std::int32_t seconds) {
 void SetViewFromScrollBar(ModeListView& document, std::int32_t page, std::int32_t position) {
   page = std::clamp(page, 0, kMinutesPerDay);
   position = std::clamp(position, 0, kMinutesPerDay);
-  const std::int32_t start = position * 60;
-  SetView(document, start, start + page * 60, static_cast<float>(page * 60));
+  const std::int32_t start = position * kSecondsPerMinute;
+  SetView(document, start, start + page * kSecondsPerMinute, static_cast<float>(page * kSecondsPerMinute));
 }
 
 void ViewZoomIn(ModeListView& document) {
@@ -58,13 +59,13 @@ void ViewZoomOut(ModeListView& document) {
 }
 
 void SetViewFromSlider(ModeListView& document, std::int32_t position) {
-  SetViewHours(document, 24.0F - static_cast<float>(position));
+  SetViewHours(document, kMaxViewHours - static_cast<float>(position));
 }
 
 ViewScrollInfo GetViewScrollInfo(const ModeListView& document) {
   ViewScrollInfo info;
-  info.page = (document.viewEnd - document.viewStart) / 60;
-  info.position = document.viewStart / 60;
+  info.page = (document.viewEnd - document.viewStart) / kSecondsPerMinute;
+  info.position = document.viewStart / kSecondsPerMinute;
   return info;
 }
 

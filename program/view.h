@@ -24,6 +24,8 @@ struct ViewScrollInfo {
   friend bool operator==(const ViewScrollInfo&, const ViewScrollInfo&) = default;
 };
 
+/// The width; any number for a view that was not set here.
+float ViewHours(const ModeListView& document);
 /// Sets the width, 2 to 24 hours, keeping the start where the day leaves room for it.
 void SetViewHours(ModeListView& document, float hours);
 /// Moves the view, keeping its width; any distance stops at the ends of the day.

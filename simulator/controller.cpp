@@ -22,12 +22,6 @@ std::string_view Unpadded(std::string_view text) {
   return text.substr(0, text.find('\0'));
 }
 
-std::string ClockText(const TCBase::Program::ModeStep& step) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%02d:%02d", step.hour, step.minute);
-  return text;
-}
-
 std::string ValuesText(const TCBase::Program::ModeStep& step) {
   std::string text;
   for (const int value : step.values) {
@@ -64,11 +58,11 @@ void Controller::BeginMode(int bank, int stepCount, std::string_view paddedName)
 }
 
 void Controller::AddStep(const Step& step) {
-  Hear("step " + ClockText(step) + " " + ValuesText(step));
+  Hear("step " + TCBase::Program::TimeText({step.hour, step.minute}) + " " + ValuesText(step));
   if (!Expect(openBank_.has_value(), "a step without a mode")) return;
   std::vector<Step>& steps = memory_.banks[*openBank_].steps;
   Expect(step.hour < 24 && step.minute < 60, "a step off the day");
-  Expect(steps.empty() || steps.back().hour * 60 + steps.back().minute < step.hour * 60 + step.minute,
+  Expect(steps.empty() || MinuteOfDay(steps.back()) < MinuteOfDay(step),
          "a step that is not later than the one before");
   CheckValues(step);
   steps.push_back(step);

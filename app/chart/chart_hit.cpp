@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "chart/scene_queries.h"
 #include "common/truncate.h"
 
 namespace app {
@@ -11,11 +12,6 @@ namespace app {
 using namespace TCBase::Program;
 
 namespace {
-
-const Channel& ChannelAt(const ModeListView& program, std::int32_t index) {
-  return program.modes.at(static_cast<std::size_t>(program.currentMode))
-      .channels.at(static_cast<std::size_t>(index));
-}
 
 /// The distance from a point to a step's marker, in pixels. The marker may be as far out as integers go, so
 /// the difference is not taken in integers.
@@ -39,7 +35,7 @@ std::optional<StepPlace> HitStep(UX::ChartLayout& layout, const ModeListView& pr
   for (std::int32_t i = 0; i < kChannelCount; ++i) {
     const UX::Rect lane = layout.LaneRect(i);
     if (!IsWithin(lane, TruncateToInt(radius), x, y)) continue;
-    const Channel& channel = ChannelAt(program, i);
+    const Channel& channel = UX::ChannelOfLane(program, i);
     for (std::size_t s = 0; s < channel.size(); ++s) {
       if (Distance(lane, program, channel[s], x, y) < radius)
         return StepPlace{i, static_cast<std::int32_t>(s)};
@@ -54,7 +50,7 @@ std::optional<StepPlace> HoveredStep(UX::ChartLayout& layout, const ModeListView
   std::optional<StepPlace> nearest;
   for (std::int32_t i = 0; i < kChannelCount; ++i) {
     const UX::Rect lane = layout.LaneRect(i);
-    const Channel& channel = ChannelAt(program, i);
+    const Channel& channel = UX::ChannelOfLane(program, i);
     for (std::size_t s = 0; s < channel.size(); ++s) {
       const float distance = Distance(lane, program, channel[s], x, y);
       if (distance >= least) continue;

@@ -7,7 +7,6 @@
 
 #include "app/chart/chart_hit.h"
 #include "app/window/command.h"
-#include "app/window/day_time.h"
 #include "common/log.h"
 #include "common/message.h"
 #include "program/channel_edit.h"
@@ -30,11 +29,6 @@ constexpr std::int32_t kAboveLane = 13;
 float StrengthAt(const UX::Rect& lane, std::int32_t y) {
   const float percent = UX::YToPercent(lane, y);
   return percent > 0.0F ? std::min(percent, 100.0F) : 0.0F;
-}
-
-void SetTime(Step& step, std::int32_t second) {
-  step.hour = second / 3600;
-  step.minute = second % 3600 / 60;
 }
 
 bool IsOnChart(const UX::Rect& window, std::int32_t x, std::int32_t y) {
@@ -151,7 +145,7 @@ void ChartInput::DragStep(std::int32_t x, std::int32_t y) {
   if (!UX::IsOnDay(pointed)) return;
   // A view may begin within a minute, so that the full minute is before it.
   const std::int32_t second =
-      std::max(std::min(FullMinute(pointed), program_.viewEnd - 1), program_.viewStart);
+      std::max(std::min(WholeMinute(pointed), program_.viewEnd - 1), program_.viewStart);
   // A seek whose demo has ended under it goes on as a drag.
   if (seeking_) undoStack_.BeginPending();
   step->value = StrengthAt(lane, y);
@@ -222,7 +216,7 @@ void ChartInput::SeekDemo(std::int32_t x) {
 }
 
 std::int32_t ChartInput::TimeAt(std::int32_t x) {
-  return FullMinute(UX::XToTime(chartLayout_.LaneRect(0), program_, x));
+  return WholeMinute(UX::XToTime(chartLayout_.LaneRect(0), program_, x));
 }
 
 void ChartInput::InvalidateChart() {
@@ -238,7 +232,7 @@ void ChartInput::InvalidateLane(std::int32_t lane) {
 }
 
 Mode& ChartInput::CurrentMode() {
-  return program_.modes.at(static_cast<std::size_t>(program_.currentMode));
+  return TCBase::Program::CurrentMode(program_);
 }
 
 }  // namespace app

@@ -1,7 +1,6 @@
 // The keys on the chart.
 
 #include "app/chart/chart_input.h"
-#include "app/window/day_time.h"
 #include "app/window/numbers.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -88,7 +87,7 @@ void ChartInput::PauseOrResumeDemo() {
     LogStatus(Message("Demo playback resumed"));
   } else {
     demo_.PostCommand(TCBase::CommandPause);
-    LogStatus(Message("Demo playback paused at {1}", DayTimeText(position)));
+    LogStatus(Message("Demo playback paused at {1}", TimeTextWithSeconds(position)));
   }
 }
 

@@ -6,7 +6,6 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "OvkLib/src/ovk_format.h"
-#include "app/window/day_time.h"
 #include "common/message.h"
 #include "common/truncate.h"
 #include "devices/device_list.h"
@@ -71,7 +70,7 @@ void Ctrls::FillModeList() {
 }
 
 void Ctrls::ShowModeDescription() {
-  const Mode& mode = program_.modes.at(static_cast<std::size_t>(program_.currentMode));
+  const Mode& mode = CurrentMode(program_);
   std::string text = Message("Mode {1} (Steps: {2})", mode.name, CountModeSteps(mode)).utf8();
   if (!mode.description.empty()) text += ": " + mode.description;
   shell_.controls.SetText(Control::ModeDescription, WideFromUtf8(text));
@@ -120,9 +119,8 @@ void Ctrls::UpdateScrollBar() {
 }
 
 void Ctrls::UpdateZoomSlider() {
-  const float hours = static_cast<float>(program_.viewEnd - program_.viewStart) / 3600.0F;
   zoomSlider_.SetRange(kLastZoomPosition, 1, 0);
-  zoomSlider_.SetPosition(TruncateToInt(kMaxViewHours - hours));
+  zoomSlider_.SetPosition(TruncateToInt(kMaxViewHours - ViewHours(program_)));
 }
 
 void Ctrls::ShowDemoStatus(const TCBase::DemoState& record) {
@@ -149,8 +147,7 @@ void Ctrls::ShowDemoStatus(const TCBase::DemoState& record) {
 
 void Ctrls::ShowModeAt(std::int32_t second) {
   secondOfMode_ = second;
-  const Mode& mode = program_.modes.at(static_cast<std::size_t>(program_.currentMode));
-  ShowTimeAndPower(second, StepAt(mode, second));
+  ShowTimeAndPower(second, StepAt(CurrentMode(program_), second));
 }
 
 void Ctrls::UpdateReadOuts() {
@@ -158,7 +155,7 @@ void Ctrls::UpdateReadOuts() {
 }
 
 void Ctrls::ShowTimeAndPower(std::int32_t second, const ModeStep& step) {
-  shell_.controls.SetText(Control::TimeLabel, WideFromUtf8(DayTimeText(second)));
+  shell_.controls.SetText(Control::TimeLabel, WideFromUtf8(TimeTextWithSeconds(second)));
   ovk::format power("{1} {2} {3} {4} {5}");
   for (const std::int32_t value : step.values) power.arg(value, 0);
   shell_.controls.SetText(Control::PowerLabel, WideFromUtf8(power.text().view()));

@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "OvkLib/src/ovk_format.h"
 #include "chart/demo_cursor.h"
 #include "chart/popup_place.h"
 #include "chart/scene_queries.h"
@@ -14,6 +13,7 @@
 #include "common/truncate.h"
 #include "platform/win32/gdiplus_graphics.h"
 #include "program/channel_edit.h"
+#include "program/view.h"
 
 namespace UX {
 
@@ -21,7 +21,11 @@ namespace {
 
 using TCBase::Program::Channel;
 using TCBase::Program::kChannelCount;
+using TCBase::Program::kDayEnd;
+using TCBase::Program::kHoursPerDay;
+using TCBase::Program::kMaxViewHours;
 using TCBase::Program::kSecondsPerDay;
+using TCBase::Program::kSecondsPerHour;
 using TCBase::Program::Step;
 using win32::GdiplusBrush;
 using win32::GdiplusFont;
@@ -97,7 +101,7 @@ void RendererGDI::DrawLane(std::int32_t lane) {
   const Rect area = layout.LaneRect(lane);
   const std::uint32_t color = program.channelInfos[static_cast<std::size_t>(lane)].color;
   const View view = CurrentView();
-  if (static_cast<float>(view.end - view.start) / 3600.0F < 24.0F) {
+  if (ViewHours(program) < kMaxViewHours) {
     graphics_->ClipToRegion({area.x, area.y, area.width + 1, area.height + 1});
     DrawGrid(*graphics_, area, color, view);
   } else {
@@ -137,7 +141,7 @@ void RendererGDI::DrawGrid(GdiplusGraphics& graphics, const Rect& area, std::uin
         TruncateToInt(static_cast<float>(i) * static_cast<float>(area.height) / 10.0F) + area.y;
     graphics.DrawLine({area.x, y}, {right, y}, pen);
   }
-  for (std::int32_t second = 0; second < kSecondsPerDay; second += 3600) {
+  for (std::int32_t second = 0; second < kSecondsPerDay; second += kSecondsPerHour) {
     const std::int32_t x = AcrossView(second, view, area.x, area.width);
     graphics.DrawLine({x, area.y}, {x, bottom}, pen);
   }
@@ -149,11 +153,9 @@ void RendererGDI::DrawGridLabels(GdiplusGraphics& graphics, const Rect& area, Vi
   const GdiplusFont font(kFont, height / 12.0F, Gdiplus::FontStyleRegular);
   const GdiplusBrush brush(0xFF696969);
   const std::int32_t hoursY = TruncateToInt(height - height / 100.0F * 11.0F + static_cast<float>(area.y));
-  for (std::int32_t hour = 0; hour < 24; ++hour) {
-    ovk::format text("{1}:00");
-    text.arg(hour, 2);
-    const std::int32_t x = AcrossView(hour * 3600, view, area.x, area.width);
-    graphics.DrawString(text.text().view(), {x, hoursY}, font, brush);
+  for (std::int32_t hour = 0; hour < kHoursPerDay; ++hour) {
+    const std::int32_t x = AcrossView(hour * kSecondsPerHour, view, area.x, area.width);
+    graphics.DrawString(TCBase::Program::TimeText({hour, 0}), {x, hoursY}, font, brush);
   }
   const std::int32_t percentX =
       TruncateToInt(static_cast<float>(area.x) + static_cast<float>(area.width) / 1440.0F);
@@ -199,7 +201,6 @@ void RendererGDI::DrawChannelName(std::int32_t lane, const Rect& area) {
 /// The step's own jump decides here, where the rest of the program goes by that of the step before: the flat
 /// stretch is seen before a step that jumps, not after it. There is a curve for any number of steps.
 void RendererGDI::DrawCurve(const Channel& channel, const Rect& area) {
-  constexpr std::int32_t kLastMinute = kSecondsPerDay - 60;
   std::int32_t held = TruncateToInt(ChannelValueAt(channel, 0));
   std::vector<Gdiplus::Point> points;
   points.reserve(2 * channel.size() + 2);
@@ -210,8 +211,7 @@ void RendererGDI::DrawCurve(const Channel& channel, const Rect& area) {
     points.emplace_back(x, PercentToY(area, step.value));
     held = TruncateToInt(step.value);
   }
-  points.emplace_back(TimeToX(area, program, kLastMinute),
-                      PercentToY(area, ChannelValueAt(channel, kLastMinute)));
+  points.emplace_back(TimeToX(area, program, kDayEnd), PercentToY(area, ChannelValueAt(channel, kDayEnd)));
   graphics_->DrawLines(std::move(points), GdiplusPen(kSalmon, static_cast<float>(area.height) / 20.0F));
 }
 
@@ -261,7 +261,7 @@ void RendererGDI::DrawTooltip(const Step& step, const Rect& area, std::int32_t x
 void RendererGDI::DrawDemoLine(std::int32_t position) {
   if (position < 0) return;
   const Rect area = layout.LaneStrip();
-  const std::int32_t x = AcrossView(SecondOfWholeMinute(position), CurrentView(), area.x, area.width);
+  const std::int32_t x = AcrossView(CursorSecond(position), CurrentView(), area.x, area.width);
   graphics_->ClipTo(area);
   graphics_->DrawLine({x, 0}, {x, area.height}, GdiplusPen(0xFF32B40A, 2.0F));
 }

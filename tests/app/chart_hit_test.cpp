@@ -1,7 +1,6 @@
 // Which step lies under the mouse, to the pixel.
 
 #include "app/chart/chart_hit.h"
-#include "app/window/day_time.h"
 
 #include <gtest/gtest.h>
 
@@ -166,13 +165,6 @@ TEST_F(ChartHit, AWindowOfOnePixelHoldsNoStep) {
   for (int x = -200; x < 200; x += 7) {
     for (int y = -200; y < 200; y += 7) EXPECT_EQ(Hit(x, y), kNone);
   }
-}
-
-TEST(FullMinute, DropsTheSeconds) {
-  EXPECT_EQ(app::FullMinute(0), 0);
-  EXPECT_EQ(app::FullMinute(59), 0);
-  EXPECT_EQ(app::FullMinute(60), 60);
-  EXPECT_EQ(app::FullMinute(86399), 86340);
 }
 
 }  // namespace

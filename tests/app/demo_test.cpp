@@ -12,7 +12,6 @@
 #include <thread>
 
 #include "app/handlers/demo_control.h"
-#include "app/window/day_time.h"
 #include "common/truncate.h"
 #include "program/demo_state.h"
 #include "program/view.h"
@@ -111,7 +110,7 @@ class DemoControl : public AppTest {
   void ExpectReadOutsOfTheCurve() {
     user.Wait(0.5);  // a frame has gone out since, and the timer has come
     const int position = Demo().position;
-    EXPECT_EQ(user.Text(Control::TimeLabel), app::DayTimeText(position));
+    EXPECT_EQ(user.Text(Control::TimeLabel), TCBase::Program::TimeTextWithSeconds(position));
     EXPECT_EQ(user.Text(Control::PowerLabel), PowerAt(position));
   }
   void ExpectEditing(bool enabled) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <stdexcept>
+
 #include "program/builtin_modes.h"
 #include "program/program.h"
 #include "tests/program/program_fixture.h"
@@ -13,6 +16,30 @@ ModeListView DocumentOfModes(std::initializer_list<const char*> names) {
   ModeListView document;
   for (const char* name : names) document.modes.emplace_back().name = name;
   return document;
+}
+
+TEST(TheCurrentMode, IsTheOneThatTheDocumentNames) {
+  ModeListView document = DocumentOfModes({"A", "B"});
+  const ModeListView& same = document;
+  for (const int index : {0, 1}) {
+    document.currentMode = index;
+    const Mode* mode = &document.modes[static_cast<std::size_t>(index)];
+    EXPECT_EQ(FindCurrentMode(document), mode);
+    EXPECT_EQ(FindCurrentMode(same), mode);
+    EXPECT_EQ(&CurrentMode(document), mode);
+    EXPECT_EQ(&CurrentMode(same), mode);
+  }
+}
+
+TEST(TheCurrentMode, IsNoneForAnIndexThatIsNobodys) {
+  ModeListView document = DocumentOfModes({"A", "B"});
+  for (const int stale : {-1, 2, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    document.currentMode = stale;
+    EXPECT_EQ(FindCurrentMode(document), nullptr) << stale;
+    EXPECT_THROW(CurrentMode(document), std::out_of_range) << stale;
+  }
+  ModeListView empty;
+  EXPECT_EQ(FindCurrentMode(empty), nullptr);
 }
 
 TEST(RemovingTheCurrentMode, LastOfTwoMovesToTheOneThatIsLeft) {

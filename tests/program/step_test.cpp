@@ -42,6 +42,26 @@ INSTANTIATE_TEST_SUITE_P(
                     Normalized{"TheLowestHour", {kLowest, kLowest, 1}, {0, 0, 1}}),
     [](const auto& test) { return test.param.name; });
 
+TEST(StepTime, IsTheMinuteOfASecond) {
+  Step step{1, 2, 40, true, 7};
+  SetTime(step, 29159);
+  EXPECT_EQ(step, (Step{8, 5, 40, true}));
+  EXPECT_EQ(SecondOfDay(step), 29100);
+  EXPECT_EQ(step.id, 7U);
+
+  ModeStep row{1, 2, {40}, {true}};
+  SetTime(row, 29159);
+  EXPECT_EQ(row, (ModeStep{8, 5, {40}, {true}}));
+  EXPECT_EQ(MinuteOfDay(row), 485);
+  EXPECT_EQ(SecondOfDay(row), 29100);
+}
+
+TEST(MakingAStep, GivesOneThatFadesWithAnIdOfItsOwn) {
+  const Step step = MakeStep(86399, 12.5F);
+  EXPECT_EQ(step, (Step{23, 59, 12.5F, false}));
+  EXPECT_EQ(MakeStep(0, 0).id, step.id + 1);
+}
+
 TEST(StepText, TimeHasTwoDigitsEach) {
   EXPECT_EQ(ToTimeText({8, 5}), "08:05");
   EXPECT_EQ(ToTimeText({23, 59}), "23:59");

@@ -247,7 +247,7 @@ void MoveTheViewByKeys(User& user, const Folders&) {
     x = x == chart.x + chart.width / 3 ? chart.x + chart.width / 2 : chart.x + chart.width / 3;
     user.MoveMouse(x, chart.y + 2);
     const std::int32_t second = UX::XToTime(chart, view, x);
-    EXPECT_EQ(user.Text(Control::TimeLabel), prog::ToTimeText({second / 3600, second % 3600 / 60}) + ":00");
+    EXPECT_EQ(user.Text(Control::TimeLabel), prog::TimeTextWithSeconds(prog::WholeMinute(second)));
   }
   user.Close();
 }

@@ -30,7 +30,7 @@ constexpr int kRestMilliseconds = 2000;
 
 /// Puts a demo at one moment.
 void ShowMoment(TCBase::DemoState& demo, const TCBase::Program::Mode& mode, std::int32_t minuteOfDay) {
-  const std::int32_t second = minuteOfDay * 60;
+  const std::int32_t second = minuteOfDay * TCBase::Program::kSecondsPerMinute;
   demo.SetStep(TCBase::Program::StepAt(mode, second));
   demo.SetRunning(second, TCBase::StatePaused);
 }
@@ -40,7 +40,7 @@ class Chart {
  public:
   Chart(const ModeListView& document, const PictureRequest& request) : document_(document) {
     if (request.minuteOfDay) {
-      ShowMoment(demo_, document.modes[static_cast<std::size_t>(document.currentMode)], *request.minuteOfDay);
+      ShowMoment(demo_, CurrentMode(document), *request.minuteOfDay);
     }
     const UX::Rect none =
         layout_.ChartWindowRect();  // of a window without size: what is around it, below zero
