@@ -14,6 +14,7 @@
 #include "cli/text.h"
 #include "common/message.h"
 #include "common/platform.h"
+#include "devices/controller_models.h"
 #include "program/mode_commands.h"
 
 namespace cli {
@@ -33,7 +34,10 @@ struct UploadArguments : DeviceArguments {
 /// What the desktop program asks about before an upload.
 void WarnOfManySteps(const Session& session, const ModeListView& document,
                      const std::vector<DeviceInfo>& devices) {
-  if (std::ranges::none_of(devices, TCBase::MayIgnoreManySteps)) return;
+  const auto mayIgnore = [](const DeviceInfo& device) {
+    return TCBase::ControllerModelOf(device).mayIgnoreManySteps;
+  };
+  if (std::ranges::none_of(devices, mayIgnore)) return;
   for (const TCBase::Program::Mode& mode : document.modes) {
     const int steps = CountModeSteps(mode);
     if (steps > TCBase::Program::kManyModeSteps)

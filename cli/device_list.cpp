@@ -12,6 +12,7 @@
 #include "cli/serve.h"
 #include "common/message.h"
 #include "common/timer.h"
+#include "devices/controller_models.h"
 #include "devices/scan.h"
 #include "devices/shown_name.h"
 #include "devices/worker.h"
@@ -78,7 +79,7 @@ Json JsonOf(const std::vector<DeviceInfo>& devices) {
   Json list = Json::array();
   for (const DeviceInfo& device : devices) {
     list.push_back({{"device", WordOf(device)}, {"name", device.name}});
-    if (device.model == TCBase::ModelTC421UDP) list.back()["address"] = AddressOf(device);
+    if (IsOnNetwork(device)) list.back()["address"] = AddressOf(device);
   }
   return list;
 }

@@ -1,5 +1,6 @@
 #include "cli/device_word.h"
 
+#include "devices/controller_models.h"
 #include "devices/datagrams.h"
 #include "devices/shown_name.h"
 
@@ -13,12 +14,11 @@ using TCBase::DeviceInfo;
 struct KnownDevice {
   const char* word;
   TCBase::DeviceModel model;
-  const char* name;
 };
 constexpr KnownDevice kKnownDevices[] = {
-    {"emulator", TCBase::ModelEmulator, TCBase::kEmulatorName},
-    {"tc420", TCBase::ModelTC420, TCBase::kTC420Name},
-    {"tc421", TCBase::ModelTC421USB, TCBase::kTC421Name},
+    {"emulator", TCBase::ModelEmulator},
+    {"tc420", TCBase::ModelTC420},
+    {"tc421", TCBase::ModelTC421USB},
 };
 
 constexpr std::string_view kNetwork = "udp:";
@@ -37,7 +37,8 @@ std::optional<DeviceInfo> ParseNetworkDevice(const std::string& word) {
 
 std::optional<DeviceInfo> ParseDevice(const std::string& word) {
   for (const KnownDevice& known : kKnownDevices)
-    if (word == known.word) return DeviceInfo{known.model, known.name, {}, true};
+    if (word == known.word)
+      return DeviceInfo{known.model, TCBase::ControllerModelOf(known.model).name, {}, true};
   return ParseNetworkDevice(word);
 }
 

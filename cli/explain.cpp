@@ -4,6 +4,7 @@
 
 #include "cli/device_word.h"
 #include "common/message.h"
+#include "devices/controller_models.h"
 
 namespace cli {
 
@@ -26,10 +27,6 @@ ExitStatus ExitStatusOf(OperationResult result) {
       break;
   }
   return ExitStatus::OperationFailed;
-}
-
-bool IsOnCable(const DeviceInfo& info) {
-  return info.model == TCBase::ModelTC420 || info.model == TCBase::ModelTC421USB;
 }
 
 /// What may be wrong where a controller on a cable cannot be connected.

@@ -9,6 +9,7 @@
 #include "cli/text.h"
 #include "common/log.h"
 #include "common/message.h"
+#include "devices/controller_models.h"
 #include "devices/operations.h"
 #include "devices/tc420.h"
 #include "devices/tc421.h"
@@ -75,8 +76,8 @@ bool RecordTC421(const ModeListView& document, const DeviceInfo& info, Frames& f
 
 bool RecordUpload(const ModeListView& document, const FramesArguments& arguments, Frames& frames) {
   const DeviceInfo info = DeviceOf(arguments);
-  return info.model == TCBase::ModelTC420 ? RecordTC420(document, info, frames)
-                                          : RecordTC421(document, info, frames);
+  const bool isTC420 = TCBase::ControllerModelOf(info).family == TCBase::Family::TC420;
+  return (isTC420 ? RecordTC420 : RecordTC421)(document, info, frames);
 }
 
 ExitStatus PrintFrames(const Session& session, const FramesArguments& arguments) {

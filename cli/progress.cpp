@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/text.h"
+#include "devices/controller_models.h"
+#include "program/time_of_day.h"
 
 namespace cli {
 
@@ -13,9 +14,9 @@ namespace {
 /// gets a row for each half hour.
 int CountFrames(const TCBase::Program::ModeListView& document, const TCBase::DeviceInfo& controller) {
   constexpr int kHalfHours = 48;
-  const bool halfHours =
-      controller.model == TCBase::ModelTC421USB || controller.model == TCBase::ModelTC421UDP;
-  int frames = halfHours ? 0 : 1;
+  const TCBase::ControllerModel& model = TCBase::ControllerModelOf(controller);
+  const bool halfHours = model.keeps == TCBase::Keeps::HalfHours;
+  int frames = model.family == TCBase::Family::TC420 ? 1 : 0;
   for (const TCBase::Program::Mode& mode : document.modes)
     frames += (halfHours ? kHalfHours : CountModeSteps(mode)) + 2;
   return frames;

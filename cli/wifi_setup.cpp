@@ -13,6 +13,7 @@
 #include "cli/serve.h"
 #include "common/files.h"
 #include "common/message.h"
+#include "devices/controller_models.h"
 #include "devices/wifi.h"
 
 namespace cli {
@@ -49,7 +50,7 @@ std::string CheckSsid(const std::string& ssid) {
 
 std::string CheckNetworkDevice(const std::string& word) {
   std::string fault = CheckDevice(word);
-  if (!fault.empty() || ParseDevice(word)->model == TCBase::ModelTC421UDP) return fault;
+  if (!fault.empty() || IsOnNetwork(*ParseDevice(word))) return fault;
   return "WiFi is set up over the network: --device udp:NAME@ADDRESS, as \"lumarinectl scan\" lists it, "
          "not " +
          word;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "devices/controller_models.h"
+
 namespace TCBase {
 
 void ReplaceDevices(std::vector<DeviceInfo>& devices, std::int32_t model, const std::string& name,
@@ -17,7 +19,7 @@ void ReplaceDevices(std::vector<DeviceInfo>& devices, std::int32_t model, const 
 }
 
 void ReplaceNetworkDevices(std::vector<DeviceInfo>& devices, const std::vector<DeviceInfo>& found) {
-  std::erase_if(devices, [](const DeviceInfo& device) { return device.model == ModelTC421UDP; });
+  std::erase_if(devices, IsOnNetwork);
   devices.insert(devices.end(), found.begin(), found.end());
   SortDevices(devices);
 }
@@ -36,7 +38,7 @@ std::vector<DeviceInfo> TakeOverDevices(const std::vector<DeviceInfo>& shown, st
 bool AddEmulator(std::vector<DeviceInfo>& shown) {
   DeviceInfo emulator;
   emulator.model = ModelEmulator;
-  emulator.name = kEmulatorName;
+  emulator.name = ControllerModelOf(emulator).name;
   const bool isShown = std::any_of(shown.begin(), shown.end(), [&emulator](const DeviceInfo& device) {
     return IsSameDevice(device, emulator);
   });

@@ -3,6 +3,7 @@
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
+#include "devices/controller_models.h"
 #include "devices/shown_name.h"
 #include "devices/tc420.h"
 #include "devices/tc421.h"
@@ -15,19 +16,11 @@ namespace {
 constexpr int kClearMilliseconds = 3000;
 constexpr int kModeMilliseconds = 500;
 
-bool KeepsHalfHours(const DeviceInfo& info) {
-  return info.model == ModelTC421USB || info.model == ModelTC421UDP;
-}
-
 }  // namespace
-
-bool MayIgnoreManySteps(const DeviceInfo& info) {
-  return info.model == ModelTC420 || info.model == ModelEmulator;
-}
 
 DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode) {
   DeviceBase::Steps steps;
-  if (KeepsHalfHours(info)) {
+  if (ControllerModelOf(info).keeps == Keeps::HalfHours) {
     Program::Mode resampled;
     Program::ResampleHalfHour(mode, resampled);
     Program::CollectModeSteps(resampled, steps);
@@ -41,7 +34,7 @@ OperationResult FailureOf(const DeviceInfo& info, const Exchange& exchange) {
   if (exchange.portTaken) return OperationResult::PortTaken;
   // On a cable silence says less: an emulator never answers, and a TC420 need not.
   const bool silent = exchange.packets > 0 && exchange.replies == 0;
-  return info.model == ModelTC421UDP && silent ? OperationResult::NoAnswer : OperationResult::Failed;
+  return IsOnNetwork(info) && silent ? OperationResult::NoAnswer : OperationResult::Failed;
 }
 
 std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info, OperationObserver& observer) {

@@ -61,9 +61,6 @@ OperationReport WithDevice(
     const DeviceInfo& info, OperationObserver& observer,
     const std::function<OperationReport(DeviceBase& device, const ExchangeCount& count)>& operation);
 
-/// Whether a controller may play the first kManyModeSteps steps of a mode only, as some of its model do.
-bool MayIgnoreManySteps(const DeviceInfo& info);
-
 /// The steps of a mode as a controller keeps them: a TC421 those of every half hour, without jumps.
 DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode);
 

@@ -1,5 +1,6 @@
 // The packets of the TC421.
 
+#include "devices/controller_models.h"
 #include "devices/packet_text.h"
 #include "devices/tc421.h"
 
@@ -52,17 +53,13 @@ std::int32_t LengthOf(std::string_view text) {
   return static_cast<std::uint8_t>(text.size());
 }
 
-bool IsOnUsb(const DeviceInfo& device) {
-  return device.model == TCBase::ModelTC421USB;
-}
-
 }  // namespace
 
 Packet::Packet(std::uint8_t commandCode, std::uint8_t secondCode, const DeviceInfo& device)
     : PacketBase(commandCode),
       subcode(secondCode),
       deviceName(device.name.substr(0, kMaxNameSize)),
-      alternateChecksum(IsOnUsb(device)) {}
+      alternateChecksum(IsOnCable(device)) {}
 
 std::size_t Packet::MaxPayload() const {
   return kMaxPayloadSize;
@@ -129,7 +126,7 @@ Packet_ClearAll::Packet_ClearAll(const DeviceInfo& device)
 
 Packet_PlayInit::Packet_PlayInit(const DeviceInfo& device, std::string_view name)
     : Packet(kPlayInit.code, kPlayInit.subcode, device) {
-  Append(IsOnUsb(device) ? 1 : 0);
+  Append(IsOnCable(device) ? 1 : 0);
   AppendPadded(name, kModeNameSize);
   Append(0);
   Append(0);

@@ -21,11 +21,11 @@ void WarnOfSlowConnect(double seconds) {
 
 }  // namespace
 
-void PollUsb(UsbPoll& poll, const UsbFamily& family) {
+void PollUsb(UsbPoll& poll, const ControllerModel& model) {
   if (poll.timer.Now() < kUsbPollSeconds) return;
   const timer_base::TimerFeatures<TimerCore_Counter> opening;
   DeviceInfo info;
-  info.model = family.model;
+  info.model = model.model;
   const std::unique_ptr<DeviceBase> probe = CreateDevice(info);
   // Present means that it can be opened, and no more.
   const bool connected = probe->Connect();

@@ -1,25 +1,17 @@
 #pragma once
 
-// How a controller on USB is noticed: every five seconds one of its family is opened and closed again.
+// How a controller on USB is noticed: every five seconds one of its model is opened and closed again.
 
 #include <functional>
 
 #include "common/timer.h"
-#include "devices/device_info.h"
+#include "devices/controller_models.h"
 
 namespace TCBase {
 
-/// A family of USB controllers, of which at most one is listed.
-struct UsbFamily {
-  DeviceModel model;
-  const char* name;
-};
-inline constexpr UsbFamily kTC420Family{ModelTC420, kTC420Name};
-inline constexpr UsbFamily kTC421Family{ModelTC421USB, kTC421Name};
-
 inline constexpr double kUsbPollSeconds = 5.0;
 
-/// What is known of one family. Belongs to the thread that polls.
+/// What is known of one model, of which at most one is listed. Belongs to the thread that polls.
 struct UsbPoll {
   timer_base::TimerFeatures<TimerCore_Counter> timer;  // since the end of the last poll
   bool connected = false;
@@ -29,8 +21,8 @@ struct UsbPoll {
   void MakeDue() { timer.Restart(kUsbPollSeconds); }
 };
 
-/// Looks for a controller of `family`, if five seconds have passed since it was last done. Blocks for as long
+/// Looks for a controller of `model`, if five seconds have passed since it was last done. Blocks for as long
 /// as opening takes, and warns the user if that was more than two seconds.
-void PollUsb(UsbPoll& poll, const UsbFamily& family);
+void PollUsb(UsbPoll& poll, const ControllerModel& model);
 
 }  // namespace TCBase

@@ -14,8 +14,8 @@ constexpr int kPassMilliseconds = 100;
 }  // namespace
 
 Worker::Worker(Discovery discovery) : listing(discovery == Discovery::AtOnce) {
-  tc420Poll.onChange = [this](bool connected) { SetConnected(kTC420Family, connected); };
-  tc421Poll.onChange = [this](bool connected) { SetConnected(kTC421Family, connected); };
+  tc420Poll.onChange = [this](bool connected) { SetConnected(ControllerModelOf(ModelTC420), connected); };
+  tc421Poll.onChange = [this](bool connected) { SetConnected(ControllerModelOf(ModelTC421USB), connected); };
   if (discovery == Discovery::AtOnce) {
     tc420Poll.MakeDue();
     tc421Poll.MakeDue();
@@ -63,8 +63,8 @@ void Worker::Shutdown() {
 void Worker::Run() {
   while (running) {
     if (const Job job = TakeJob()) job();
-    PollUsb(tc420Poll, kTC420Family);
-    PollUsb(tc421Poll, kTC421Family);
+    PollUsb(tc420Poll, ControllerModelOf(ModelTC420));
+    PollUsb(tc421Poll, ControllerModelOf(ModelTC421USB));
     platform::SleepMilliseconds(kPassMilliseconds);
   }
 }
@@ -77,12 +77,12 @@ Worker::Job Worker::TakeJob() {
   return job;
 }
 
-void Worker::SetConnected(const UsbFamily& family, bool connected) {
+void Worker::SetConnected(const ControllerModel& model, bool connected) {
   if (!listing) return;
   LogStatus(
-      Message(connected ? TextKey("{1} Device connected") : TextKey("{1} Device disconnected"), family.name));
+      Message(connected ? TextKey("{1} Device connected") : TextKey("{1} Device disconnected"), model.name));
   const std::lock_guard lock(deviceMutex);
-  ReplaceDevices(devices, family.model, family.name, connected);
+  ReplaceDevices(devices, model.model, model.name, connected);
   if (window != nullptr) window->Post(message, 0, connected ? 1 : 0);
 }
 

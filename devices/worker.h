@@ -62,7 +62,7 @@ class Worker {
   void Run();
   Job TakeJob();
   // Worker thread.
-  void SetConnected(const UsbFamily& family, bool connected);
+  void SetConnected(const ControllerModel& model, bool connected);
 
   std::atomic<bool> running{true};
   std::atomic<bool> listing;  // changes reach the list and the user

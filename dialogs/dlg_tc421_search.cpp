@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "devices/controller_models.h"
 #include "devices/jobs.h"
 #include "devices/shown_name.h"
 #include "dialogs/dialog_template.h"
@@ -50,7 +51,7 @@ void DlgTC421_Search::ShowFound(DialogWindow& window) {
   devices_ = worker_.GetDevices();
   window.ClearRows(id::kFound);
   for (std::size_t i = 0; i < devices_.size(); ++i) {
-    if (devices_[i].model != TCBase::ModelTC421UDP) continue;
+    if (!IsOnNetwork(devices_[i])) continue;
     window.AddRow(id::kFound, WideFromUtf8(TCBase::ShownName(devices_[i].name)),
                   static_cast<std::int32_t>(i));
   }

@@ -16,6 +16,7 @@
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
+#include "devices/controller_models.h"
 #include "devices/device_list.h"
 #include "devices/jobs.h"
 #include "devices/shown_name.h"
@@ -184,7 +185,7 @@ Changed RenameDevice(CommandContext& context) {
   if (index >= state.devices.size()) return Changed::No;
   // A copy: the list may be replaced while the dialog stands open.
   const TCBase::DeviceInfo device = state.devices[index];
-  if (device.model == TCBase::ModelTC421UDP) {
+  if (TCBase::IsOnNetwork(device)) {
     AskDeviceName(context, device.name);
   } else {
     LogStatus(Message("You can rename WiFi devices only!"));

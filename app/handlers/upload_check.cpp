@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "common/message.h"
-#include "devices/operations.h"
+#include "devices/controller_models.h"
 #include "program/mode_commands.h"
 
 namespace app {
@@ -62,8 +62,10 @@ bool CheckBeforeUpload(ModeListView& program, const std::vector<TCBase::DeviceIn
     return false;
   }
   const ModeReport report = BuildModeReport(program);
-  if (!report.manySteps || std::none_of(devices.begin(), devices.end(), TCBase::MayIgnoreManySteps))
-    return true;
+  const bool mayIgnore = std::ranges::any_of(devices, [](const TCBase::DeviceInfo& device) {
+    return TCBase::ControllerModelOf(device).mayIgnoreManySteps;
+  });
+  if (!report.manySteps || !mayIgnore) return true;
   return questions.Ask({Message(kManyStepsTitle, TCBase::kTC420Name).ToWide(),
                         Message(kManyStepsText, TCBase::kTC420Name, report.text).ToWide(), Buttons::YesNo,
                         Icon::Warning}) == Answer::Yes;

@@ -20,7 +20,7 @@ class UsbPollTest : public DeviceTest {
   // Polls once, five seconds after the last time.
   void PollWhenDue() {
     virtual_clock::Advance(5.0);
-    TCBase::PollUsb(poll_, TCBase::kTC420Family);
+    TCBase::PollUsb(poll_, TCBase::ControllerModelOf(TCBase::ModelTC420));
   }
 
   TCBase::UsbPoll poll_;
@@ -30,10 +30,10 @@ class UsbPollTest : public DeviceTest {
 TEST_F(UsbPollTest, NothingIsLookedForBeforeFiveSecondsHavePassed) {
   sim_hidapi::PlugIn(Family::TC420);
   virtual_clock::Advance(4.999);
-  TCBase::PollUsb(poll_, TCBase::kTC420Family);
+  TCBase::PollUsb(poll_, TCBase::ControllerModelOf(TCBase::ModelTC420));
   EXPECT_FALSE(poll_.connected);
   virtual_clock::Advance(0.001);
-  TCBase::PollUsb(poll_, TCBase::kTC420Family);
+  TCBase::PollUsb(poll_, TCBase::ControllerModelOf(TCBase::ModelTC420));
   EXPECT_TRUE(poll_.connected);
   EXPECT_EQ(changes_, "+");
 }
@@ -62,7 +62,7 @@ TEST_F(UsbPollTest, TheOtherFamilyIsNotMistakenForThisOne) {
   PollWhenDue();
   EXPECT_FALSE(poll_.connected);
   virtual_clock::Advance(5.0);
-  TCBase::PollUsb(poll_, TCBase::kTC421Family);
+  TCBase::PollUsb(poll_, TCBase::ControllerModelOf(TCBase::ModelTC421USB));
   EXPECT_TRUE(poll_.connected);
 }
 
@@ -127,7 +127,7 @@ TEST_F(UsbPollTest, TwoControllersOfAFamilyAreOneAndPullingOneOutChangesNothing)
 TEST_F(UsbPollTest, APollCanBeMadeDueAtOnce) {
   sim_hidapi::PlugIn(Family::TC420);
   poll_.MakeDue();
-  TCBase::PollUsb(poll_, TCBase::kTC420Family);
+  TCBase::PollUsb(poll_, TCBase::ControllerModelOf(TCBase::ModelTC420));
   EXPECT_TRUE(poll_.connected);
 }
 
