@@ -10,24 +10,13 @@ namespace TCBase {
 
 namespace {
 
+using platform::WifiAuthentication;
+using platform::WifiCipher;
 using platform::WifiNetwork;
 using Fields = std::vector<std::string>;
 
 constexpr std::size_t kFieldCount = 4;
 constexpr std::size_t kMaxSsidSize = 32;
-
-// Windows' numbers, see WifiNetwork.
-constexpr std::int32_t kAuthOpen = 1;
-constexpr std::int32_t kAuthSharedKey = 2;
-constexpr std::int32_t kAuthWpa = 3;
-constexpr std::int32_t kAuthWpaPsk = 4;
-constexpr std::int32_t kAuthRsna = 6;
-constexpr std::int32_t kAuthRsnaPsk = 7;
-constexpr std::int32_t kAuthOther = 9;
-constexpr std::int32_t kCipherNone = 0;
-constexpr std::int32_t kCipherTkip = 2;
-constexpr std::int32_t kCipherCcmp = 4;
-constexpr std::int32_t kCipherOther = 0x100;
 
 // Takes the first line off `text`.
 std::string_view TakeLine(std::string_view& text) {
@@ -83,10 +72,18 @@ bool HasWord(std::string_view list, std::string_view word) {
   return false;
 }
 
-std::int32_t CipherOf(std::string_view flags) {
-  if (HasWord(flags, "pair_ccmp")) return kCipherCcmp;
-  if (HasWord(flags, "pair_tkip")) return kCipherTkip;
-  return kCipherOther;
+// `password` where a password lets somebody in, `server` where a server of the owner's does.
+WifiAuthentication AuthenticationOf(std::string_view flags, WifiAuthentication password,
+                                    WifiAuthentication server) {
+  if (HasWord(flags, "psk")) return password;
+  if (HasWord(flags, "802.1X")) return server;
+  return WifiAuthentication::Other;
+}
+
+WifiCipher CipherOf(std::string_view flags) {
+  if (HasWord(flags, "pair_ccmp")) return WifiCipher::Ccmp;
+  if (HasWord(flags, "pair_tkip")) return WifiCipher::Tkip;
+  return WifiCipher::Other;
 }
 
 bool HasFlags(std::string_view flags) {
@@ -99,15 +96,14 @@ void ReadSecurity(const Fields& fields, WifiNetwork& network) {
   const std::string& wpa = fields[2];
   const std::string& rsn = fields[3];
   if (HasFlags(rsn)) {
-    network.auth = HasWord(rsn, "psk") ? kAuthRsnaPsk : HasWord(rsn, "802.1X") ? kAuthRsna : kAuthOther;
+    network.authentication =
+        AuthenticationOf(rsn, WifiAuthentication::Wpa2Password, WifiAuthentication::Wpa2);
     network.cipher = CipherOf(rsn);
   } else if (HasFlags(wpa)) {
-    network.auth = HasWord(wpa, "psk") ? kAuthWpaPsk : HasWord(wpa, "802.1X") ? kAuthWpa : kAuthOther;
+    network.authentication = AuthenticationOf(wpa, WifiAuthentication::WpaPassword, WifiAuthentication::Wpa);
     network.cipher = CipherOf(wpa);
-  } else {
-    const bool open = security.empty() || security == "--";
-    network.auth = open ? kAuthOpen : HasWord(security, "WEP") ? kAuthSharedKey : kAuthOther;
-    network.cipher = open ? kCipherNone : kCipherOther;
+  } else if (security.empty() || security == "--") {
+    network.authentication = WifiAuthentication::Open;
   }
 }
 

@@ -14,6 +14,8 @@ namespace TCBase {
 
 namespace {
 
+using platform::WifiAuthentication;
+using platform::WifiCipher;
 using platform::WifiQuery;
 
 // The first byte of the text in a controller's reply.
@@ -110,30 +112,32 @@ WifiEncryption ParseWifiEncryption(std::string_view name) {
 }
 
 WifiSecurity SecurityOf(const WifiNetwork& network) {
-  switch (network.auth) {
-    case 1:
+  switch (network.authentication) {
+    case WifiAuthentication::Open:
       return SecurityOpen;
-    case 3:
-    case 4:
+    case WifiAuthentication::Wpa:
+    case WifiAuthentication::WpaPassword:
       return SecurityWPA;
-    case 6:
-    case 7:
+    case WifiAuthentication::Wpa2:
+    case WifiAuthentication::Wpa2Password:
       return SecurityWPA2;
-    default:
-      return SecurityInvalid;
+    case WifiAuthentication::Other:
+      break;
   }
+  return SecurityInvalid;
 }
 
 WifiEncryption EncryptionOf(const WifiNetwork& network) {
-  // The system's CCMP is the controller's AES.
   switch (network.cipher) {
-    case 2:
+    case WifiCipher::Tkip:
       return EncryptionTKIP;
-    case 4:
+    case WifiCipher::Ccmp:
+      // Two names of one thing.
       return EncryptionAES;
-    default:
-      return EncryptionInvalid;
+    case WifiCipher::Other:
+      break;
   }
+  return EncryptionInvalid;
 }
 
 bool ListWifiNetworks(std::vector<WifiNetwork>& networks) {

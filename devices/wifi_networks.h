@@ -3,18 +3,23 @@
 // The wireless networks that the computer itself can see. One filling per platform below platform/; tests
 // bring one of their own (tests/support/sim_network.h). To list and to use them is wifi.h's business.
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace platform {
 
-/// One network as the computer's own wireless adapter sees it. The two algorithms are in Windows' numbers,
-/// which the other fillings translate to.
+/// How a network knows who may join. Without a password a server of its owner's decides. Other is all else, a
+/// shared key and what is newer among it.
+enum class WifiAuthentication { Open, Wpa, WpaPassword, Wpa2, Wpa2Password, Other };
+
+/// What a network hides its traffic with; Other is all else, and nothing at all.
+enum class WifiCipher { Tkip, Ccmp, Other };
+
+/// One network as the computer's own wireless adapter sees it.
 struct WifiNetwork {
-  std::string ssid;         // up to 32 bytes, any; empty for a hidden network
-  std::int32_t auth = 0;    // 1 open, 2 shared key, 3 WPA, 4 WPA with a password, 6 WPA2, 7 WPA2 with one
-  std::int32_t cipher = 0;  // 0 none, 2 TKIP, 4 CCMP
+  std::string ssid;  // up to 32 bytes, any; empty for a hidden network
+  WifiAuthentication authentication = WifiAuthentication::Other;
+  WifiCipher cipher = WifiCipher::Other;
 };
 
 /// How far the question got.

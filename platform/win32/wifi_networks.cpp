@@ -5,9 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/win32/windows_headers.h"
-// after windows.h
-#include <wlanapi.h>
+#include "platform/win32/wifi_algorithms.h"
 
 namespace platform {
 
@@ -42,11 +40,38 @@ WifiNetwork FromSystem(const WLAN_AVAILABLE_NETWORK& network) {
   const auto& ssid = network.dot11Ssid;
   return {std::string(reinterpret_cast<const char*>(ssid.ucSSID),
                       std::min<std::size_t>(ssid.uSSIDLength, DOT11_SSID_MAX_LENGTH)),
-          static_cast<std::int32_t>(network.dot11DefaultAuthAlgorithm),
-          static_cast<std::int32_t>(network.dot11DefaultCipherAlgorithm)};
+          AuthenticationOf(network.dot11DefaultAuthAlgorithm), CipherOf(network.dot11DefaultCipherAlgorithm)};
 }
 
 }  // namespace
+
+WifiAuthentication AuthenticationOf(DOT11_AUTH_ALGORITHM algorithm) {
+  switch (algorithm) {
+    case DOT11_AUTH_ALGO_80211_OPEN:
+      return WifiAuthentication::Open;
+    case DOT11_AUTH_ALGO_WPA:
+      return WifiAuthentication::Wpa;
+    case DOT11_AUTH_ALGO_WPA_PSK:
+      return WifiAuthentication::WpaPassword;
+    case DOT11_AUTH_ALGO_RSNA:
+      return WifiAuthentication::Wpa2;
+    case DOT11_AUTH_ALGO_RSNA_PSK:
+      return WifiAuthentication::Wpa2Password;
+    default:
+      return WifiAuthentication::Other;
+  }
+}
+
+WifiCipher CipherOf(DOT11_CIPHER_ALGORITHM algorithm) {
+  switch (algorithm) {
+    case DOT11_CIPHER_ALGO_TKIP:
+      return WifiCipher::Tkip;
+    case DOT11_CIPHER_ALGO_CCMP:
+      return WifiCipher::Ccmp;
+    default:
+      return WifiCipher::Other;
+  }
+}
 
 WifiQuery QueryWifiNetworks(std::vector<WifiNetwork>& networks) {
   static const WlanLibrary wlan;

@@ -18,6 +18,8 @@ namespace {
 using app::Control;
 using dialogs::kCancel;
 using dialogs::kOk;
+using platform::WifiAuthentication;
+using platform::WifiCipher;
 using platform::WifiQuery;
 using sim_network::Datagram;
 using testing::ElementsAre;
@@ -33,10 +35,6 @@ namespace search_id = dialogs::tc421_search_control;
 
 constexpr sim_network::Address kTank{192, 168, 4, 7};
 constexpr sim_network::Address kPond{192, 168, 4, 9};
-constexpr int kOpenAuth = 1;
-constexpr int kSharedKeyAuth = 2;
-constexpr int kWpa2Auth = 7;
-constexpr int kCcmp = 4;
 
 constexpr char kSuccess[] = "Successfully configured TC421 device to use selected WiFi network!";
 constexpr char kError[] = "Error configuring TC421 device to use selected WiFi network!";
@@ -47,7 +45,8 @@ class WifiWizard : public AppTest {
     AppTest::SetUp();
     sim_network::Reset();
     sim_network::PlugIn(kTank, "Smart-123456");
-    sim_network::SetWifi(WifiQuery::Answered, {{"Reef", kWpa2Auth, kCcmp}, {"Attic", kOpenAuth, kCcmp}});
+    sim_network::SetWifi(WifiQuery::Answered, {{"Reef", WifiAuthentication::Wpa2Password, WifiCipher::Ccmp},
+                                               {"Attic", WifiAuthentication::Open, WifiCipher::Ccmp}});
     GivenTheProgramRuns();
   }
   void TearDown() override {
@@ -111,7 +110,7 @@ TEST_F(WifiWizard, BringsAControllerIntoAnOpenNetwork) {
 }
 
 TEST_F(WifiWizard, WithoutASecurityTypeTheLogSaysThatNothingWasSent) {
-  sim_network::SetWifi(WifiQuery::Answered, {{"Old", kSharedKeyAuth, kCcmp}});
+  sim_network::SetWifi(WifiQuery::Answered, {{"Old", WifiAuthentication::Other, WifiCipher::Ccmp}});
   ASSERT_TRUE(RunWizard({Init(),
                          FindOne(),
                          {Type(config_id::kPassword, "secret coral"), Press(config_id::kSetUp), Press(kOk)},

@@ -348,7 +348,8 @@ TEST_P(TextsFit, About) {
 
 TEST_P(TextsFit, TheWifiWizard) {
   sim_network::PlugIn(kTank, kSmart);
-  sim_network::SetWifi(platform::WifiQuery::Answered, {{kSsid, 1, 4}});
+  sim_network::SetWifi(platform::WifiQuery::Answered,
+                       {{kSsid, platform::WifiAuthentication::Open, platform::WifiCipher::Ccmp}});
   const DialogStep found =
       Await([](const SeenDialog& seen) { return seen.controls.at(search_id::kFound).rows.size() == 1; });
   user.WillFill({Press(kOk)});

@@ -47,7 +47,7 @@ class NetworkManagerTest : public testing::Test {
   std::string List() {
     std::string log;
     statusLog.textHandler = [&log](const std::string& item) { log += item; };
-    networks = {{"from before", 0, 0}};
+    networks = {{"from before"}};
     const bool listed = TCBase::ListWifiNetworks(networks);
     statusLog.Drain();
     statusLog.textHandler = nullptr;

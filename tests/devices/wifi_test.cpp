@@ -9,6 +9,8 @@
 
 namespace {
 
+using platform::WifiAuthentication;
+using platform::WifiCipher;
 using platform::WifiNetwork;
 using platform::WifiQuery;
 using sim_network::Datagram;
@@ -123,25 +125,29 @@ TEST(WifiWords, AnyOtherTextIsInvalid) {
 
 class WifiListTest : public DeviceTest {};
 
-TEST_F(WifiListTest, AlgorithmsAreBroughtToTheControllersNumbers) {
-  const std::pair<int, int> kSecurity[] = {{0, 99}, {1, 0}, {2, 99}, {3, 1},  {4, 1},
-                                           {5, 99}, {6, 2}, {7, 2},  {8, 99}, {-1, 99}};
-  for (const auto& [auth, security] : kSecurity) {
-    EXPECT_EQ(TCBase::SecurityOf({"A", auth, 0}), security) << auth;
+TEST_F(WifiListTest, WhatSecuresANetworkIsBroughtToTheControllersNumbers) {
+  const std::pair<WifiAuthentication, int> kSecurity[] = {
+      {WifiAuthentication::Open, 0},         {WifiAuthentication::Wpa, 1},
+      {WifiAuthentication::WpaPassword, 1},  {WifiAuthentication::Wpa2, 2},
+      {WifiAuthentication::Wpa2Password, 2}, {WifiAuthentication::Other, 99}};
+  for (const auto& [authentication, security] : kSecurity) {
+    EXPECT_EQ(TCBase::SecurityOf({"A", authentication}), security) << security;
   }
-  const std::pair<int, int> kEncryption[] = {{0, 0}, {1, 0}, {2, 2}, {3, 0}, {4, 1}, {5, 0}, {-1, 0}};
+  const std::pair<WifiCipher, int> kEncryption[] = {
+      {WifiCipher::Ccmp, 1}, {WifiCipher::Tkip, 2}, {WifiCipher::Other, 0}};
   for (const auto& [cipher, encryption] : kEncryption) {
-    EXPECT_EQ(TCBase::EncryptionOf({"A", 0, cipher}), encryption) << cipher;
+    EXPECT_EQ(TCBase::EncryptionOf({"A", WifiAuthentication::Other, cipher}), encryption) << encryption;
   }
 }
 
-TEST_F(WifiListTest, ANetworkSecuredWithASharedKeyIsInvalid) {
-  EXPECT_STREQ(NameOf(TCBase::SecurityOf({"Old", 2, 1})), "Invalid");
+TEST_F(WifiListTest, ANetworkOfWhichNothingIsToldIsInvalid) {
+  EXPECT_STREQ(NameOf(TCBase::SecurityOf({"Old"})), "Invalid");
+  EXPECT_STREQ(NameOf(TCBase::EncryptionOf({"Old"})), "Invalid");
 }
 
 TEST_F(WifiListTest, NetworksComeInTheSystemsOrderDuplicatesKeptHiddenOnesLeftOut) {
-  sim_network::SetWifi(WifiQuery::Answered, {{"Reef", 7, 4}, {"", 7, 4}, {"Attic", 1, 0}, {"Reef", 7, 4}});
-  std::vector<WifiNetwork> networks{{"from before", 0, 0}};
+  sim_network::SetWifi(WifiQuery::Answered, {{"Reef"}, {""}, {"Attic"}, {"Reef"}});
+  std::vector<WifiNetwork> networks{{"from before"}};
   EXPECT_TRUE(ListWifiNetworks(networks));
   std::vector<std::string> names(networks.size());
   std::transform(networks.begin(), networks.end(), names.begin(),
@@ -161,7 +167,7 @@ TEST_F(WifiListTest, EachFailureIsALineAndAnEmptyList) {
   };
   for (const auto& [query, line] : kCases) {
     sim_network::SetWifi(query);
-    std::vector<WifiNetwork> networks{{"from before", 0, 0}};
+    std::vector<WifiNetwork> networks{{"from before"}};
     EXPECT_FALSE(ListWifiNetworks(networks));
     EXPECT_THAT(networks, IsEmpty());
     EXPECT_EQ(TakeStatus(), line);

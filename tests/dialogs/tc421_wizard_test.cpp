@@ -28,6 +28,8 @@ using namespace dialogs;
 using namespace in_dialog;
 using in_wizard::Search;
 using in_wizard::WaitForRows;
+using platform::WifiAuthentication;
+using platform::WifiCipher;
 using platform::WifiQuery;
 using sim_network::Datagram;
 using TCBase::DeviceInfo;
@@ -41,15 +43,6 @@ namespace search_id = tc421_search_control;
 
 constexpr sim_network::Address kTank{192, 168, 4, 7};
 constexpr sim_network::Address kPond{192, 168, 4, 9};
-
-// As systems number them.
-constexpr int kOpenAuth = 1;
-constexpr int kSharedKeyAuth = 2;
-constexpr int kWpaAuth = 4;
-constexpr int kWpa2Auth = 7;
-constexpr int kNoCipher = 0;
-constexpr int kTkip = 2;
-constexpr int kCcmp = 4;
 
 /// All that has been logged since the last call, with plain line ends.
 std::string Taken(LogChannel& log) {
@@ -298,7 +291,9 @@ constexpr char kSuccessTold[] =
     "WiFi configuration success: Successfully configured TC421 device to use selected WiFi network!";
 
 TEST_F(TC421Config, ShowsTheDeviceTheNetworksAndTheWords) {
-  GivenNetworks({{"Reef", kWpa2Auth, kCcmp}, {"", kWpa2Auth, kCcmp}, {"Attic", kWpaAuth, kTkip}});
+  GivenNetworks({{"Reef", WifiAuthentication::Wpa2Password, WifiCipher::Ccmp},
+                 {"", WifiAuthentication::Wpa2Password, WifiCipher::Ccmp},
+                 {"Attic", WifiAuthentication::WpaPassword, WifiCipher::Tkip}});
   EXPECT_EQ(Ask({PressEscape()}), kCancel);
   const SeenDialog& seen = First();
   EXPECT_EQ(seen.title, "Setup TC421 WiFi - Configuration");
@@ -319,7 +314,8 @@ TEST_F(TC421Config, ShowsTheDeviceTheNetworksAndTheWords) {
 }
 
 TEST_F(TC421Config, TheFirstNetworkIsChosenWithWhatItIsSecuredWith) {
-  GivenNetworks({{"Reef", kWpa2Auth, kCcmp}, {"Attic", kWpaAuth, kTkip}});
+  GivenNetworks({{"Reef", WifiAuthentication::Wpa2Password, WifiCipher::Ccmp},
+                 {"Attic", WifiAuthentication::WpaPassword, WifiCipher::Tkip}});
   Ask({PressEscape()});
   EXPECT_EQ(Text(First(), config_id::kNetwork), "Attic") << "first in the list, not in the system's answer";
   EXPECT_EQ(Text(First(), config_id::kSecurity), "WPA");
@@ -327,7 +323,9 @@ TEST_F(TC421Config, TheFirstNetworkIsChosenWithWhatItIsSecuredWith) {
 }
 
 TEST_F(TC421Config, AnotherNetworkBringsItsOwnSecurity) {
-  GivenNetworks({{"Reef", kWpa2Auth, kCcmp}, {"Attic", kWpaAuth, kTkip}, {"Bar", kOpenAuth, kTkip}});
+  GivenNetworks({{"Reef", WifiAuthentication::Wpa2Password, WifiCipher::Ccmp},
+                 {"Attic", WifiAuthentication::WpaPassword, WifiCipher::Tkip},
+                 {"Bar", WifiAuthentication::Open, WifiCipher::Tkip}});
   Ask({Pick(config_id::kNetwork, 2), Look(), Pick(config_id::kNetwork, 1), Look(), PressEscape()});
   EXPECT_EQ(Text(port.seen.at(1), config_id::kNetwork), "Reef");
   EXPECT_EQ(Text(port.seen.at(1), config_id::kSecurity), "WPA2");
@@ -337,7 +335,8 @@ TEST_F(TC421Config, AnotherNetworkBringsItsOwnSecurity) {
 }
 
 TEST_F(TC421Config, AnInvalidSecurityKeepsWhatWasSelectedBefore) {
-  GivenNetworks({{"Attic", kWpa2Auth, kCcmp}, {"Old", kSharedKeyAuth, kNoCipher}});
+  GivenNetworks({{"Attic", WifiAuthentication::Wpa2Password, WifiCipher::Ccmp},
+                 {"Old", WifiAuthentication::Other, WifiCipher::Other}});
   Ask({Pick(config_id::kNetwork, 1), Look(), PressEscape()});
   EXPECT_EQ(Text(Last(), config_id::kNetwork), "Old");
   EXPECT_EQ(Text(Last(), config_id::kSecurity), "WPA2");
@@ -345,7 +344,7 @@ TEST_F(TC421Config, AnInvalidSecurityKeepsWhatWasSelectedBefore) {
 }
 
 TEST_F(TC421Config, AnInvalidSecurityWithNothingBeforeItLeavesNoneSelected) {
-  GivenNetworks({{"Old", kSharedKeyAuth, kNoCipher}});
+  GivenNetworks({{"Old", WifiAuthentication::Other, WifiCipher::Other}});
   Ask({PressEscape()});
   EXPECT_EQ(Text(First(), config_id::kSecurity), "");
   EXPECT_EQ(First().controls.at(config_id::kSecurity).row, -1);
@@ -359,7 +358,7 @@ TEST_F(TC421Config, WithoutAnAdapterThereAreNoNetworksButALine) {
 }
 
 TEST_F(TC421Config, AProtectedNetworkIsHandedToTheDevice) {
-  GivenNetworks({{"Reef", kWpa2Auth, kCcmp}});
+  GivenNetworks({{"Reef", WifiAuthentication::Wpa2Password, WifiCipher::Ccmp}});
   EXPECT_EQ(Ask({TypePassword("secret coral"), SetUpDevice(), Look(), Press(kOk)}), kOk);
   ExpectTold(kSuccessTold, Icon::Information);
   EXPECT_TRUE(Last().controls.at(kOk).enabled);
@@ -378,7 +377,7 @@ TEST_F(TC421Config, AProtectedNetworkIsHandedToTheDevice) {
 }
 
 TEST_F(TC421Config, ATypedNetworkDoesAsWellAsAChosenOne) {
-  GivenNetworks({{"Reef", kWpaAuth, kTkip}});
+  GivenNetworks({{"Reef", WifiAuthentication::WpaPassword, WifiCipher::Tkip}});
   EXPECT_EQ(Ask({TypeNetwork("Hidden lagoon"), Look(), PickWpa2(), PickAes(), TypePassword("12345678"),
                  SetUpDevice(), Press(kOk)}),
             kOk);
@@ -508,7 +507,7 @@ TEST_F(TC421Config, TenMegabytesOfATextAreReadThroughTheSameRoom) {
 
 TEST_F(TC421Config, NetworksOfAnyScriptAreHandedOverAsTheyAreCalled) {
   for (const std::string name : {"Žluťoučký kůň", "水槽 🐠", "Φως & <b>", "{1}"}) {
-    GivenNetworks({{name, kOpenAuth, kCcmp}});
+    GivenNetworks({{name, WifiAuthentication::Open, WifiCipher::Ccmp}});
     EXPECT_EQ(Ask({SetUpDevice(), Press(kOk)}), kOk);
     EXPECT_EQ(Wifi()->ssid, name);
   }
