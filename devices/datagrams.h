@@ -23,6 +23,8 @@ inline constexpr DatagramSocket kNoSocket = -1;
 /// Makes the network ready for this process, where a platform wants to be asked. Once, before anything else
 /// here; the desktop program on Windows does it as a step of its start. Without it sockets cannot be opened.
 void StartNetwork();
+/// The end of what StartNetwork began. A process that ends need not call it.
+void StopNetwork();
 
 /// A new socket that belongs to the caller, or kNoSocket.
 DatagramSocket OpenDatagrams();

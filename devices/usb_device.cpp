@@ -18,21 +18,6 @@ constexpr int kMaxPolls = 40;
 // As many as the system keeps for a slow reader: who sends more than that in one go never stops.
 constexpr std::size_t kMaxReplyBytes = 64 * kReportSize;
 
-// hidapi's texts are UTF-16 on Windows and UTF-32 elsewhere.
-std::string Utf8FromPlatformWide(std::wstring_view text) {
-  std::u16string wide;
-  for (const wchar_t c : text) {
-    const auto point = static_cast<char32_t>(c);
-    if (point < 0x10000) {
-      wide.push_back(static_cast<char16_t>(point));
-    } else {
-      wide.push_back(static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10)));
-      wide.push_back(static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF)));
-    }
-  }
-  return Utf8FromWide(wide);
-}
-
 }  // namespace
 
 USBDevice::~USBDevice() {

@@ -40,6 +40,8 @@ const sockaddr* Generic(const sockaddr_in& address) {
 
 void StartNetwork() {}
 
+void StopNetwork() {}
+
 DatagramSocket OpenDatagrams() {
   return socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
 }

@@ -5,18 +5,16 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <initializer_list>
 #include <optional>
-#include <string_view>
 
 #include "devices/network_manager.h"
+#include "platform/posix/child_process.h"
 
 namespace platform {
 
@@ -46,30 +44,6 @@ class FileHandle {
  private:
   int file_;
 };
-
-// Starts nmcli with its output going to `output`; -1 if it cannot be started. No shell comes between.
-pid_t Start(std::initializer_list<const char*> arguments, int output) {
-  // The system's interface is older than const; it changes nothing.
-  std::vector<char*> texts{const_cast<char*>(kProgram)};
-  for (const char* argument : arguments) texts.push_back(const_cast<char*>(argument));
-  texts.push_back(nullptr);
-  // Words are looked for in the answer, so it must not be translated.
-  std::string locale = "LC_ALL=C";
-  std::vector<char*> environment{locale.data()};
-  for (char** variable = environ; *variable != nullptr; ++variable)
-    if (!std::string_view(*variable).starts_with("LC_ALL=")) environment.push_back(*variable);
-  environment.push_back(nullptr);
-
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-  pid_t process = -1;
-  const int error = posix_spawnp(&process, kProgram, &actions, nullptr, texts.data(), environment.data());
-  posix_spawn_file_actions_destroy(&actions);
-  return error == 0 ? process : -1;
-}
 
 // Up to there, in milliseconds.
 int LeftUntil(Clock::time_point limit) {
@@ -102,26 +76,26 @@ bool EndsWell(pid_t process, Clock::time_point limit) {
   while ((ended = waitpid(process, &status, WNOHANG)) == 0 && LeftUntil(limit) > 0) {
     poll(nullptr, 0, kGlanceMilliseconds);
   }
-  if (ended == process) return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  if (ended == process) return AnswerOf(status) == 0;
   kill(process, SIGKILL);
-  while (waitpid(process, &status, 0) == -1 && errno == EINTR) {
-  }
+  AwaitChild(process);
   return false;
 }
 
 // What nmcli prints; nothing if it is missing, fails or does not come to an end.
-std::optional<std::string> Ask(std::initializer_list<const char*> arguments) {
+std::optional<std::string> Ask(const std::vector<std::string>& arguments) {
   std::array<int, 2> ends{};
   if (pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
   const FileHandle output(ends[0]);
   FileHandle input(ends[1]);
-  const pid_t process = Start(arguments, input.Get());
-  if (process == -1) return std::nullopt;
+  // Words are looked for in the answer, so it must not be translated.
+  const std::optional<pid_t> process = StartChild(kProgram, arguments, {input.Get(), true});
+  if (!process) return std::nullopt;
   input.Close();
   const Clock::time_point limit = Clock::now() + kPatience;
   std::optional<std::string> text = ReadToEnd(output.Get(), limit);
-  if (!text) kill(process, SIGKILL);
-  return EndsWell(process, limit) ? text : std::nullopt;
+  if (!text) kill(*process, SIGKILL);
+  return EndsWell(*process, limit) ? text : std::nullopt;
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <mutex>
 #include <utility>
 
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "platform/win32/windows_headers.h"
 
 #include <shellapi.h>
@@ -21,15 +22,6 @@ constexpr int kDefaultWidth = 80;
 bool IsConsole(DWORD stream) {
   DWORD mode = 0;
   return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
-}
-
-std::string Utf8(const wchar_t* text) {
-  const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-  if (size <= 1) return {};
-  std::string result(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), size, nullptr, nullptr);
-  result.pop_back();  // the terminating zero
-  return result;
 }
 
 /// The system calls the handler on a thread that it makes for the purpose.
@@ -91,7 +83,7 @@ std::optional<std::string> TypeSecret() {
   if (!read || count == 0) return std::nullopt;
   text[count] = 0;
   text[wcscspn(text, L"\r\n")] = 0;
-  return Utf8(text);
+  return Utf8FromPlatformWide(text);
 }
 
 class WindowsConsole : public Console {
@@ -141,7 +133,7 @@ std::vector<std::string> ProgramArguments(int, char**) {
   int count = 0;
   wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> arguments;
-  for (int i = 1; words != nullptr && i < count; ++i) arguments.push_back(Utf8(words[i]));
+  for (int i = 1; words != nullptr && i < count; ++i) arguments.push_back(Utf8FromPlatformWide(words[i]));
   LocalFree(words);
   return arguments;
 }

@@ -38,15 +38,15 @@ const sockaddr* Generic(const sockaddr_in& address) {
   return reinterpret_cast<const sockaddr*>(&address);
 }
 
-std::u16string_view Wide(const wchar_t* text) {
-  return reinterpret_cast<const char16_t*>(text);
-}
-
 }  // namespace
 
 void StartNetwork() {
   WSADATA about{};
   WSAStartup(MAKEWORD(1, 1), &about);
+}
+
+void StopNetwork() {
+  WSACleanup();
 }
 
 DatagramSocket OpenDatagrams() {
@@ -96,7 +96,7 @@ std::string NetworkErrorText() {
       static_cast<DWORD>(WSAGetLastError()), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
       reinterpret_cast<wchar_t*>(&text), 0, nullptr);
   const std::unique_ptr<wchar_t, decltype(&LocalFree)> held(text, &LocalFree);
-  return length != 0 ? Utf8FromWide(Wide(text)) : std::string();
+  return length != 0 ? Utf8FromPlatformWide({text, length}) : std::string();
 }
 
 std::string AddressText(const Ipv4Address& address) {
@@ -105,7 +105,7 @@ std::string AddressText(const Ipv4Address& address) {
   DWORD length = kAddressTextSize;
   const int error = WSAAddressToStringW(reinterpret_cast<sockaddr*>(&system), sizeof system, nullptr,
                                         buffer.data(), &length);
-  return error == 0 ? Utf8FromWide(Wide(buffer.data())) : std::string();
+  return error == 0 ? Utf8FromPlatformWide(buffer.data()) : std::string();
 }
 
 std::optional<Ipv4Address> ParseAddress(const std::string& text) {

@@ -1,8 +1,5 @@
 #include "platform/win32/platform_steps.h"
 
-// winsock2.h before windows.h would bring its forerunner; WIN32_LEAN_AND_MEAN keeps that out.
-#include <winsock2.h>
-
 #include <commctrl.h>
 #include <objidl.h>
 // after objidl.h
@@ -12,6 +9,7 @@
 #include <array>
 
 #include "app/commands.h"
+#include "devices/datagrams.h"
 #include "platform/win32/resource_ids.h"
 #include "platform/win32/window_classes.h"
 
@@ -35,11 +33,6 @@ void StartCommonControls() {
   InitCommonControlsEx(&classes);
 }
 
-void StartSockets() {
-  WSADATA about{};
-  WSAStartup(MAKEWORD(1, 1), &about);
-}
-
 }  // namespace
 
 bool PlatformSteps::Do(app::PlatformStep step) {
@@ -52,7 +45,7 @@ bool PlatformSteps::Do(app::PlatformStep step) {
       StartGdiPlus();
       break;
     case StartNetwork:
-      StartSockets();
+      platform::StartNetwork();
       break;
     case LoadNames:
       title_ = StringOf(instance_, resource::kTitle);
@@ -91,7 +84,7 @@ bool PlatformSteps::Do(app::PlatformStep step) {
       hid_exit();
       break;
     case StopNetwork:
-      WSACleanup();
+      platform::StopNetwork();
       break;
   }
   return true;

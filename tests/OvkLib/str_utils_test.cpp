@@ -106,6 +106,25 @@ TEST(Utf8FromWide, ReplacesLoneSurrogates) {
   EXPECT_EQ(Utf8FromWide(kTwoHighs), "\xEF\xBF\xBD\xF0\x9F\x92\xA1");
 }
 
+TEST(Utf8FromPlatformWide, ConvertsWellFormedText) {
+  EXPECT_EQ(Utf8FromPlatformWide(L""), "");
+  EXPECT_EQ(Utf8FromPlatformWide(L"Mode 1"), "Mode 1");
+  EXPECT_EQ(Utf8FromPlatformWide(L"\u0080\u07FF\u0800\uFFFD"), "\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBD");
+  EXPECT_EQ(Utf8FromPlatformWide(L"свет 灯 \U0001F4A1 \U0010FFFF"),
+            "\xD1\x81\xD0\xB2\xD0\xB5\xD1\x82 \xE7\x81\xAF \xF0\x9F\x92\xA1 \xF4\x8F\xBF\xBF");
+}
+
+TEST(Utf8FromPlatformWide, ReplacesWhatIsNoCharacter) {
+  const wchar_t lone[] = {L'a', static_cast<wchar_t>(0xD800), L'b'};
+  EXPECT_EQ(Utf8FromPlatformWide({lone, 3}),
+            "a\xEF\xBF\xBD"
+            "b");
+  if constexpr (sizeof(wchar_t) > sizeof(char16_t)) {
+    const wchar_t far[] = {static_cast<wchar_t>(0x110000), static_cast<wchar_t>(-1)};
+    EXPECT_EQ(Utf8FromPlatformWide({far, 2}), "\xEF\xBF\xBD\xEF\xBF\xBD");
+  }
+}
+
 TEST(WideFromAnsi, ConvertsFromTheCodePagesOfOld) {
   EXPECT_EQ(WideFromAnsi("caf\xE9", 1252).view(), u"café");
   EXPECT_EQ(WideFromAnsi("\xF1\xE2\xE5\xF2", 1251).view(), u"свет");

@@ -276,6 +276,8 @@ namespace platform {
 
 void StartNetwork() {}
 
+void StopNetwork() {}
+
 DatagramSocket OpenDatagrams() {
   const std::lock_guard lock(Mutex());
   if (Befalls(Call::Open)) return kNoSocket;

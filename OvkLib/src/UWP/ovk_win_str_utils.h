@@ -16,6 +16,10 @@ std::u16string WideFromUtf8(std::string_view text);
 /// UTF-16 to UTF-8; a lone surrogate becomes U+FFFD.
 std::string Utf8FromWide(std::u16string_view text);
 
+/// The platform's own wide text, which is UTF-16 on Windows and UTF-32 elsewhere, to UTF-8. What is no
+/// character becomes U+FFFD.
+std::string Utf8FromPlatformWide(std::wstring_view text);
+
 /// The terminated text of a Windows code page (0 for the system's own, 65001 for UTF-8). A code page that the
 /// platform does not know raises the system error of ovk_win_error.h.
 ovk::wstring WideFromAnsi(const char* text, std::uint32_t codePage);

@@ -12,6 +12,7 @@ namespace {
 
 constexpr auto kMostCharacters = static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
 constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kLastCode = 0x10FFFF;
 
 constexpr bool IsSurrogate(char32_t code) {
   return code >= 0xD800 && code <= 0xDFFF;
@@ -172,6 +173,16 @@ std::string Utf8FromWide(std::u16string_view text) {
       code = kReplacement;
     }
     AppendUtf8(utf8, code);
+  }
+  return utf8;
+}
+
+std::string Utf8FromPlatformWide(std::wstring_view text) {
+  static_assert(sizeof(wchar_t) == sizeof(char32_t));
+  std::string utf8;
+  for (const wchar_t c : text) {
+    const auto code = static_cast<char32_t>(c);
+    AppendUtf8(utf8, IsSurrogate(code) || code > kLastCode ? kReplacement : code);
   }
   return utf8;
 }

@@ -48,6 +48,10 @@ std::string Utf8FromWide(std::u16string_view text) {
   return utf8;
 }
 
+std::string Utf8FromPlatformWide(std::wstring_view text) {
+  return Utf8FromWide({reinterpret_cast<const char16_t*>(text.data()), text.size()});
+}
+
 ovk::wstring WideFromAnsi(const char* text, std::uint32_t codePage) {
   const int needed = MultiByteToWideChar(codePage, 0, text, -1, nullptr, 0);
   ovk::win::check(needed == 0, kSizeQueryLine, kPlace);
