@@ -7,14 +7,16 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "OvkLib/src/ovk_string.h"
 
 namespace ovk {
 
-/// A template and the progress of filling it. Placeholders may stand in any order and any number of times; an
-/// argument whose placeholder is absent is dropped, and a placeholder without an argument stays in the text.
-/// There is no escape and no other syntax: all other braces are text. Nothing here can fail but for memory.
+/// A template and its arguments. Placeholders may stand in any order and any number of times; an argument
+/// whose placeholder is absent is dropped, and a placeholder without an argument stays in the text. There is
+/// no escape and no other syntax: all other braces are text. Nothing here can fail but for memory. Belongs to
+/// one thread, also where it is only read.
 template <class Char>
 class basic_format {
  public:
@@ -22,18 +24,20 @@ class basic_format {
 
   explicit basic_format(view_type text);
 
-  /// Replaces all occurrences of the current placeholder in the template and moves on to the next one. What
-  /// was put in is not searched again, by this call or a later one: an argument may hold any placeholder. The
-  /// text must not be this format's.
+  /// Gives the next argument, which fills all occurrences of its placeholder in the template. Arguments are
+  /// not searched: one may hold any placeholder.
   void arg(const Char* text, std::int32_t length);
 
-  const basic_string<Char>& text() const { return text_; }
-  const Char* c_str() const { return text_.c_str(); }
+  /// The text as far as it is filled, good until the next argument.
+  const basic_string<Char>& text() const;
+  const Char* c_str() const { return text().c_str(); }
 
  private:
-  basic_string<Char> text_;
-  basic_string<Char> open_;  // the text with blanks in the place of what was put in
-  std::int32_t next_ = 1;    // number of the placeholder that the next argument fills
+  std::basic_string<Char> template_;
+  std::vector<std::basic_string<Char>> arguments_;
+  // Filled in one pass when it is read.
+  mutable basic_string<Char> text_;
+  mutable bool is_filled_ = false;
 };
 
 class format : public basic_format<char> {
