@@ -8,7 +8,6 @@
 #include "cli/options.h"
 #include "cli/program_argument.h"
 #include "cli/text.h"
-#include "common/log.h"
 #include "program/curve.h"
 #include "program/steps_text.h"
 
@@ -34,19 +33,10 @@ struct InspectArguments {
 
 // info
 
-/// The tables are what the program writes to its log; for this command they are the data.
 void PrintTables(const Session& session, const ModeListView& document) {
   const bool onTerminal = session.console.OutputIsTerminal();
-  const auto before = statusLog.textHandler.Get();
-  statusLog.textHandler = [&](const std::string& text) {
-    if (text == kLogLineEnd) {
-      session.out << '\n';
-    } else {
-      session.out << (onTerminal ? ForTerminal(text, LineEnds::Replace) : text);
-    }
-  };
-  LogModeSteps(document);
-  statusLog.textHandler = before ? *before : nullptr;
+  for (const std::string& line : ModeStepLines(document))
+    session.out << (onTerminal ? ForTerminal(line, LineEnds::Replace) : line) << '\n';
 }
 
 Json JsonOf(const ChannelInfo& info, int number) {

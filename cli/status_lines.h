@@ -12,9 +12,6 @@
 
 namespace cli {
 
-/// The item by which a log channel ends a line.
-inline constexpr std::string_view kLogLineEnd = "\r\n";
-
 /// Attached to the log channels for as long as it lives; one at a time. It must outlive the threads that log.
 class StatusLines {
  public:

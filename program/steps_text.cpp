@@ -114,13 +114,19 @@ std::u16string StepsToText(const Channel& channel) {
   return WideFromUtf8(text);
 }
 
-void LogModeSteps(const ModeListView& document) {
+std::vector<std::string> ModeStepLines(const ModeListView& document) {
+  std::vector<std::string> lines;
   std::vector<ModeStep> rows;
   for (const Mode& mode : document.modes) {
-    LogStatus(Message("Steps for mode: {1}", mode.name));
+    lines.push_back(Message("Steps for mode: {1}", mode.name).utf8());
     CollectModeSteps(mode, rows);
-    for (const ModeStep& row : rows) LogPlain(ToLine(row));
+    for (const ModeStep& row : rows) lines.push_back(ToLine(row));
   }
+  return lines;
+}
+
+void LogModeSteps(const ModeListView& document) {
+  for (const std::string& line : ModeStepLines(document)) LogPlain(line);
 }
 
 }  // namespace TCBase::Program

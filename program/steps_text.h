@@ -31,7 +31,11 @@ std::int32_t ReplaceStepsFromText(Channel& channel, std::string_view text);
 /// One line for each step, each ended by CR LF. ParseStepsText reads back the same steps but for fractions.
 std::u16string StepsToText(const Channel& channel);
 
-/// Writes the merged table of every mode to the log, as in "10:00 [80J, 80, 80, 80, 0]".
+/// The merged table of every mode: a translated heading with its name, then a line for each row, as in "10:00
+/// [80J, 80, 80, 80, 0]". Without line ends.
+std::vector<std::string> ModeStepLines(const ModeListView& document);
+
+/// Writes these lines to the log.
 void LogModeSteps(const ModeListView& document);
 
 }  // namespace TCBase::Program

@@ -124,17 +124,19 @@ TEST(StepsAsText, ReadsBackToTheSameStepsButForFractions) {
   EXPECT_EQ(Parsed(Utf8FromWide(StepsToText(channel))), "00:00 0, 08:05 7, 10:00 80 J, 12:30 99, 23:59 100");
 }
 
-TEST(LoggingModes, WritesTheMergedTableOfEach) {
-  StatusLines lines;
+TEST(LinesOfModes, AreTheMergedTableOfEachAndWhatTheLogIsGiven) {
   ModeListView document =
       GivenDocument(GivenMode({"10:00 80 J, 12:00 0", "10:00 80, 11:00 80", "10:00 80.5, 12:00 0",
                                "10:00 80, 12:00 0", "10:00 0, 12:00 0"}));
   document.modes[0].name = "Reef";
   document.modes.emplace_back().name = "Night";
+  const auto isTheTable =
+      ElementsAre("Steps for mode: Reef", "10:00 [80J, 80, 80, 80, 0]", "11:00 [80, 80, 40, 40, 0]",
+                  "12:00 [0, 80, 0, 0, 0]", "Steps for mode: Night");
+  EXPECT_THAT(ModeStepLines(document), isTheTable);
+  StatusLines lines;
   LogModeSteps(document);
-  EXPECT_THAT(lines.Take(),
-              ElementsAre("Steps for mode: Reef", "10:00 [80J, 80, 80, 80, 0]", "11:00 [80, 80, 40, 40, 0]",
-                          "12:00 [0, 80, 0, 0, 0]", "Steps for mode: Night"));
+  EXPECT_THAT(lines.Take(), isTheTable);
 }
 
 }  // namespace
