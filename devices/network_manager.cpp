@@ -1,8 +1,6 @@
 #include "devices/network_manager.h"
 
 #include <algorithm>
-#include <iterator>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -127,15 +125,14 @@ bool HasWifiAdapter(std::string_view types) {
   return false;
 }
 
-bool ReadNetworkManagerList(std::string_view list, std::vector<WifiNetwork>& networks) {
-  std::vector<WifiNetwork> read;
+std::optional<std::vector<WifiNetwork>> ReadNetworkManagerList(std::string_view list) {
+  std::vector<WifiNetwork> networks;
   while (!list.empty()) {
     std::optional<WifiNetwork> network = ReadNetwork(TakeLine(list));
-    if (!network) return false;
-    read.push_back(std::move(*network));
+    if (!network) return std::nullopt;
+    networks.push_back(std::move(*network));
   }
-  std::move(read.begin(), read.end(), std::back_inserter(networks));
-  return true;
+  return networks;
 }
 
 }  // namespace TCBase

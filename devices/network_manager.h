@@ -2,6 +2,7 @@
 
 // What NetworkManager's command line says of wireless networks. How it is run is platform/posix's business.
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -16,8 +17,8 @@ inline constexpr char kNetworkManagerFields[] = "SSID-HEX,SECURITY,WPA-FLAGS,RSN
 /// Whether a list of device types (one a line) has a wireless adapter.
 bool HasWifiAdapter(std::string_view types);
 
-/// Appends the networks in a list of those columns, as nmcli writes it in its terse form and the C locale.
-/// False, with nothing appended, if a line is not of that form.
-bool ReadNetworkManagerList(std::string_view list, std::vector<platform::WifiNetwork>& networks);
+/// The networks in a list of those columns, as nmcli writes it in its terse form and the C locale; nothing if
+/// a line is not of that form.
+std::optional<std::vector<platform::WifiNetwork>> ReadNetworkManagerList(std::string_view list);
 
 }  // namespace TCBase

@@ -2,16 +2,19 @@
 
 namespace dialogs {
 
-bool DlgBase::OnCommand(DialogWindow& window, int control, int code) {
-  if (control == kOk) return OnOk(window);
-  if (control != kCancel) return OnControl(window, control, code);
-  window.End(kCancel);
-  return true;
+void DlgBase::OnCommand(DialogWindow& window, int control, int code) {
+  switch (control) {
+    case kOk:
+      return OnOk(window);
+    case kCancel:
+      return window.End(kCancel);
+    default:
+      return OnControl(window, control, code);
+  }
 }
 
-bool DlgBase::OnOk(DialogWindow& window) {
+void DlgBase::OnOk(DialogWindow& window) {
   window.End(kOk);
-  return true;
 }
 
 }  // namespace dialogs

@@ -137,19 +137,19 @@ class DlgBase {
   /// A control's notification. The Enter key presses the button that has the focus, or else the default one
   /// unless that is disabled; where the template has no default button, it means kOk with kClicked, whatever
   /// that button looks like. A field that wants Enter keeps it. The Escape key and the frame's own button
-  /// mean kCancel with kClicked, with such a button or without. True if the dialog made use of it.
-  virtual bool OnCommand(DialogWindow& window, int control, int code);
+  /// mean kCancel with kClicked, with such a button or without.
+  virtual void OnCommand(DialogWindow& window, int control, int code);
   /// What was posted to the window, in the order of posting; after OnInit.
   virtual void OnEvent(DialogWindow&, std::uint32_t /*event*/) {}
 
   const int templateId;
 
  protected:
-  /// OK, also by the Enter key while that button is disabled. Closes the dialog, or says false where it is to
-  /// stay open.
-  virtual bool OnOk(DialogWindow& window);
-  /// A notification of any control but OK and Cancel. True if the dialog made use of it.
-  virtual bool OnControl(DialogWindow&, int /*control*/, int /*code*/) { return false; }
+  /// OK, also by the Enter key while that button is disabled. This closes the dialog; one that is to stay
+  /// open does not hand on to it.
+  virtual void OnOk(DialogWindow& window);
+  /// A notification of any control but OK and Cancel.
+  virtual void OnControl(DialogWindow&, int /*control*/, int /*code*/) {}
 
  private:
   DialogsPort& port_;

@@ -50,13 +50,10 @@ void DlgAbout::OnInit(DialogWindow& window) {
   window.GiveFocus(kOk);
 }
 
-bool DlgAbout::OnControl(DialogWindow& window, int control, int) {
+void DlgAbout::OnControl(DialogWindow& window, int control, int) {
   for (const Link& link : kLinks) {
-    if (link.control != control) continue;
-    window.OpenLink(WideFromUtf8(link.target));
-    return true;
+    if (link.control == control) window.OpenLink(WideFromUtf8(link.target));
   }
-  return false;
 }
 
 }  // namespace dialogs

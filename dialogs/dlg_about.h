@@ -12,7 +12,7 @@ class DlgAbout final : public DlgBase {
   void OnInit(DialogWindow& window) override;
 
  private:
-  bool OnControl(DialogWindow& window, int control, int code) override;
+  void OnControl(DialogWindow& window, int control, int code) override;
 };
 
 }  // namespace dialogs

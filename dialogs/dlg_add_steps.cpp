@@ -33,10 +33,8 @@ void DlgAddSteps::OnInit(DialogWindow& window) {
   UpdateStepCount(window);
 }
 
-bool DlgAddSteps::OnControl(DialogWindow& window, int control, int code) {
-  if (control != id::kSteps || code != kTextChanged) return false;
-  UpdateStepCount(window);
-  return true;
+void DlgAddSteps::OnControl(DialogWindow& window, int control, int code) {
+  if (control == id::kSteps && code == kTextChanged) UpdateStepCount(window);
 }
 
 void DlgAddSteps::UpdateStepCount(DialogTexts& texts) {
@@ -48,9 +46,9 @@ void DlgAddSteps::UpdateStepCount(DialogTexts& texts) {
                 Message("Text contains {1} steps", static_cast<std::int32_t>(steps.size())).ToWide());
 }
 
-bool DlgAddSteps::OnOk(DialogWindow& window) {
-  if (StoreText(window, id::kSteps, params_.text) == Stored::Empty) return false;
-  return DlgBase::OnOk(window);
+void DlgAddSteps::OnOk(DialogWindow& window) {
+  if (StoreText(window, id::kSteps, params_.text) == Stored::Empty) return;
+  DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

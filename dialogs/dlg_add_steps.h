@@ -22,8 +22,8 @@ class DlgAddSteps final : public DlgBase {
   void OnInit(DialogWindow& window) override;
 
  private:
-  bool OnOk(DialogWindow& window) override;
-  bool OnControl(DialogWindow& window, int control, int code) override;
+  void OnOk(DialogWindow& window) override;
+  void OnControl(DialogWindow& window, int control, int code) override;
   void UpdateStepCount(DialogTexts& texts);
 
   AddStepsParams& params_;

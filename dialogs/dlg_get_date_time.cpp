@@ -18,9 +18,9 @@ void DlgGetDateTime::OnInit(DialogWindow& window) {
   window.SetDateTime(id::kDateTime, params_.dateTime, u"yyyy-MMM-dd HH:mm:ss");
 }
 
-bool DlgGetDateTime::OnOk(DialogWindow& window) {
+void DlgGetDateTime::OnOk(DialogWindow& window) {
   params_.dateTime = window.GetDateTime(id::kDateTime);
-  return DlgBase::OnOk(window);
+  DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

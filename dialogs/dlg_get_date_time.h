@@ -24,7 +24,7 @@ class DlgGetDateTime final : public DlgBase {
   void OnInit(DialogWindow& window) override;
 
  private:
-  bool OnOk(DialogWindow& window) override;
+  void OnOk(DialogWindow& window) override;
 
   DateTimeParams& params_;
 };

@@ -21,9 +21,9 @@ void DlgGetValue::OnInit(DialogWindow& window) {
   if (params_.numbersOnly) window.AcceptDigitsOnly(id::kValue);
 }
 
-bool DlgGetValue::OnOk(DialogWindow& window) {
-  if (StoreText(window, id::kValue, params_.value) == Stored::Empty) return false;
-  return DlgBase::OnOk(window);
+void DlgGetValue::OnOk(DialogWindow& window) {
+  if (StoreText(window, id::kValue, params_.value) == Stored::Empty) return;
+  DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

@@ -25,7 +25,7 @@ class DlgGetValue final : public DlgBase {
   void OnInit(DialogWindow& window) override;
 
  private:
-  bool OnOk(DialogWindow& window) override;
+  void OnOk(DialogWindow& window) override;
 
   GetValueParams& params_;
 };

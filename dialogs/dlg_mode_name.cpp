@@ -46,11 +46,11 @@ void DlgModeName::FillCopySources(DialogWindow& window) {
   window.SelectRow(id::kCopyFrom, 0);
 }
 
-bool DlgModeName::OnOk(DialogWindow& window) {
+void DlgModeName::OnOk(DialogWindow& window) {
   StoreText(window, id::kDescription, params_.description);
-  if (StoreText(window, id::kName, params_.name, kNameUnits) == Stored::Empty) return false;
+  if (StoreText(window, id::kName, params_.name, kNameUnits) == Stored::Empty) return;
   if (params_.copySource != nullptr) params_.copyFrom = window.SelectedData(id::kCopyFrom) - 1;
-  return DlgBase::OnOk(window);
+  DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

@@ -33,7 +33,7 @@ class DlgModeName final : public DlgBase {
 
  private:
   void FillCopySources(DialogWindow& window);
-  bool OnOk(DialogWindow& window) override;
+  void OnOk(DialogWindow& window) override;
 
   ModeNameParams& params_;
 };

@@ -72,22 +72,20 @@ void DlgTC421_Config::TakeOverNetwork(DialogLists& lists) const {
   lists.SelectText(id::kEncryption, WideFromUtf8(TCBase::NameOf(TCBase::EncryptionOf(network))));
 }
 
-bool DlgTC421_Config::OnControl(DialogWindow& window, int control, int code) {
+void DlgTC421_Config::OnControl(DialogWindow& window, int control, int code) {
   switch (control) {
     case id::kNetwork:
-      if (code != kSelectionChanged) return false;
-      TakeOverNetwork(window);
-      return true;
+      if (code == kSelectionChanged) TakeOverNetwork(window);
+      return;
     case id::kSetUp:
-      SetUp(window);
-      return true;
+      return SetUp(window);
     default:
-      return false;
+      return;
   }
 }
 
-bool DlgTC421_Config::OnOk(DialogWindow& window) {
-  return isSetUp_ && DlgBase::OnOk(window);
+void DlgTC421_Config::OnOk(DialogWindow& window) {
+  if (isSetUp_) DlgBase::OnOk(window);
 }
 
 void DlgTC421_Config::ReadConfig(const DialogTexts& texts) {

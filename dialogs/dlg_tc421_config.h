@@ -20,8 +20,8 @@ class DlgTC421_Config final : public DlgBase {
   const TCBase::WifiNetworkConfig& Config() const { return config_; }
 
  private:
-  bool OnOk(DialogWindow& window) override;
-  bool OnControl(DialogWindow& window, int control, int code) override;
+  void OnOk(DialogWindow& window) override;
+  void OnControl(DialogWindow& window, int control, int code) override;
   void FillNetworks(DialogLists& lists);
   void TakeOverNetwork(DialogLists& lists) const;
   void ReadConfig(const DialogTexts& texts);

@@ -29,17 +29,15 @@ void DlgTC421_Search::OnInit(DialogWindow& window) {
   window.SetEnabled(kOk, false);
 }
 
-bool DlgTC421_Search::OnControl(DialogWindow& window, int control, int code) {
+void DlgTC421_Search::OnControl(DialogWindow& window, int control, int code) {
   switch (control) {
     case id::kSearch:
-      worker_.AddJob(TCBase::ScanJob(worker_, window.Target(), kScanFinished));
-      return true;
+      return worker_.AddJob(TCBase::ScanJob(worker_, window.Target(), kScanFinished));
     case id::kFound:
-      if (code != kSelectionChanged) return false;
-      EnableNext(window);
-      return true;
+      if (code == kSelectionChanged) EnableNext(window);
+      return;
     default:
-      return false;
+      return;
   }
 }
 
@@ -59,11 +57,11 @@ void DlgTC421_Search::ShowFound(DialogWindow& window) {
   EnableNext(window);
 }
 
-bool DlgTC421_Search::OnOk(DialogWindow& window) {
+void DlgTC421_Search::OnOk(DialogWindow& window) {
   const auto chosen = static_cast<std::size_t>(window.SelectedData(id::kFound));
-  if (chosen >= devices_.size()) return false;
+  if (chosen >= devices_.size()) return;
   device_ = devices_[chosen];
-  return DlgBase::OnOk(window);
+  DlgBase::OnOk(window);
 }
 
 }  // namespace dialogs

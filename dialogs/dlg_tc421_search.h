@@ -24,8 +24,8 @@ class DlgTC421_Search final : public DlgBase {
   const TCBase::DeviceInfo& Device() const { return device_; }
 
  private:
-  bool OnOk(DialogWindow& window) override;
-  bool OnControl(DialogWindow& window, int control, int code) override;
+  void OnOk(DialogWindow& window) override;
+  void OnControl(DialogWindow& window, int control, int code) override;
   void ShowFound(DialogWindow& window);
 
   TCBase::Worker& worker_;

@@ -67,10 +67,8 @@ std::string DrainStatus() {
 
 void ReadAsNetworkManagers(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
-  std::vector<platform::WifiNetwork> networks;
-  const bool read = TCBase::ReadNetworkManagerList(text, networks);
-  Require(read || networks.empty());
-  for (const platform::WifiNetwork& network : networks) Require(network.ssid.size() <= 32);
+  if (const auto networks = TCBase::ReadNetworkManagerList(text))
+    for (const platform::WifiNetwork& network : *networks) Require(network.ssid.size() <= 32);
   TCBase::HasWifiAdapter(text);
 }
 

@@ -106,7 +106,9 @@ WifiQuery QueryWifiNetworks(std::vector<WifiNetwork>& networks) {
   if (!TCBase::HasWifiAdapter(*types)) return WifiQuery::NoAdapter;
   const std::optional<std::string> list =
       Ask({"--terse", "--fields", TCBase::kNetworkManagerFields, "device", "wifi", "list", "--rescan", "no"});
-  if (!list || !TCBase::ReadNetworkManagerList(*list, networks)) return WifiQuery::NoNetworkList;
+  const auto read = list ? TCBase::ReadNetworkManagerList(*list) : std::nullopt;
+  if (!read) return WifiQuery::NoNetworkList;
+  networks.insert(networks.end(), read->begin(), read->end());
   return WifiQuery::Answered;
 }
 

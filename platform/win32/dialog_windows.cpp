@@ -32,7 +32,8 @@ INT_PTR RunningDialog::DlgProc(HWND window, UINT message, WPARAM first, LPARAM) 
       // TRUE leaves it to the system to find the first control for the focus.
       return window_->HasGivenFocus() ? FALSE : TRUE;
     case WM_COMMAND:
-      return dialog_.OnCommand(*window_, LOWORD(first), HIWORD(first)) ? TRUE : FALSE;
+      dialog_.OnCommand(*window_, LOWORD(first), HIWORD(first));
+      return TRUE;
     case DialogTarget::kMessage:
       dialog_.OnEvent(*window_, static_cast<std::uint32_t>(first));
       return TRUE;

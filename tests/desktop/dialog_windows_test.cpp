@@ -33,13 +33,11 @@ class Dialog final : public dialogs::DlgBase {
   using DlgBase::DlgBase;
 
   void OnInit(DialogWindow& window) override { onInit(window); }
-  bool OnCommand(DialogWindow& window, int control, int code) override {
-    return onCommand(window, control, code);
-  }
+  void OnCommand(DialogWindow& window, int control, int code) override { onCommand(window, control, code); }
   void OnEvent(DialogWindow& window, std::uint32_t event) override { onEvent(window, event); }
 
   std::function<void(DialogWindow&)> onInit = [](DialogWindow&) {};
-  std::function<bool(DialogWindow&, int, int)> onCommand = [](DialogWindow&, int, int) { return false; };
+  std::function<void(DialogWindow&, int, int)> onCommand = [](DialogWindow&, int, int) {};
   std::function<void(DialogWindow&, std::uint32_t)> onEvent = [](DialogWindow&, std::uint32_t) {};
 };
 
@@ -226,7 +224,6 @@ TEST_F(DialogWindows, CommandsCarryTheControlAndItsNotification) {
   };
   dialog.onCommand = [&](DialogWindow&, int control, int code) {
     changed = changed || (control == dialogs::get_value_control::kValue && code == dialogs::kTextChanged);
-    return false;
   };
   EXPECT_EQ(dialog.DoModal(), kOk);
   EXPECT_TRUE(changed);
