@@ -1,6 +1,7 @@
+#pragma once
+
 // A growing array with signed 32-bit count and capacity: two pointers' room where it is empty, and the
 // library's own exception where memory ends.
-#pragma once
 
 #include <cstddef>
 #include <cstdint>
@@ -39,12 +40,12 @@ class array {
     release();
   }
 
-  int32_t count() const noexcept { return count_; }
-  int32_t capacity() const noexcept { return capacity_; }
+  std::int32_t count() const noexcept { return count_; }
+  std::int32_t capacity() const noexcept { return capacity_; }
   bool empty() const noexcept { return count_ == 0; }
 
-  T& operator[](int32_t index) noexcept { return items_[index]; }
-  const T& operator[](int32_t index) const noexcept { return items_[index]; }
+  T& operator[](std::int32_t index) noexcept { return items_[index]; }
+  const T& operator[](std::int32_t index) const noexcept { return items_[index]; }
   T& back() noexcept { return items_[count_ - 1]; }
   const T& back() const noexcept { return items_[count_ - 1]; }
 
@@ -78,7 +79,7 @@ class array {
   }
 
   /// Makes room for `wanted` items in all.
-  void reserve(int32_t wanted) {
+  void reserve(std::int32_t wanted) {
     if (wanted > capacity_) grow_to(wanted, nullptr);
   }
 
@@ -89,16 +90,17 @@ class array {
   }
 
  private:
-  static constexpr int32_t kFirstCapacity = 4;
-  static constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
+  static constexpr std::int32_t kFirstCapacity = 4;
+  static constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 
-  int32_t larger_capacity() const {
+  std::int32_t larger_capacity() const {
     if (capacity_ == kMost) throw_out_of_memory();
     return capacity_ == 0 ? kFirstCapacity : capacity_ > kMost / 2 ? kMost : capacity_ * 2;
   }
 
-  void grow_to(int32_t capacity, pool* from) {
-    const size_t bytes = sizeof(T) * static_cast<size_t>(capacity);  // NOLINT(bugprone-sizeof-expression)
+  void grow_to(std::int32_t capacity, pool* from) {
+    const std::size_t bytes =
+        sizeof(T) * static_cast<std::size_t>(capacity);  // NOLINT(bugprone-sizeof-expression)
     T* const items = static_cast<T*>(from != nullptr ? from->take(bytes) : pool::take_alone(bytes));
     std::uninitialized_move_n(items_, count_, items);
     std::destroy_n(items_, count_);
@@ -112,8 +114,8 @@ class array {
   }
 
   T* items_ = nullptr;
-  int32_t count_ = 0;
-  int32_t capacity_ = 0;
+  std::int32_t count_ = 0;
+  std::int32_t capacity_ = 0;
 };
 
 }  // namespace ovk

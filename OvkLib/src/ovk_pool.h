@@ -1,6 +1,7 @@
+#pragma once
+
 // Memory for many small blocks that are made together, as the nodes of a document are: cut off one after the
 // other from slabs, and released one by one in any order.
-#pragma once
 
 #include <cstddef>
 #include <new>

@@ -1,5 +1,6 @@
-// Finding the next byte of markup in text, sixteen bytes at a time where the processor can.
 #pragma once
+
+// Finding the next byte of markup in text, sixteen bytes at a time where the processor can.
 
 #include <bit>
 #include <cstddef>

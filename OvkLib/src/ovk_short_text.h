@@ -1,7 +1,8 @@
+#pragma once
+
 // memmove and memcmp for text that is mostly short: up to 16 bytes go through registers, without a call and
 // with one branch for a whole range of lengths. The first and the last word of the text are taken, which may
 // overlap.
-#pragma once
 
 #include <cstddef>
 #include <cstdint>

@@ -3,11 +3,13 @@
 // The library's text: `ovk::string` holds 8-bit and `ovk::wstring` 16-bit characters. Sixteen characters
 // stand in the object itself; longer text stands in a heap block that copies share until one of them changes.
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "OvkLib/src/ovk_pool.h"
 #include "OvkLib/src/ovk_short_text.h"

@@ -28,15 +28,15 @@ bool IsSpace(char c) {
 
 void TrimText(ovk::string& text) {
   const std::string_view all = text.view();
-  size_t begin = 0;
-  size_t end = all.size();
+  std::size_t begin = 0;
+  std::size_t end = all.size();
   while (end > begin && IsSpace(all[end - 1])) --end;
   while (begin < end && IsSpace(all[begin])) ++begin;
   if (begin == end) {
     text.clear();
   } else if (end - begin < all.size()) {
-    text.resize(static_cast<int32_t>(end), '\0');
-    text.erase(0, static_cast<int32_t>(begin));
+    text.resize(static_cast<std::int32_t>(end), '\0');
+    text.erase(0, static_cast<std::int32_t>(begin));
   }
 }
 
@@ -92,41 +92,41 @@ void element::swap(element& other) noexcept {
 
 const ovk::string& element::attribute_or_empty(std::string_view attributeName) const noexcept {
   static const ovk::string empty;
-  const int32_t index = find_attribute(attributeName);
+  const std::int32_t index = find_attribute(attributeName);
   return index < 0 ? empty : attributes[index].value;
 }
 
 xml::attribute& element::attribute(std::string_view attributeName) {
-  const int32_t index = find_attribute(attributeName);
+  const std::int32_t index = find_attribute(attributeName);
   if (index >= 0) return attributes[index];
   return attributes.emplace_back(attributeName);
 }
 
-int32_t element::get_int(std::string_view attributeName) const noexcept {
-  constexpr int32_t kLeast = std::numeric_limits<int32_t>::min();
-  constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
-  constexpr uint32_t kMagnitudeOfLeast = 2147483648;
+std::int32_t element::get_int(std::string_view attributeName) const noexcept {
+  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  constexpr std::uint32_t kMagnitudeOfLeast = 2147483648;
   const std::string_view value = attribute_or_empty(attributeName).view();
 
   if (value.size() >= 2 && value[0] == '-' && IsDigit(value[1])) {
     const auto number = ParseUnsigned(value, 1, value.size() - 1);
     if (number.overflow || number.value >= kMagnitudeOfLeast) return kLeast;
-    return -static_cast<int32_t>(number.value);
+    return -static_cast<std::int32_t>(number.value);
   }
   const auto number = ParseUnsigned(value, 0, value.size());
   if (number.overflow || number.value >= kMagnitudeOfLeast) return kMost;
-  return static_cast<int32_t>(number.value);
+  return static_cast<std::int32_t>(number.value);
 }
 
-int32_t element::find_next_child(std::string_view tag, int32_t after) const noexcept {
-  for (int32_t i = after + 1; i < children.count(); ++i) {
+std::int32_t element::find_next_child(std::string_view tag, std::int32_t after) const noexcept {
+  for (std::int32_t i = after + 1; i < children.count(); ++i) {
     if (children[i]->name == tag) return i;
   }
   return -1;
 }
 
 element& element::child(std::string_view tag) {
-  const int32_t index = find_next_child(tag, -1);
+  const std::int32_t index = find_next_child(tag, -1);
   return index < 0 ? append_child(tag) : *children[index];
 }
 
@@ -137,7 +137,7 @@ element* element::find_child_by_id(std::string_view tag, std::string_view id) no
 const element* element::find_child_by_id(std::string_view tag, std::string_view id) const noexcept {
   for (const auto& child : children) {
     if (!(child->name == tag)) continue;
-    const int32_t index = child->find_attribute("id");
+    const std::int32_t index = child->find_attribute("id");
     if (index >= 0 && child->attributes[index].value == id) return child.get();
   }
   return nullptr;

@@ -1,8 +1,9 @@
+#pragma once
+
 // The XML tree and its writer. The reader is in ovk_xml_reader.h; files are read and written in
 // common/xml_file.h.
 //
 // A tree may be as deep as a document of some megabytes makes it: nothing here recurses.
-#pragma once
 
 #include <cstddef>
 #include <cstdint>
@@ -45,14 +46,14 @@ class element {
   void swap(element& other) noexcept;
 
   /// Elements come by the ten thousand: a reader takes them from a pool.
-  static void* operator new(size_t size) { return pool::take_alone(size); }
-  static void* operator new(size_t size, pool& from) { return from.take(size); }
+  static void* operator new(std::size_t size) { return pool::take_alone(size); }
+  static void* operator new(std::size_t size, pool& from) { return from.take(size); }
   static void operator delete(void* block) noexcept { pool::release(block); }
   static void operator delete(void* block, pool&) noexcept { pool::release(block); }
 
   /// The index of the attribute, or -1.
-  int32_t find_attribute(std::string_view attributeName) const noexcept {
-    for (int32_t i = 0; i < attributes.count(); ++i) {
+  std::int32_t find_attribute(std::string_view attributeName) const noexcept {
+    for (std::int32_t i = 0; i < attributes.count(); ++i) {
       if (attributes[i].name == attributeName) return i;
     }
     return -1;
@@ -61,13 +62,13 @@ class element {
   const ovk::string& attribute_or_empty(std::string_view attributeName) const noexcept;
   /// The attribute; if absent it is added behind the others, with an empty value.
   xml::attribute& attribute(std::string_view attributeName);
-  /// The attribute as a decimal number: 0 if absent, empty or not a number, the nearest limit of int32_t if
-  /// it is out of range. Reading stops at the first character that is no digit.
-  int32_t get_int(std::string_view attributeName) const noexcept;
+  /// The attribute as a decimal number: 0 if absent, empty or not a number, the nearest limit of its type
+  /// if it is out of range. Reading stops at the first character that is no digit.
+  std::int32_t get_int(std::string_view attributeName) const noexcept;
 
   /// The index of the first child with this tag behind the index `after`, or -1. With `after` -1, the first
   /// of all.
-  int32_t find_next_child(std::string_view tag, int32_t after) const noexcept;
+  std::int32_t find_next_child(std::string_view tag, std::int32_t after) const noexcept;
   /// The first child with this tag; if absent it is added behind the others.
   element& child(std::string_view tag);
   /// The first child with this tag whose attribute "id" is `id`, or null.
@@ -79,7 +80,7 @@ class element {
   /// A new, empty last child, whether or not there is one with this tag.
   element& append_child(std::string_view tag);
   /// Sets the tag.
-  void assign(std::string_view tag) { name.assign(tag.data(), static_cast<int32_t>(tag.size())); }
+  void assign(std::string_view tag) { name.assign(tag.data(), static_cast<std::int32_t>(tag.size())); }
 
   ovk::string name;
   /// All character data of the element in one, the pieces between its children joined.
@@ -99,6 +100,6 @@ void trim(element& root);
 ///
 /// The indentation makes the output of a chain of n elements grow with the square of n. What does not fit
 /// into a string raises xout_of_memory, with `out` holding the beginning.
-void serialize(ovk::string& out, const element& root, int32_t indent);
+void serialize(ovk::string& out, const element& root, std::int32_t indent);
 
 }  // namespace ovk::xml

@@ -11,14 +11,14 @@ namespace {
 
 using namespace states;
 
-const row& RowOf(int32_t state) {
-  return rows[static_cast<size_t>(state)];
+const row& RowOf(std::int32_t state) {
+  return rows[static_cast<std::size_t>(state)];
 }
 
 // UTF-8 without a look at the range: the number is the document's affair.
-void AppendUtf8(ovk::string& to, uint32_t code) {
-  const auto put = [&to](uint32_t byte) { to.push_back(static_cast<char>(byte)); };
-  const auto put_tail = [&](uint32_t shift) { put(0x80 | (code >> shift & 0x3F)); };
+void AppendUtf8(ovk::string& to, std::uint32_t code) {
+  const auto put = [&to](std::uint32_t byte) { to.push_back(static_cast<char>(byte)); };
+  const auto put_tail = [&](std::uint32_t shift) { put(0x80 | (code >> shift & 0x3F)); };
   if (code <= 127) {
     put(code);
   } else if (code <= 2047) {
@@ -36,20 +36,20 @@ void AppendUtf8(ovk::string& to, uint32_t code) {
   }
 }
 
-uint32_t DigitValue(char digit) {
-  if (digit <= '9') return static_cast<uint32_t>(digit - '0');
-  return static_cast<uint32_t>((digit | 0x20) - 'a' + 10);
+std::uint32_t DigitValue(char digit) {
+  if (digit <= '9') return static_cast<std::uint32_t>(digit - '0');
+  return static_cast<std::uint32_t>((digit | 0x20) - 'a' + 10);
 }
 
 // The number of a numeric reference, as far as it can be told: like ParseUnsigned, it misses an overflow that
 // does not wrap below the value so far.
-std::optional<uint32_t> NumberOf(std::string_view reference) {
+std::optional<std::uint32_t> NumberOf(std::string_view reference) {
   const bool hexadecimal = reference[2] == 'x';
-  const uint32_t radix = hexadecimal ? 16 : 10;
-  uint32_t number = 0;
+  const std::uint32_t radix = hexadecimal ? 16 : 10;
+  std::uint32_t number = 0;
   for (const char digit : reference.substr(hexadecimal ? 3 : 2)) {
     if (digit == ';') break;
-    const uint32_t longer = number * radix + DigitValue(digit);
+    const std::uint32_t longer = number * radix + DigitValue(digit);
     if (longer < number) return std::nullopt;
     number = longer;
   }
@@ -66,7 +66,7 @@ std::string_view PredefinedEntity(std::string_view reference) {
 }
 
 std::string_view Between(const char* begin, const char* end) {
-  return {begin, static_cast<size_t>(end - begin)};
+  return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 // Behind the bytes from `at` on that prolong the state of the row.
@@ -125,7 +125,7 @@ bool PassText(tree_builder& to, std::string_view text) {
 bool observer::resolve_entity(const ovk::string&, ovk::string&) {
   return false;
 }
-bool observer::resolve_char(uint32_t, ovk::string&) {
+bool observer::resolve_char(std::uint32_t, ovk::string&) {
   return false;
 }
 
@@ -135,9 +135,9 @@ parser<Receiver>::parser(Receiver& receiver) : observer(receiver) {
 }
 
 template <class Receiver>
-int32_t parser<Receiver>::pop() {
+std::int32_t parser<Receiver>::pop() {
   if (stack.empty()) return error;
-  const int32_t top = stack.back();
+  const std::int32_t top = stack.back();
   stack.pop_back();
   return top;
 }
@@ -327,7 +327,7 @@ void parser<Receiver>::resolve_name() {
 
 template <class Receiver>
 void parser<Receiver>::resolve_number() {
-  const std::optional<uint32_t> code = NumberOf(entity.view());
+  const std::optional<std::uint32_t> code = NumberOf(entity.view());
   if (!code) return end_reference(entity.view());
   ovk::string replacement;
   if (!observer.resolve_char(*code, replacement)) {
@@ -340,7 +340,7 @@ void parser<Receiver>::resolve_number() {
 template class parser<observer>;
 template class parser<tree_builder>;
 
-bool parse(element& root, const char* data, size_t length) {
+bool parse(element& root, const char* data, std::size_t length) {
   tree_builder builder;
   parser<tree_builder> reader(builder);
   reader.run({data, length});

@@ -1,10 +1,11 @@
+#pragma once
+
 // The XML reader: a push parser that takes bytes through a table of states and tells an observer what it
 // meets, and the observer that builds a tree from that.
 //
 // It does not validate, knows of encodings only that all markup is ASCII, and looks at nothing behind the
 // root element. The result is yes or no: where a document failed, and why, is not told. Running out of memory
 // raises xout_of_memory.
-#pragma once
 
 #include <cstddef>
 #include <cstdint>
@@ -44,7 +45,7 @@ class observer {
   /// filled `out`; false leaves the reference to the parser.
   virtual bool resolve_entity(const ovk::string& name, ovk::string& out);
   /// The same for the number of a numeric reference.
-  virtual bool resolve_char(uint32_t code, ovk::string& out);
+  virtual bool resolve_char(std::uint32_t code, ovk::string& out);
 };
 
 /// Builds the tree. Says false to what has no place in one: an attribute, text or an end outside of an
@@ -75,9 +76,9 @@ class tree_builder final : public observer {
 
  private:
   // Up to here a walk through the attributes is faster than an index of them.
-  static constexpr int32_t kFewAttributes = 16;
+  static constexpr std::int32_t kFewAttributes = 16;
 
-  int32_t find_among_many(std::string_view name);
+  std::int32_t find_among_many(std::string_view name);
   void forget_places() {
     if (!places_.empty()) [[unlikely]]
       places_.clear();
@@ -86,7 +87,7 @@ class tree_builder final : public observer {
   pool nodes_;
   // Where the innermost element has its attributes, if it has too many to walk through for every new one. A
   // map and not a hash table: no choice of names makes it slow.
-  std::map<std::string, int32_t, std::less<>> places_;
+  std::map<std::string, std::int32_t, std::less<>> places_;
 };
 
 /// The parser of one document. Receiver is `observer`, whatever stands behind it, or `tree_builder`, which is
@@ -107,9 +108,9 @@ class parser {
   bool stopped() const { return state == states::done || state == states::error; }
 
   Receiver& observer;
-  int32_t state = states::prolog;
+  std::int32_t state = states::prolog;
   /// States to come back to.
-  array<int32_t> stack;
+  array<std::int32_t> stack;
   /// Of the tag or attribute that is being read; in character data, what a reference stands for.
   ovk::string name;
   /// Of the attribute that is being read.
@@ -120,7 +121,7 @@ class parser {
   ovk::string* target = nullptr;
 
  private:
-  int32_t pop();
+  std::int32_t pop();
   void fail_unless(bool accepted) {
     if (!accepted) state = states::error;
   }
@@ -140,7 +141,7 @@ extern template class parser<tree_builder>;
 
 /// Parses a document. True if its root element has closed; `root` then holds it. On false `root` is as it
 /// was.
-bool parse(element& root, const char* data, size_t length);
+bool parse(element& root, const char* data, std::size_t length);
 
 // The parser's speed rests on these, which stand here to be compiled into it.
 
@@ -153,7 +154,7 @@ inline bool tree_builder::add_element(std::string_view name) {
 inline bool tree_builder::add_attribute(std::string_view name, std::string_view value) {
   if (open.empty()) return false;
   array<attribute>& present = open.back()->attributes;
-  const int32_t place =
+  const std::int32_t place =
       present.count() < kFewAttributes ? open.back()->find_attribute(name) : find_among_many(name);
   if (place >= 0) [[unlikely]] {
     present[place].value = ovk::string(value, nodes_);

@@ -11,11 +11,11 @@ namespace {
 // One line of the table: in the state `from`, each of `bytes` leads to the state `to`, by `does`; `push`, if
 // there is one, goes on the stack. The first line that fits counts. What no line has leads to `error`.
 struct line {  // NOLINT(clang-analyzer-optin.performance.Padding): in the order in which a line reads
-  int8_t from;
+  std::int8_t from;
   std::string_view bytes;
-  int8_t to;
+  std::int8_t to;
   action does = kGo;
-  int8_t push = error;
+  std::int8_t push = error;
 };
 
 constexpr std::string_view kElse = "";
@@ -141,13 +141,13 @@ constexpr line kLines[] = {
 };
 // clang-format on
 
-constexpr bool Prolongs(int8_t state, const transition& what) {
+constexpr bool Prolongs(std::int8_t state, const transition& what) {
   return what.to == state && what.push == error && what.does <= kText;
 }
 
-constexpr void FindRun(row& in, int8_t state) {
-  size_t stops = 0;
-  for (size_t byte = 0; byte < in.transitions.size(); ++byte) {
+constexpr void FindRun(row& in, std::int8_t state) {
+  std::size_t stops = 0;
+  for (std::size_t byte = 0; byte < in.transitions.size(); ++byte) {
     if (Prolongs(state, in.transitions[byte])) {
       in.prolongs[byte] = true;
       in.run = in.transitions[byte].does;
@@ -162,16 +162,16 @@ constexpr void FindRun(row& in, int8_t state) {
 constexpr std::array<row, count> Spread() {
   std::array<row, count> spread{};
   std::array<std::array<bool, 256>, count> told{};
-  const auto tell = [&](const line& from, size_t byte) {
+  const auto tell = [&](const line& from, std::size_t byte) {
     const auto state = static_cast<unsigned char>(from.from);
     if (std::exchange(told[state][byte], true)) return;
     spread[state].transitions[byte] = {from.to, from.push, from.does};
   };
   for (const line& each : kLines) {
     for (const char byte : each.bytes) tell(each, static_cast<unsigned char>(byte));
-    for (size_t byte = 0; each.bytes == kElse && byte < 256; ++byte) tell(each, byte);
+    for (std::size_t byte = 0; each.bytes == kElse && byte < 256; ++byte) tell(each, byte);
   }
-  for (size_t state = 0; state < count; ++state) FindRun(spread[state], static_cast<int8_t>(state));
+  for (std::size_t state = 0; state < count; ++state) FindRun(spread[state], static_cast<std::int8_t>(state));
   return spread;
 }
 

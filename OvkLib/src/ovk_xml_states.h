@@ -1,5 +1,6 @@
-// The table of states behind the XML reader.
 #pragma once
+
+// The table of states behind the XML reader.
 
 #include <array>
 #include <cstdint>
@@ -8,7 +9,7 @@ namespace ovk::xml::states {
 
 // The parser's states, with the numbers under which they stand on its stack. "Prolog" is what comes before
 // the root.
-enum : int32_t {
+enum : std::int32_t {
   error = 0,
   prolog = 1,
   prolog_open = 2,            // after "<"
@@ -59,7 +60,7 @@ enum : int32_t {
 };
 
 // What a transition does with its byte, besides going to the next state.
-enum action : uint8_t {
+enum action : std::uint8_t {
   kGo,               // nothing more
   kName,             // appends it to the name
   kValue,            // appends it to the attribute's value
@@ -82,13 +83,13 @@ enum action : uint8_t {
 
 // What happens to a byte in a state.
 struct transition {
-  int8_t to = error;    // the state that follows, or `popped`
-  int8_t push = error;  // goes on the stack, if it is a state to come back to
+  std::int8_t to = error;    // the state that follows, or `popped`
+  std::int8_t push = error;  // goes on the stack, if it is a state to come back to
   action does = kGo;
 };
 
 // As the state that follows: the one on top of the stack, which is taken off. An empty stack gives `error`.
-constexpr int8_t popped = -1;
+constexpr std::int8_t popped = -1;
 
 struct row {
   const transition& operator[](char byte) const { return transitions[static_cast<unsigned char>(byte)]; }

@@ -43,9 +43,9 @@ bool tree_builder::end_element(std::string_view name) {
   return on_close_empty();
 }
 
-int32_t tree_builder::find_among_many(std::string_view name) {
+std::int32_t tree_builder::find_among_many(std::string_view name) {
   const auto& attributes = open.back()->attributes;
-  for (auto i = static_cast<int32_t>(places_.size()); i < attributes.count(); ++i) {
+  for (auto i = static_cast<std::int32_t>(places_.size()); i < attributes.count(); ++i) {
     places_.emplace(attributes[i].name.view(), i);
   }
   const auto found = places_.find(name);

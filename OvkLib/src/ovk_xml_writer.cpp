@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kCDataMark = "<![CDATA[";
-constexpr int32_t kIndentStep = 2;
+constexpr std::int32_t kIndentStep = 2;
 
 // What goes out in a byte's place. None for a byte that stands for itself.
 constexpr std::string_view EscapeOf(char byte) {
@@ -50,18 +50,18 @@ class writer {
     const char* begin = text.data();
     while (true) {
       const char* const special = find_escaped(begin, end);
-      put(std::string_view(begin, static_cast<size_t>(special - begin)));
+      put(std::string_view(begin, static_cast<std::size_t>(special - begin)));
       if (special == end) return;
       put(EscapeOf(*special));
       begin = special + 1;
     }
   }
 
-  void put_blanks(int64_t count) {
+  void put_blanks(std::int64_t count) {
     static constexpr std::string_view kBlanks =
         "                                                                ";
-    for (; count > 0; count -= static_cast<int64_t>(kBlanks.size())) {
-      put(kBlanks.substr(0, static_cast<size_t>(count)));
+    for (; count > 0; count -= static_cast<std::int64_t>(kBlanks.size())) {
+      put(kBlanks.substr(0, static_cast<std::size_t>(count)));
     }
   }
 
@@ -72,7 +72,7 @@ class writer {
 
  private:
   ovk::string& out_;
-  size_t used_ = 0;
+  std::size_t used_ = 0;
   char buffer_[4096];
 };
 
@@ -97,7 +97,7 @@ void PutStartTag(writer& to, const element& from, bool empty) {
 }
 
 // The element up to where its first child would stand; the whole of it if it has none.
-void PutBeforeChildren(writer& to, const element& from, int64_t indent) {
+void PutBeforeChildren(writer& to, const element& from, std::int64_t indent) {
   const std::string_view text = from.text.view();
   const bool childless = from.children.empty();
   to.put_blanks(indent);
@@ -115,15 +115,15 @@ void PutBeforeChildren(writer& to, const element& from, int64_t indent) {
 
 }  // namespace
 
-void serialize(ovk::string& out, const element& root, int32_t indent) {
+void serialize(ovk::string& out, const element& root, std::int32_t indent) {
   struct level {
     const element* parent;
-    int32_t next;  // the child that comes next
+    std::int32_t next;  // the child that comes next
   };
   writer to(out);
   array<level> open;
   // 64 bits, so that a large indent at the top cannot overflow further down.
-  int64_t blanks = indent;
+  std::int64_t blanks = indent;
 
   PutBeforeChildren(to, root, blanks);
   if (!root.children.empty()) open.push_back({&root, 0});
