@@ -3,7 +3,7 @@
 // The whole program, as a shell sees it:
 //
 //   app::Application application(shell);   // the load phase: no window, the worker thread runs
-//   ... hand application.mainWindow and application.chartWindow to the window procedures ...
+//   ... let the windows' events go to application.mainWindow and application.chartWindow ...
 //   return application.Run();              // start-up, main loop, shut-down
 //
 // The settings are written when the process ends. One at a time in a process.

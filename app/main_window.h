@@ -19,7 +19,7 @@ struct Shell;
 /// What is left for the shell to do with an event.
 enum class Outcome {
   Default,  // the platform's default handling follows
-  Done,     // nothing; a window procedure returns 0
+  Done,     // nothing: the event ends here
 };
 
 enum class SizeKind { Restored = 0, Minimized = 1, Maximized = 2, Other = 3 };
@@ -60,8 +60,8 @@ class MainWindow {
   /// presses and one release. The chart's own keys go on to it while a step is selected.
   Outcome OnKeyDown(int key);
   Outcome OnKeyUp(int key);
-  /// While the user drags the window's edge in a loop of the platform's own; a window procedure returns 1.
-  /// Where the main loop goes on turning meanwhile, neither of the two need be told.
+  /// While the user drags the window's edge in a loop of the platform's own. Where the main loop goes on
+  /// turning meanwhile, neither of the two need be told.
   Outcome OnSizing();
   /// At the end of that, and of moving the window.
   Outcome OnExitSizeMove();

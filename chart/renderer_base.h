@@ -34,9 +34,10 @@ class RendererBase {
   RendererBase(const RendererBase&) = delete;
   RendererBase& operator=(const RendererBase&) = delete;
 
-  /// Once, when the windows exist. Throws if the platform cannot draw; nothing catches that.
+  /// Once, when the windows exist in their size and are not shown yet. Throws if the platform cannot draw;
+  /// nothing catches that.
   virtual void Initialise() = 0;
-  /// Once, at shut-down.
+  /// Once, at shut-down, when the windows have gone.
   virtual void Release() = 0;
   /// Draws a frame, on each paint event of the chart window and from the main loop. Where a toolkit draws
   /// only within its paint event, a call from outside has the window painted at once and the call from within

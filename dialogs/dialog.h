@@ -50,12 +50,12 @@ class DialogTexts {
 
   /// An edit field of one line tells of it as of typing, kTextChanged, before this returns; others do not.
   virtual void SetText(int control, std::u16string_view text) = 0;
-  /// What stands in the control, cut to `units` less one: the room that its text and the end of it get.
+  /// What stands in the control, cut to one unit less than `units`.
   virtual std::u16string Text(int control, std::size_t units) const = 0;
-  /// The user can type and paste so much into an edit field that this many units stand there; 30,000 unless
-  /// told.
+  /// The user can type and paste into an edit field until this many units stand there. Without this call they
+  /// are tens of thousands.
   virtual void LimitText(int control, std::int32_t units) = 0;
-  /// Of keys; what is pasted into the edit field is not looked at.
+  /// The edit field takes nothing but digits from the keyboard. What is pasted into it is not looked at.
   virtual void AcceptDigitsOnly(int control) = 0;
 };
 
@@ -66,12 +66,12 @@ class DialogLists {
   virtual ~DialogLists() = default;
 
   virtual void ClearRows(int control) = 0;
-  /// At the end, or where a sorted list wants it.
+  /// The row comes last, or at its place in a sorted list.
   virtual void AddRow(int control, std::u16string_view text, std::int32_t data) = 0;
   virtual int RowCount(int control) const = 0;
-  /// The row at a place; one past its end is no choice.
+  /// Selects the row at a place, or none if it is past the last one.
   virtual void SelectRow(int control, int row) = 0;
-  /// The row with exactly this text; without one, nothing happens.
+  /// Selects the row with exactly this text; without one, nothing happens.
   virtual void SelectText(int control, std::u16string_view text) = 0;
   /// The number of the selected row, -1 without one.
   virtual std::int32_t SelectedData(int control) const = 0;

@@ -92,7 +92,7 @@ class ControlsPort {
 
   // Lists.
 
-  /// Takes the place of all rows. The list is not sorted.
+  /// These rows take the place of all that stood there, in this order.
   virtual void SetRows(Control list, const std::vector<ListRow>& rows) = 0;
   /// The selected rows in a list of several, ascending.
   virtual std::vector<std::int32_t> SelectedRows(Control list) const = 0;
@@ -107,9 +107,9 @@ class ControlsPort {
   /// The thumb covers `page` of the stretch from `minimum` to `maximum` and begins at `position`, cut to
   /// where it can stand. All are minutes of the day.
   virtual void SetScrollBar(const TCBase::Program::ViewScrollInfo& info) = 0;
-  /// From 0 to `maximum`, with a mark every `tick`; 0 leaves the marks as they are. `page` is how far a click
-  /// beside the thumb moves it before it tells of that, which nobody sees: the application puts it to its own
-  /// place.
+  /// The slider goes from 0 to `maximum`, with a mark every `tick`; 0 leaves the marks as they are. `page` is
+  /// how far a click beside the thumb moves it before it tells of that, which nobody sees: the application
+  /// puts it to its own place.
   virtual void SetSliderRange(Control slider, std::int32_t maximum, std::int32_t page, std::int32_t tick) = 0;
   /// `position` is within the range.
   virtual void SetSliderPosition(Control slider, std::int32_t position) = 0;
@@ -176,7 +176,7 @@ struct FileFilter {
   std::u16string_view name;
   std::u16string_view pattern;
 };
-/// Comes second in every dialog.
+/// This one comes second in every dialog.
 inline constexpr FileFilter kAllFilesFilter{u"All Files", u"*.*"};
 
 /// What a save dialog adds, after a dot, to a name that has no extension, whatever is saved.
