@@ -38,13 +38,15 @@ function(lumarine_test_fixture name)
   target_link_libraries(${name} PUBLIC ${FIXTURE_LINK} PRIVATE GTest::gmock Threads::Threads)
 endfunction()
 
-# lumarine_test(NAME SOURCES a_test.cpp ... LINK lib ...)
+# lumarine_test(NAME SOURCES a_test.cpp ... LINK lib ... [THREADS [BUT filter]])
 #
 # A unit test program of one source folder. It links that folder's library and the ports it needs, nothing
 # else: what a folder may know is proven by the linker. Every unit test runs on virtual time. The working
 # folder of a run does not matter: LUMARINE_SOURCE_DIR is where the tests find their data.
+# THREADS: it starts some, so it runs under the thread sanitizer too; BUT names those of its tests that start none and
+# take long there.
 function(lumarine_test name)
-  cmake_parse_arguments(TEST "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(TEST "THREADS" "BUT" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
   lumarine_test_built_soon(${name})
   lumarine_test_options(${name})
@@ -52,8 +54,15 @@ function(lumarine_test name)
   target_link_libraries(${name} PRIVATE ${TEST_LINK} test_clock platform_system
     GTest::gmock GTest::gtest_main Threads::Threads)
   target_precompile_headers(${name} REUSE_FROM test_headers)
-  set_property(GLOBAL APPEND PROPERTY LUMARINE_TEST_PROGRAMS ${name})
-  if(NOT WIN32)
-    add_test(NAME ${name} COMMAND ${name})
+  lumarine_add_test(${name} LABEL unit COMMAND ${name})
+  if(TEST_THREADS)
+    set_property(TEST ${name} APPEND PROPERTY LABELS threads)
+    add_dependencies(threaded_tests ${name})
+    if(TEST_BUT AND LUMARINE_SANITIZE STREQUAL thread)
+      set_tests_properties(${name} PROPERTIES ENVIRONMENT_MODIFICATION "GTEST_FILTER=string_append:-${TEST_BUT}")
+    endif()
   endif()
 endfunction()
+
+# Those with THREADS.
+add_custom_target(threaded_tests)

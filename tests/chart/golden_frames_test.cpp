@@ -4,7 +4,7 @@
 //
 // After a change that is meant to be seen, write them anew and review the diff:
 //
-//   LUMARINE_REWRITE_GOLDEN=1 build/native/bin/chart_drawing_tests --gtest_filter='*Golden*'
+//   LUMARINE_REWRITE_GOLDEN=1 GTEST_FILTER='*Golden*' ctest --preset native-debug -R chart_drawing_tests
 //   git diff tests/chart/golden
 
 #include <gtest/gtest.h>

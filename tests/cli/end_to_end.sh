@@ -1,58 +1,41 @@
 #!/usr/bin/env bash
 # lumarinectl as its users run it: real files, pipes, signals, terminals and time.
 #   tests/cli/end_to_end.sh COMMAND OUTDIR
-# COMMAND may be several words, as in "wine lumarinectl.exe". What must come out the same on every platform is
-# left in OUTDIR. Prints "ok NAME" or "not ok NAME" for each check; fails if one of them did.
+# COMMAND may be several words, as in "scripts/with-wine lumarinectl.exe". What must come out the same on every platform
+# is left in OUTDIR.
 # shellcheck disable=SC2317   # the checks call functions by their names
 set -uo pipefail
 export LC_ALL=C.UTF-8  # messages are compared; what is about another language says so
 
 [ $# = 2 ] || { echo "usage: $0 COMMAND OUTDIR" >&2; exit 2; }
+. "$(dirname "$0")/../support/checks.sh"
+rm -rf "$2"
 mkdir -p "$2"
 outdir=$(cd "$2" && pwd)
 source=$(cd "$(dirname "$0")/../.." && pwd)
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-# The checks run in a folder of their own, so the program's path must not depend on this one.
-read -ra command <<<"$1"
-program_at=$((${#command[@]} - 1))
-command[program_at]=$(realpath "${command[program_at]}")
+# The checks run in a folder of their own, so the paths must not depend on this one.
+read -ra words <<<"$1"
+mapfile -t command < <(realpath "${words[@]}")
 native=true
-[ "${command[0]}" != wine ] || native=false
-cd "$work" || exit 1
+[ ${#command[@]} = 1 ] || native=false
+begin
 
-failed=0
 # A run that hangs must not take the others with it. No measure of speed.
 limit=60
 ctl() { timeout "$limit" "${command[@]}" "$@"; }
 
-ok() { echo "ok $1"; }
-not_ok() { echo "not ok $1"; failed=1; }
-
-# check NAME COMMAND...: the command succeeds.
-check() {
-  local name=$1
-  shift
-  if "$@" >check.log 2>&1; then ok "$name"; else not_ok "$name"; tail -n 5 check.log; fi
-}
-
-# exits NAME STATUS ARGUMENT...: lumarinectl ends with this status; leaves out.txt and err.txt.
-exits() {
-  local name=$1 wanted=$2 status
-  shift 2
+# Once in some thousand times a start under Wine ended so, why is not known. lumarinectl never ends without a word.
+run_ctl() {
+  local status
   ctl "$@" >out.txt 2>err.txt
   status=$?
-  # Once in some thousand times a start under Wine ended so, why is not known. lumarinectl never ends without a word.
   if ! $native && [ $status = 1 ] && [ ! -s out.txt ] && [ ! -s err.txt ]; then
-    echo "# $name: Wine did not start it, once more"
+    repeated "Wine did not start it: $*"
     ctl "$@" >out.txt 2>err.txt
     status=$?
   fi
-  if [ $status = "$wanted" ]; then ok "$name"; else not_ok "$name"; echo "# status $status, not $wanted"; tail -n 5 err.txt; fi
+  return $status
 }
-
-says() { check "$1" grep -qF -- "$2" err.txt; }
-silent() { check "$1" test ! -s out.txt; }
 
 # --- what everybody types first
 
@@ -350,4 +333,4 @@ if $native; then
   check "a pipe is given it as it is" bash -c "${command[*]} info escape.xml | grep -q \$'\\x1B'"
 fi
 
-exit $failed
+finish

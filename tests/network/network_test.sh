@@ -2,29 +2,26 @@
 # lumarinectl and simulated controllers over real sockets, on computers of their own: network namespaces on one
 # switch, all on UDP port 5000. What went over the wire is checked with tshark too.
 #   tests/network/network_test.sh COMMAND TC421SIM
-# COMMAND is lumarinectl, or that of Windows behind "wine".
-# Prints "ok NAME" or "not ok NAME" for each check, or one line "skipped REASON" where no namespaces can be made;
-# fails if a check did.
+# COMMAND is lumarinectl, or that of Windows behind scripts/with-wine. Skipped where no namespaces can be made.
 # shellcheck disable=SC2317   # the checks call functions by their names
 set -uo pipefail
 export LC_ALL=C.UTF-8  # messages are compared
 
 [ $# = 2 ] || { echo "usage: $0 COMMAND TC421SIM" >&2; exit 2; }
 . "$(dirname "$0")/lab.sh"
+. "$(dirname "$0")/../support/checks.sh"
+read -ra words <<<"$1"
+native=true
+[ ${#words[@]} = 1 ] || native=false
 # Sockets are made by Wine's server: one that runs already would make them in another network.
-[[ $1 != wine\ * ]] || { wineserver -k; wineserver -w; }
-lab_enter "$0" "$@" || { echo "skipped real sockets: $lab_reason"; exit 0; }
+$native || { wineserver -k; wineserver -w; }
+lab_enter "$0" "$@" || skip "real sockets: $lab_reason"
 
-read -ra command <<<"$1"
-program_at=$((${#command[@]} - 1))
-command[program_at]=$(realpath "${command[program_at]}")
+mapfile -t command < <(realpath "${words[@]}")
 lab_simulator_program=$(realpath "$2")
 here=$(realpath "$(dirname "$0")")
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
+begin
 
-failed=0
 # A run that hangs must not take the others with it. No measure of speed.
 limit=180
 computer=10.42.0.1
@@ -34,26 +31,6 @@ name=Smart-123456
 controller=udp:$name@$device
 ctl() { lab_run computer timeout "$limit" "${command[@]}" "$@"; }
 
-ok() { echo "ok $1"; }
-not_ok() { echo "not ok $1"; failed=1; }
-
-# check NAME COMMAND...: the command succeeds.
-check() {
-  local name=$1
-  shift
-  if "$@" >check.log 2>&1; then ok "$name"; else not_ok "$name"; tail -n 8 check.log; fi
-}
-
-# exits NAME STATUS ARGUMENT...: lumarinectl ends with this status; leaves out.txt and err.txt.
-exits() {
-  local name=$1 wanted=$2 status
-  shift 2
-  ctl "$@" >out.txt 2>err.txt
-  status=$?
-  if [ $status = "$wanted" ]; then ok "$name"; else not_ok "$name"; echo "# status $status, not $wanted"; tail -n 5 err.txt; fi
-}
-
-says() { check "$1" grep -qF -- "$2" "${3:-err.txt}"; }
 says_not() { check "$1" bash -c '! grep -qF -- "$1" "$2"' - "$2" "${3:-err.txt}"; }
 
 # power_on [OPTION...]: the controller; what it sees is in sim.log, and its memory afterwards in memory.json.
@@ -73,10 +50,8 @@ begins() {
   begun=$!
 }
 ends() {
-  local status
   wait "$begun"
-  status=$?
-  if [ $status = "$2" ]; then ok "$1"; else not_ok "$1"; echo "# status $status, not $2"; tail -n 5 err.txt; fi
+  ended "$1" "$2" $?
 }
 
 lab_computer computer $computer
@@ -357,7 +332,7 @@ for security in open wpa2; do
 done
 remembers "the password was not sent" '.wifi.password == ""'
 exits "a controller that is off" 3 wifi-setup --device $controller --ssid Home --security open
-if [ "${command[0]}" != wine ]; then
+if $native; then
   power_on
   type_password() {
     lab_await grep -s "Password:" terminal.txt >/dev/null && printf 'typed onceX\177 more\n'
@@ -372,16 +347,13 @@ fi
 # --- a computer with two adapters: a cable, by which it goes to the internet, and the controller's own network
 # Under Wine all sockets are in the network in which Wine has begun.
 
-if [ "${command[0]}" != wine ]; then
+if $native; then
   lab_computer laptop 10.42.0.5
   lab_cable laptop wlan0 192.168.4.2 point wlan0 192.168.4.1
   lab_simulator point point.log --name Smart-654321 || not_ok "the simulator listens"
   laptop() {
-    local name=$1 wanted=$2 status
-    shift 2
-    lab_run laptop timeout "$limit" "${command[@]}" "$@" >out.txt 2>err.txt
-    status=$?
-    if [ $status = "$wanted" ]; then ok "$name"; else not_ok "$name"; echo "# status $status, not $wanted"; tail -n 5 err.txt; fi
+    lab_run laptop timeout "$limit" "${command[@]}" "${@:3}" >out.txt 2>err.txt
+    ended "$1" "$2" $?
   }
   laptop "a scan goes out by the cable, and finds nobody" 3 scan
   check "as the page says, the system tells" grep -q "dev eth0" <(lab_run laptop ip route get 255.255.255.255)
@@ -398,7 +370,7 @@ fi
 
 # --- the page on networks, followed to the letter, in a network inside this one
 
-if [ "${command[0]}" != wine ]; then
+if $native; then
   page=$here/../../docs/networks.md
   beside() { env -u LAB_INSIDE PATH="$(dirname "${command[0]}"):$(dirname "$lab_simulator_program"):$PATH" "$@"; }
   line=$(sed -n 's/^ *\$ tests\/network\/\(with_tc421sim.sh tc421sim .*\)/\1/p' "$page")
@@ -436,4 +408,4 @@ exits "the frames of an upload" 0 frames many.xml --model tc421-udp --device-nam
 cut -d ' ' -f 8 wire.txt | tr a-f A-F | grep -E '^55AA0[14]' >sent.txt
 check "are the first of those that were sent" diff out.txt <(head -n "$(wc -l <out.txt)" sent.txt)
 
-exit $failed
+finish

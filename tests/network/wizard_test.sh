@@ -1,40 +1,36 @@
 #!/usr/bin/env bash
 # "Setup TC421 WiFi" in the Windows program under Wine, with the keyboard alone, and simulated controllers over
-# real sockets. Wants a display (DISPLAY) and a Wine prefix (scripts/wine-env).
+# real sockets. Wants a session of Wine (scripts/wine-session).
 #   tests/network/wizard_test.sh COMMAND TC421SIM [FOLDER]
 # What went over the wire is checked with tcpdump too.
-# COMMAND is desktop_wizard with its runner; pictures of the pages are left in FOLDER. Prints "ok NAME" or
-# "not ok NAME" for each check, or one line "skipped REASON" where no namespaces can be made; fails if a check did.
+# COMMAND is desktop_wizard behind scripts/with-wine; pictures of the pages are left in FOLDER. Skipped where no
+# namespaces can be made.
 set -uo pipefail
 
 [ $# = 2 ] || [ $# = 3 ] || { echo "usage: $0 COMMAND TC421SIM [FOLDER]" >&2; exit 2; }
 . "$(dirname "$0")/lab.sh"
+. "$(dirname "$0")/../support/checks.sh"
+. "$(dirname "$0")/../../scripts/wine-env"
 # Sockets are made by Wine's server: one that runs already would make them in another network.
 wineserver -k
 wineserver -w
-lab_enter "$0" "$@" || { echo "skipped the WiFi wizard over real sockets: $lab_reason"; exit 0; }
+lab_enter "$0" "$@" || skip "the WiFi wizard over real sockets: $lab_reason"
 
-read -ra command <<<"$1"
-program_at=$((${#command[@]} - 1))
-command[program_at]=$(realpath "${command[program_at]}")
+read -ra words <<<"$1"
+mapfile -t command < <(realpath "${words[@]}")
 lab_simulator_program=$(realpath "$2")
 pictures=()
 [ $# = 2 ] || pictures=("Z:$(realpath "$3")")
-work=$(mktemp -d)
-trap 'wineserver -k; rm -rf "$work"' EXIT
-cd "$work" || exit 1
+begin "wineserver -k"
 
-failed=0
 name=Smart-123456
-ok() { echo "ok $1"; }
-not_ok() { echo "not ok $1"; failed=1; }
 
 # suite TESTS: of desktop_wizard's; each is a check. A run that hangs must not take all with it.
 suite() {
   lab_run computer timeout 400 "${command[@]}" --gtest_filter="$1" --gtest_color=no $name "${pictures[@]}" \
     >suite.log 2>&1 </dev/null
   local status=$?
-  sed -n 's/^\[       OK \] \(.*\) (.*/ok \1/p; s/^\[  FAILED  \] \(.*\) (.*/not ok \1/p' suite.log | tr -d '\r'
+  sed -n 's/^\[       OK \] \(.*\) (.*/ok \1/p; s/^\[  FAILED  \] \(.*\) (.*/not ok \1/p' suite.log | tr -d '\r' | tee -a "$counted"
   [ $status = 0 ] && grep -q '^\[       OK \]' suite.log && return
   not_ok "$1 ends well"
   echo "# status $status"
@@ -134,4 +130,4 @@ stray=$(captured |
 if [ -z "$stray" ]; then ok "from one port to one port, to those found and to everybody"
 else not_ok "from one port to one port, to those found and to everybody"; echo "$stray" | head; fi
 
-exit $failed
+finish
