@@ -111,6 +111,7 @@ const std::vector<English>& NeverLookedUp() {
   static const char* const kName = "a name";
   static const char* const kWord = "a word of the networks themselves";
   static const char* const kTraffic = "of the log of device traffic";
+  static const char* const kMistake = "of a mistake in the program, which ends there";
   static const char* const kFilledIn = "filled into a sentence, which is translated without it";
   static const std::vector<English> texts = {
       {"All Files", kFilter},
@@ -134,6 +135,7 @@ const std::vector<English>& NeverLookedUp() {
       {"TC420_Emulator", kName},
       {"ON.", kFilledIn},
       {"OFF.", kFilledIn},
+      {"the document has no current mode", kMistake},
       {"Open", kWord},
       {"Invalid", kWord},
       {"Received invalid packet size", kTraffic},
