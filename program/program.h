@@ -110,8 +110,16 @@ constexpr std::int64_t SecondOfDay(const ModeStep& step) {
 }
 
 /// Puts a step at the minute of a second (see TimeOfDayAt).
-void SetTime(Step& step, std::int64_t second);
-void SetTime(ModeStep& step, std::int64_t second);
+constexpr void SetTime(Step& step, std::int64_t second) {
+  const TimeOfDay time = TimeOfDayAt(second);
+  step.hour = time.hour;
+  step.minute = time.minute;
+}
+constexpr void SetTime(ModeStep& step, std::int64_t second) {
+  const TimeOfDay time = TimeOfDayAt(second);
+  step.hour = time.hour;
+  step.minute = time.minute;
+}
 
 /// A step that fades, at the minute of a second, with a fresh id.
 Step MakeStep(std::int64_t second, float value);

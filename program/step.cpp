@@ -10,28 +10,10 @@
 
 namespace TCBase::Program {
 
-namespace {
-
-template <class Row>
-void PutAt(Row& row, const TimeOfDay& time) {
-  row.hour = time.hour;
-  row.minute = time.minute;
-}
-
-}  // namespace
-
 std::uint32_t NextStepId() {
   // Atomic, since the worker numbers the steps of its own copies. Only uniqueness is asked of it, no order.
   static std::atomic<std::uint32_t> lastId{0};
   return lastId.fetch_add(1, std::memory_order_relaxed) + 1;
-}
-
-void SetTime(Step& step, std::int64_t second) {
-  PutAt(step, TimeOfDayAt(second));
-}
-
-void SetTime(ModeStep& step, std::int64_t second) {
-  PutAt(step, TimeOfDayAt(second));
 }
 
 Step MakeStep(std::int64_t second, float value) {
