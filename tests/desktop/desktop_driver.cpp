@@ -47,7 +47,9 @@ POINT Middle(HWND window) {
 /// How often the Down key goes to an item of the chart's menu; 0 if it is not there.
 int KeysDownTo(int command) {
   int keys = 0;
-  for (const app::MenuEntry& entry : app::MenuTable()[app::menu::kChannel].entries) {
+  // A loop over a part of what the call returns would outlive it.
+  const std::vector<app::MenuPopup> menus = app::MenuTable();
+  for (const app::MenuEntry& entry : menus[app::menu::kChannel].entries) {
     if (entry.kind != app::MenuEntry::Kind::Separator) ++keys;
     if (entry.kind == app::MenuEntry::Kind::Command && entry.command == command) return keys;
   }
