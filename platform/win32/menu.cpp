@@ -1,6 +1,7 @@
 #include "platform/win32/menu.h"
 
 #include <string>
+#include <string_view>
 
 #include "platform/win32/scale.h"
 #include "platform/win32/text.h"
@@ -40,7 +41,8 @@ void AppendMissing(HMENU menu, std::span<const app::MenuEntry> entries);
 
 void Append(HMENU menu, const app::MenuEntry& entry) {
   using Kind = app::MenuEntry::Kind;
-  std::wstring text(entry.text.begin(), entry.text.end());
+  const std::string_view english = entry.text;
+  std::wstring text(english.begin(), english.end());
   MENUITEMINFOW info = ItemInfo(MIIM_FTYPE);
   if (entry.kind == Kind::Separator) {
     info.fType = MFT_SEPARATOR;
