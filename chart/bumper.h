@@ -149,8 +149,8 @@ class BumperPulsedFader {
   /// `now` as with its bumpers.
   BumperPulsedFader(float low_, float high_, float pulseAmplitude_, const double& now);
 
-  /// From `low` to `high` and back as `fader` goes from 0 to 1 and back. The pulse lies within the product
-  /// and so fades with the rest.
+  /// A value that goes from `low` to `high` and back as `fader` goes from 0 to 1 and back. The pulse lies
+  /// within the product and so fades with the rest.
   float Value();
 
   float low;

@@ -102,7 +102,7 @@ constexpr Label ChannelNameLabel(int channel) {
   return static_cast<Label>(static_cast<int>(Label::FirstChannelName) + channel);
 }
 
-/// Where drawn things go: scaled first, then moved.
+/// Moves drawn things: they are scaled first and then moved.
 struct Transform {
   float scale = 1.0F;
   Point offset;
@@ -125,7 +125,7 @@ class Canvas {
   // Brushes and fonts.
 
   virtual void SetBrush(Brush brush, Color color, float opacity) = 0;
-  /// From 0 to 1; the brush keeps it for all that is drawn from now on.
+  /// `opacity` is from 0 to 1; the brush keeps it for all that is drawn from now on.
   virtual void SetOpacity(Brush brush, float opacity) = 0;
   virtual void SetFont(TextFormat format, const Font& font) = 0;
 

@@ -29,7 +29,7 @@ class ChartDrawing {
   /// nothing once its figures have grown to what they need.
   void Draw(Canvas& canvas);
 
-  // As RendererBase tells.
+  // These do what RendererBase tells of the operations with their names.
   void Update();
   void MouseMoved(std::int32_t x, std::int32_t y);
   bool IsAnimating();

@@ -17,7 +17,7 @@ constexpr float kGlideSeconds = 0.2F;
 constexpr float kSettledSeconds = 1.0F;      // longer than any frame takes
 constexpr std::int32_t kCollapsedLanes = 7;  // that would fill the area
 
-// Of the main window: what surrounds the chart's window, and that window's own margin around the lanes.
+// What surrounds the chart's window in the main window, and that window's own margin around the lanes.
 constexpr std::int32_t kLeftColumn = 120;
 constexpr std::int32_t kTopStrip = 30;
 constexpr std::int32_t kBelowChart = 166;

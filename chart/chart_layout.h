@@ -18,8 +18,8 @@ using ::Rect;
 /// Pixels between two lanes. A gap belongs to no lane.
 inline constexpr std::int32_t kLaneGap = 14;
 
-/// Where the chart and its lanes are. The lanes glide to their places for 0.2 seconds after each change, so a
-/// lane's rectangle is asked for anew at each use and never kept from one frame to the next.
+/// Says where the chart and its lanes are. The lanes glide to their places for 0.2 seconds after each change,
+/// so a lane's rectangle is asked for anew at each use and never kept from one frame to the next.
 class ChartLayout {
  public:
   /// `now` is the time of the present frame, see bumper.h; it outlives the layout.
@@ -45,7 +45,7 @@ class ChartLayout {
   /// balloons stay and a demo's cursor runs.
   Rect LaneStrip() const;
 
-  // In the main window's coordinates.
+  // These are in the main window's coordinates.
 
   /// The chart window.
   Rect ChartWindowRect() const;
@@ -76,10 +76,10 @@ std::int32_t PercentToY(const Rect& lane, float percent);
 /// day (see IsOnDay).
 std::int32_t XToTime(const Rect& lane, const TCBase::Program::ModeListView& view, std::int32_t x);
 std::int32_t XToTime(const Rect& lane, const TCBase::Program::ModeListView& view, float x);
-/// Not clamped.
+/// The result is not clamped.
 float YToPercent(const Rect& lane, std::int32_t y);
 float YToPercent(const Rect& lane, float y);
-/// From 0 to 86399.
+/// Whether a second is from 0 to 86399.
 bool IsOnDay(std::int32_t second);
 
 /// Sizes of step markers; they go by the window's height, not the lane's.

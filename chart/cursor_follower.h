@@ -15,7 +15,7 @@ class CursorFollower {
  public:
   /// Sends it to a point of the chart window, from where it is now.
   void MouseMoved(std::int32_t x, std::int32_t y);
-  /// Where it is now; within kFarthest. After its run exactly where the mouse is.
+  /// The place of the cursor now, within kFarthest. When its run is over it is exactly where the mouse is.
   Point Position();
 
  private:

@@ -20,7 +20,7 @@ class CursorLabels {
   void DrawCursorLabels(Canvas& canvas, Point at);
   /// The value of a lane's curve. Leaves white with an opacity of its own.
   void DrawValueLabel(Canvas& canvas, std::int32_t lane, Point at);
-  /// Over all lanes and, downward, over the whole chart window.
+  /// Draws the lines across all lanes and down the whole chart window.
   void DrawCrosshair(Canvas& canvas, Point at);
 
  private:

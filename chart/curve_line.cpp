@@ -76,7 +76,7 @@ void BuildCurveLine(Figure& line, const Channel& channel, const Rect& lane, cons
     held = truncated(step.value);
     previous = &step;
   }
-  // Not to the last second of the day.
+  // The line ends with the last minute, not with the last second of the day.
   add(TimeToX(lane, view, kDayEnd), ChannelValueAt(channel, kDayEnd));
   thinned.Flush();
 }

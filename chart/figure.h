@@ -16,10 +16,10 @@ struct Point {
   friend bool operator==(const Point&, const Point&) = default;
 };
 
-/// Coordinates that are handed to a canvas go this far from the origin, either way: well past every screen
-/// and every zoom of the day, well within what the platforms' own fixed-point numbers hold.
+/// Coordinates that are handed to a canvas go at most this far from the origin, in either direction. That is
+/// well past every screen and every zoom of the day, and well within the platforms' own fixed-point numbers.
 inline constexpr float kFarthest = 1.0e6F;
-/// And this far goes the middle of a thing with an extent, so that all of it is within kFarthest.
+/// The middle of a thing with an extent goes this far from the origin, so that all of it is within kFarthest.
 inline constexpr float kFarthestMiddle = 0.9e6F;
 
 /// Brings a coordinate that any nonsense may have made within kFarthest.

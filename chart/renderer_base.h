@@ -49,7 +49,7 @@ class RendererBase {
   virtual void Rebuild() = 0;
   /// The view has changed.
   virtual void Relayout() = 0;
-  /// In the chart window's coordinates.
+  /// The mouse is at this point, in the chart window's coordinates.
   virtual void MouseMoved(std::int32_t x, std::int32_t y) = 0;
   /// Whether something moves by itself, so that drawing must go on.
   virtual bool IsAnimating() = 0;

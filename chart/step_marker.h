@@ -1,6 +1,6 @@
 #pragma once
 
-// Where a step's marker stands.
+// The place of a step's marker.
 
 #include <cstdint>
 

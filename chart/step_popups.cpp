@@ -44,7 +44,7 @@ Transform ScaledAbout(Point center, float scale, Point origin = {}) {
   return {scale, {place(center.x, origin.x), place(center.y, origin.y)}};
 }
 
-/// From the rim of the step's marker to the centre of the balloon.
+/// Draws a line from the rim of the step's marker to the centre of the balloon.
 void DrawLeader(Canvas& canvas, Point marker, float markerRadius, Point center) {
   const Point rim = Along(marker, AngleTo(marker, center, kTwoPi), markerRadius);
   canvas.Stroke(Line{rim, center}, Brush::Gray, kLeaderLine);
@@ -92,7 +92,7 @@ void StepPopup::SendTo(Point goal) {
   travel.timer.Reset();
 }
 
-void StepPopup::KeepUp() {
+void StepPopup::StayShown() {
   auto& fader = size.fader;
   const float stay = size.holdTime + size.fadeOutTime;
   const auto* const stage = fader.FindActive();
@@ -150,7 +150,7 @@ void StepPopups::Touch(const StepSelection& stepRef) {
   if (step == nullptr) return;
   StepPopup* popup = Find(step->id);
   if (popup == nullptr) popup = &popups_.emplace_back(step->id, StartPoint(stepRef, *step), scene_.now);
-  popup->KeepUp();
+  popup->StayShown();
 }
 
 // The popup of a selected step, too, begins at the height of the lane under the mouse, even if its own is

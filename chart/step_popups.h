@@ -23,7 +23,7 @@ struct StepPopup {
   /// Sends the balloon to a point, from where it is; it arrives in a tenth of a second.
   void SendTo(Point goal);
   /// The step is hovered or selected: grows, or stays for another while.
-  void KeepUp();
+  void StayShown();
   bool IsGrowingOrShrinking();
   /// Compares with the call before (see `changed`).
   void NoteChange();
@@ -36,7 +36,7 @@ struct StepPopup {
   double secondsPerPixel = 0.005;
   bumper_base::BumperCurve travelCurve = bumper_base::BumperCurve::EaseOut;
   bool changed = false;  // size or a coordinate was 0.1 or more from the one before
-  // As of the last NoteChange().
+  // What these were at the last NoteChange().
   float lastSize = 0.0F;
   float lastX = 0.0F;
   float lastY = 0.0F;

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-/// Where the program's output goes, and how its user stops it.
+/// Tells where the program's output goes, and hears when its user stops it.
 class Console {
  public:
   /// Watches for as long as it lives.

@@ -117,7 +117,7 @@ bool RefusesSwap(const FileTarget& target, const FileCallResult& swapped) {
          (swapped.error == EBUSY || RefusesNewFiles(swapped.error));
 }
 
-/// Where copies may stand while a file is written in place, the best first: a user who must look for one
+/// The folders for a copy while a file is written in place, the best first: a user who must look for one
 /// finds it beside the file or among the documents, and it lasts there.
 std::vector<fs::path> FoldersForCopies(const FileTarget& target) {
   std::vector<fs::path> folders{target.path.parent_path()};

@@ -51,8 +51,8 @@ class FileCalls {
 
   /// Follows links. Fails for what cannot be written: a folder, a file that is protected.
   virtual FileCallResult Inspect(const std::filesystem::path& path, FileTarget& target) = 0;
-  /// Opens a new file; for the user's eyes only if it will have the permissions of another. EEXIST if there
-  /// is a file already.
+  /// Opens a new file. Nobody but the user may read a `guarded` one: it will take over the permissions of
+  /// another file. EEXIST if there is a file already.
   virtual FileCallResult Create(const std::filesystem::path& path, bool guarded) = 0;
   /// Gives the open file the permissions of the old one, unless Replace() does.
   virtual FileCallResult TakePermissions(const FileTarget& old) = 0;

@@ -46,7 +46,7 @@ int ReadFile(const std::filesystem::path& path, std::string& out, std::size_t mo
 
   constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
   std::string bytes;
-  // In pieces until the end, since the size that is told beforehand can be too low (files that grow, /proc).
+  // Read in pieces until the end: the size that is told beforehand can be too low (files that grow, /proc).
   while (file) {
     const std::size_t length = bytes.size();
     if (length > most) return EFBIG;
@@ -94,7 +94,7 @@ bool LoadResourceBytes(int id, std::string_view type, std::string& out) {
 }
 
 std::string Utf8FromPath(const std::filesystem::path& path) {
-  // Not path::u8string(), which throws on a name that is no proper Unicode.
+  // path::u8string() would throw on a name that is no proper Unicode.
   const auto& native = path.native();
   if constexpr (sizeof(PathChar) == sizeof(char16_t)) {
     return Utf8FromWide(std::u16string(native.begin(), native.end()));

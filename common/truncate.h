@@ -1,6 +1,6 @@
 #pragma once
 
-// From a curve's float to a whole number, defined for every float.
+// Makes a whole number of a curve's float, whatever float it is.
 
 #include <cstdint>
 #include <limits>

@@ -42,7 +42,7 @@ class Demo {
       const auto t = static_cast<float>(playTimer_.Now());
       if (t >= seconds_) return true;
       if (!Obey(context_.demo.TakeCommand())) return false;
-      // From `t` as it was before the command: a seek shows in the next pass.
+      // This uses `t` as it was before the command: a seek shows in the next pass.
       const std::int32_t day = std::clamp(TruncateToInt(t * dayScale_), 0, kLastSecond);
       context_.demo.SetRunning(day, playTimer_.IsFrozen() ? StatePaused : StatePlaying);
       context_.observer.DemoAt(day);
@@ -55,7 +55,7 @@ class Demo {
   // False if the command is to stop.
   bool Obey(const std::unique_ptr<WorkerCommand>& command) {
     if (IsStop(command) || context_.stop.stop_requested()) {
-      // For RunOnDevices, which has further controllers to leave alone.
+      // RunOnDevices looks for it, since it has further controllers to leave alone.
       context_.demo.PostCommand(CommandStop);
       return false;
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-// Where a network controller is, in the sockets' own layout but without their headers.
+// The address of a network controller, in the sockets' own layout but without their headers.
 
 #include <array>
 #include <cstdint>

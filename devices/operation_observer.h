@@ -40,7 +40,7 @@ class OperationObserver {
   virtual void DemoEnded() {}
 };
 
-/// For whoever need not know. Any thread.
+/// An observer that makes nothing of what it hears. Any thread.
 OperationObserver& NoObserver();
 
 /// What became of all packets.

@@ -32,7 +32,7 @@ DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode) {
 
 OperationResult FailureOf(const DeviceInfo& info, const Exchange& exchange) {
   if (exchange.portTaken) return OperationResult::PortTaken;
-  // On a cable silence says less: an emulator never answers, and a TC420 need not.
+  // Silence says less on a cable: an emulator never answers, and a TC420 need not.
   const bool silent = exchange.packets > 0 && exchange.replies == 0;
   return IsOnNetwork(info) && silent ? OperationResult::NoAnswer : OperationResult::Failed;
 }
@@ -125,14 +125,14 @@ OperationReport UploadOperation(const DeviceInfo& info, const Program::ModeListV
       if (!UploadMode(device, count, info, bank++, mode)) report.unconfirmedModes.push_back(mode.name);
       platform::SleepMilliseconds(kModeMilliseconds);
       if (TakeStop(context)) {
-        // For RunOnDevices, which has further controllers to leave alone.
+        // RunOnDevices looks for it, since it has further controllers to leave alone.
         context.demo.PostCommand(CommandStop);
         report.result = OperationResult::Cancelled;
         break;
       }
     }
     report.endUnconfirmed = !AreConfirmed(count, [&] { device.UploadFinish(); });
-    // Also after a cancel or errors: it closes what "Uploading started" opened.
+    // The line comes after a cancel or errors, too: it closes what "Uploading started" opened.
     LogStatus(Message("Uploading finished"));
     const bool confirmed = report.unconfirmedModes.empty() && !report.endUnconfirmed;
     if (report.result == OperationResult::Done && !confirmed) report.result = OperationResult::Failed;

@@ -44,7 +44,7 @@ struct OperationReport {
 
   OperationResult result;
   Exchange exchange;
-  // Of an upload.
+  // These are filled in by an upload.
   std::vector<std::string> unconfirmedModes;  // refused, or with a packet unconfirmed; in the program's order
   bool endUnconfirmed = false;                // the packet behind the last mode, where there is one
 };

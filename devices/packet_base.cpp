@@ -19,7 +19,7 @@ std::uint8_t PacketBase::LengthByte() const {
 }
 
 std::uint8_t WirePercent(std::int32_t intensity) {
-  // In 64 bits the lowest 32-bit number has an absolute value too.
+  // 64 bits hold the absolute value of the lowest 32-bit number, too.
   return static_cast<std::uint8_t>(std::min<std::int64_t>(std::llabs(intensity), 100));
 }
 

@@ -12,7 +12,7 @@
 
 namespace TCBase {
 
-/// At both ends.
+/// The port at both ends.
 inline constexpr std::uint16_t kUdpPort = 5000;
 
 /// A socket on port 5000, for one thread. What goes through it stands in the device log.

@@ -15,7 +15,7 @@ constexpr std::size_t kReportSize = kFrameSize;
 constexpr unsigned char kReportId = 0;  // the controllers do not number their reports
 constexpr int kPollMilliseconds = 20;
 constexpr int kMaxPolls = 40;
-// As many as the system keeps for a slow reader: who sends more than that in one go never stops.
+// The system keeps as many for a slow reader. A controller that sends more in one go never stops.
 constexpr std::size_t kMaxReplyBytes = 64 * kReportSize;
 
 }  // namespace
@@ -32,7 +32,7 @@ bool USBDevice::Connect() {
 
 bool USBDevice::Write(const std::string& frame) {
   if (frame.size() != kFrameSize) return false;
-  // On Windows the report id is part of what is written; hidapi takes it off where it is not wanted.
+  // Windows wants the report id as part of what is written; hidapi takes it off elsewhere.
   std::array<unsigned char, 1 + kReportSize> report{kReportId};
   frame.copy(reinterpret_cast<char*>(report.data() + 1), kFrameSize);
   LogDevice("hid_write:");

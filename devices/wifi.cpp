@@ -83,7 +83,7 @@ bool SendConfig(DeviceBase& device, const DeviceInfo& info, const WifiNetworkCon
              Send(device, TC421::Packet_SetWiFi_Password(info, config.password), kPasswordTaken,
                   TextKey("Error setting WiFi password"));
     default:
-      // Not an error: there is nothing that a controller could be told.
+      // This is no error: there is nothing that a controller could be told.
       LogWarning(
           Message("Nothing was sent to {1}: no security type is chosen for the network {2}. Choose one "
                   "and set it up again.",

@@ -1,6 +1,6 @@
 #pragma once
 
-// To bring a TC421 into a wireless network: which ones there are, what they are secured with in the
+// What brings a TC421 into a wireless network: which ones there are, what they are secured with in the
 // controller's own numbers, and handing a controller the chosen one.
 
 #include <cstdint>
@@ -17,7 +17,7 @@ namespace TCBase {
 
 using platform::WifiNetwork;
 
-/// As a TC421 numbers them. 99 is never sent.
+/// How a TC421 numbers them. 99 is never sent.
 enum WifiSecurity : std::int32_t {
   SecurityOpen = 0,
   SecurityWPA = 1,
@@ -30,7 +30,7 @@ enum WifiEncryption : std::int32_t { EncryptionInvalid = 0, EncryptionAES = 1, E
 const char* NameOf(WifiSecurity security);
 /// "AES", "TKIP"; "Invalid" for any other value.
 const char* NameOf(WifiEncryption encryption);
-/// By exactly those words; any other text is invalid.
+/// Knows exactly those words; any other text is invalid.
 WifiSecurity ParseWifiSecurity(std::string_view name);
 WifiEncryption ParseWifiEncryption(std::string_view name);
 

@@ -53,7 +53,7 @@ void Worker::Attach(EventTarget* target, std::uint32_t targetMessage) {
 
 void Worker::Shutdown() {
   if (!running.exchange(false)) return;
-  // In this order: a job that hears of the stop is the last one.
+  // The order matters: a job that hears of the stop is the last one.
   stopping.request_stop();
   thread.join();
   const std::lock_guard lock(jobMutex);

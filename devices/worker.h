@@ -17,7 +17,7 @@
 
 namespace TCBase {
 
-/// From when on USB controllers are looked for and listed.
+/// Tells when USB controllers begin to be looked for and listed.
 enum class Discovery {
   OnceAttached,  // looked for from five seconds after the start, listed from Attach() on
   AtOnce,        // looked for in the first pass and listed; for a program that has neither window nor time
@@ -51,7 +51,7 @@ class Worker {
   /// The target must outlive the worker or the next Attach. Any thread.
   void Attach(EventTarget* target, std::uint32_t message);
 
-  /// For jobs: asks them to stop once the worker shuts down. Any thread.
+  /// Asks jobs to stop once the worker shuts down. Any thread.
   std::stop_token StopToken() const { return stopping.get_token(); }
 
   /// Asks the job in hand to stop, by StopToken(), waits for it to end and for the thread with it, and

@@ -95,10 +95,10 @@ inline constexpr int kText = 32912;
 struct DialogTemplate {
   int number;
   std::string_view title;  // UTF-8
-  /// Where the dialog comes up in the main window unless DialogWindow::MoveTo is called, and the size of its
-  /// inside.
+  /// The place where the dialog comes up in the main window unless DialogWindow::MoveTo is called, and the
+  /// size of its inside.
   Rect place;
-  /// In the order in which Tab goes through them.
+  /// The controls in the order in which Tab goes through them.
   std::span<const ControlTemplate> controls;
 };
 

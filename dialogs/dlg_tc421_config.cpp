@@ -107,7 +107,7 @@ void DlgTC421_Config::SetUp(DialogWindow& window) {
   Tell(window, TextKey("WiFi configuration success"),
        TextKey("Successfully configured TC421 device to use selected WiFi network!"), Icon::Information);
   isSetUp_ = true;
-  // In this order, since the focus goes from the one to the other.
+  // The order matters: the focus goes from the one to the other.
   window.SetEnabled(kOk, true);
   window.SetEnabled(id::kSetUp, false);
 }

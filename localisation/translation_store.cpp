@@ -57,7 +57,7 @@ std::string UpToZero(std::string_view text) {
 /// A document or exchange file as the store works on it. False, with `root` as it was, if it is no XML.
 bool ParseTexts(element& root, std::string_view bytes) {
   if (!ovk::xml::parse(root, bytes.data(), bytes.size())) return false;
-  // In this order an escaped line break at either end of a text survives.
+  // The order lets an escaped line break at either end of a text survive.
   ovk::xml::trim(root);
   UnescapeLineBreaks(root);
   return true;
@@ -183,7 +183,7 @@ bool TranslationStore::LoadTranslation(std::string_view bytes, std::string_view 
 }
 
 bool TranslationStore::ExportTranslationFile(const std::filesystem::path& path) {
-  // Without the lock: a failure is a message, and that is translated.
+  // The lock is not held here: a failure is a message, and that is translated.
   return ovk::xml::save(path, ExportTranslation());
 }
 

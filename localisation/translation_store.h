@@ -126,8 +126,8 @@ class TranslationStore final : public Translator {
   std::set<std::string, std::less<>> moreKeys_;  // those that the second document brought
 };
 
-/// In the root of a copied tree, removes one language: from each key its first text in that language, and its
-/// first entry among the languages.
+/// Removes one language from the root of a copied tree: the first text of each key in that language, and the
+/// language's first entry in the list.
 void RemoveLanguage(ovk::xml::element& tree, std::string_view id);
 
 /// Line breaks in all texts and attributes of a tree, tags excepted: CR becomes the two characters \r, LF

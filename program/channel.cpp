@@ -14,9 +14,9 @@ float ChannelValueAt(const Channel& channel, std::int64_t second) {
   const auto to = std::find_if(channel.begin(), channel.end(),
                                [second](const Step& step) { return SecondOfDay(step) >= second; });
   if (to == channel.begin() || to == channel.end()) {
-    return Stretch(channel.back(), channel.front()).At(second);
+    return CurveSegment(channel.back(), channel.front()).At(second);
   }
-  return Stretch(*(to - 1), *to).At(second);
+  return CurveSegment(*(to - 1), *to).At(second);
 }
 
 float ChannelPower(const Channel& channel) {
@@ -36,7 +36,7 @@ void ScaleChannel(Channel& channel, float power) {
 }
 
 void InsertStepSorted(Channel& channel, const Step& step) {
-  // Not a binary search: in a channel that is out of order it would not find the first such step.
+  // A binary search would not find the first such step in a channel that is out of order.
   const auto behind = std::find_if(channel.begin(), channel.end(), [&step](const Step& other) {
     return MinuteOfDay(other) >= MinuteOfDay(step);
   });

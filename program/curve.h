@@ -23,14 +23,15 @@ struct StraightCurve {
 };
 
 /// The curve between two steps that follow one another on the ring, or from the last step to the first.
-class Stretch {
+class CurveSegment {
  public:
-  Stretch(const Step& from, const Step& to)
+  CurveSegment(const Step& from, const Step& to)
       : fromSecond_(SecondOfDay(from)), toSecond_(SecondOfDay(to)), fromValue_(from.value) {
     const auto span =
         static_cast<float>(toSecond_ - fromSecond_ + (fromSecond_ > toSecond_ ? kSecondsPerDay : 0));
     slopeAtEnd_ = (to.value - from.value) / span;
-    // Not simply 0: a value that is no finite number, or a span of 0, must spoil a jump as it spoils a fade.
+    // This is not simply 0: a value that is no finite number, or a span of 0, must spoil a jump as it spoils
+    // a fade.
     slope_ = from.jump ? (from.value - from.value) / span : slopeAtEnd_;
   }
 
@@ -42,7 +43,7 @@ class Stretch {
 
   /// The curve behind a whole minute, up to the next; seconds count from the minute. Steps stand on whole
   /// minutes.
-  StraightCurve Behind(std::int64_t minuteSecond) const {
+  StraightCurve LineAfter(std::int64_t minuteSecond) const {
     return {Elapsed(minuteSecond), slope_, fromValue_};
   }
 
@@ -64,47 +65,47 @@ class CurveCursor {
  public:
   explicit CurveCursor(const Channel& channel)
       : channel_(channel),
-        stretch_(channel.empty() ? Step{} : channel.back(), channel.empty() ? Step{} : channel.front()),
+        segment_(channel.empty() ? Step{} : channel.back(), channel.empty() ? Step{} : channel.front()),
         lastSecond_(channel.size() < 2 ? kForever : SecondOfDay(channel.front())) {}
 
   /// ChannelValueAt of a ring second that is not before the one asked last.
   float At(std::int64_t second) {
     if (second > lastSecond_) Advance(second);
-    return channel_.size() < 2 ? ChannelValueAt(channel_, second) : stretch_.At(second);
+    return channel_.size() < 2 ? ChannelValueAt(channel_, second) : segment_.At(second);
   }
 
-  /// Whether a stretch ends at this second, which is as in At(): the curve may be elsewhere behind it.
+  /// Whether a segment ends at this second, which is as in At(): the curve may be elsewhere behind it.
   bool EndsAt(std::int64_t second) {
     if (second > lastSecond_) Advance(second);
     return second == lastSecond_;
   }
 
   /// The 59 seconds behind a whole minute of the ring, which count from it; and the minute itself, unless a
-  /// stretch ends there. The next second to be asked for is behind it.
-  StraightCurve Behind(std::int64_t minuteSecond) {
+  /// segment ends there. The next second to be asked for is behind it.
+  StraightCurve LineAfter(std::int64_t minuteSecond) {
     if (minuteSecond + 1 > lastSecond_) Advance(minuteSecond + 1);
-    if (channel_.size() > 1) return stretch_.Behind(minuteSecond);
+    if (channel_.size() > 1) return segment_.LineAfter(minuteSecond);
     return {0, 0.0F, channel_.empty() ? 0.0F : channel_.front().value};
   }
 
  private:
   static constexpr std::int64_t kForever = std::numeric_limits<std::int64_t>::max();
 
-  /// The first step at or after `second` closes the stretch. Steps passed for an earlier second are before
+  /// The first step at or after `second` closes the segment. Steps passed for an earlier second are before
   /// this one too, so that the walk goes on where it stopped even if the channel is out of order.
   void Advance(std::int64_t second) {
     while (next_ < channel_.size() && SecondOfDay(channel_[next_]) < second) ++next_;
     const bool afterAll = next_ == channel_.size();
-    stretch_ =
-        afterAll ? Stretch(channel_.back(), channel_.front()) : Stretch(channel_[next_ - 1], channel_[next_]);
+    segment_ = afterAll ? CurveSegment(channel_.back(), channel_.front())
+                        : CurveSegment(channel_[next_ - 1], channel_[next_]);
     lastSecond_ = afterAll ? kForever : SecondOfDay(channel_[next_]);
   }
 
   const Channel& channel_;
   std::size_t next_ =
-      0;  // the step that closes `stretch_`; past the end, the stretch leads to the first step
-  Stretch stretch_;
-  std::int64_t lastSecond_;  // of `stretch_`
+      0;  // the step that closes `segment_`; past the end, the segment leads to the first step
+  CurveSegment segment_;
+  std::int64_t lastSecond_;  // of `segment_`
 };
 
 }  // namespace TCBase::Program

@@ -33,7 +33,7 @@ struct DemoState {
   std::mutex commandMutex;
   std::unique_ptr<WorkerCommand> command;  // guarded by commandMutex; reached through the operations below
 
-  /// For all who behave differently then.
+  /// Whether a demo plays or pauses.
   bool IsRunning() const { return position >= 0; }
 
   /// No demo runs.

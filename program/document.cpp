@@ -13,7 +13,7 @@ bool operator==(const ModeListView& a, const ModeListView& b) {
   const auto sameMode = [](const Mode& x, const Mode& y) {
     return x.name == y.name && x.description == y.description && x.channels == y.channels;
   };
-  // Not the description: editing only that text does not count as a change of the program.
+  // The description is left out: a change of that text alone is no change of the program.
   const auto sameInfo = [](const ChannelInfo& x, const ChannelInfo& y) {
     return x.color == y.color && x.name == y.name;
   };

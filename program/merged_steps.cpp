@@ -64,7 +64,7 @@ void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows) {
     const Channel& channel = mode.channels[c];
     CurveCursor curve(channel);
     for (ModeStep& at : rows) at.values[c] = TruncateToInt(curve.At(SecondOfDay(at)));
-    // From the back, so that of several steps on one minute the first has the last word.
+    // The steps are taken from the back, so that the first of several on one minute has the last word.
     for (auto step = channel.rbegin(); step != channel.rend(); ++step) {
       if (!IsOnTheDay(*step)) continue;
       rows[rowOfMinute[MinuteOnTheDay(*step)]].jumps[c] = step->jump;

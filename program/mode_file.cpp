@@ -16,7 +16,7 @@ const ModeFileKind kLmfFile = {"LMF", ".lmf", &ReadLmf, &WriteLmf};
 const ModeFileKind kRawFile = {"RAW", ".raw", nullptr, &WriteRaw};
 
 bool HasExtension(const std::filesystem::path& path, std::string_view extension) {
-  // By hand: tolower follows the locale, and has an i without a dot in some.
+  // tolower would follow the locale, and some have an i without a dot.
   const auto small = [](char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
   };

@@ -19,7 +19,7 @@ struct StepRemoval {
   friend bool operator==(const StepRemoval&, const StepRemoval&) = default;
 };
 
-/// By how many whole percent the curve changes at the time of the step `index` if that step goes; below one
+/// The change of the curve at the time of the step `index` if that step goes, in whole percent; less than one
 /// percent is 0. Curves that are no number there give the lowest integer (see TruncateToInt).
 std::int32_t RemovalError(const Channel& channel, std::size_t index);
 

@@ -49,7 +49,7 @@ bool ReadProgramXml(const ovk::xml::element& root, ModeListView& document);
 /// A jump is the number 1 and nothing else.
 bool ReadStep(const ovk::xml::element& element, Step& step);
 void WriteStep(const Step& step, ovk::xml::element& element);
-/// Also false if there are other than five children; their tags do not matter. The steps get fresh ids.
+/// False, too, if there are other than five children; their tags do not matter. The steps get fresh ids.
 bool ReadMode(const ovk::xml::element& element, Mode& mode);
 /// The three colours are not masked: a number above 255 spills into its neighbours' bits.
 bool ReadChannelInfo(const ovk::xml::element& element, ChannelInfo& info);

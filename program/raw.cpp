@@ -30,11 +30,12 @@ bool HasInt(float percent) {
   return percent >= -2147483648.0F && percent < 2147483648.0F;
 }
 
-/// Whether all bytes of the minute are those of its ends. The curve stays between its ends.
+/// Whether all bytes of the minute are the same as those of its ends. The curve stays between its ends.
 bool IsLevel(float begin, float end) {
   if (HasInt(begin) != HasInt(end)) return false;
   if (HasInt(begin)) return TruncateToInt(begin) == TruncateToInt(end);
-  // Both have no number. If they are not on either side of those that have, neither has any between them.
+  // Neither end is within the range of the integers. If both are on the same side of it, so is all between
+  // them.
   return !(begin * end < 0.0F);
 }
 
@@ -138,13 +139,13 @@ bool WriteRaw(const Mode& mode, std::string& data) {
   MinuteRows rows;
   char* row = data.data();
   for (std::int64_t second = 0; second < kSecondsPerDay; second += kSeconds) {
-    // A minute's first second can be the last of the stretch before: the byte stands for itself.
+    // A minute's first second can be the last of the segment before: the byte stands for itself.
     std::array<std::pair<std::size_t, char>, kChannelCount> ends;
     std::size_t count = 0;
     for (std::size_t channel = 0; channel < curves.size(); ++channel) {
       CurveCursor& curve = curves[channel];
       if (curve.EndsAt(second)) ends[count++] = {channel, static_cast<char>(ByteOf(curve.At(second)))};
-      rows.Add(channel, curve.Behind(second));
+      rows.Add(channel, curve.LineAfter(second));
     }
     rows.Take(row);
     for (std::size_t i = 0; i < count; ++i) row[ends[i].first] = ends[i].second;

@@ -59,8 +59,8 @@ std::int32_t OrderedErrors::ErrorOf(std::uint32_t index) const {
   if (index != first_ && SharesMinute(before, index)) return 0;
   const Step& step = channel_[index];
   const std::int64_t second = SecondOfDay(step);
-  return Difference(Stretch(channel_[before], step).At(second),
-                    Stretch(channel_[before], channel_[after]).At(second));
+  return Difference(CurveSegment(channel_[before], step).At(second),
+                    CurveSegment(channel_[before], channel_[after]).At(second));
 }
 
 void OrderedErrors::RankAll() {
@@ -141,8 +141,8 @@ std::size_t UnorderedErrors::NextNotBefore(std::size_t index, std::int64_t secon
 float UnorderedErrors::ValueWithout(std::size_t missing, std::size_t to, std::int64_t second) const {
   const std::size_t first = missing == 0 ? 1 : 0;
   const std::size_t last = missing == left_.size() - 1 ? left_.size() - 2 : left_.size() - 1;
-  if (to == first || to == left_.size()) return Stretch(left_[last], left_[first]).At(second);
-  return Stretch(left_[to - 1 == missing ? to - 2 : to - 1], left_[to]).At(second);
+  if (to == first || to == left_.size()) return CurveSegment(left_[last], left_[first]).At(second);
+  return CurveSegment(left_[to - 1 == missing ? to - 2 : to - 1], left_[to]).At(second);
 }
 
 std::int32_t UnorderedErrors::ErrorOf(std::size_t position) const {

@@ -16,7 +16,7 @@ namespace TCBase::Program {
 /// How cheap a step is, as one number that sorts by error and of equal errors by index.
 class RemovalRank {
  public:
-  /// Behind every step: nothing can be removed.
+  /// The rank behind every step: nothing can be removed.
   constexpr RemovalRank() = default;
   constexpr RemovalRank(std::int32_t error, std::size_t index)
       : key_(std::int64_t{error} * (std::int64_t{1} << 32) + static_cast<std::uint32_t>(index)) {}
@@ -32,8 +32,9 @@ class RemovalRank {
   std::int64_t key_ = std::numeric_limits<std::int64_t>::max();
 };
 
-/// For a channel in order, as nearly all are: within the day, ascending, several steps on one minute allowed.
-/// An error there depends on the neighbours alone, and so a removal touches two errors, in O(log n).
+/// The errors of a channel in order, as nearly all are: within the day, ascending, several steps on one
+/// minute allowed. An error there depends on the neighbours alone, and so a removal touches two errors, in
+/// O(log n).
 class OrderedErrors {
  public:
   /// Whether a channel is of this kind.
@@ -66,7 +67,7 @@ class OrderedErrors {
   std::vector<RemovalRank> ranks_;
 };
 
-/// For any channel. A removal can change every error there, and costs O(n log n).
+/// The errors of any channel. A removal can change every error there, and costs O(n log n).
 class UnorderedErrors {
  public:
   explicit UnorderedErrors(const Channel& channel);

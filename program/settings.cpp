@@ -85,7 +85,7 @@ void Settings::SetDeviceValue(std::string_view tag, std::string_view id, std::st
 std::int32_t Settings::DemoSpeed() {
   const std::string text = GetValue("demo_speed");
   if (text.empty()) return kDefaultDemoSpeed;
-  // Not atoi, which is undefined for a number that is too large; this one stops at the limit.
+  // atoi is undefined for a number that is too large; strtol stops at the limit.
   const long seconds = std::strtol(text.c_str(), nullptr, 10);
   return static_cast<std::int32_t>(std::clamp<long>(seconds, kMinDemoSpeed, kMaxDemoSpeed));
 }

@@ -11,14 +11,14 @@
 
 namespace TCBase::Program {
 
-/// Replaces `steps` by those of the UTF-8 text, in its order, with id 0. Lines end at carriage returns only,
-/// words at blanks and colons; a line of other than three or four words is passed over. What is no number is
-/// 0, numbers and times are clamped into range, minutes above 59 count on into the next hour. A fourth word
-/// "J" or "j" makes a jump, any other is nothing. Returns how many lines were passed over though there is
-/// more in them than blanks.
+/// Replaces `steps` by those of the UTF-8 text, in its order, with id 0. A line ends at a carriage return and
+/// nowhere else, a word at a blank or a colon. A line counts if it has three or four words: hour, minute,
+/// percent and, for a jump, "J" or "j"; another fourth word is ignored. A word that is no number is read as
+/// 0. Numbers and times are clamped into range; minutes above 59 count on into the next hour. Returns how
+/// many lines were passed over that hold more than blanks.
 std::int32_t ParseStepsText(std::string_view text, std::vector<Step>& steps);
 
-/// As InsertStepSorted of one step after the other, in one go.
+/// Does what InsertStepSorted would do for one step after the other, but in one go.
 void InsertStepsSorted(Channel& channel, const std::vector<Step>& steps);
 
 /// Inserts the steps of the text, each with a line in the log. Two on one minute are both inserted, the later

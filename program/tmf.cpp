@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kHeaderSize = 4 + 4 + 4;
 constexpr std::array<std::uint8_t, kHeaderSize> kHeader{0, 0, 0, 0, 5, 0, 0, 0, 3, 0, 0, 0};
 
-// Of a row.
+// Offsets within a row.
 constexpr std::size_t kHour = 4;
 constexpr std::size_t kMinute = 5;
 constexpr std::size_t kValues = 44;

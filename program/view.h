@@ -36,7 +36,7 @@ void SetViewFromScrollBar(ModeListView& document, std::int32_t page, std::int32_
 void ViewZoomIn(ModeListView& document);
 /// One hour wider.
 void ViewZoomOut(ModeListView& document);
-/// From the zoom slider: 0 shows the whole day, each further place one hour less.
+/// Takes a place of the zoom slider: 0 shows the whole day, each further place one hour less.
 void SetViewFromSlider(ModeListView& document, std::int32_t position);
 ViewScrollInfo GetViewScrollInfo(const ModeListView& document);
 

@@ -2,7 +2,7 @@
 
 namespace sim {
 
-std::vector<std::string> Faults::Befall(const std::string& answer) {
+std::vector<std::string> Faults::ArrivalsOf(const std::string& answer) {
   if (answersLeft_ > 0) --answersLeft_;
   std::vector<std::string> arriving;
   if (Happens(options_.loss)) return arriving;

@@ -32,7 +32,7 @@ class Faults {
   bool LosesRequest() { return Happens(options_.loss); }
 
   /// What arrives of an answer, which is not empty: nothing, one datagram, or two.
-  std::vector<std::string> Befall(const std::string& answer);
+  std::vector<std::string> ArrivalsOf(const std::string& answer);
 
  private:
   bool Happens(double chance);

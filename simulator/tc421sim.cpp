@@ -11,8 +11,8 @@
 #include "common/files.h"
 #include "common/platform.h"
 #include "devices/datagrams.h"
+#include "simulator/controller_host.h"
 #include "simulator/dump.h"
-#include "simulator/station.h"
 
 namespace sim {
 
@@ -120,20 +120,20 @@ double Seconds() {
   return static_cast<double>(platform::ClockTicks()) / static_cast<double>(platform::ClockFrequency());
 }
 
-void PassOnce(Socket& socket, Station& station) {
+void PassOnce(Socket& socket, ControllerHost& host) {
   for (int i = 0; i < kDatagramsAPass; ++i) {
     TCBase::Ipv4Address from;
     const std::optional<std::string> datagram = socket.Receive(from);
     if (!datagram) break;
-    station.Take(*datagram, from, platform::AddressText(from), Seconds());
+    host.Take(*datagram, from, platform::AddressText(from), Seconds());
   }
-  while (const std::optional<Outgoing> outgoing = station.TakeDue(Seconds())) socket.Send(*outgoing);
+  while (const std::optional<Outgoing> outgoing = host.TakeDue(Seconds())) socket.Send(*outgoing);
 }
 
-int WriteDump(const Station& station, const Options& options, std::ostream& err) {
+int WriteDump(const ControllerHost& host, const Options& options, std::ostream& err) {
   if (options.dump.empty()) return kSuccess;
   const int error = ReplaceFileBytes(*platform::SystemFileCalls(), PathFromUtf8(options.dump),
-                                     DumpOf(station.GetController(), options.name));
+                                     DumpOf(host.GetController(), options.name));
   if (error == 0) return kSuccess;
   err << "tc421sim: " << options.dump << " cannot be written: " << std::generic_category().message(error)
       << '\n';
@@ -159,13 +159,14 @@ int Run(const Options& options, std::ostream& out, std::ostream& err,
 
   const auto acknowledgement =
       options.wrongAcknowledgements ? Acknowledgement::Wrong : Acknowledgement::Right;
-  Station station(MakeNetworkTC421(options.name, acknowledgement), options.faults, options.showFrames, out);
+  ControllerHost host(MakeNetworkTC421(options.name, acknowledgement), options.faults, options.showFrames,
+                      out);
   for (Request request = nextRequest(); request != Request::Stop; request = nextRequest()) {
-    if (request == Request::Dump) WriteDump(station, options, err);
-    PassOnce(socket, station);
+    if (request == Request::Dump) WriteDump(host, options, err);
+    PassOnce(socket, host);
     platform::SleepMilliseconds(kPollMilliseconds);
   }
-  return WriteDump(station, options, err);
+  return WriteDump(host, options, err);
 }
 
 }  // namespace

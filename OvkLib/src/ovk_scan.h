@@ -14,8 +14,8 @@
 namespace ovk {
 
 #ifdef OVK_SCAN_SSE2
-// Asks `find` which of sixteen bytes are looked for, and so on. Moves `at` to the first of them and is true,
-// or behind the last whole sixteen.
+// Goes through the bytes sixteen at a time and asks `find` for each sixteen which of them are looked for.
+// True, with `at` on the first of these; false, with `at` behind the last whole sixteen, if there is none.
 template <class Find>
 inline bool scan_sixteens(const char*& at, const char* const end, Find find) {
   for (; end - at >= 16; at += 16) {

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
-// Where g++ knows the length, it warns of the branches that are not taken.
+// g++ warns of branches that are not taken where it knows the length.
 #if defined(__GNUC__) && !defined(__clang__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Warray-bounds"

@@ -170,7 +170,7 @@ class basic_string {
   bool may_write() const { return is_inline() || alone(); }
   bool points_inside(const Char* text) const;
 
-  /// For a new object. False if the text is too long to stand in it, which is then left empty.
+  /// Fills a new object. False if the text is too long to stand in it, which is then left empty.
   bool place_inline(view_type text) noexcept {
     if (text.size() > static_cast<std::size_t>(inline_capacity)) {
       set_empty();

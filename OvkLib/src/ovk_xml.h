@@ -86,7 +86,7 @@ class element {
   /// All character data of the element in one, the pieces between its children joined.
   ovk::string text;
   array<std::unique_ptr<element>> children;
-  /// In order of first appearance. No two have the same name.
+  /// The attributes in order of first appearance. No two have the same name.
   array<xml::attribute> attributes;
 };
 

@@ -69,7 +69,7 @@ std::string_view Between(const char* begin, const char* end) {
   return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-// Behind the bytes from `at` on that prolong the state of the row.
+// Where the bytes from `at` on end that prolong the state of the row.
 const char* EndOfRun(const row& of, const char* at, const char* const end) {
   if (of.few_stops) return find_either(of.stops[0], of.stops[1], at, end);
   while (at != end && of.prolongs[static_cast<unsigned char>(*at)]) ++at;

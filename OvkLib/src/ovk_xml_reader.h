@@ -58,7 +58,7 @@ class tree_builder final : public observer {
   bool on_start_tag(const ovk::string& name) override;
   bool on_close_empty() override;
   bool on_end_tag(const ovk::string& name) override;
-  /// Of two attributes with one name the last wins, at the place of the first.
+  /// If two attributes have one name, the value of the last stands at the place of the first.
   bool on_attribute(const ovk::string& name, const ovk::string& value) override;
   bool on_char(char c) override;
   void reset() override;
@@ -111,9 +111,9 @@ class parser {
   std::int32_t state = states::prolog;
   /// States to come back to.
   array<std::int32_t> stack;
-  /// Of the tag or attribute that is being read; in character data, what a reference stands for.
+  /// The name of the tag or attribute that is being read; in character data, what a reference stands for.
   ovk::string name;
-  /// Of the attribute that is being read.
+  /// The value of the attribute that is being read.
   ovk::string value;
   /// The reference that is being read, from its "&" on.
   ovk::string entity;

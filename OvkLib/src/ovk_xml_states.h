@@ -88,7 +88,8 @@ struct transition {
   action does = kGo;
 };
 
-// As the state that follows: the one on top of the stack, which is taken off. An empty stack gives `error`.
+// This value as the following state means the one on top of the stack, which is taken off. An empty stack
+// gives `error`.
 constexpr std::int8_t popped = -1;
 
 struct row {

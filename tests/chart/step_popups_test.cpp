@@ -285,7 +285,7 @@ TEST_F(StepPopupsTest, ATenthIsAChange) {
   EXPECT_EQ(popup.lastX, popup.position.x);
   EXPECT_EQ(popup.lastY, popup.position.y);
 
-  popup.KeepUp();
+  popup.StayShown();
   Wait(0.02);
   popup.NoteChange();
   EXPECT_TRUE(popup.changed) << "the size counts too";

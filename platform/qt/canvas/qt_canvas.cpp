@@ -45,7 +45,7 @@ bool IsSingleLine(const UX::Figure::Contour& contour) {
 }  // namespace
 
 QtCanvas::QtCanvas(Surface surface, double scale)
-    : surface_(surface), scale_(scale), sprites_(scale), glaze_(scale) {}
+    : surface_(surface), scale_(scale), sprites_(scale), translucentShapes_(scale) {}
 
 void QtCanvas::Begin(QPainter& painter) {
   UseStage(painter);
@@ -101,8 +101,8 @@ QRectF QtCanvas::Reach() const {
 
 template <class Draw>
 void QtCanvas::Paint(const QRectF& bounds, const QColor& color, Draw draw) {
-  if (IsOnPixels() && glaze_.IsFor(bounds, color)) {
-    glaze_.Draw(*stage_.painter, bounds, color, draw);
+  if (IsOnPixels() && translucentShapes_.IsFor(bounds, color)) {
+    translucentShapes_.Draw(*stage_.painter, bounds, color, draw);
   } else {
     draw(*stage_.painter, color);
   }
@@ -196,7 +196,7 @@ UX::TextSize QtCanvas::LayOutText(UX::TextFormat format, std::string_view text, 
 void QtCanvas::DrawLayout(UX::Brush brush) {
   if (text_ == nullptr) return;
   if (!stage_.moved) stage_.painter->translate(stage_.offset.x, stage_.offset.y);
-  DrawText(*stage_.painter, *text_, ColorOf(brush));
+  DrawLaidOutText(*stage_.painter, *text_, ColorOf(brush));
   if (!stage_.moved) stage_.painter->setWorldTransform(stage_.base);
 }
 

@@ -16,10 +16,10 @@
 #include <vector>
 
 #include "chart/canvas.h"
-#include "platform/qt/canvas/glaze.h"
 #include "platform/qt/canvas/outline.h"
 #include "platform/qt/canvas/sprites.h"
 #include "platform/qt/canvas/text_layouts.h"
+#include "platform/qt/canvas/translucent_shapes.h"
 
 namespace qt {
 
@@ -86,9 +86,9 @@ class QtCanvas final : public UX::Canvas {
   const double scale_;
   std::array<QColor, UX::kBrushCount> colors_;
   TextLayouts texts_;
-  const SetText* text_ = nullptr;  // laid out last
+  const LaidOutText* text_ = nullptr;  // laid out last
   Sprites sprites_;
-  Glaze glaze_;
+  TranslucentShapes translucentShapes_;
   std::array<LabelPicture, UX::kLabelCount> labels_;
 
   Stage stage_;

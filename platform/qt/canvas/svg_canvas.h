@@ -51,7 +51,7 @@ class SvgCanvas final : public UX::Canvas {
   std::array<Paint, UX::kBrushCount> paints_;
   std::array<UX::Font, UX::kTextFormatCount> fonts_;
   TextLayouts texts_;
-  const SetText* text_ = nullptr;  // laid out last
+  const LaidOutText* text_ = nullptr;  // laid out last
   UX::Transform transform_;
 
   std::string drawn_;  // elements

@@ -11,12 +11,12 @@ namespace qt {
 
 namespace {
 
-// Qt rounds the size of a font to whole pixels. So texts are set in one size that is larger than most, and
-// scaled as they are drawn: they have the exact size, and the same line breaks at every scale.
+// Qt rounds the size of a font to whole pixels. So texts are laid out in one size that is larger than most,
+// and scaled as they are drawn: they have the exact size, and the same line breaks at every scale.
 constexpr int kDesignSize = 64;
 
 /// More than a frame has of texts that are no labels.
-constexpr std::size_t kMostSets = 32;
+constexpr std::size_t kMostTexts = 32;
 
 /// Names come from files and may be of any length; no screen shows more than this, and setting a text takes
 /// time with its length.
@@ -59,59 +59,61 @@ QTextOption DesignOption() {
 }  // namespace
 
 TextLayouts::TextLayouts() {
-  sets_.reserve(kMostSets);
+  layouts_.reserve(kMostTexts);
 }
 
 void TextLayouts::SetFont(UX::TextFormat format, const UX::Font& font) {
   fonts_[static_cast<std::size_t>(format)] = font;
-  std::erase_if(sets_, [format](const SetText& set) { return set.format == format; });
+  std::erase_if(layouts_, [format](const LaidOutText& laidOut) { return laidOut.format == format; });
 }
 
-const SetText& TextLayouts::LayOut(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) {
-  const auto known = std::ranges::find_if(sets_, [&](const SetText& set) {
-    return set.format == format && set.text == text && set.limits.width == limits.width &&
-           set.limits.height == limits.height;
+const LaidOutText& TextLayouts::LayOut(UX::TextFormat format, std::string_view text,
+                                       const UX::TextSize& limits) {
+  const auto known = std::ranges::find_if(layouts_, [&](const LaidOutText& laidOut) {
+    return laidOut.format == format && laidOut.text == text && laidOut.limits.width == limits.width &&
+           laidOut.limits.height == limits.height;
   });
-  if (known != sets_.end()) {
+  if (known != layouts_.end()) {
     known->lastUse = ++uses_;
     return *known;
   }
-  if (sets_.size() < kMostSets) sets_.emplace_back();
-  SetText& set =
-      sets_.back().layout == nullptr ? sets_.back() : *std::ranges::min_element(sets_, {}, &SetText::lastUse);
-  set.format = format;
-  set.text = text;
-  set.limits = limits;
-  set.lastUse = ++uses_;
-  Set(set);
-  return set;
+  if (layouts_.size() < kMostTexts) layouts_.emplace_back();
+  LaidOutText& laidOut = layouts_.back().layout == nullptr
+                             ? layouts_.back()
+                             : *std::ranges::min_element(layouts_, {}, &LaidOutText::lastUse);
+  laidOut.format = format;
+  laidOut.text = text;
+  laidOut.limits = limits;
+  laidOut.lastUse = ++uses_;
+  LayOutAnew(laidOut);
+  return laidOut;
 }
 
-void TextLayouts::Set(SetText& set) const {
-  const UX::Font& font = fonts_[static_cast<std::size_t>(set.format)];
-  set.scale = font.size / static_cast<float>(kDesignSize);
-  set.layout = std::make_unique<QTextLayout>(DesignText(set.text), DesignFont(font.bold));
-  set.layout->setTextOption(DesignOption());
+void TextLayouts::LayOutAnew(LaidOutText& laidOut) const {
+  const UX::Font& font = fonts_[static_cast<std::size_t>(laidOut.format)];
+  laidOut.scale = font.size / static_cast<float>(kDesignSize);
+  laidOut.layout = std::make_unique<QTextLayout>(DesignText(laidOut.text), DesignFont(font.bold));
+  laidOut.layout->setTextOption(DesignOption());
 
-  const qreal lineWidth = set.limits.width / set.scale;
+  const qreal lineWidth = laidOut.limits.width / laidOut.scale;
   qreal width = 0.0;
   qreal height = 0.0;
-  set.layout->beginLayout();
-  for (QTextLine line = set.layout->createLine(); line.isValid(); line = set.layout->createLine()) {
+  laidOut.layout->beginLayout();
+  for (QTextLine line = laidOut.layout->createLine(); line.isValid(); line = laidOut.layout->createLine()) {
     line.setLineWidth(lineWidth);
     line.setPosition({0.0, height});
     width = std::max(width, line.naturalTextWidth());
     height += line.height();
   }
-  set.layout->endLayout();
-  set.size = {static_cast<float>(width) * set.scale, static_cast<float>(height) * set.scale};
+  laidOut.layout->endLayout();
+  laidOut.size = {static_cast<float>(width) * laidOut.scale, static_cast<float>(height) * laidOut.scale};
 }
 
-void DrawText(QPainter& painter, const SetText& set, const QColor& color) {
+void DrawLaidOutText(QPainter& painter, const LaidOutText& laidOut, const QColor& color) {
   const QTransform before = painter.transform();
-  painter.scale(set.scale, set.scale);
+  painter.scale(laidOut.scale, laidOut.scale);
   painter.setPen(color);
-  set.layout->draw(&painter, {0.0, 0.0});
+  laidOut.layout->draw(&painter, {0.0, 0.0});
   painter.setTransform(before);
 }
 

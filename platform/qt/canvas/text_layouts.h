@@ -19,8 +19,8 @@ class QPainter;
 
 namespace qt {
 
-/// A text that has been set.
-struct SetText {
+/// A text that has been laidOut.
+struct LaidOutText {
   UX::TextFormat format;
   std::string text;  // UTF-8
   UX::TextSize limits;
@@ -30,25 +30,25 @@ struct SetText {
   std::uint64_t lastUse = 0;
 };
 
-/// Sets texts, and knows those that were set lately: most come again in the next frame, and setting one takes
-/// as long as drawing ten.
+/// Lays texts out, and knows those that were laid out lately: most come again in the next frame, and laying
+/// one out takes as long as drawing ten.
 class TextLayouts {
  public:
   TextLayouts();
 
   void SetFont(UX::TextFormat format, const UX::Font& font);
   /// Lays a text out as UX::Canvas::LayOutText tells. The result is valid until the next call.
-  const SetText& LayOut(UX::TextFormat format, std::string_view text, const UX::TextSize& limits);
+  const LaidOutText& LayOut(UX::TextFormat format, std::string_view text, const UX::TextSize& limits);
 
  private:
-  void Set(SetText& set) const;
+  void LayOutAnew(LaidOutText& laidOut) const;
 
   std::array<UX::Font, UX::kTextFormatCount> fonts_;
-  std::vector<SetText> sets_;
+  std::vector<LaidOutText> layouts_;
   std::uint64_t uses_ = 0;
 };
 
 /// Draws a text with its left top at the painter's origin.
-void DrawText(QPainter& painter, const SetText& set, const QColor& color);
+void DrawLaidOutText(QPainter& painter, const LaidOutText& laidOut, const QColor& color);
 
 }  // namespace qt

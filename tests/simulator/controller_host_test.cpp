@@ -1,6 +1,6 @@
 // A controller in a bad network, and its memory as other programs read it.
 
-#include "simulator/station.h"
+#include "simulator/controller_host.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ std::vector<std::vector<std::string>> Fates(const sim::FaultOptions& options, in
   sim::Faults faults(options);
   std::vector<std::vector<std::string>> fates;
   fates.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) fates.push_back(faults.Befall(kAnswer));
+  for (int i = 0; i < count; ++i) fates.push_back(faults.ArrivalsOf(kAnswer));
   return fates;
 }
 
@@ -73,7 +73,7 @@ TEST(FaultsTest, ShortIsShorterAndCorruptDiffersInOneByte) {
 
 class StationTest : public testing::Test {
  protected:
-  sim::Station GivenStation(const sim::FaultOptions& faults = {}, bool showFrames = false) {
+  sim::ControllerHost GivenHost(const sim::FaultOptions& faults = {}, bool showFrames = false) {
     return {sim::MakeNetworkTC421("Smart"), faults, showFrames, report};
   }
 
@@ -81,45 +81,45 @@ class StationTest : public testing::Test {
 };
 
 TEST_F(StationTest, AnswersTheSenderWhenTheDelayHasPassed) {
-  sim::Station station = GivenStation({.delayMilliseconds = 250});
-  station.Take(SearchFrame(), kComputer, "him", 10.0);
-  EXPECT_FALSE(station.TakeDue(10.2));
-  const auto answer = station.TakeDue(10.3);
+  sim::ControllerHost host = GivenHost({.delayMilliseconds = 250});
+  host.Take(SearchFrame(), kComputer, "him", 10.0);
+  EXPECT_FALSE(host.TakeDue(10.2));
+  const auto answer = host.TakeDue(10.3);
   ASSERT_TRUE(answer);
   EXPECT_EQ(answer->to, kComputer);
   EXPECT_EQ(answer->bytes.size(), 64U);
-  EXPECT_FALSE(station.TakeDue(99.0)) << "it is gone";
+  EXPECT_FALSE(host.TakeDue(99.0)) << "it is gone";
   EXPECT_EQ(report.str(), "him  search\n");
 }
 
 TEST_F(StationTest, ReportsWhatWasWrong) {
-  sim::Station station = GivenStation({}, true);
-  station.Take("abc", kComputer, "him", 0.0);
+  sim::ControllerHost host = GivenHost({}, true);
+  host.Take("abc", kComputer, "him", 0.0);
   EXPECT_EQ(report.str(), "him  61 62 63\nhim  OBJECTION, frame 1: it has 3 bytes\n");
-  EXPECT_FALSE(station.TakeDue(99.0));
+  EXPECT_FALSE(host.TakeDue(99.0));
 }
 
 TEST_F(StationTest, ALostRequestIsNotHeard) {
-  sim::Station station = GivenStation({.loss = 1.0});
-  station.Take(SearchFrame(), kComputer, "him", 0.0);
-  EXPECT_EQ(station.GetController().FrameCount(), 0);
+  sim::ControllerHost host = GivenHost({.loss = 1.0});
+  host.Take(SearchFrame(), kComputer, "him", 0.0);
+  EXPECT_EQ(host.GetController().FrameCount(), 0);
   EXPECT_EQ(report.str(), "him  lost on the way here\n");
 }
 
 TEST_F(StationTest, IsOffBehindItsLastAnswer) {
-  sim::Station station = GivenStation({.answers = 2});
-  for (int i = 0; i < 4; ++i) station.Take(SearchFrame(), kComputer, "him", 0.0);
-  EXPECT_EQ(station.GetController().FrameCount(), 2);
+  sim::ControllerHost host = GivenHost({.answers = 2});
+  for (int i = 0; i < 4; ++i) host.Take(SearchFrame(), kComputer, "him", 0.0);
+  EXPECT_EQ(host.GetController().FrameCount(), 2);
   EXPECT_EQ(report.str(), "him  search\nhim  search\nhim  not heard, it is off\nhim  not heard, it is off\n");
-  EXPECT_TRUE(station.TakeDue(99.0) && station.TakeDue(99.0)) << "what it has said is on its way";
-  EXPECT_FALSE(station.TakeDue(99.0));
+  EXPECT_TRUE(host.TakeDue(99.0) && host.TakeDue(99.0)) << "what it has said is on its way";
+  EXPECT_FALSE(host.TakeDue(99.0));
 }
 
 TEST_F(StationTest, WhoAsksForeverIsNotRemembered) {
-  sim::Station station = GivenStation({.delayMilliseconds = 60'000});
-  for (int i = 0; i < 5000; ++i) station.Take(SearchFrame(), kComputer, "him", 0.0);
+  sim::ControllerHost host = GivenHost({.delayMilliseconds = 60'000});
+  for (int i = 0; i < 5000; ++i) host.Take(SearchFrame(), kComputer, "him", 0.0);
   int answers = 0;
-  while (station.TakeDue(100.0)) ++answers;
+  while (host.TakeDue(100.0)) ++answers;
   EXPECT_EQ(answers, 1000);
 }
 

@@ -1,4 +1,4 @@
-#include "simulator/station.h"
+#include "simulator/controller_host.h"
 
 #include <utility>
 
@@ -11,16 +11,16 @@ constexpr std::size_t kMostWaiting = 1000;
 
 }  // namespace
 
-Station::Station(std::unique_ptr<Controller> controller, const FaultOptions& faults, bool showFrames,
-                 std::ostream& report)
+ControllerHost::ControllerHost(std::unique_ptr<Controller> controller, const FaultOptions& faults,
+                               bool showFrames, std::ostream& report)
     : controller_(std::move(controller)),
       faults_(faults),
       delaySeconds_(faults.delayMilliseconds / 1000.0),
       showFrames_(showFrames),
       report_(report) {}
 
-void Station::Take(const std::string& datagram, const TCBase::Ipv4Address& from, std::string_view fromText,
-                   double seconds) {
+void ControllerHost::Take(const std::string& datagram, const TCBase::Ipv4Address& from,
+                          std::string_view fromText, double seconds) {
   if (showFrames_) Report(fromText, ToHex(datagram));
   if (faults_.IsOff()) {
     Report(fromText, "not heard, it is off");
@@ -37,7 +37,7 @@ void Station::Take(const std::string& datagram, const TCBase::Ipv4Address& from,
   for (std::size_t i = known; i < violations.size(); ++i) Report(fromText, "OBJECTION, " + violations[i]);
   if (reply.empty()) return;
 
-  const std::vector<std::string> arriving = faults_.Befall(reply);
+  const std::vector<std::string> arriving = faults_.ArrivalsOf(reply);
   if (arriving.empty()) Report(fromText, "answer lost on the way back");
   for (const std::string& bytes : arriving) {
     if (bytes != reply) Report(fromText, "answer damaged: " + ToHex(bytes));
@@ -46,14 +46,14 @@ void Station::Take(const std::string& datagram, const TCBase::Ipv4Address& from,
   if (arriving.size() > 1) Report(fromText, "answer sent twice");
 }
 
-std::optional<Outgoing> Station::TakeDue(double seconds) {
+std::optional<Outgoing> ControllerHost::TakeDue(double seconds) {
   if (waiting_.empty() || waiting_.front().due > seconds) return std::nullopt;
   Outgoing outgoing = std::move(waiting_.front());
   waiting_.pop_front();
   return outgoing;
 }
 
-void Station::Report(std::string_view from, std::string_view text) const {
+void ControllerHost::Report(std::string_view from, std::string_view text) const {
   report_ << from << "  " << text << '\n' << std::flush;
 }
 

@@ -14,10 +14,10 @@ class QPainter;
 
 namespace qt {
 
-class Glaze {
+class TranslucentShapes {
  public:
   /// `scale` is the number of the device's pixels to a unit.
-  explicit Glaze(double scale);
+  explicit TranslucentShapes(double scale);
 
   /// Whether a shape within `bounds` is better drawn by this. A few rows of pixels are not divided.
   bool IsFor(const QRectF& bounds, const QColor& color) const;

@@ -1,4 +1,4 @@
-#include "platform/qt/canvas/glaze.h"
+#include "platform/qt/canvas/translucent_shapes.h"
 
 #include <QPainter>
 
@@ -25,14 +25,14 @@ QRect ReachedPixels(const QPainter& painter, const QRectF& bounds, double scale)
 
 }  // namespace
 
-Glaze::Glaze(double scale) : scale_(scale) {}
+TranslucentShapes::TranslucentShapes(double scale) : scale_(scale) {}
 
-bool Glaze::IsFor(const QRectF& bounds, const QColor& color) const {
+bool TranslucentShapes::IsFor(const QRectF& bounds, const QColor& color) const {
   return color.alpha() < 255 && bounds.height() * scale_ > kFewRows;
 }
 
-void Glaze::Draw(QPainter& painter, const QRectF& bounds, const QColor& color,
-                 const std::function<void(QPainter&, const QColor&)>& draw) {
+void TranslucentShapes::Draw(QPainter& painter, const QRectF& bounds, const QColor& color,
+                             const std::function<void(QPainter&, const QColor&)>& draw) {
   const QRect pixels = ReachedPixels(painter, bounds, scale_);
   if (pixels.isEmpty()) return;
   if (aside_.width() < pixels.width() || aside_.height() < pixels.height())

@@ -24,11 +24,11 @@ struct Outgoing {
 };
 
 /// One thread. `report` outlives it.
-class Station {
+class ControllerHost {
  public:
   /// With `showFrames` every frame is reported byte for byte too.
-  Station(std::unique_ptr<Controller> controller, const FaultOptions& faults, bool showFrames,
-          std::ostream& report);
+  ControllerHost(std::unique_ptr<Controller> controller, const FaultOptions& faults, bool showFrames,
+                 std::ostream& report);
 
   /// Takes a datagram. A line of the report tells what it asked for, and one each what was wrong with it;
   /// `fromText` is the sender as these call it.
