@@ -40,7 +40,7 @@ std::string Told(HMENU menu) {
   return told;
 }
 
-MenuEntry Item(int command, std::string_view text) {
+MenuEntry Item(int command, TextKey text) {
   return {MenuEntry::Kind::Command, command, text};
 }
 
@@ -52,9 +52,14 @@ TEST(AppendedMenus, StandBehindWhatIsThere) {
   AppendMenuW(file, MF_STRING, 1, L"New");
   AppendMenuW(file, MF_POPUP, reinterpret_cast<UINT_PTR>(more), L"More");
   AppendMenuW(more, MF_STRING, 2, L"Old");
-  const MenuEntry known{MenuEntry::Kind::Submenu, 0, "More", {}, {Item(2, "Old"), {}, Item(3, "Older")}};
-  const MenuEntry added{MenuEntry::Kind::Submenu, 0, "Most", {}, {Item(4, "Oldest")}};
-  const std::array<app::MenuPopup, 1> menus{{{"File", {Item(1, "New"), known, {}, added, Item(5, "Last")}}}};
+  const MenuEntry known{MenuEntry::Kind::Submenu,
+                        0,
+                        TextKey("More"),
+                        {},
+                        {Item(2, TextKey("Old")), {}, Item(3, TextKey("Older"))}};
+  const MenuEntry added{MenuEntry::Kind::Submenu, 0, TextKey("Most"), {}, {Item(4, TextKey("Oldest"))}};
+  const std::array<app::MenuPopup, 1> menus{
+      {{TextKey("File"), {Item(1, TextKey("New")), known, {}, added, Item(5, TextKey("Last"))}}}};
   win32::AppendMissing(bar, menus);
   EXPECT_EQ(Told(bar), "[File: 1 New, [More: 2 Old, -, 3 Older], -, [Most: 4 Oldest], 5 Last]");
   win32::AppendMissing(bar, menus);

@@ -92,9 +92,9 @@ TEST_F(Resources, MenusAreWhatThoseOfTheCommandsBeginWith) {
   ASSERT_EQ(GetMenuItemCount(bar), static_cast<int>(app::MenuTable().size()));
   int position = 0;
   for (const app::MenuPopup& popup : app::MenuTable()) {
-    EXPECT_EQ(TextOf(bar, position), popup.text);
+    EXPECT_EQ(TextOf(bar, position), std::string(popup.text));
     // MF_HELP in the resource, which is the same bit as this.
-    EXPECT_EQ((TypeOf(bar, position) & MFT_RIGHTJUSTIFY) != 0, popup.rightJustified) << popup.text;
+    EXPECT_EQ((TypeOf(bar, position) & MFT_RIGHTJUSTIFY) != 0, popup.rightJustified) << std::string(popup.text);
     ExpectEntries(GetSubMenu(bar, position), popup.entries, std::string(popup.text));
     ++position;
   }
