@@ -46,8 +46,7 @@ void RequireTmfBack(const Mode& mode) {
   CollectModeSteps(back, rowsBack);
   Require(rows.size() == rowsBack.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    Require(MinuteOfDay({rows[i].hour, rows[i].minute}) ==
-            MinuteOfDay({rowsBack[i].hour, rowsBack[i].minute}));
+    Require(MinuteOfDay(rows[i]) == MinuteOfDay(rowsBack[i]));
     Require(rows[i].jumps == rowsBack[i].jumps);
     for (std::size_t c = 0; c < rows[i].values.size(); ++c) {
       const int value = std::min(rows[i].values[c] & 0xFF, 100);
