@@ -42,8 +42,9 @@ class Documents {
 void LoadPhase(benchmark::State& state) {
   const Documents documents;
   Settings settings(documents.path() / Settings::fileName);
+  TranslationStore translations("", "");
   for (auto _ : state) {
-    headless::Desktop desktop(settings, documents.path() / "LumarineLog.txt");
+    headless::Desktop desktop(settings, translations, documents.path() / "LumarineLog.txt");
     benchmark::DoNotOptimize(desktop.application->state.program);
     state.PauseTiming();
     desktop.application.reset();  // joins the thread, which may be asleep

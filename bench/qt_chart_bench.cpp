@@ -95,9 +95,10 @@ class Chart {
       QPolygonF points;
       const Step* previous = nullptr;
       for (const Step& step : document_.modes[0].channels[static_cast<std::size_t>(c)]) {
-        const int x = TimeToX(lane, document_, step);
-        if (previous != nullptr && previous->jump) points << QPointF(x, PercentToY(lane, previous->value));
-        points << QPointF(x, PercentToY(lane, step.value));
+        const int x = UX::TimeToX(lane, document_, step);
+        if (previous != nullptr && previous->jump)
+          points << QPointF(x, UX::PercentToY(lane, previous->value));
+        points << QPointF(x, UX::PercentToY(lane, step.value));
         previous = &step;
       }
       painter.drawPolyline(points);
