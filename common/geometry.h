@@ -5,11 +5,11 @@
 
 #include <cstdint>
 
-struct Point {
+struct Position {
   std::int32_t x = 0;
   std::int32_t y = 0;
 
-  friend bool operator==(const Point&, const Point&) = default;
+  friend bool operator==(const Position&, const Position&) = default;
 };
 
 /// Never left, top, right, bottom.

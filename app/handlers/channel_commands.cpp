@@ -29,7 +29,7 @@ using TakeSteps = std::int32_t (*)(Channel& channel, std::string_view text);
 /// Asks for steps as text, beginning with `text`, and gives them to the channel.
 Changed TypeSteps(const CommandContext& context, TextKey title, std::u16string text, TakeSteps take) {
   AppState& state = context.state;
-  const Point place = DialogPlace(state.chartLayout.DialogAnchorChart());
+  const Position place = DialogPlace(state.chartLayout.DialogAnchorChart());
   dialogs::AddStepsParams params{place.x, place.y, Message(title).ToWide(), std::move(text)};
   if (dialogs::DlgAddSteps(context.shell.dialogs, params).DoModal() != dialogs::kOk) return Changed::No;
   state.undoStack.Snapshot();

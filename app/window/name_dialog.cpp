@@ -2,15 +2,15 @@
 
 namespace app {
 
-Point DialogPlace(const Rect& anchor) {
+Position DialogPlace(const Rect& anchor) {
   return {anchor.x + 50, anchor.y + 50};
 }
 
-Point DialogPlaceAbove(const Rect& anchor) {
+Position DialogPlaceAbove(const Rect& anchor) {
   return {anchor.x + 50, anchor.y - 90};
 }
 
-dialogs::ModeNameParams NameDialog(const NameQuestion& question, const Point& place) {
+dialogs::ModeNameParams NameDialog(const NameQuestion& question, const Position& place) {
   dialogs::ModeNameParams params;
   params.maxLength = question.maxLength;
   params.x = place.x;

@@ -11,11 +11,11 @@
 namespace app {
 
 // Where dialogs come up, in the main window's client area; above the anchor that is at the bottom.
-Point DialogPlace(const Rect& anchor);
-Point DialogPlaceAbove(const Rect& anchor);
+Position DialogPlace(const Rect& anchor);
+Position DialogPlaceAbove(const Rect& anchor);
 
 /// A dialog that belongs to no part of the window comes up here.
-inline constexpr Point kDialogPlace{60, 50};
+inline constexpr Position kDialogPlace{60, 50};
 
 // UTF-16 units that can be entered.
 inline constexpr std::int32_t kModeNameLength = 15;
@@ -31,6 +31,6 @@ struct NameQuestion {
 };
 
 /// The dialog with empty fields and nothing to copy from.
-dialogs::ModeNameParams NameDialog(const NameQuestion& question, const Point& place);
+dialogs::ModeNameParams NameDialog(const NameQuestion& question, const Position& place);
 
 }  // namespace app
