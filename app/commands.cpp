@@ -133,6 +133,9 @@ constexpr Command kCommands[] = {
      .undo = Snapshot, .handler = With<Align, 30>, .refreshes = kSteps},
     {.number = command::kAlign60, .text = TextKey("1 hour intervals"), .menu = menu::kMode, .submenu = kAlignment,
      .undo = Snapshot, .handler = With<Align, 60>, .refreshes = kSteps},
+    {.number = command::kDuplicateMode, .text = TextKey("Duplicate mode"), .menu = menu::kMode,
+     .beginsGroup = true, .keys = {Ctrl('D')}, .when = WithoutDemo, .undo = Snapshot,
+     .handler = DuplicateMode, .refreshes = kModes},
 
     // Language: which others there are is up to the translations.
     {.number = command::kEnglish, .lastNumber = command::kLastLanguage, .text = TextKey("English"),
