@@ -171,6 +171,8 @@ constexpr Command kCommands[] = {
      .always = part::kFocus},
     {.number = control_id::kAddMode, .handler = AddMode, .refreshes = kModes, .always = part::kFocus},
     {.number = control_id::kDeleteMode, .handler = DeleteMode, .refreshes = kModes, .always = part::kFocus},
+    {.number = control_id::kDuplicateMode, .undo = Snapshot, .handler = DuplicateMode, .refreshes = kModes,
+     .always = part::kFocus},
     {.number = control_id::kDeviceList, .code = kListSelectionChanged, .handler = ReadDeviceSelection,
      .always = part::kFocus},
     {.number = control_id::kDeviceList, .code = kListDoubleClick, .handler = RenameDevice, .refreshes = part::kFocus},

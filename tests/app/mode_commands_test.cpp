@@ -255,6 +255,8 @@ TEST_F(Modes, ADuplicateIsAModeOfItsOwn) {
   EXPECT_EQ(Program().modes.size(), 2U);
   user.PressKey('D', true);
   EXPECT_EQ(Program().modes.size(), 3U);
+  user.Press(Control::DuplicateModeButton);
+  EXPECT_EQ(Program().modes.size(), 4U);
 }
 
 }  // namespace
