@@ -94,7 +94,8 @@ TEST_F(Resources, MenusAreWhatThoseOfTheCommandsBeginWith) {
   for (const app::MenuPopup& popup : app::MenuTable()) {
     EXPECT_EQ(TextOf(bar, position), std::string(popup.text));
     // MF_HELP in the resource, which is the same bit as this.
-    EXPECT_EQ((TypeOf(bar, position) & MFT_RIGHTJUSTIFY) != 0, popup.rightJustified) << std::string(popup.text);
+    EXPECT_EQ((TypeOf(bar, position) & MFT_RIGHTJUSTIFY) != 0, popup.rightJustified)
+        << std::string(popup.text);
     ExpectEntries(GetSubMenu(bar, position), popup.entries, std::string(popup.text));
     ++position;
   }
