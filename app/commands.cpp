@@ -133,9 +133,6 @@ constexpr Command kCommands[] = {
      .undo = Snapshot, .handler = With<Align, 30>, .refreshes = kSteps},
     {.number = command::kAlign60, .text = TextKey("1 hour intervals"), .menu = menu::kMode, .submenu = kAlignment,
      .undo = Snapshot, .handler = With<Align, 60>, .refreshes = kSteps},
-    {.number = command::kDuplicateMode, .text = TextKey("Duplicate mode"), .menu = menu::kMode,
-     .beginsGroup = true, .keys = {Ctrl('D')}, .when = WithoutDemo, .undo = Snapshot,
-     .handler = DuplicateMode, .refreshes = kModes},
 
     // Language: which others there are is up to the translations.
     {.number = command::kEnglish, .lastNumber = command::kLastLanguage, .text = TextKey("English"),
@@ -171,8 +168,6 @@ constexpr Command kCommands[] = {
      .always = part::kFocus},
     {.number = control_id::kAddMode, .handler = AddMode, .refreshes = kModes, .always = part::kFocus},
     {.number = control_id::kDeleteMode, .handler = DeleteMode, .refreshes = kModes, .always = part::kFocus},
-    {.number = control_id::kDuplicateMode, .undo = Snapshot, .handler = DuplicateMode, .refreshes = kModes,
-     .always = part::kFocus},
     {.number = control_id::kDeviceList, .code = kListSelectionChanged, .handler = ReadDeviceSelection,
      .always = part::kFocus},
     {.number = control_id::kDeviceList, .code = kListDoubleClick, .handler = RenameDevice, .refreshes = part::kFocus},

@@ -90,18 +90,6 @@ Changed DeleteMode(CommandContext& context) {
   return Changed::Yes;
 }
 
-Changed DuplicateMode(CommandContext& context) {
-  AppState& state = context.state;
-  Mode copy = state.CurrentMode();
-  copy.name = Utf8FromWide(SuggestedModeName(state.program));
-  RenumberSteps(copy);
-  LogStatus(Message("Added new mode: {1}", copy.name));
-  state.program.currentMode = static_cast<std::int32_t>(state.program.modes.size());
-  state.selection.channel = state.selection.step = -1;
-  state.program.modes.push_back(std::move(copy));
-  return Changed::Yes;
-}
-
 Changed OptimizeModeForTC421(CommandContext& context) {
   OptimizeForTC421(context.state.program);
   return Changed::Yes;

@@ -13,8 +13,6 @@ Changed SelectMode(CommandContext& context);
 Changed AddMode(CommandContext& context);
 Changed EditMode(CommandContext& context);
 Changed DeleteMode(CommandContext& context);
-/// Appends a copy of the current mode under a name of its own, and makes it the current one.
-Changed DuplicateMode(CommandContext& context);
 
 Changed OptimizeModeForTC421(CommandContext& context);
 /// At a second of the day.

@@ -32,8 +32,6 @@ constexpr std::array<ControlRow, kControlCount> kTable{{
      Control::AddModeButton, false, kStays, When::WithoutDemo},
     {{control_id::kDeleteMode, Kind::Button, {66, 208, 54, 20}, "➖"},
      Control::DeleteModeButton, false, kStays, When::WithoutDemo},
-    {{control_id::kDuplicateMode, Kind::Button, {10, 230, 110, 18}, "⧉"},
-     Control::DuplicateModeButton, false, kStays, When::WithoutDemo},
     {{control_id::kDemoStatus, Kind::Label, {10, 252, 110, 20}, "Demo controls", kReadOut},
      Control::DemoStatusLabel, kTranslated},
     {{control_id::kPlay, Kind::Button, {10, 274, 54, 20}, "▶"},

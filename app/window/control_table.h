@@ -14,7 +14,6 @@ enum class Control : std::int32_t {
   ModeList,
   AddModeButton,
   DeleteModeButton,
-  DuplicateModeButton,
   DemoStatusLabel,
   PlayButton,
   StopButton,
@@ -31,7 +30,7 @@ enum class Control : std::int32_t {
   ScrollBar,
   LogPane,
 };
-inline constexpr int kControlCount = 19;
+inline constexpr int kControlCount = 18;
 
 /// Command numbers of those controls that have one.
 namespace control_id {
@@ -39,7 +38,6 @@ inline constexpr int kModeList = 200;
 inline constexpr int kAddMode = 201;
 inline constexpr int kDeleteMode = 202;
 inline constexpr int kDeviceList = 203;
-inline constexpr int kDuplicateMode = 204;
 inline constexpr int kDevicesLabel = 1027;
 inline constexpr int kZoomLabel = 1033;
 inline constexpr int kDemoStatus = 1034;

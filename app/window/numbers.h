@@ -60,7 +60,6 @@ inline constexpr int kAlign10 = 32934;
 inline constexpr int kAlign15 = 32935;
 inline constexpr int kAlign30 = 32936;
 inline constexpr int kAlign60 = 32937;
-inline constexpr int kDuplicateMode = 32949;
 // Language: English, and from kFirstLanguage on the others by their place among the translations.
 inline constexpr int kEnglish = 32796;
 inline constexpr int kFirstLanguage = 32797;

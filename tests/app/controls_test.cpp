@@ -333,8 +333,8 @@ TEST_F(Controls, EachStepOfThePowerSliderIsAnEntry) {
 TEST_F(Controls, DuringADemoEditingControlsAreDisabled) {
   GivenDemoAt(600);
   Desk().application->mainWindow.OnTimer(app::kDemoTimer);
-  for (const Control control : {Control::ModeList, Control::AddModeButton, Control::DeleteModeButton,
-                                Control::DuplicateModeButton, Control::PowerSlider}) {
+  for (const Control control :
+       {Control::ModeList, Control::AddModeButton, Control::DeleteModeButton, Control::PowerSlider}) {
     EXPECT_FALSE(user.IsEnabled(control));
   }
   for (const Control control : {Control::ZoomSlider, Control::ScrollBar, Control::DeviceList}) {

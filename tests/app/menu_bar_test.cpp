@@ -138,7 +138,6 @@ const std::set<int> kIdleOnly = {
     command::kAlign15,
     command::kAlign30,
     command::kAlign60,
-    command::kDuplicateMode,
     // With a step selected.
     command::kDeleteStep,
     command::kToggleJump,

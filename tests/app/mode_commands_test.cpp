@@ -242,21 +242,4 @@ TEST_F(Modes, AnotherModeLeavesThePowerSliderAtNothing) {
   EXPECT_FALSE(user.IsEnabled(Control::PowerSlider));
 }
 
-TEST_F(Modes, ADuplicateIsAModeOfItsOwn) {
-  Mode().description = "over the stones";
-  const std::string steps = Told(Channel(2));
-  ASSERT_TRUE(user.Choose(app::command::kDuplicateMode));
-  EXPECT_EQ(Program().currentMode, 2);
-  EXPECT_EQ(Mode().description, "over the stones");
-  EXPECT_EQ(Told(Channel(2)), steps);
-  EXPECT_THAT(user.SelectedRows(Control::ModeList), ElementsAre(2));
-  EXPECT_EQ(UndoDepth(), 1);
-  user.PressKey('Z', true);
-  EXPECT_EQ(Program().modes.size(), 2U);
-  user.PressKey('D', true);
-  EXPECT_EQ(Program().modes.size(), 3U);
-  user.Press(Control::DuplicateModeButton);
-  EXPECT_EQ(Program().modes.size(), 4U);
-}
-
 }  // namespace

@@ -33,11 +33,11 @@ const std::vector<std::string> kStartUpOrder = {
     "init common controls", "start graphics", "start network", "load names", "register main class",
     "register chart class", "create main window",
     // The child controls
-    "create list ", "create button ➕", "create button ➖", "create button ⧉", "create label Demo controls",
-    "create button ▶", "create button ■", "create label 0:00", "create label [0 0 0 0 0]",
-    "create label Channel power", "create slider ", "create label Devices", "create list ",
-    "create label Zoom", "create slider ", "create label mode description", "create chart ",
-    "create scroll bar ", "create rich text ", "set default font",
+    "create list ", "create button ➕", "create button ➖", "create label Demo controls", "create button ▶",
+    "create button ■", "create label 0:00", "create label [0 0 0 0 0]", "create label Channel power",
+    "create slider ", "create label Devices", "create list ", "create label Zoom", "create slider ",
+    "create label mode description", "create chart ", "create scroll bar ", "create rich text ",
+    "set default font",
     //
     "renderer: initialise", "load logo", "show", "renderer: rebuild", "take menu", "redraw menu",
     "title Lumarine - New program", "renderer: rebuild",

@@ -44,9 +44,8 @@ TEST(ControlStyles, OfTheMainWindow) {
   constexpr DWORD kList = LBS_NOTIFY | WS_VSCROLL | WS_BORDER;
   EXPECT_EQ(OwnStyleOf(Control::ModeList), kList);
   EXPECT_EQ(OwnStyleOf(Control::DeviceList), kList | LBS_EXTENDEDSEL);
-  for (const Control button :
-       {Control::AddModeButton, Control::DeleteModeButton, Control::DuplicateModeButton, Control::PlayButton,
-        Control::StopButton, Control::ChartWindow, Control::ScrollBar}) {
+  for (const Control button : {Control::AddModeButton, Control::DeleteModeButton, Control::PlayButton,
+                               Control::StopButton, Control::ChartWindow, Control::ScrollBar}) {
     EXPECT_EQ(OwnStyleOf(button), 0U) << static_cast<int>(button);
   }
   for (const Control label :
