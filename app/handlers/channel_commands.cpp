@@ -39,6 +39,15 @@ Changed TypeSteps(const CommandContext& context, TextKey title, std::u16string t
   return Changed::Yes;
 }
 
+Changed MoveSteps(AppState& state, void (*move)(StepSelection&), TextKey said) {
+  if (SelectedChannel(state.selection) == nullptr) return Changed::No;
+  state.undoStack.Snapshot();
+  move(state.selection);
+  LogStatus(Message(said));
+  state.chartLayout.FocusLane(state.selection.channel);
+  return Changed::Yes;
+}
+
 }  // namespace
 
 Changed DeleteStep(CommandContext& context) {
@@ -72,23 +81,11 @@ Changed PasteSteps(CommandContext& context) {
 }
 
 Changed MoveStepsUp(CommandContext& context) {
-  AppState& state = context.state;
-  if (SelectedChannel(state.selection) == nullptr) return Changed::No;
-  state.undoStack.Snapshot();
-  MoveChannelUp(state.selection);
-  LogStatus(Message("Moved steps up"));
-  state.chartLayout.FocusLane(state.selection.channel);
-  return Changed::Yes;
+  return MoveSteps(context.state, MoveChannelUp, TextKey("Moved steps up"));
 }
 
 Changed MoveStepsDown(CommandContext& context) {
-  AppState& state = context.state;
-  if (SelectedChannel(state.selection) == nullptr) return Changed::No;
-  state.undoStack.Snapshot();
-  MoveChannelDown(state.selection);
-  LogStatus(Message("Moved steps down"));
-  state.chartLayout.FocusLane(state.selection.channel);
-  return Changed::Yes;
+  return MoveSteps(context.state, MoveChannelDown, TextKey("Moved steps down"));
 }
 
 Changed ClearSteps(CommandContext& context) {

@@ -53,7 +53,7 @@ const Command* FindCommand(std::span<const Command> commands, int number, int co
 
 std::vector<MenuPopup> BuildMenus(std::span<const Command> commands) {
   std::vector<MenuPopup> menus;
-  for (const MenuRow& row : kMenus) menus.push_back({row.text, {}, row.when, row.rightJustified});
+  for (const MenuRow& row : kMenus) menus.push_back({row.text, {}, row.rightJustified});
   for (const Command& command : commands) {
     if (command.menu != menu::kNone) Append(menus[static_cast<std::size_t>(command.menu)].entries, command);
   }

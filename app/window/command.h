@@ -109,7 +109,6 @@ struct MenuEntry {
 struct MenuPopup {
   TextKey text;
   std::vector<MenuEntry> entries;
-  When when = When::Always;
   bool rightJustified = false;
 };
 
