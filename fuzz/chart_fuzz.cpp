@@ -17,7 +17,7 @@ namespace {
 
 using namespace TCBase::Program;
 
-/// Takes values off the front of the bytes; zeros when there are none left.
+// Takes values off the front of the bytes; zeros when there are none left.
 class Bytes {
  public:
   Bytes(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
@@ -41,7 +41,7 @@ class Bytes {
   std::size_t size_;
 };
 
-/// Half of the steps as a user would make them, the others with any bits.
+// Half of the steps as a user would make them, the others with any bits.
 Step TakeStep(Bytes& bytes, std::uint8_t kind) {
   Step step;
   if ((kind & 16) != 0) {
@@ -58,7 +58,7 @@ Step TakeStep(Bytes& bytes, std::uint8_t kind) {
   return step;
 }
 
-/// What is shown of the document.
+// What is shown of the document.
 struct Scene {
   explicit Scene(Bytes& bytes)
       : width(bytes.Take<std::uint16_t>()),
@@ -91,7 +91,7 @@ class Chart {
  public:
   explicit Chart(ModeListView program) : document_(std::move(program)) {}
 
-  /// Rebuilds, moves the mouse and draws while everything is in motion.
+  // Rebuilds, moves the mouse and draws while everything is in motion.
   void Show(const Scene& scene) {
     layout_.Update(scene.width, scene.height);
     document_.viewStart = scene.viewStart;

@@ -38,6 +38,7 @@ std::string NextReport(Choices& choices) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Choices choices(data, size);
   virtual_clock::Reset();
+  const virtual_clock::Alone alone;
   sim_hidapi::Reset();
   const bool isTC420 = choices.Next() % 2 == 0;
   sim_hidapi::PlugIn(isTC420 ? sim_hidapi::Family::TC420 : sim_hidapi::Family::TC421);

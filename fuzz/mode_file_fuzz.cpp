@@ -33,7 +33,7 @@ void RequireInRange(const Mode& mode) {
   }
 }
 
-/// The same times and jumps; values may have gone down by one (the curve arrives just below a step).
+// The same times and jumps; values may have gone down by one (the curve arrives just below a step).
 void RequireTmfBack(const Mode& mode) {
   std::string data;
   WriteTmf(mode, data);

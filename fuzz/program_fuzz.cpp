@@ -37,7 +37,7 @@ std::optional<ModeListView> Load(const char* bytes, std::size_t size) {
   return document;
 }
 
-/// What a document is once it has been a file: whole percents, and those as far as a float is exact.
+// What a document is once it has been a file: whole percents, and those as far as a float is exact.
 ModeListView SavedAndLoaded(const ModeListView& document) {
   ovk::xml::element root;
   BuildProgramXml(document, root);

@@ -20,7 +20,7 @@ std::string Exported(TranslationStore& store) {
   return xml_trees::Serialized(store.ExportTranslation());
 }
 
-/// In every language, and through the translators' tools.
+// In every language, and through the translators' tools.
 void UseEverything(TranslationStore& store) {
   Require(store.Translate("Undo") == "Undo");
   for (const auto& language : store.GetLanguages().children) {
@@ -38,7 +38,7 @@ void UseEverything(TranslationStore& store) {
   if (plain.find('\\') == plain.npos) Require(xml_trees::Serialized(copy) == plain);
 }
 
-/// Exports the language in use, loads that as the test language and makes it the one in use.
+// Exports the language in use, loads that as the test language and makes it the one in use.
 std::string ExportAndLoad(TranslationStore& store) {
   std::string bytes = Exported(store);
   Require(store.LoadTranslation(bytes, "test", "Test Translation"));

@@ -78,6 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ReadAsNetworkManagers(data, size);
   Choices choices(data, size);
   virtual_clock::Reset();
+  const virtual_clock::Alone alone;
   sim_hidapi::Reset();
   sim_network::Reset();
   const int what = choices.Next();

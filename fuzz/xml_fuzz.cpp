@@ -51,7 +51,7 @@ void CompareTrees(std::string_view document) {
   if (ran.root != nullptr) Require(xml_trees::SameTree(*ran.root, *walked.root));
 }
 
-/// The one text that does not come back as it was: the writer lets it through as a CDATA section.
+// The one text that does not come back as it was: the writer lets it through as a CDATA section.
 bool HoldsCdataMark(const element& tree) {
   if (tree.text.view().starts_with("<![CDATA[")) return true;
   for (const auto& child : tree.children) {
