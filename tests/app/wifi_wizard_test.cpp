@@ -62,16 +62,13 @@ class WifiWizard : public AppTest {
     for (const auto& told : Port().told) texts.push_back(Utf8FromWide(told.text));
     return texts;
   }
-  /// The titles of the dialogs that came up, without what they have in common.
+  // The titles of the dialogs that came up, without what they have in common.
   std::vector<std::string> Pages() {
     std::vector<std::string> pages;
     for (const SeenDialog& seen : user.Dialogs()) pages.push_back(seen.title.substr(19));
     return pages;
   }
-  bool RunWizard(std::vector<DialogScript> pages) {
-    for (DialogScript& page : pages) user.WillFill(std::move(page));
-    return user.Choose(command::kSetupWifi);
-  }
+  bool RunWizard(std::vector<DialogScript> pages) { return in_wizard::Run(user, std::move(pages)); }
 
   DialogStep WaitForLog(const std::string& text) {
     return Await([this, text](const SeenDialog&) { return user.Log().find(text) != std::string::npos; });

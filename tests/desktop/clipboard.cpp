@@ -18,7 +18,7 @@ struct Destroy {
 };
 using OwnWindow = std::unique_ptr<std::remove_pointer_t<HWND>, Destroy>;
 
-/// Nothing can be put on the clipboard without a window.
+// Nothing can be put on the clipboard without a window.
 const OwnWindow& ClipboardOwner() {
   static const OwnWindow window(
       CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));

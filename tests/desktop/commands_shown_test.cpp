@@ -17,7 +17,7 @@ using app::MenuEntry;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// "1 New, -, [More: 2 Old]" and so on.
+// "1 New, -, [More: 2 Old]" and so on.
 std::string Told(HMENU menu) {
   std::string told;
   for (int position = 0; position < GetMenuItemCount(menu); ++position) {
@@ -67,7 +67,7 @@ TEST(AppendedMenus, StandBehindWhatIsThere) {
   DestroyMenu(bar);
 }
 
-/// A window that notes the commands that it gets.
+// A window that notes the commands that it gets.
 class Accelerators : public testing::Test {
  protected:
   Accelerators()

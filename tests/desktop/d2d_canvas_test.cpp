@@ -29,7 +29,7 @@ constexpr int kHeight = 200;
 constexpr int kMarkWidth = 10;
 constexpr UX::TextSize kRoomy{1000.0F, 1000.0F};
 
-/// One window and target for all tests: making a target takes seconds where the graphics card is simulated.
+// One window and target for all tests: making a target takes seconds where the graphics card is simulated.
 struct DrawnWindow {
   DrawnWindow() {
     canvas.MakeFactories();
@@ -56,7 +56,7 @@ class D2DCanvas : public testing::Test {
   static void SetUpTestSuite() { drawn = std::make_unique<DrawnWindow>(); }
   static void TearDownTestSuite() { drawn.reset(); }
 
-  /// Draws a frame and waits until the screen shows it: each has a mark of its own colour beside it.
+  // Draws a frame and waits until the screen shows it: each has a mark of its own colour beside it.
   template <class Draw>
   void Frame(const Draw& draw) {
     const Color mark{1, 2, ++drawn->frames};
@@ -72,7 +72,7 @@ class D2DCanvas : public testing::Test {
     };
     EXPECT_TRUE(desktop::WaitUntil(isShown)) << "the frame is not shown";
   }
-  /// Of the canvas.
+  // Of the canvas.
   static float Units(int pixels) {
     return static_cast<float>(pixels) * USER_DEFAULT_SCREEN_DPI / static_cast<float>(drawn->dpi);
   }

@@ -35,7 +35,7 @@ HWND MainWindow() {
   return FindWindowW(L"LUMARINE", nullptr);
 }
 
-/// The message box over the main window; null if there is none.
+// The message box over the main window; null if there is none.
 HWND FindBox() {
   HWND box = nullptr;
   while ((box = FindWindowExW(nullptr, box, L"#32770", nullptr)) != nullptr) {
@@ -58,7 +58,7 @@ bool LiesWithin(const RECT& outer, const RECT& inner) {
   return EqualRect(&both, &outer);
 }
 
-/// The room that a text takes, written as boxes write it.
+// The room that a text takes, written as boxes write it.
 SIZE SizeOf(const std::u16string& text, LONG width) {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
@@ -88,7 +88,7 @@ class DesktopBoxes : public testing::TestWithParam<const char*> {
     EXPECT_FALSE(user.IsRunning());
   }
 
-  /// Has a box come up by a command, looks at it and answers it.
+  // Has a box come up by a command, looks at it and answers it.
   void ExpectBox(const std::string& name, int number, Buttons buttons, Answer answer) {
     SCOPED_TRACE(name);
     PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(number), 0);
@@ -120,7 +120,7 @@ class DesktopBoxes : public testing::TestWithParam<const char*> {
     }
     return !GetUpdateRect(box, nullptr, FALSE);
   }
-  /// The button that has the focus; 0 if none has.
+  // The button that has the focus; 0 if none has.
   static int FocusIn(HWND box) {
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
@@ -153,7 +153,7 @@ class DesktopBoxes : public testing::TestWithParam<const char*> {
   }
 };
 
-/// A mode with more steps than some controllers take.
+// A mode with more steps than some controllers take.
 TCBase::Program::ModeListView LongProgram() {
   TCBase::Program::ModeListView document = TCBase::Program::NewProgram();
   for (int minute = 0; minute < 30; ++minute) {

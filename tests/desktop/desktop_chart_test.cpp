@@ -39,10 +39,10 @@ constexpr Color kBlack{0, 0, 0};
 constexpr Color kSalmon{250, 128, 114};
 constexpr Color kCornflowerBlue{100, 149, 237};
 
-/// Longer than the lanes and the balloons take to come to rest.
+// Longer than the lanes and the balloons take to come to rest.
 constexpr double kRestSeconds = 0.6;
 
-/// One run of the program for all tests; each begins with the example as its file has it.
+// One run of the program for all tests; each begins with the example as its file has it.
 struct OpenProgram {
   OpenProgram() { driver.Start(); }
 
@@ -81,7 +81,7 @@ class DesktopChart : public testing::Test {
     now += 1.0;  // of the layout here
     user.Wait(kRestSeconds);
   }
-  /// By a click into the lane beside its steps, at the very top of the day.
+  // By a click into the lane beside its steps, at the very top of the day.
   void Focus(int lane) {
     const Rect place = layout.LaneRect(lane);
     user.ClickChart(place.x + 2, place.y + place.height / 2);
@@ -90,7 +90,7 @@ class DesktopChart : public testing::Test {
     LetLanesRest();
   }
 
-  /// On the emulator, slowly enough not to end by itself.
+  // On the emulator, slowly enough not to end by itself.
   void StartDemo() {
     user.Choose(command::kAddEmulator);
     user.Choose(command::kSpeedSlow);
@@ -109,7 +109,7 @@ class DesktopChart : public testing::Test {
     return {UX::TimeToX(place, expected, step), UX::PercentToY(place, step.value)};
   }
   POINT PointOf(int lane, std::size_t step) { return PointOf(lane, StepOf(lane, step)); }
-  /// Gives a step the time and the strength of a point.
+  // Gives a step the time and the strength of a point.
   void MoveTo(Step& step, int lane, POINT point) {
     const Rect place = layout.LaneRect(lane);
     const std::int32_t second = UX::XToTime(place, expected, static_cast<std::int32_t>(point.x));
@@ -118,14 +118,14 @@ class DesktopChart : public testing::Test {
     step.value = UX::YToPercent(place, static_cast<std::int32_t>(point.y));
   }
 
-  /// What the program saves of its document.
+  // What the program saves of its document.
   ModeListView Saved() {
     EXPECT_TRUE(user.Choose(command::kSaveProgram));
     ModeListView saved;
     EXPECT_TRUE(TCBase::Program::LoadProgram(open->file, saved));
     return saved;
   }
-  /// What a file holds of the document that is expected: whole percents.
+  // What a file holds of the document that is expected: whole percents.
   ModeListView ExpectedInFile() {
     ModeListView whole = expected;
     OptimizeMode(whole.modes[0]);
@@ -148,7 +148,7 @@ class DesktopChart : public testing::Test {
     return text;
   }
 
-  /// Waits until the chart shows what it should; a frame takes its time.
+  // Waits until the chart shows what it should; a frame takes its time.
   void ExpectShown(const char* what, const std::function<bool(const ScreenPicture&)>& isShown) {
     EXPECT_TRUE(desktop::WaitUntil([&] {
       if (isShown(driver.ChartPicture())) return true;
@@ -157,7 +157,7 @@ class DesktopChart : public testing::Test {
     })) << "the chart does not show "
         << what;
   }
-  /// A marker of a step that is not selected: white, with a black rim.
+  // A marker of a step that is not selected: white, with a black rim.
   bool IsMarker(const ScreenPicture& chart, POINT at) {
     const int radius = TruncateToInt(UX::GetMarkerSize(layout).plainRadius);
     return chart.At(at.x, at.y) == kWhite && chart.At(at.x + radius, at.y) == kBlack &&
@@ -169,7 +169,7 @@ class DesktopChart : public testing::Test {
            chart.At(lane.x + 20, lane.y + lane.height + 4) == kCornflowerBlue;
   }
 
-  /// Of the whole screen.
+  // Of the whole screen.
   void LeavePicture(const std::string& suffix) {
     const std::filesystem::path pictures = std::filesystem::absolute(LUMARINE_PICTURE_DIR);
     std::filesystem::create_directories(pictures);

@@ -36,7 +36,7 @@ constexpr int kNobodysKey = VK_F23;
 
 class DesktopCommands : public testing::Test {
  protected:
-  /// Of the program, too, which takes it over from here.
+  // Of the program, too, which takes it over from here.
   void SetUp() override { std::filesystem::current_path(work.path()); }
   void TearDown() override {
     if (user.IsRunning()) user.Close();
@@ -44,7 +44,7 @@ class DesktopCommands : public testing::Test {
     std::filesystem::current_path(before);
   }
 
-  /// Sends the program a command that has no menu item and no key.
+  // Sends the program a command that has no menu item and no key.
   void Send(int number) {
     PostMessageW(FindWindowW(L"LUMARINE", nullptr), WM_COMMAND, static_cast<WPARAM>(number), 0);
     user.Wait(0.0);

@@ -44,7 +44,7 @@ class DesktopControls : public testing::Test {
     EXPECT_FALSE(user.IsRunning());
   }
 
-  /// Selects the first lane's channel, for what will change it.
+  // Selects the first lane's channel, for what will change it.
   void SelectForAChange() {
     user.ClickChart(kLaneX, kLaneY);
     isChanged_ = true;
@@ -187,7 +187,7 @@ class DesktopLog : public DesktopControls {
     user.WillPick({file});
     ASSERT_TRUE(user.Choose(command::kLoadProgram));
   }
-  /// A click on the chart adds the step that is one too many.
+  // A click on the chart adds the step that is one too many.
   void Warn() {
     isChanged_ = true;
     user.ClickChart(kLaneX, kLaneY);  // selects the lane

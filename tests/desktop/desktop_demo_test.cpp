@@ -3,14 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include "app/window/numbers.h"
-#include "chart/chart_layout.h"
-#include "common/truncate.h"
 #include "program/builtin_modes.h"
 #include "program/program.h"
+#include "program/time_of_day.h"
+#include "tests/desktop/demo_user.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/first_day.h"
 #include "tests/desktop/patience.h"
@@ -21,11 +20,8 @@ using app::Control;
 using testing::HasSubstr;
 namespace command = app::command;
 
-constexpr int kMinute = 60;
-constexpr int kHour = 60 * kMinute;
-
-/// Any point of the chart does for a seek, but for its left and right.
-constexpr int kSomeY = 300;
+constexpr int kMinute = TCBase::Program::kSecondsPerMinute;
+constexpr int kHour = TCBase::Program::kSecondsPerHour;
 
 class DesktopDemo : public testing::Test {
  protected:
@@ -44,44 +40,13 @@ class DesktopDemo : public testing::Test {
     ExpectSoon("Playing");
   }
 
-  /// The demo's label says `text`, now or soon.
   void ExpectSoon(const std::string& text) {
-    desktop::WaitUntil([&] { return user.Text(Control::DemoStatusLabel) == text; });
-    EXPECT_EQ(user.Text(Control::DemoStatusLabel), text);
+    EXPECT_TRUE(desktop::AwaitDemoStatus(user, text)) << user.Text(Control::DemoStatusLabel);
   }
-
-  void SeekTo(int second) {
-    const app::Size client = user.ClientSize();
-    double now = 0.0;
-    UX::ChartLayout layout{now};
-    layout.Update(client.width, client.height);
-    const UX::Rect& chart = layout.chartRect;
-    user.ClickChart(chart.x + chart.width * (second / kMinute) / TCBase::Program::kMinutesPerDay, kSomeY);
-  }
-
-  /// The second of the day that the read-outs show.
-  int ShownSecond() {
-    const std::string time = user.Text(Control::TimeLabel);
-    return std::stoi(time) * kHour + std::stoi(time.substr(3)) * kMinute + std::stoi(time.substr(6));
-  }
-  /// While the demo is paused, the read-outs come to show `wanted`, and agree with each other by the curves.
-  void ExpectToRestAt(int wanted) {
-    EXPECT_TRUE(desktop::WaitUntil([&] {
-      const int second = ShownSecond();
-      // A pixel of the chart is more than a minute.
-      return std::abs(second - wanted) <= 3 * kMinute && user.Text(Control::PowerLabel) == PowerAt(second);
-    })) << user.Text(Control::TimeLabel)
-        << " [" << user.Text(Control::PowerLabel) << "] instead of " << wanted / kMinute << " minutes";
-  }
-
-  std::string PowerAt(int second) const {
-    std::string text;
-    for (const TCBase::Program::Channel& channel : program.modes[0].channels) {
-      const float value = TCBase::Program::ChannelValueAt(channel, second);
-      if (!text.empty()) text += ' ';
-      text += std::to_string(TruncateToInt(value));
-    }
-    return text;
+  void ExpectToRestAt(int second) {
+    EXPECT_TRUE(desktop::AwaitSecond(user, program.modes[0], second))
+        << user.Text(Control::TimeLabel) << " [" << user.Text(Control::PowerLabel) << "] instead of "
+        << TCBase::Program::TimeTextWithSeconds(second);
   }
 
   const TCBase::Program::ModeListView program = TCBase::Program::NewProgram();
@@ -95,14 +60,14 @@ TEST_F(DesktopDemo, IsPausedSoughtResumedAndStopped) {
   user.Press(Control::PlayButton);
   ExpectSoon("Paused");
   for (const int wanted : {21 * kHour, 9 * kHour, 13 * kHour + 30 * kMinute}) {
-    SeekTo(wanted);
+    desktop::SeekTo(user, wanted);
     ExpectToRestAt(wanted);
   }
-  const int paused = ShownSecond();
+  const int paused = desktop::ShownSecond(user);
   user.PressKey(app::key::kSpace);
   ExpectSoon("Playing");
   EXPECT_THAT(user.Log(), HasSubstr("Demo playback resumed\r\n"));
-  EXPECT_TRUE(desktop::WaitUntil([&] { return ShownSecond() > paused + 12 * kMinute; }));
+  EXPECT_TRUE(desktop::WaitUntil([&] { return desktop::ShownSecond(user) > paused + 12 * kMinute; }));
   user.PressKey(app::key::kSpace);
   ExpectSoon("Paused");
   EXPECT_THAT(user.Log(), HasSubstr("Demo playback paused at "));
@@ -115,7 +80,7 @@ TEST_F(DesktopDemo, IsPausedSoughtResumedAndStopped) {
 
 TEST_F(DesktopDemo, EndsWithTheDay) {
   Play();
-  SeekTo(23 * kHour + 50 * kMinute);
+  desktop::SeekTo(user, 23 * kHour + 50 * kMinute);
   EXPECT_TRUE(user.WaitForLog("Demo finished\r\n"));
   ExpectSoon("Ready (60s)");
   EXPECT_TRUE(user.IsEnabled(Control::ModeList));

@@ -55,7 +55,7 @@ class DesktopDialogs : public testing::Test {
     return seen.empty() ? SeenDialog() : seen.back();
   }
 
-  /// Saves the program and reads what was saved, as somebody else would.
+  // Saves the program and reads what was saved, as somebody else would.
   TCBase::Program::ModeListView SavedProgram() {
     const std::filesystem::path file = work / "saved.xml";
     if (!std::filesystem::exists(file)) user.WillPick({file});
@@ -65,7 +65,7 @@ class DesktopDialogs : public testing::Test {
     return document;
   }
 
-  /// Types a demo speed; false, if the program does not take it.
+  // Types a demo speed; false, if the program does not take it.
   bool TakesSpeed(const std::string& text) {
     user.WillFill({Type(get_value::kValue, text), PressEnter()});
     user.Choose(command::kSpeedCustom);

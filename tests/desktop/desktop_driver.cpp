@@ -26,7 +26,7 @@ namespace {
 
 constexpr int kWheelNotch = 120;
 
-/// What moves a slider or the scroll bar, by the code of the event.
+// What moves a slider or the scroll bar, by the code of the event.
 const std::map<int, WPARAM> kScrollKeys = {
     {app::scroll::kLineBack, VK_LEFT},  {app::scroll::kLineForward, VK_RIGHT},
     {app::scroll::kPageBack, VK_PRIOR}, {app::scroll::kPageForward, VK_NEXT},
@@ -44,7 +44,7 @@ POINT Middle(HWND window) {
   return OnScreen(window, {client.right / 2, client.bottom / 2});
 }
 
-/// How often the Down key goes to an item of the chart's menu; 0 if it is not there.
+// How often the Down key goes to an item of the chart's menu; 0 if it is not there.
 int KeysDownTo(int command) {
   int keys = 0;
   // A loop over a part of what the call returns would outlive it.

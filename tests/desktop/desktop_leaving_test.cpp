@@ -7,9 +7,10 @@
 #include <string>
 
 #include "app/window/numbers.h"
-#include "chart/chart_layout.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
+#include "program/time_of_day.h"
+#include "tests/desktop/demo_user.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/first_day.h"
 #include "tests/support/temporary_folder.h"
@@ -21,8 +22,11 @@ using testing::HasSubstr;
 using testing::Not;
 namespace command = app::command;
 
-/// Half a second each: far more than the end of the program is waited for.
+// Half a second each: far more than the end of the program is waited for.
 constexpr int kManyModes = 400;
+
+// A demo that is sent there ends soon.
+constexpr int kLastMinutes = TCBase::Program::kSecondsPerDay - 7 * TCBase::Program::kSecondsPerMinute;
 
 class DesktopLeaving : public testing::Test {
  protected:
@@ -34,25 +38,10 @@ class DesktopLeaving : public testing::Test {
     if (user.IsRunning()) user.Close();
   }
 
-  /// Closes the window; the program ends by itself, and well.
+  // Closes the window; the program ends by itself, and well.
   void Leave() {
     user.Close();
     EXPECT_FALSE(user.IsRunning());
-  }
-  bool AwaitStatus(const std::string& text) {
-    for (int tries = 0; tries < 600; ++tries) {
-      if (user.Text(Control::DemoStatusLabel) == text) return true;
-      user.Wait(0.1);
-    }
-    return false;
-  }
-  void SeekTheLastMinutes() {
-    const app::Size client = user.ClientSize();
-    double now = 0.0;
-    UX::ChartLayout layout{now};
-    layout.Update(client.width, client.height);
-    const UX::Rect& chart = layout.chartRect;
-    user.ClickChart(chart.x + chart.width - chart.width / 200, chart.y + chart.height / 2);
   }
 
   const desktop::FirstDay firstDay;
@@ -63,9 +52,9 @@ class DesktopLeaving : public testing::Test {
 
 TEST_F(DesktopLeaving, WhileADemoIsPaused) {
   user.Press(Control::PlayButton);
-  ASSERT_TRUE(AwaitStatus("Playing"));
+  ASSERT_TRUE(desktop::AwaitDemoStatus(user, "Playing"));
   user.Press(Control::PlayButton);
-  ASSERT_TRUE(AwaitStatus("Paused"));
+  ASSERT_TRUE(desktop::AwaitDemoStatus(user, "Paused"));
   Leave();
 }
 
@@ -78,8 +67,8 @@ TEST_F(DesktopLeaving, WithASecondDemoPressedFor) {
 
 TEST_F(DesktopLeaving, RightAfterTheEndOfADemoWithAStopTooLate) {
   user.Press(Control::PlayButton);
-  ASSERT_TRUE(AwaitStatus("Playing"));
-  SeekTheLastMinutes();
+  ASSERT_TRUE(desktop::AwaitDemoStatus(user, "Playing"));
+  desktop::SeekTo(user, kLastMinutes);
   ASSERT_TRUE(user.WaitForLog("Demo finished\r\n"));
   user.Press(Control::StopButton);
   Leave();

@@ -35,7 +35,7 @@ class DesktopWindow : public testing::Test {
   }
 
   const desktop::FirstDay firstDay;
-  /// Waits until the demo's label says `text`.
+  // Waits until the demo's label says `text`.
   void WaitForDemo(const std::string& text) {
     desktop::WaitUntil([&] { return user.Text(Control::DemoStatusLabel) == text; });
     EXPECT_EQ(user.Text(Control::DemoStatusLabel), text);

@@ -38,8 +38,8 @@ class DialogFields : public desktop::ProgramResources {
     ProgramResources::SetUp();
   }
 
-  /// Calls `look` with each field of one line that the user can write into: its dialog and its own window.
-  /// Those of several lines are for the real window: breaking so much text into lines takes its time.
+  // Calls `look` with each field of one line that the user can write into: its dialog and its own window.
+  // Those of several lines are for the real window: breaking so much text into lines takes its time.
   template <class Look>
   void InEachField(const Look& look) {
     int fields = 0;
@@ -63,7 +63,7 @@ class DialogFields : public desktop::ProgramResources {
 
  private:
   static INT_PTR CALLBACK Procedure(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
-  /// That of a combo box is a window in it.
+  // That of a combo box is a window in it.
   static HWND FieldOf(HWND control) {
     const HWND inner = FindWindowExW(control, nullptr, L"Edit", nullptr);
     return inner != nullptr ? inner : control;

@@ -26,7 +26,7 @@ namespace trait = dialogs::trait;
 
 using NameOrNumber = std::variant<std::wstring, WORD>;
 
-/// Walks over a template's bytes: numbers, each behind the one before, and texts of UTF-16.
+// Walks over a template's bytes: numbers, each behind the one before, and texts of UTF-16.
 class Bytes {
  public:
   explicit Bytes(std::string_view bytes) : bytes_(bytes) {}
@@ -109,7 +109,7 @@ Dialog ReadDialog(std::string_view resource) {
   return dialog;
 }
 
-/// Windows does not tell them from small letters in the names of classes.
+// Windows does not tell them from small letters in the names of classes.
 std::wstring InCapitals(std::wstring name) {
   CharUpperW(name.data());
   return name;
@@ -130,7 +130,7 @@ bool Has(DWORD style, DWORD bits) {
   return (style & bits) == bits;
 }
 
-/// The Tab key stops at each control that can have the focus.
+// The Tab key stops at each control that can have the focus.
 DWORD TabStopOf(const ControlTemplate& control) {
   switch (control.kind) {
     case ControlKind::Label:

@@ -26,12 +26,6 @@ constexpr int kMostRows = 100;
 constexpr int DateTime::*kPickerParts[] = {&DateTime::year, &DateTime::month,  &DateTime::day,
                                            &DateTime::hour, &DateTime::minute, &DateTime::second};
 
-std::wstring ClassOf(HWND window) {
-  std::array<wchar_t, 100> name{};
-  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return name.data();
-}
-
 std::vector<HWND> ControlsOf(HWND dialog) {
   std::vector<HWND> controls;
   for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
@@ -41,7 +35,7 @@ std::vector<HWND> ControlsOf(HWND dialog) {
   return controls;
 }
 
-/// The same questions go by other numbers for each of the two classes of lists.
+// The same questions go by other numbers for each of the two classes of lists.
 struct ListMessages {
   UINT count;
   UINT textLength;
@@ -51,7 +45,7 @@ struct ListMessages {
 constexpr ListMessages kComboBox = {CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_GETCURSEL};
 constexpr ListMessages kListBox = {LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT, LB_GETCURSEL};
 
-/// Null for a window of another class.
+// Null for a window of another class.
 const ListMessages* MessagesOf(HWND control) {
   const std::wstring className = ClassOf(control);
   if (className == L"ComboBox") return &kComboBox;

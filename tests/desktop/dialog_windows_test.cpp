@@ -27,7 +27,7 @@ constexpr int kDescription = dialogs::mode_name_control::kDescription;
 constexpr int kCopyFrom = dialogs::mode_name_control::kCopyFrom;
 constexpr std::size_t kManyUnits = 2048;
 
-/// A dialog without rules: it does what a test says.
+// A dialog without rules: it does what a test says.
 class Dialog final : public dialogs::DlgBase {
  public:
   using DlgBase::DlgBase;
@@ -43,7 +43,7 @@ class Dialog final : public dialogs::DlgBase {
 
 class DialogWindows : public desktop::ProgramResources {
  protected:
-  /// Opens a dialog for as long as `look` takes.
+  // Opens a dialog for as long as `look` takes.
   void In(int number, const std::function<void(DialogWindow&)>& look) {
     win32::DialogWindows windows(program_, noMainWindow_);
     Dialog dialog(windows, number);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kMessageText = 0xFFFF;
 
-/// Where the name is typed: an edit control, or the one of a combo box.
+// Where the name is typed: an edit control, or the one of a combo box.
 HWND NameField(HWND dialog) {
   for (const int id : {edt1, cmb13}) {
     const HWND field = GetDlgItem(dialog, id);

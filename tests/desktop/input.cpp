@@ -24,7 +24,7 @@ void SendMouse(DWORD flags, LONG x = 0, LONG y = 0, DWORD data = 0, DWORD time =
   SendInput(1, &event, sizeof event);
 }
 
-/// A pixel of the screen in the units of the mouse, which divide the screen into 65536.
+// A pixel of the screen in the units of the mouse, which divide the screen into 65536.
 LONG MouseUnits(LONG pixel, int size) {
   return (pixel * 65536 + size - 1) / size;
 }

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Opens the Mode menu with the keyboard and goes to the last submenu, which opens too.
+// Opens the Mode menu with the keyboard and goes to the last submenu, which opens too.
 void OpenMenu(User& user) {
   user.PressKey(VK_F10);
   for (int i = 0; i < app::menu::kMode; ++i) user.PressKey(VK_RIGHT);

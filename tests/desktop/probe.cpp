@@ -22,7 +22,7 @@ probe::Findings* Shared() {
   return findings;
 }
 
-/// Looks for a command in a menu and the ones below it. `enabled` tells of the menus above.
+// Looks for a command in a menu and the ones below it. `enabled` tells of the menus above.
 bool LookIn(HMENU menu, UINT command, bool enabled, probe::Findings& findings) {
   for (int position = 0; position < GetMenuItemCount(menu); ++position) {
     MENUITEMINFOW info{};
@@ -43,7 +43,7 @@ bool LookIn(HMENU menu, UINT command, bool enabled, probe::Findings& findings) {
   return false;
 }
 
-/// Puts a drop of the files into the window's queue.
+// Puts a drop of the files into the window's queue.
 void Drop(HWND window, const probe::Findings& findings) {
   const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + sizeof findings.files);
   auto* const drop = static_cast<DROPFILES*>(GlobalLock(memory));

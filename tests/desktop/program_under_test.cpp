@@ -12,6 +12,7 @@
 
 #include "tests/desktop/input.h"
 #include "tests/desktop/patience.h"
+#include "tests/desktop/window_text.h"
 
 namespace desktop {
 
@@ -24,12 +25,6 @@ std::filesystem::path Folder() {
   std::array<wchar_t, 1024> own{};
   GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size()));
   return std::filesystem::path(own.data()).parent_path();
-}
-
-std::wstring ClassOf(HWND window) {
-  std::array<wchar_t, 100> name{};
-  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return name.data();
 }
 
 std::vector<HWND> WindowsOf(DWORD process) {

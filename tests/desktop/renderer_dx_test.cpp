@@ -23,11 +23,11 @@ constexpr int kWidth = 600;
 constexpr int kHeight = 400;
 constexpr Color kSalmon{250, 128, 114};
 
-/// The chart's window is smaller than the main one, which the layout goes by.
+// The chart's window is smaller than the main one, which the layout goes by.
 constexpr int kMainWidth = kWidth + 120;
 constexpr int kMainHeight = kHeight + 166;
 
-/// One window for all tests: making a device takes seconds where the graphics card is simulated.
+// One window for all tests: making a device takes seconds where the graphics card is simulated.
 struct DrawnChart {
   DrawnChart() {
     chart.Attach(window.handle());
@@ -57,7 +57,7 @@ class RendererDX : public testing::Test {
     renderer.Rebuild();
   }
 
-  /// Draws until the window looks as it should.
+  // Draws until the window looks as it should.
   bool Shows(const std::function<bool(const ScreenPicture&)>& isShown) {
     return desktop::WaitUntil([&] {
       renderer.Render();
@@ -66,8 +66,8 @@ class RendererDX : public testing::Test {
   }
   static bool HasCurves(const ScreenPicture& picture) { return picture.Count(All(), kSalmon) > 1000; }
   static bool HasNone(const ScreenPicture& picture) { return picture.Count(All(), kSalmon) == 0; }
-  /// What the screen shows once it has shown another picture of this very document: frames come to the screen
-  /// later than they are drawn, and one that was drawn before would be taken for it.
+  // What the screen shows once it has shown another picture of this very document: frames come to the screen
+  // later than they are drawn, and one that was drawn before would be taken for it.
   ScreenPicture AtRest() {
     const auto channels = std::exchange(program.modes[0].channels, {});
     EXPECT_TRUE(Shows(HasNone));

@@ -38,7 +38,7 @@ constexpr Ink kInks[] = {
     {'.', 0xFFFFFF, "background"},
 };
 
-/// A letter for each 8 by 8 pixels. Grid lines and texts are left out.
+// A letter for each 8 by 8 pixels. Grid lines and texts are left out.
 std::string MapOf(const WindowPicture& picture) {
   constexpr int kCell = 8;
   std::string map;

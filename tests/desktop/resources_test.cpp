@@ -33,7 +33,7 @@ class Resources : public desktop::ProgramResources {
     return Ascii(text.data());
   }
 
-  /// Side lengths of the pictures of an icon.
+  // Side lengths of the pictures of an icon.
   std::multiset<int> IconSizes(int id) const;
 };
 
@@ -102,14 +102,14 @@ TEST_F(Resources, MenusAreWhatThoseOfTheCommandsBeginWith) {
   DestroyMenu(bar);
 }
 
-/// "alt 47 104" and so on, as the program has it.
+// "alt 47 104" and so on, as the program has it.
 std::string Told(const ACCEL& row) {
   EXPECT_EQ(row.fVirt & (FCONTROL | FSHIFT), 0);
   const char* const kind = (row.fVirt & FVIRTKEY) != 0 ? "key " : (row.fVirt & FALT) != 0 ? "alt " : "char ";
   return kind + std::to_string(row.key) + " " + std::to_string(row.cmd);
 }
 
-/// The same of a command's key.
+// The same of a command's key.
 std::string Told(const app::Accelerator& row) {
   using Kind = app::KeyStroke::Kind;
   const auto& [stroke, command] = row;
@@ -171,7 +171,7 @@ TEST_F(Resources, ManifestAsksForTodaysControlsAndScreens) {
   EXPECT_THAT(manifest, HasSubstr("longPathAware"));
 }
 
-/// A text of the version resource, as Explorer shows it.
+// A text of the version resource, as Explorer shows it.
 std::string VersionText(std::vector<char>& block, const std::wstring& name) {
   void* value = nullptr;
   UINT length = 0;
@@ -180,7 +180,7 @@ std::string VersionText(std::vector<char>& block, const std::wstring& name) {
   return value == nullptr ? "" : Ascii(static_cast<const wchar_t*>(value));
 }
 
-/// What lumarinectl, which stands beside the program, says to --version.
+// What lumarinectl, which stands beside the program, says to --version.
 std::string VersionOfTheCommandLine() {
   const std::filesystem::path file = desktop::ProgramFile().parent_path() / "lumarinectl.exe";
   FILE* const pipe = _popen(("\"" + file.string() + "\" --version").c_str(), "r");

@@ -22,7 +22,7 @@ struct DeleteBitmap {
 };
 using BitmapHandle = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmap>;
 
-/// Pixels as ScreenPicture keeps them.
+// Pixels as ScreenPicture keeps them.
 BITMAPINFO FormatOf(int width, int height) {
   BITMAPINFO format{};
   format.bmiHeader.biSize = sizeof format.bmiHeader;

@@ -71,7 +71,7 @@ std::wstring Wide(const std::string& text) {
   return {wide.begin(), wide.end()};
 }
 
-/// Lumarine.exe, not running.
+// Lumarine.exe, not running.
 class Executable {
  public:
   Executable() : module_(LoadLibraryExW(desktop::ProgramFile().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE)) {}
@@ -85,7 +85,7 @@ class Executable {
   const HMODULE module_;
 };
 
-/// Writes with a font, on nothing.
+// Writes with a font, on nothing.
 class Pen {
  public:
   explicit Pen(HFONT font) : context_(CreateCompatibleDC(nullptr)), before_(SelectObject(context_, font)) {}
@@ -96,11 +96,11 @@ class Pen {
     DeleteDC(context_);
   }
 
-  /// On one line; an "&" before a letter takes no room where `format` is 0.
+  // On one line; an "&" before a letter takes no room where `format` is 0.
   SIZE Line(const std::string& text, UINT format = 0) const {
     return Measured(text, 0, DT_SINGLELINE | format);
   }
-  /// With lines broken between words.
+  // With lines broken between words.
   SIZE Lines(const std::string& text, int width, UINT format) const {
     return Measured(text, width, DT_WORDBREAK | DT_EXPANDTABS | format);
   }
@@ -116,7 +116,7 @@ class Pen {
   const HGDIOBJ before_;
 };
 
-/// A dialog's window from its template, which nobody sees.
+// A dialog's window from its template, which nobody sees.
 class Form {
  public:
   Form(const Executable& program, int number)
@@ -136,7 +136,7 @@ class Form {
     GetClientRect(GetDlgItem(window_, control), &place);
     return {place.right, place.bottom};
   }
-  /// Where an edit field writes.
+  // Where an edit field writes.
   SIZE RoomIn(int field) const {
     RECT place{};
     SendMessageW(GetDlgItem(window_, field), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
@@ -178,7 +178,7 @@ class TextsFit : public AppTest, public testing::WithParamInterface<const char*>
 
   // Dialogs
 
-  /// Looks at the dialogs that came up, each of which is of this template.
+  // Looks at the dialogs that came up, each of which is of this template.
   void ExpectDialogsToFit(int number) {
     const std::vector<SeenDialog> seen = user.Dialogs();
     EXPECT_FALSE(seen.empty()) << number;
@@ -248,13 +248,13 @@ class TextsFit : public AppTest, public testing::WithParamInterface<const char*>
            text);
   }
 
-  /// How wide the least window is inside its frame.
+  // How wide the least window is inside its frame.
   static int LeastClientWidth() {
     RECT frame{};
     AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, TRUE);
     return app::kLeastWindowWidth - (frame.right - frame.left);
   }
-  /// Pixels that the line over the chart has too few for what it says.
+  // Pixels that the line over the chart has too few for what it says.
   int CutFromTheModeDescription() {
     const std::string text = user.Text(Control::ModeDescription);
     const UX::Rect place =

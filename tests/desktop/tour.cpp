@@ -22,7 +22,7 @@ constexpr double kPatienceSeconds = 0.5;
 constexpr double kDemoSeconds = 2.0;
 constexpr int kLane = 0;
 
-/// What the program opens at its start, unless it has been used before and the last file is still there.
+// What the program opens at its start, unless it has been used before and the last file is still there.
 void PutInPlace(const std::filesystem::path& example) {
   Settings settings(DocumentPath(Settings::fileName));
   const std::filesystem::path last = PathFromUtf8(settings.GetValue("last_open_file"));
@@ -32,8 +32,8 @@ void PutInPlace(const std::filesystem::path& example) {
   settings.Save();
 }
 
-/// Clicks where a time and a percentage are in the lane, enlarged or like the others. At rest: lanes have had
-/// the time to glide to their places.
+// Clicks where a time and a percentage are in the lane, enlarged or like the others. At rest: lanes have had
+// the time to glide to their places.
 void ClickLane(User& user, bool isEnlarged, int hour, float percent) {
   double now = 0.0;
   UX::ChartLayout layout{now};

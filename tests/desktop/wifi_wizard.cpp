@@ -12,6 +12,7 @@
 #include <future>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
@@ -22,6 +23,7 @@
 #include "dialogs/dialog_template.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/patience.h"
+#include "tests/support/wizard_steps.h"
 
 namespace {
 
@@ -42,7 +44,7 @@ namespace search_id = dialogs::tc421_search_control;
 std::string controller;
 std::filesystem::path folder;
 
-/// Another program that has the port.
+// Another program that has the port.
 class HeldPort {
  public:
   HeldPort() : socket_(platform::OpenDatagrams()) {
@@ -68,8 +70,8 @@ class StopWatch {
   const std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };
 
-/// What the program waits for a controller that does not answer: three times two seconds, a little less by
-/// another clock.
+// What the program waits for a controller that does not answer: three times two seconds, a little less by
+// another clock.
 constexpr double kSilence = 5.9;
 
 class Wizard : public testing::Test {
@@ -77,10 +79,7 @@ class Wizard : public testing::Test {
   void SetUp() override { user.Start(); }
   void TearDown() override { user.Close(); }
 
-  bool RunWizard(std::vector<DialogScript> pages) {
-    for (DialogScript& page : pages) user.WillFill(std::move(page));
-    return user.Choose(command::kSetupWifi);
-  }
+  bool RunWizard(std::vector<DialogScript> pages) { return in_wizard::Run(user, std::move(pages)); }
   DialogStep Picture(const char* name) {
     return Meanwhile([this, name] {
       if (folder.empty()) return;
@@ -91,7 +90,7 @@ class Wizard : public testing::Test {
     return Await([control](const SeenDialog& seen) { return seen.controls.at(control).enabled; });
   }
   static DialogScript FindOne() { return {Press(search_id::kSearch), AwaitEnabled(kOk), Press(kOk)}; }
-  /// The user tells the program which network, and agrees to what it says of it.
+  // The user tells the program which network, and agrees to what it says of it.
   DialogScript Use(const char* network, int security, const char* password) {
     user.WillAnswer(app::Answer::Ok);
     return {Type(config_id::kNetwork, network),
@@ -102,7 +101,7 @@ class Wizard : public testing::Test {
             AwaitEnabled(kOk),
             Picture("wizard-3-configuration.png")};
   }
-  /// The same, with an open one that nobody need agree to, and with more to do before and behind the button.
+  // The same, with an open one that nobody need agree to, and with more to do before and behind the button.
   DialogScript SetUpOpen(const DialogScript& before, const DialogScript& behind) {
     DialogScript script = {Type(config_id::kNetwork, "Reef"), Pick(config_id::kSecurity, 0),
                            Pick(config_id::kEncryption, 0)};
@@ -118,7 +117,7 @@ class Wizard : public testing::Test {
   DialogStep AwaitLog(const std::string& text) {
     return Await([this, text](const SeenDialog&) { return user.Log().find(text) != std::string::npos; });
   }
-  /// Until a message has come and been agreed to.
+  // Until a message has come and been agreed to.
   DialogStep AwaitTold(std::vector<std::string>& told) {
     user.WillAnswer(app::Answer::Ok);
     return Await([this, &told](const SeenDialog&) { return !(told = Told()).empty(); });
@@ -282,7 +281,7 @@ TEST_F(SilentController, DoesNotKeepTheProgramFromBeingClosedMeanwhile) {
 
 class HostileNeighbour : public Wizard {
  protected:
-  /// Nothing in it hides, turns round or breaks out of its line.
+  // Nothing in it hides, turns round or breaks out of its line.
   static bool IsHarmless(const std::string& text) {
     const std::u16string wide = WideFromUtf8(text);
     return std::none_of(wide.begin(), wide.end(), [](char16_t c) {

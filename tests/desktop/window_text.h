@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,13 @@ inline std::string WindowText(HWND window) {
   std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
   SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   return Utf8(text.c_str());
+}
+
+/// The name of its class.
+inline std::wstring ClassOf(HWND window) {
+  std::array<wchar_t, 100> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return name.data();
 }
 
 }  // namespace desktop

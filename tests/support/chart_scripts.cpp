@@ -29,8 +29,8 @@ namespace key = app::key;
 
 constexpr double kGlideSeconds = 0.3;  // a little longer than the lanes need
 
-/// The chart as it stands before the user: where on it a time and a percentage of a lane are, and what a
-/// pixel will be taken for.
+// The chart as it stands before the user: where on it a time and a percentage of a lane are, and what a
+// pixel will be taken for.
 class Map {
  public:
   Map(User& user, std::int32_t lane) : lane_(lane) {
@@ -45,7 +45,7 @@ class Map {
   Point At(int hour, int minute, float percent) {
     return {UX::TimeToX(Lane(), view, hour * 3600 + minute * 60), UX::PercentToY(Lane(), percent)};
   }
-  /// "08:05 40": the step that a pixel gives, as it is saved.
+  // "08:05 40": the step that a pixel gives, as it is saved.
   std::string StepAt(const Point& point) {
     const std::int32_t second = UX::XToTime(Lane(), view, point.x);
     const float percent = std::clamp(UX::YToPercent(Lane(), point.y), 0.0F, 100.0F);
@@ -55,13 +55,13 @@ class Map {
     return ToTimeText(step) + " " + std::to_string(TruncateToInt(step.value));
   }
 
-  /// The lane becomes the enlarged one, as in the program.
+  // The lane becomes the enlarged one, as in the program.
   void Enlarge() { layout_.FocusLane(lane_); }
 
   ModeListView view;
 
  private:
-  /// At rest, whatever the clock says.
+  // At rest, whatever the clock says.
   Rect Lane() {
     for (auto& height : layout_.laneHeights) height.from = height.to;
     return layout_.LaneRect(lane_);
@@ -80,7 +80,7 @@ void Drag(User& user, const Map::Point& from, const Map::Point& to) {
   user.DragOnChart(from.x, from.y, to.x, to.y);
 }
 
-/// The steps of a lane of the first mode.
+// The steps of a lane of the first mode.
 std::vector<std::string> StepsOf(const ModeListView& document, std::size_t lane) {
   std::vector<std::string> steps;
   if (document.modes.empty()) return steps;
@@ -99,7 +99,7 @@ void SaveAs(User& user, const std::filesystem::path& file) {
   ASSERT_TRUE(user.Choose(command::kSaveProgramAs));
 }
 
-/// Selects a lane of the built-in program and leaves it with two steps, at 08:00 and 22:00, of no light.
+// Selects a lane of the built-in program and leaves it with two steps, at 08:00 and 22:00, of no light.
 Map ClearLane(User& user, std::int32_t lane) {
   Map map(user, lane);
   Click(user, map.At(1, 0, 50.0F));

@@ -37,7 +37,7 @@ namespace command = app::command;
 namespace key = app::key;
 namespace prog = TCBase::Program;
 
-/// What comes to the log from one look to the next.
+// What comes to the log from one look to the next.
 class NewLines {
  public:
   explicit NewLines(User& user) : user_(user) { Take(); }
@@ -64,7 +64,7 @@ bool AwaitStatus(User& user, const std::string& text) {
 
 // Editing
 
-/// Steps on no round minute, so that each grid takes them elsewhere, and each channel with its own.
+// Steps on no round minute, so that each grid takes them elsewhere, and each channel with its own.
 ModeListView OddProgram() {
   ModeListView document = prog::NewProgram();
   int hour = 6;
@@ -77,7 +77,7 @@ ModeListView OddProgram() {
 
 constexpr int kNoLane = -1;
 
-/// A command and what it does to the document, with the channel of this lane selected.
+// A command and what it does to the document, with the channel of this lane selected.
 struct Edit {
   int command;
   int lane;
@@ -142,7 +142,7 @@ std::vector<Edit> Edits() {
   };
 }
 
-/// Clicks into a lane where there is no step. It is not the one that is selected already.
+// Clicks into a lane where there is no step. It is not the one that is selected already.
 void SelectLane(User& user, int lane) {
   user.ClickBackground();  // all lanes are alike from here on
   const app::Size client = user.ClientSize();
@@ -154,7 +154,7 @@ void SelectLane(User& user, int lane) {
   user.ClickChart(UX::TimeToX(place, {}, std::int64_t{3} * 3600), place.y + place.height / 2);
 }
 
-/// The document as it comes out of a file.
+// The document as it comes out of a file.
 ModeListView Stored(const ModeListView& document, const std::filesystem::path& file) {
   ModeListView stored;
   EXPECT_TRUE(SaveProgram(document, file) && LoadProgram(file, stored));

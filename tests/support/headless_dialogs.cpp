@@ -60,7 +60,7 @@ struct Control {
     return row.kind == ControlKind::ListBox || row.kind == ControlKind::DropDownList ||
            row.kind == ControlKind::ComboBox;
   }
-  /// A list that is let down shows its choice as its text.
+  // A list that is let down shows its choice as its text.
   void Choose(int choice) {
     selected = choice;
     if (row.kind == ControlKind::ListBox) return;
@@ -190,7 +190,7 @@ class Window final : public dialogs::DialogWindow {
     if (!At(id).IsField()) Mistake(Title() + ": one cannot type into " + std::to_string(id));
     return At(id);
   }
-  /// One that the user can get to.
+  // One that the user can get to.
   Control& Reach(int id, ControlKind kind) { return Reach(Expect(id, kind)); }
   Control& Reach(Control& control) {
     const int id = control.row.id;

@@ -10,7 +10,7 @@ std::atomic<std::int64_t> heap_count::allocations = 0;
 
 namespace {
 
-/// What allocators take for themselves, and the room to remember the size in.
+// What allocators take for themselves, and the room to remember the size in.
 constexpr std::size_t kHeadBytes = 16;
 
 void* Take(std::size_t size) noexcept {

@@ -28,7 +28,7 @@ namespace command = app::command;
 constexpr int kGerman = command::kFirstLanguage;
 constexpr int kTest = command::kFirstLanguage + 8;
 
-/// The German of the program's own documents.
+// The German of the program's own documents.
 class German {
  public:
   explicit German(const Folders& folders) {
@@ -36,7 +36,7 @@ class German {
     EXPECT_TRUE(ovk::xml::load(folders.resources / "translations-more.xml", more_));
   }
 
-  /// For a key, with {1} replaced. Not the key itself: all that is asked for here is translated.
+  // For a key, with {1} replaced. Not the key itself: all that is asked for here is translated.
   std::string operator()(std::string_view key, std::string_view argument = {}) {
     ovk::xml::element* entry = document_.child("strings").find_child_by_id("string", key);
     if (entry == nullptr) entry = more_.child("strings").find_child_by_id("string", key);

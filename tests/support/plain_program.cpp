@@ -13,8 +13,8 @@ namespace TCBase::Program::Plain {
 
 namespace {
 
-/// The first step at a minute of the day, or the end. Hour and minute are compared, not their sum: a step out
-/// of range is on no minute.
+// The first step at a minute of the day, or the end. Hour and minute are compared, not their sum: a step out
+// of range is on no minute.
 Channel::const_iterator FindStepAt(const Channel& channel, std::int32_t minute) {
   return std::find_if(channel.begin(), channel.end(), [minute](const Step& step) {
     return step.hour == minute / 60 && step.minute == minute % 60;

@@ -14,7 +14,7 @@ namespace {
 
 using namespace UX;
 
-/// One text of several. Not with +, in which GCC 12 sees copies that overlap.
+// One text of several. Not with +, in which GCC 12 sees copies that overlap.
 template <class... Parts>
 std::string Join(const Parts&... parts) {
   std::string text;
@@ -22,7 +22,7 @@ std::string Join(const Parts&... parts) {
   return text;
 }
 
-/// At most two places. Not by printf: its rounding is the platform's.
+// At most two places. Not by printf: its rounding is the platform's.
 std::string Told(float number) {
   char digits[64];
   std::string text(digits, std::to_chars(digits, digits + sizeof digits, static_cast<double>(number),
@@ -60,7 +60,7 @@ std::string Told(const Shape& shape) {
   return std::visit(ShapeTeller(), shape);
 }
 
-/// A contour as what it has in common with its neighbours, and what it has not.
+// A contour as what it has in common with its neighbours, and what it has not.
 struct ContourTeller {
   std::string common;
   std::string own;
