@@ -9,9 +9,9 @@ namespace {
 constexpr double kIdleSeconds = 1.0;
 constexpr int kIdleMilliseconds = 5;
 
-/// Seconds since the user touched the chart. A click on the window's background stops the timer at zero; its
-/// core still tells of the last touch, so that what that set in motion comes to its end and drawing does,
-/// too.
+// Seconds since the user touched the chart. A click on the window's background stops the timer at zero; its
+// core still tells of the last touch, so that what that set in motion comes to its end and drawing does,
+// too.
 double SecondsSinceInput(const timer_base::TimerFeatures<TimerCore_Counter>& idleTimer) {
   return idleTimer.IsFrozen() ? idleTimer.Elapsed() : idleTimer.Now();
 }

@@ -39,7 +39,7 @@ class IdleCanvas final : public UX::Canvas {
   UX::Font font_{8.0F, false};
 };
 
-/// The steps spread over the day, in order, some of them jumps.
+// The steps spread over the day, in order, some of them jumps.
 ModeListView GivenDay(std::int32_t stepsInAChannel) {
   ModeListView document;
   Mode mode;
@@ -54,7 +54,7 @@ ModeListView GivenDay(std::int32_t stepsInAChannel) {
   return document;
 }
 
-/// With a hovered and a selected step and their balloons, labels at the mouse, and a demo.
+// With a hovered and a selected step and their balloons, labels at the mouse, and a demo.
 void Frame(benchmark::State& state) {
   ModeListView document = GivenDay(static_cast<std::int32_t>(state.range(0)));
   StepSelection selection{document, 1, 20};

@@ -22,7 +22,7 @@ namespace {
 
 using namespace TCBase::Program;
 
-/// Some wave that has no straight stretch and few ties.
+// Some wave that has no straight stretch and few ties.
 float Wave(int minute, int channel) {
   return static_cast<float>((minute * (channel + 7) * 13 + minute * minute / 11) % 1009) / 10.08F;
 }
@@ -31,7 +31,7 @@ Step StepAt(int minute, int channel) {
   return {minute / 60, minute % 60, Wave(minute, channel), minute % 7 == 0, NextStepId()};
 }
 
-/// Five channels of `steps` steps all over the day, on minutes of their own as far as there are enough.
+// Five channels of `steps` steps all over the day, on minutes of their own as far as there are enough.
 Mode GivenMode(int steps) {
   Mode mode;
   for (int c = 0; c < kChannelCount; ++c) {
@@ -44,7 +44,7 @@ Mode GivenMode(int steps) {
   return mode;
 }
 
-/// The same steps, in no order.
+// The same steps, in no order.
 Mode GivenUnorderedMode(int steps) {
   Mode mode = GivenMode(steps);
   std::uint32_t random = 1;
@@ -57,7 +57,7 @@ Mode GivenUnorderedMode(int steps) {
   return mode;
 }
 
-/// Every step twice on its minute.
+// Every step twice on its minute.
 Mode GivenDoubledMode(int steps) {
   Mode mode = GivenMode(steps / 2);
   for (Channel& channel : mode.channels) {
@@ -145,7 +145,7 @@ void OptimizeUnordered(benchmark::State& state) {
 }
 BENCHMARK(OptimizeUnordered)->Arg(48)->Arg(1440)->Unit(benchmark::kMicrosecond);
 
-/// What "Optimize mode for TC421" does: 48 half hours in each channel, less those that add nothing.
+// What "Optimize mode for TC421" does: 48 half hours in each channel, less those that add nothing.
 template <void (*kRemove)(Mode&)>
 void ForTC421(benchmark::State& state) {
   const Mode given = GivenMode(12);
@@ -169,7 +169,7 @@ void Resample(benchmark::State& state) {
 }
 BENCHMARK(Resample)->Unit(benchmark::kMicrosecond);
 
-/// What a RAW export may be given.
+// What a RAW export may be given.
 enum RawMode : std::int64_t {
   RawEmpty,
   RawTwoSteps,   // in each channel
@@ -231,7 +231,7 @@ BENCHMARK(Raw<Plain::WriteRaw>)
     ->DenseRange(RawSteep, RawFarAway)
     ->Unit(benchmark::kMicrosecond);
 
-/// The same memory, filled with one byte.
+// The same memory, filled with one byte.
 void RawFill(benchmark::State& state) {
   std::string data(std::size_t{kSecondsPerDay} * kChannelCount, '\0');
   for (auto _ : state) {

@@ -37,8 +37,8 @@ void GivenQt() {
   static const QGuiApplication application(count, arguments);
 }
 
-/// Steps all over the day, with jumps between them; where there are more steps than minutes, several share
-/// one.
+// Steps all over the day, with jumps between them; where there are more steps than minutes, several share
+// one.
 ModeListView GivenDocument(int steps) {
   ModeListView document;
   Mode& mode = document.modes.emplace_back();
@@ -55,7 +55,7 @@ ModeListView GivenDocument(int steps) {
   return document;
 }
 
-/// The chart of a user who has a step selected, the mouse over a lane and a demo running.
+// The chart of a user who has a step selected, the mouse over a lane and a demo running.
 class Chart {
  public:
   explicit Chart(int steps) : document_(GivenDocument(steps)) {
@@ -84,7 +84,7 @@ class Chart {
     canvas_.End();
   }
 
-  /// Nothing but the curves, with every point that they have.
+  // Nothing but the curves, with every point that they have.
   void DrawCurves() {
     QPainter painter(&image_);
     painter.fillRect(image_.rect(), Qt::white);
@@ -106,7 +106,7 @@ class Chart {
   }
 
  private:
-  /// A pass of the main loop, when all has come to rest.
+  // A pass of the main loop, when all has come to rest.
   void Pass() {
     platform::SleepMilliseconds(600);
     now_ = frameClock_.Now();

@@ -15,7 +15,7 @@ using namespace TCBase::Program;
 
 constexpr int kModes = 64;  // all that a controller holds
 
-/// As large as a document for a controller gets: every channel of every mode full.
+// As large as a document for a controller gets: every channel of every mode full.
 ModeListView GivenFullDocument(int modes) {
   ModeListView document;
   for (int m = 0; m < modes; ++m) {
@@ -29,7 +29,7 @@ ModeListView GivenFullDocument(int modes) {
   return document;
 }
 
-/// The `count`-th edit of a session that wanders through all modes.
+// The `count`-th edit of a session that wanders through all modes.
 Step& StepToEdit(ModeListView& document, std::size_t count) {
   Mode& mode = document.modes[count % document.modes.size()];
   return mode.channels[count / 7 % kChannelCount][count / 3 % kMaxModeSteps];
@@ -50,7 +50,7 @@ void FirstSnapshot(benchmark::State& state) {
 }
 BENCHMARK(FirstSnapshot)->Arg(1)->Arg(kModes)->Unit(benchmark::kMicrosecond);
 
-/// A command: the snapshot, then an edit of one step. The history grows to 10,000 entries and starts over.
+// A command: the snapshot, then an edit of one step. The history grows to 10,000 entries and starts over.
 void SnapshotOfAnEdit(benchmark::State& state) {
   ModeListView document = GivenFullDocument(static_cast<int>(state.range(0)));
   app::UndoStack undoStack(document);
@@ -68,7 +68,7 @@ void SnapshotOfAnEdit(benchmark::State& state) {
 }
 BENCHMARK(SnapshotOfAnEdit)->Arg(1)->Arg(kModes)->Unit(benchmark::kMicrosecond);
 
-/// The worst case: every step has the same fields and other padding.
+// The worst case: every step has the same fields and other padding.
 void SnapshotWithOtherPadding(benchmark::State& state) {
   ModeListView document = GivenFullDocument(kModes);
   const app::ProgramSnapshot earlier(document, {});
@@ -93,7 +93,7 @@ void UndoAndRedo(benchmark::State& state) {
 }
 BENCHMARK(UndoAndRedo)->Unit(benchmark::kMicrosecond);
 
-/// A key released without an effect: the most frequent comparison.
+// A key released without an effect: the most frequent comparison.
 void CommitWithoutChange(benchmark::State& state) {
   ModeListView document = GivenFullDocument(kModes);
   app::UndoStack undoStack(document);

@@ -65,7 +65,7 @@ enum class Brush : std::uint8_t {
 inline constexpr int kBrushCount = static_cast<int>(Brush::FirstChannel) + TCBase::Program::kChannelCount;
 
 /// The brush in the colour of a channel, 0 to 4.
-constexpr Brush ChannelBrush(int channel) {
+constexpr Brush ChannelBrush(std::int32_t channel) {
   return static_cast<Brush>(static_cast<int>(Brush::FirstChannel) + channel);
 }
 
@@ -98,7 +98,7 @@ inline constexpr int kLabelCount = static_cast<int>(Label::End);
 constexpr Label PercentLabel(int percent) {
   return static_cast<Label>(static_cast<int>(Label::FirstPercent) + percent / 10 - 1);
 }
-constexpr Label ChannelNameLabel(int channel) {
+constexpr Label ChannelNameLabel(std::int32_t channel) {
   return static_cast<Label>(static_cast<int>(Label::FirstChannelName) + channel);
 }
 

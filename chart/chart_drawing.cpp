@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "chart/static_labels.h"
 #include "program/channel_edit.h"
@@ -51,7 +52,7 @@ Color ColorOf(const ChannelInfo& channel) {
 
 void SetBrushes(Canvas& canvas, const ModeListView& program) {
   for (const auto& [brush, color, opacity] : kBrushes) canvas.SetBrush(brush, color, opacity);
-  for (int channel = 0; channel < kChannelCount; ++channel)
+  for (std::int32_t channel = 0; channel < kChannelCount; ++channel)
     canvas.SetBrush(ChannelBrush(channel), ColorOf(program.channelInfos[static_cast<std::size_t>(channel)]),
                     kChannelOpacity);
 }

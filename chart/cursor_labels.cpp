@@ -28,7 +28,7 @@ constexpr float kCrosshairLine = 1.0F;
 
 enum class Side { Left, Right };  // of the point
 
-/// A label whose bottom stands on y. Does not put white's opacity back.
+// A label whose bottom stands on y. Does not put white's opacity back.
 void DrawLabel(Canvas& canvas, std::int32_t x, std::int32_t y, std::string_view text, Side side,
                float backgroundOpacity, Brush brush) {
   const TextSize size = canvas.LayOutText(TextFormat::Small, text, kLabelLimits);

@@ -14,7 +14,7 @@ namespace {
 
 using namespace TCBase::Program;
 
-/// Puts points into a figure, at most four of those that follow one another in one column.
+// Puts points into a figure, at most four of those that follow one another in one column.
 class ThinnedLine {
  public:
   explicit ThinnedLine(Figure& figure) : figure_(figure) { figure_.Clear(); }

@@ -40,7 +40,7 @@ Shape MarkerShape(const Marker& marker, float radius) {
   return Circle{marker.center, radius};
 }
 
-/// Whether any of a marker of this radius, ring and lines included, is within the chart's window.
+// Whether any of a marker of this radius, ring and lines included, is within the chart's window.
 bool IsInSight(Point center, float radius, const Rect& chartWindow) {
   const float reach = radius + kRingDistance + kRingLine;
   return center.x >= -reach && center.x <= static_cast<float>(chartWindow.width) + reach &&

@@ -38,19 +38,19 @@ Point CenterOf(const Rect& box) {
           static_cast<float>(box.y) + static_cast<float>(box.height) / 2.0F};
 }
 
-/// Everything keeps its place in relation to `center`.
+// Everything keeps its place in relation to `center`.
 Transform ScaledAbout(Point center, float scale, Point origin = {}) {
   const auto place = [scale](float c, float o) { return c * (1.0F - scale) + o * scale; };
   return {scale, {place(center.x, origin.x), place(center.y, origin.y)}};
 }
 
-/// Draws a line from the rim of the step's marker to the centre of the balloon.
+// Draws a line from the rim of the step's marker to the centre of the balloon.
 void DrawLeader(Canvas& canvas, Point marker, float markerRadius, Point center) {
   const Point rim = Along(marker, AngleTo(marker, center, kTwoPi), markerRadius);
   canvas.Stroke(Line{rim, center}, Brush::Gray, kLeaderLine);
 }
 
-/// A balloon about the text that was laid out last, whose left top is `box`'s.
+// A balloon about the text that was laid out last, whose left top is `box`'s.
 void DrawBalloon(Canvas& canvas, const Rect& box, Point center, float scale) {
   const Point text{static_cast<float>(box.x), static_cast<float>(box.y)};
   const RoundedRectangle balloon{

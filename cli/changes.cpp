@@ -1,6 +1,7 @@
 #include "cli/changes.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 #include "common/files.h"
@@ -21,7 +22,7 @@ using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
 using TCBase::Program::StepSelection;
 
-Channel& CurrentChannel(ModeListView& document, int channel) {
+Channel& CurrentChannel(ModeListView& document, std::int32_t channel) {
   return CurrentMode(document).channels[static_cast<std::size_t>(channel)];
 }
 
@@ -34,11 +35,11 @@ ExitStatus Refused(const Session& session) {
   return session.Fail(ExitStatus::WrongUsage, "nothing was written");
 }
 
-/// Longest text of steps that is looked at: a thousand times what a channel can use.
+// Longest text of steps that is looked at: a thousand times what a channel can use.
 constexpr std::size_t kMostStepsText = std::size_t{1024} * 1024;
 
-/// Makes steps text of a file's text: every kind of line end becomes a carriage return, and the mark that
-/// some editors put in front of a file goes.
+// Makes steps text of a file's text: every kind of line end becomes a carriage return, and the mark that
+// some editors put in front of a file goes.
 std::string ToStepsText(std::string_view text) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
@@ -99,7 +100,7 @@ Change ReplaceSteps(const ChannelValue& argument) {
   };
 }
 
-Change Scale(int channel, float percent) {
+Change Scale(std::int32_t channel, float percent) {
   return [channel, percent](const Session& session, ModeListView& document) {
     Channel& steps = CurrentChannel(document, channel);
     if (!(TCBase::Program::ChannelPower(steps) > 0.0F))
@@ -110,7 +111,7 @@ Change Scale(int channel, float percent) {
   };
 }
 
-Change Clear(int channel) {
+Change Clear(std::int32_t channel) {
   return [channel](const Session&, ModeListView& document) {
     StepSelection selection{document, channel};
     ClearChannel(selection);

@@ -2,6 +2,7 @@
 
 // The changes that the edit command can make to a mode.
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -24,8 +25,8 @@ Change Align(int minutes);
 Change AddEndpoint(const std::string& end);
 /// The value is a file with a text of steps, UTF-8, with any kind of line end.
 Change ReplaceSteps(const ChannelValue& argument);
-Change Scale(int channel, float percent);
-Change Clear(int channel);
+Change Scale(std::int32_t channel, float percent);
+Change Clear(std::int32_t channel);
 /// The value is "up" or "down".
 Change Move(const ChannelValue& argument);
 Change Rename(const std::string& name);

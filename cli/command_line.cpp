@@ -47,7 +47,7 @@ bool IsCommand(const std::string& word) {
   return std::ranges::any_of(kCommands, [&](const Command* command) { return command->name == word; });
 }
 
-/// Help and version go to `out` and are a success, anything else is wrong usage.
+// Help and version go to `out` and are a success, anything else is wrong usage.
 ExitStatus Explain(const Session& session, const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() != 0) {
     session.Fail(ExitStatus::WrongUsage, error.what());

@@ -37,7 +37,7 @@ bool IsProgram(const std::string& file) {
   return TCBase::Program::HasExtension(PathFromUtf8(file), ".xml");
 }
 
-/// Null for a file of no such kind.
+// Null for a file of no such kind.
 const ModeFileKind* KindOf(const std::string& file) {
   return TCBase::Program::ModeFileKindOf(PathFromUtf8(file));
 }
@@ -57,7 +57,7 @@ std::string CheckOut(const std::string& file) {
              : "a file name that ends in .xml, .tmf, .lmf or .raw is expected, not " + file;
 }
 
-/// Reads a file of any kind as a program.
+// Reads a file of any kind as a program.
 ExitStatus ReadFile(const Session& session, const std::string& file, ModeListView& document) {
   document = TCBase::Program::NewProgram();
   const ModeFileKind* const kind = KindOf(file);
@@ -69,7 +69,7 @@ ExitStatus ReadFile(const Session& session, const std::string& file, ModeListVie
                             Message("{1} cannot be read, or is no {2} file", file, kind->name).utf8());
 }
 
-/// All modes of all files, in their order; the channels are those of the first program among them.
+// All modes of all files, in their order; the channels are those of the first program among them.
 ExitStatus ReadAll(const Session& session, const std::vector<std::string>& files, ModeListView& document) {
   document = TCBase::Program::NewProgram();
   document.modes.clear();
@@ -84,7 +84,7 @@ ExitStatus ReadAll(const Session& session, const std::vector<std::string>& files
   return ExitStatus::Success;
 }
 
-/// Leaves the mode that was asked for alone, and all if none was.
+// Leaves the mode that was asked for alone, and all if none was.
 ExitStatus ChooseMode(const Session& session, const ConvertArguments& arguments, ModeListView& document) {
   const std::size_t count = document.modes.size();
   const std::string held = (arguments.in.size() == 1 ? arguments.in.front() + " holds " : "the files hold ") +
@@ -101,7 +101,7 @@ ExitStatus ChooseMode(const Session& session, const ConvertArguments& arguments,
   return ExitStatus::Success;
 }
 
-/// What is written all the same, but will not be read as it was meant.
+// What is written all the same, but will not be read as it was meant.
 void TellOfRows(const Session& session, const std::string& file, const Mode& mode) {
   const int rows = CountModeSteps(mode);
   if (rows == 0) session.status.Print(Message("{1} has no row and cannot be read back.", file).utf8());
@@ -122,7 +122,7 @@ ExitStatus Write(const Session& session, const std::string& file, const ModeList
   return ExitStatus::Success;
 }
 
-/// What is wrong with the files' names; empty if nothing is.
+// What is wrong with the files' names; empty if nothing is.
 std::string CheckFiles(const ConvertArguments& arguments) {
   for (const std::string& in : arguments.in) {
     if (std::string fault = CheckIn(in); !fault.empty()) return fault;

@@ -31,7 +31,7 @@ struct UploadArguments : DeviceArguments {
   ProgramArgument program;
 };
 
-/// What the desktop program asks about before an upload.
+// What the desktop program asks about before an upload.
 void WarnOfManySteps(const Session& session, const ModeListView& document,
                      const std::vector<DeviceInfo>& devices) {
   const auto mayIgnore = [](const DeviceInfo& device) {
@@ -83,10 +83,10 @@ struct DemoArguments : DeviceArguments {
   std::string from;  // empty for midnight
 };
 
-/// Has a demo go to a time of the day as soon as it plays.
+// Has a demo go to a time of the day as soon as it plays.
 class Seek final : public TCBase::OperationObserver {
  public:
-  /// `next` hears everything; it and `demo` outlive the seek.
+  // `next` hears everything; it and `demo` outlive the seek.
   Seek(std::optional<int> second, TCBase::DemoState& demo, TCBase::OperationObserver& next)
       : second_(second), demo_(demo), next_(next) {}
 

@@ -29,7 +29,7 @@ struct ListArguments : DeviceArguments {
   bool json = false;
 };
 
-/// Blocks until the worker has looked for controllers once more.
+// Blocks until the worker has looked for controllers once more.
 void AwaitPass(TCBase::Worker& worker) {
   // The worker looks after each job, so that it has looked when it comes to the second.
   const auto reached = std::make_shared<std::promise<void>>();
@@ -38,7 +38,7 @@ void AwaitPass(TCBase::Worker& worker) {
   reached->get_future().wait();
 }
 
-/// Looks at once, and then until there is one or `seconds` have passed.
+// Looks at once, and then until there is one or `seconds` have passed.
 std::vector<DeviceInfo> LookFor(double seconds) {
   TCBase::Worker worker(TCBase::Discovery::AtOnce);
   const timer_base::TimerFeatures<TimerCore_Counter> waited;
@@ -56,7 +56,7 @@ std::vector<DeviceInfo> FindDevices(double wait) {
   return devices.empty() && wait > 0.0 ? LookFor(0.0) : devices;
 }
 
-/// What is on the network, sorted, with a word for the user if that could not be found out.
+// What is on the network, sorted, with a word for the user if that could not be found out.
 std::vector<DeviceInfo> ScanNetwork(const Session& session) {
   TCBase::ExchangeCount count(TCBase::NoObserver());
   std::vector<DeviceInfo> devices = TCBase::FindNetworkDevices(TCBase::kLookupPatience, count);

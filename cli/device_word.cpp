@@ -10,7 +10,7 @@ namespace {
 
 using TCBase::DeviceInfo;
 
-/// A controller that there is one of.
+// A controller that there is one of.
 struct KnownDevice {
   const char* word;
   TCBase::DeviceModel model;

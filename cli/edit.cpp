@@ -84,8 +84,8 @@ ExitStatus Edit(const Session& session, const EditArguments& arguments) {
   return changed == ExitStatus::Success ? Save(document, arguments.out) : changed;
 }
 
-/// One of the changes that takes a value. `check` is one of those above, `make` turns the text into the
-/// change.
+// One of the changes that takes a value. `check` is one of those above, `make` turns the text into the
+// change.
 template <class Make>
 void AddChange(CLI::App& group, Change& change, const char* option, const char* value, const char* what,
                std::string (*check)(const std::string&), Make make) {

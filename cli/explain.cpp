@@ -29,7 +29,7 @@ ExitStatus ExitStatusOf(OperationResult result) {
   return ExitStatus::OperationFailed;
 }
 
-/// What may be wrong where a controller on a cable cannot be connected.
+// What may be wrong where a controller on a cable cannot be connected.
 void ExplainConnectError(const Session& session, const DeviceInfo& info) {
   session.status.Print(
       Message(

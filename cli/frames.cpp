@@ -38,7 +38,7 @@ DeviceInfo DeviceOf(const FramesArguments& arguments) {
   return {TCBase::ModelTC420, TCBase::kTC420Name, {}, true};
 }
 
-/// Does `store` for each mode and tells of it. False if a mode was refused.
+// Does `store` for each mode and tells of it. False if a mode was refused.
 template <class Store>
 bool StoreModes(const ModeListView& document, const DeviceInfo& device, const Store& store) {
   bool good = true;
@@ -53,7 +53,7 @@ bool StoreModes(const ModeListView& document, const DeviceInfo& device, const St
 
 using Frames = std::vector<std::string>;
 
-/// The upload as a TC420 sees it, without the waits between the modes.
+// The upload as a TC420 sees it, without the waits between the modes.
 bool RecordTC420(const ModeListView& document, const DeviceInfo& info, Frames& frames) {
   TC420::Mock device;
   device.UploadStart();

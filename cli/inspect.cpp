@@ -107,7 +107,7 @@ Run DeclareInfo(CLI::App& app) {
 
 using Values = std::array<float, kChannelCount>;
 
-/// Calls `action(second, values)` for each second asked for, until it answers false.
+// Calls `action(second, values)` for each second asked for, until it answers false.
 template <class Action>
 void WalkDay(const Mode& mode, int every, const Action& action) {
   std::vector<CurveCursor> cursors(mode.channels.begin(), mode.channels.end());

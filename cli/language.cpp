@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view kEnglish = TranslationStore::kEnglish;
 
-/// What a locale calls a language, and the id of its translation.
+// What a locale calls a language, and the id of its translation.
 struct Row {
   std::string_view code;
   std::string_view id;

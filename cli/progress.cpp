@@ -10,8 +10,8 @@ namespace cli {
 
 namespace {
 
-/// A mode is its rows between an opening and a closing frame. One more ends the upload to a TC420; a TC421
-/// gets a row for each half hour.
+// A mode is its rows between an opening and a closing frame. One more ends the upload to a TC420; a TC421
+// gets a row for each half hour.
 int CountFrames(const TCBase::Program::ModeListView& document, const TCBase::DeviceInfo& controller) {
   constexpr int kHalfHours = 48;
   const TCBase::ControllerModel& model = TCBase::ControllerModelOf(controller);

@@ -20,7 +20,7 @@ constexpr int kLeastPixels = 100;
 constexpr int kMostPixels = 10'000;
 constexpr double kLeastScale = 0.25;
 constexpr double kMostScale = 8.0;
-/// A quarter of a gigabyte in memory.
+// A quarter of a gigabyte in memory.
 constexpr double kMostPngPixels = 64e6;
 
 struct RenderArguments {
@@ -40,7 +40,7 @@ std::optional<Number> ParseNumber(const std::string& text) {
   return result.ec == std::errc() && result.ptr == end ? std::optional(number) : std::nullopt;
 }
 
-/// "png", "svg" or "pdf" by the end of a file's name; nothing for any other.
+// "png", "svg" or "pdf" by the end of a file's name; nothing for any other.
 std::optional<std::string> FormatOf(const std::string& file) {
   constexpr std::size_t kEndLength = 4;
   if (file.size() <= kEndLength) return std::nullopt;

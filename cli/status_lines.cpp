@@ -9,10 +9,10 @@ namespace cli {
 
 namespace {
 
-/// The item by which a log channel ends a line.
+// The item by which a log channel ends a line.
 constexpr std::string_view kLogLineEnd = "\r\n";
 
-/// Drained as it is written: a line shows when it is logged, and a channel that nobody reads does not grow.
+// Drained as it is written: a line shows when it is logged, and a channel that nobody reads does not grow.
 void Attach(LogChannel& channel, std::function<void(const std::string&)> handler) {
   channel.textHandler = std::move(handler);
   channel.wakeHandler = [&channel] { channel.Drain(); };

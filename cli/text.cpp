@@ -17,13 +17,13 @@ bool IsControl(unsigned char byte) {
   return byte < 0x20 || byte == 0x7F;
 }
 
-/// U+0080 to U+009F, of which some begin a terminal's control sequence like ESC [ does.
+// U+0080 to U+009F, of which some begin a terminal's control sequence like ESC [ does.
 bool StartsWithHighControl(std::string_view text) {
   return text.size() >= 2 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) >= 0x80 &&
          static_cast<unsigned char>(text[1]) < 0xA0;
 }
 
-/// A number of exactly these digits.
+// A number of exactly these digits.
 std::optional<int> ParseDigits(std::string_view digits) {
   int number = 0;
   for (const char digit : digits) {

@@ -2,6 +2,7 @@
 
 // How the command line writes and reads small things.
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,7 +31,7 @@ std::string CheckTimeOfDay(const std::string& text);
 
 /// "CHANNEL=VALUE" with the channel from 1 to 5; nothing for any other text.
 struct ChannelValue {
-  int channel;  // from 0
+  std::int32_t channel;  // from 0
   std::string value;
 };
 std::optional<ChannelValue> ParseChannelValue(std::string_view text);

@@ -24,10 +24,10 @@ using TCBase::DeviceInfo;
 using TCBase::WifiNetworkConfig;
 
 constexpr std::size_t kLongestSsid = 32;
-/// Lengths of what protects a network: a phrase, or, with the longest, a key in hexadecimal.
+// Lengths of what protects a network: a phrase, or, with the longest, a key in hexadecimal.
 constexpr std::size_t kShortestPassword = 8;
 constexpr std::size_t kLongestPassword = 64;
-/// A packet carries no more to a controller with a name of full length.
+// A packet carries no more to a controller with a name of full length.
 constexpr std::size_t kCarriedPassword = 42;
 
 struct WifiArguments {
@@ -56,12 +56,12 @@ std::string CheckNetworkDevice(const std::string& word) {
          word;
 }
 
-/// Some editors put it in front of a file; it is no part of a password.
+// Some editors put it in front of a file; it is no part of a password.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-/// Enough of a line to tell that it is too long.
+// Enough of a line to tell that it is too long.
 constexpr std::size_t kMostRead = kByteOrderMark.size() + kLongestPassword + 1;
 
-/// The first line, of a file of any length.
+// The first line, of a file of any length.
 std::optional<std::string> ReadFirstLine(const std::string& file) {
   std::ifstream stream(PathFromUtf8(file), std::ios::binary);
   std::string line;

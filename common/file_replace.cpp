@@ -18,7 +18,7 @@ using platform::FileTarget;
 constexpr int kAttempts = 21;
 constexpr int kWaitMilliseconds = 50;  // between two attempts
 
-/// The result of the call, or of the last attempt while somebody holds the file.
+// The result of the call, or of the last attempt while somebody holds the file.
 template <class Call>
 FileCallResult Patiently(Call call) {
   for (int attempt = 1;; ++attempt) {
@@ -37,7 +37,7 @@ int WriteOut(FileCalls& calls, std::string_view bytes) {
   return 0;
 }
 
-/// Writes the rest of an open file to the disk and closes it.
+// Writes the rest of an open file to the disk and closes it.
 int Finish(FileCalls& calls, std::string_view bytes) {
   int error = WriteOut(calls, bytes);
   if (error == 0) error = calls.Flush().error;
@@ -53,13 +53,13 @@ int WriteStream(FileCalls& calls, const FileTarget& target, std::string_view byt
   return error != 0 ? error : closeError;
 }
 
-/// A short name, since one made of the file's own could be too long.
+// A short name, since one made of the file's own could be too long.
 std::string FreshName(const std::string& prefix, const std::string& suffix) {
   static std::atomic<unsigned> serial = 0;
   return prefix + std::to_string(platform::ClockTicks()) + "-" + std::to_string(serial++) + suffix;
 }
 
-/// Creates a file under a free name, which `name` makes up.
+// Creates a file under a free name, which `name` makes up.
 template <class Name>
 int CreateFresh(FileCalls& calls, const Name& name, bool guarded, fs::path& created) {
   // Two processes may meet on a name, and one that was killed leaves its file.
@@ -77,7 +77,7 @@ int CreateBeside(FileCalls& calls, const FileTarget& target, fs::path& beside) {
   return CreateFresh(calls, name, target.kind == FileTarget::Regular, beside);
 }
 
-/// Everything up to the moment where the new file can take the old one's place.
+// Everything up to the moment where the new file can take the old one's place.
 int Complete(FileCalls& calls, const FileTarget& old, std::string_view bytes) {
   const int error = old.kind == FileTarget::Regular ? calls.TakePermissions(old).error : 0;
   if (error == 0) return Finish(calls, bytes);
@@ -105,20 +105,20 @@ FileCallResult SwapIn(FileCalls& calls, const fs::path& beside, const FileTarget
   return replaced;
 }
 
-/// Whether a folder refuses a new file that the file itself might well take.
+// Whether a folder refuses a new file that the file itself might well take.
 bool RefusesNewFiles(int error) {
   return error == EACCES || error == EPERM || error == EROFS;
 }
 
-/// Whether the old file cannot be swapped, though it might be written: it is a mount point (EBUSY), or its
-/// folder lets nobody but its owner rename it. Not while somebody holds it, who would read a half of it.
+// Whether the old file cannot be swapped, though it might be written: it is a mount point (EBUSY), or its
+// folder lets nobody but its owner rename it. Not while somebody holds it, who would read a half of it.
 bool RefusesSwap(const FileTarget& target, const FileCallResult& swapped) {
   return target.kind == FileTarget::Regular && swapped.outcome == FileCallResult::Failed &&
          (swapped.error == EBUSY || RefusesNewFiles(swapped.error));
 }
 
-/// The folders for a copy while a file is written in place, the best first: a user who must look for one
-/// finds it beside the file or among the documents, and it lasts there.
+// The folders for a copy while a file is written in place, the best first: a user who must look for one
+// finds it beside the file or among the documents, and it lasts there.
 std::vector<fs::path> FoldersForCopies(const FileTarget& target) {
   std::vector<fs::path> folders{target.path.parent_path()};
   if (const auto documents = platform::DocumentsFolder()) folders.push_back(*documents);
@@ -128,7 +128,7 @@ std::vector<fs::path> FoldersForCopies(const FileTarget& target) {
   return folders;
 }
 
-/// Writes a copy of the new content to the disk. The error is that of the first folder.
+// Writes a copy of the new content to the disk. The error is that of the first folder.
 int WriteCopy(FileCalls& calls, const FileTarget& target, std::string_view bytes, fs::path& copy) {
   int firstError = 0;
   for (const fs::path& folder : FoldersForCopies(target)) {
@@ -147,8 +147,8 @@ int WriteCopy(FileCalls& calls, const FileTarget& target, std::string_view bytes
   return firstError;
 }
 
-/// Writes the new content into the old file while `copy` holds it, too. The copy stays only if that failed
-/// when the old content was gone.
+// Writes the new content into the old file while `copy` holds it, too. The copy stays only if that failed
+// when the old content was gone.
 int Overwrite(FileCalls& calls, const FileTarget& target, std::string_view bytes, const fs::path& copy,
               fs::path* kept) {
   int error = Patiently([&] { return calls.Open(target); }).error;

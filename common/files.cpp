@@ -14,7 +14,7 @@ namespace {
 
 using PathChar = std::filesystem::path::value_type;
 
-/// 0, or the C library's number of what went wrong.
+// 0, or the C library's number of what went wrong.
 int AppendToFile(const std::filesystem::path& path, std::string_view data) {
   errno = 0;
   std::ofstream file(path, std::ios::binary | std::ios::app);
@@ -24,7 +24,7 @@ int AppendToFile(const std::filesystem::path& path, std::string_view data) {
   return errno != 0 ? errno : EIO;
 }
 
-/// Why something is no regular file, as the C library's number.
+// Why something is no regular file, as the C library's number.
 int NumberOf(const std::filesystem::file_status& status, const std::error_code& error) {
   if (status.type() == std::filesystem::file_type::directory) return EISDIR;
   if (status.type() == std::filesystem::file_type::not_found) return ENOENT;
@@ -33,7 +33,7 @@ int NumberOf(const std::filesystem::file_status& status, const std::error_code& 
                                                                                    : EINVAL;
 }
 
-/// 0, or the C library's number of what went wrong.
+// 0, or the C library's number of what went wrong.
 int ReadFile(const std::filesystem::path& path, std::string& out, std::size_t most) {
   // A folder opens on some platforms, and a pipe blocks until somebody writes into it.
   std::error_code error;

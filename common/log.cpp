@@ -15,7 +15,7 @@ void LogLine(LogChannel& channel, std::string text) {
 constexpr std::size_t kRowBytes = 16;
 constexpr std::size_t kHalfRowBytes = kRowBytes / 2;
 
-/// One further space behind the eighth and the sixteenth column, in both halves of a row.
+// One further space behind the eighth and the sixteenth column, in both halves of a row.
 void AppendGap(std::string& out, std::size_t column) {
   if ((column + 1) % kHalfRowBytes == 0) out += ' ';
 }

@@ -14,7 +14,7 @@ namespace {
 
 constinit std::atomic<Translator*> translatorInUse = nullptr;
 
-/// A number in decimal, for as long as the expression it stands in.
+// A number in decimal, for as long as the expression it stands in.
 class Decimal {
  public:
   explicit Decimal(std::int32_t number)

@@ -13,7 +13,7 @@ namespace TCBase {
 
 namespace {
 
-/// What the user has to be told behind an upload; empty if all went well, and if the user ended it.
+// What the user has to be told behind an upload; empty if all went well, and if the user ended it.
 std::string FailureOf(const DeviceInfo& info, const Program::ModeListView& program,
                       const OperationReport& report) {
   if (report.result == OperationResult::Done || report.result == OperationResult::Cancelled) return {};

@@ -75,14 +75,14 @@ bool TakeStop(const OperationContext& context) {
 
 namespace {
 
-/// Whether all packets that `send` gives to the device are confirmed.
+// Whether all packets that `send` gives to the device are confirmed.
 bool AreConfirmed(const ExchangeCount& count, const std::function<void()>& send) {
   const int before = count.Counted().unconfirmed;
   send();
   return count.Counted().unconfirmed == before;
 }
 
-/// True if the controller has confirmed the whole mode. The log has an error only where the device has.
+// True if the controller has confirmed the whole mode. The log has an error only where the device has.
 bool UploadMode(DeviceBase& device, const ExchangeCount& count, const DeviceInfo& info, int bank,
                 const Program::Mode& mode) {
   const DeviceBase::Steps steps = StepsFor(info, mode);

@@ -13,8 +13,8 @@ namespace {
 
 using ovk::xml::element;
 
-/// Calls `visit` with every element of the tree, the root first. A document decides how deep its tree is, so
-/// this does not recurse.
+// Calls `visit` with every element of the tree, the root first. A document decides how deep its tree is, so
+// this does not recurse.
 template <class Visit>
 void ForEachElement(element& root, Visit visit) {
   std::vector<element*> pending{&root};
@@ -26,7 +26,7 @@ void ForEachElement(element& root, Visit visit) {
   }
 }
 
-/// Calls `change` with every text and attribute of the tree.
+// Calls `change` with every text and attribute of the tree.
 template <class Change>
 void ForEachText(element& root, Change change) {
   ForEachElement(root, [&](element& each) {
@@ -39,7 +39,7 @@ void Assign(ovk::string& to, std::string_view text) {
   to = ovk::string(text);
 }
 
-/// The others stay in their order.
+// The others stay in their order.
 template <class Predicate>
 void RemoveFirstChild(element& parent, Predicate is) {
   auto& children = parent.children;
@@ -54,7 +54,7 @@ std::string UpToZero(std::string_view text) {
   return std::string(text.substr(0, text.find('\0')));
 }
 
-/// A document or exchange file as the store works on it. False, with `root` as it was, if it is no XML.
+// A document or exchange file as the store works on it. False, with `root` as it was, if it is no XML.
 bool ParseTexts(element& root, std::string_view bytes) {
   if (!ovk::xml::parse(root, bytes.data(), bytes.size())) return false;
   // The order lets an escaped line break at either end of a text survive.
@@ -69,7 +69,7 @@ std::string ResourceBytes(int number) {
   return bytes;
 }
 
-/// Moves the entries of the second document, as bytes, behind those of the first. Answers their keys.
+// Moves the entries of the second document, as bytes, behind those of the first. Answers their keys.
 std::set<std::string, std::less<>> AddEntries(element& root, std::string_view bytes) {
   std::set<std::string, std::less<>> keys;
   element more;

@@ -7,7 +7,7 @@ namespace TCBase::Program {
 
 namespace {
 
-/// Moves the selected channel's steps by one channel, `by` being 1 or -1, and the selection with them.
+// Moves the selected channel's steps by one channel, `by` being 1 or -1, and the selection with them.
 void MoveSelectedChannel(StepSelection& selection, std::int32_t by) {
   Channel* channel = SelectedChannel(selection);
   if (channel == nullptr) return;

@@ -20,7 +20,7 @@ constexpr std::size_t kRows = kMinutesPerDay / kRowMinutes;
 constexpr std::size_t kCellSize = 4;
 constexpr std::size_t kRowSize = kChannelCount * kCellSize;
 
-/// The halves of a byte change places: 0x64 becomes 0x46, and the other way round.
+// The halves of a byte change places: 0x64 becomes 0x46, and the other way round.
 constexpr std::uint8_t SwapHalves(std::uint8_t byte) {
   return static_cast<std::uint8_t>(byte << 4 | byte >> 4);
 }

@@ -13,7 +13,7 @@ namespace TCBase::Program {
 
 namespace {
 
-/// The minutes of the day that a mode's steps stand on.
+// The minutes of the day that a mode's steps stand on.
 class UsedMinutes {
  public:
   explicit UsedMinutes(const Mode& mode) {
@@ -30,7 +30,7 @@ class UsedMinutes {
     return static_cast<std::size_t>(count);
   }
 
-  /// Calls `action(minute)` in ascending order.
+  // Calls `action(minute)` in ascending order.
   template <class Action>
   void ForEach(Action action) const {
     for (std::size_t i = 0; i < words_.size(); ++i) {

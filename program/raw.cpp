@@ -25,12 +25,12 @@ std::uint32_t ByteOf(float percent) {
   return static_cast<std::uint32_t>(TruncateToInt(percent)) & 0xFF;
 }
 
-/// Whether TruncateToInt has a number for it.
+// Whether TruncateToInt has a number for it.
 bool HasInt(float percent) {
   return percent >= -2147483648.0F && percent < 2147483648.0F;
 }
 
-/// Whether all bytes of the minute are the same as those of its ends. The curve stays between its ends.
+// Whether all bytes of the minute are the same as those of its ends. The curve stays between its ends.
 bool IsLevel(float begin, float end) {
   if (HasInt(begin) != HasInt(end)) return false;
   if (HasInt(begin)) return TruncateToInt(begin) == TruncateToInt(end);
@@ -39,16 +39,16 @@ bool IsLevel(float begin, float end) {
   return !(begin * end < 0.0F);
 }
 
-/// Whether all seconds can be worked out in 32 bits: a number that both ends have, all between them have.
+// Whether all seconds can be worked out in 32 bits: a number that both ends have, all between them have.
 bool IsPlain(const StraightCurve& curve, float begin, float end) {
   constexpr std::int64_t kMost = std::int64_t{1} << 30;
   return HasInt(begin) && HasInt(end) && curve.elapsed > -kMost && curve.elapsed < kMost;
 }
 
-/// One word for each row of the minute.
+// One word for each row of the minute.
 using Words = std::array<std::uint32_t, kSeconds>;
 
-/// Puts the bytes of a curve that IsPlain() into the words.
+// Puts the bytes of a curve that IsPlain() into the words.
 void AddPlainBytes(const StraightCurve& curve, unsigned shift, Words& words) {
   // What StraightCurve::At answers: a number of 32 bits is the same float as one of 64.
   auto elapsed = static_cast<std::int32_t>(curve.elapsed);
@@ -63,7 +63,7 @@ void AddBytes(const StraightCurve& curve, unsigned shift, Words& words) {
     words[i] |= ByteOf(curve.At(static_cast<std::int64_t>(i))) << shift;
 }
 
-/// Rows of one byte a channel: channels 1 to 4 in the one word, from the low byte up, channel 5 in the other.
+// Rows of one byte a channel: channels 1 to 4 in the one word, from the low byte up, channel 5 in the other.
 using RowWords = std::array<std::uint32_t, 2>;
 
 constexpr std::size_t WordOf(std::size_t channel) {
@@ -73,7 +73,7 @@ constexpr unsigned ShiftOf(std::size_t channel) {
   return static_cast<unsigned>(channel % 4) * 8;
 }
 
-/// The rows of one minute.
+// The rows of one minute.
 class MinuteRows {
  public:
   void Add(std::size_t channel, const StraightCurve& curve) {
@@ -86,7 +86,7 @@ class MinuteRows {
     }
   }
 
-  /// Writes them, and is as new.
+  // Writes them, and is as new.
   void Take(char* out) {
     if (changes_ != 0) {
       Write(out);

@@ -11,7 +11,7 @@ namespace TCBase::Program {
 
 namespace {
 
-/// Two curves' distance in whole percent.
+// Two curves' distance in whole percent.
 std::int32_t Difference(float a, float b) {
   return TruncateToInt(std::fabs(a - b));
 }
@@ -119,14 +119,14 @@ void UnorderedErrors::IndexTimes() {
   }
 }
 
-/// The first step at or after a second; the number of steps if there is none.
+// The first step at or after a second; the number of steps if there is none.
 std::size_t UnorderedErrors::FirstNotBefore(std::int64_t second) const {
   const auto record = std::lower_bound(records_.begin(), records_.end(), second,
                                        [this](std::size_t i, std::int64_t t) { return times_[i] < t; });
   return record == records_.end() ? left_.size() : *record;
 }
 
-/// The same among the steps behind `index`, which is itself the first of all.
+// The same among the steps behind `index`, which is itself the first of all.
 std::size_t UnorderedErrors::NextNotBefore(std::size_t index, std::int64_t second) const {
   if (times_[index] == second) return next_[index];
   // A step past the day that closes the stretch around the second it comes back to: there is but one such
@@ -136,8 +136,8 @@ std::size_t UnorderedErrors::NextNotBefore(std::size_t index, std::int64_t secon
   return next;
 }
 
-/// The curve without the step `missing`, if that is one, at a ring second whose stretch is closed by the step
-/// `to`.
+// The curve without the step `missing`, if that is one, at a ring second whose stretch is closed by the step
+// `to`.
 float UnorderedErrors::ValueWithout(std::size_t missing, std::size_t to, std::int64_t second) const {
   const std::size_t first = missing == 0 ? 1 : 0;
   const std::size_t last = missing == left_.size() - 1 ? left_.size() - 2 : left_.size() - 1;

@@ -24,8 +24,8 @@ void Assign(ovk::string& text, std::string_view value) {
   text.assign(value.data(), static_cast<std::int32_t>(value.size()));
 }
 
-/// Settings are one level deep. Deeper ones, which only a foreign file has, are dropped: the indentation
-/// would let the file grow with the square of their depth when it is written back.
+// Settings are one level deep. Deeper ones, which only a foreign file has, are dropped: the indentation
+// would let the file grow with the square of their depth when it is written back.
 void Flatten(element& root) {
   for (auto& setting : root.children) setting->children.clear();
 }

@@ -17,8 +17,8 @@ namespace {
 // Line feeds count as blanks: a text with CR LF has one at the front of every line but the first.
 constexpr char kBlanks[] = " \t\n\v\f\r";
 
-/// The C library's atoi, with the nearest limit for a number that is too large, where the library's result is
-/// undefined.
+// The C library's atoi, with the nearest limit for a number that is too large, where the library's result is
+// undefined.
 std::int32_t ReadNumber(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
   const bool negative = text.starts_with('-');

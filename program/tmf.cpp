@@ -29,7 +29,7 @@ int ByteAt(std::string_view data, std::size_t offset) {
   return static_cast<std::uint8_t>(data[offset]);
 }
 
-/// The step that a row has for a channel.
+// The step that a row has for a channel.
 Step StepOf(std::string_view row, std::size_t channel) {
   const TimeOfDay time{ByteAt(row, kHour), ByteAt(row, kMinute)};
   Step step = MakeStep(std::min<std::int64_t>(MinuteOfDay(time) * kSecondsPerMinute, kDayEnd),

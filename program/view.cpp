@@ -8,7 +8,7 @@ namespace TCBase::Program {
 
 namespace {
 
-/// Brings a view back into the day, keeping its width of `span` seconds.
+// Brings a view back into the day, keeping its width of `span` seconds.
 void SetView(ModeListView& document, std::int64_t start, std::int64_t end, float span) {
   if (end > kSecondsPerDay) {
     end = kSecondsPerDay;

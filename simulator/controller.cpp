@@ -11,7 +11,7 @@ namespace sim {
 namespace {
 
 constexpr int kBanks = 64;
-/// Anybody on a network can send for as long as he likes.
+// Anybody on a network can send for as long as he likes.
 constexpr std::size_t kMostKept = 100'000;
 
 int ByteAt(std::string_view text, std::size_t offset) {

@@ -6,7 +6,7 @@ namespace sim {
 
 namespace {
 
-/// A program that asks faster than the answers leave gets no more than these.
+// A program that asks faster than the answers leave gets no more than these.
 constexpr std::size_t kMostWaiting = 1000;
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kStepSeconds = 0.020;
 constexpr double kClockTolerance = 1e-9;
-/// A network does not deliver at a steady pace.
+// A network does not deliver at a steady pace.
 constexpr double kNetworkTolerance = 0.005;
 
 constexpr std::size_t kNameOffset = 49;
@@ -34,7 +34,7 @@ class TC421 : public Controller {
     return good;
   }
 
-  /// It stands in one of two places, and the rest of the frame's end is zero.
+  // It stands in one of two places, and the rest of the frame's end is zero.
   bool ExpectChecksum(const std::string& frame, std::size_t offset) {
     for (std::size_t at = kNetworkChecksumOffset; at <= kChecksumOffset; ++at) {
       const std::uint8_t wanted = at == offset ? Sum(frame, kNameOffset) : std::uint8_t{0};
@@ -49,7 +49,7 @@ class TC421 : public Controller {
            ExpectZeros(frame, 6 + size, kNameOffset);
   }
 
-  /// The command, and behind it a text.
+  // The command, and behind it a text.
   static std::string Reply(const std::string& frame, std::string_view text) {
     std::string reply(64, '\0');
     reply.replace(0, 3, frame, 0, 3);
@@ -59,7 +59,7 @@ class TC421 : public Controller {
 
   static int CommandOf(const std::string& frame) { return At(frame, 2) << 8 | At(frame, 3); }
 
-  /// False if the frame was not understood, or what it ends is not whole.
+  // False if the frame was not understood, or what it ends is not whole.
   bool Act(const std::string& frame) {
     switch (CommandOf(frame)) {
       case 0x0101:
@@ -184,7 +184,7 @@ class NetworkTC421 final : public TC421 {
     return Reply(frame, name_);
   }
 
-  /// A frame for another controller is none for this one. Long texts show behind a name that is short.
+  // A frame for another controller is none for this one. Long texts show behind a name that is short.
   bool ExpectName(const std::string& frame) {
     std::string wanted = name_.substr(0, kNameSize);
     const bool mayHoldText = CommandOf(frame) == 0x1800;
@@ -221,7 +221,7 @@ class NetworkTC421 final : public TC421 {
     SetNetwork({frame.substr(7, length), At(frame, 7 + kRoom), At(frame, 8 + kRoom), "", false});
   }
 
-  /// The text, cut where the room before the name ends.
+  // The text, cut where the room before the name ends.
   std::string TextOf(const std::string& frame, std::size_t length) {
     constexpr std::size_t kRoom = kNameOffset - 7;
     Expect(length <= kRoom, "of " + std::to_string(length) + " bytes " + std::to_string(kRoom) + " came");

@@ -25,7 +25,7 @@ constexpr int kFileFailed = 4;
 
 constexpr int kPollMilliseconds = 1;
 constexpr std::size_t kLongestDatagram = 65536;
-/// At most so many datagrams are read between two looks at the user's requests.
+// At most so many datagrams are read between two looks at the user's requests.
 constexpr int kDatagramsAPass = 100;
 
 constexpr char kAbout[] =
@@ -84,7 +84,7 @@ void Declare(CLI::App& app, Options& options) {
   app.add_flag("--frames", options.showFrames, "Show each frame that comes, byte for byte");
 }
 
-/// A socket for one scope.
+// A socket for one scope.
 class Socket {
  public:
   Socket() : socket_(platform::OpenDatagrams()) {}
@@ -99,7 +99,7 @@ class Socket {
            platform::BindDatagrams(socket_, local);
   }
 
-  /// The next datagram that has come.
+  // The next datagram that has come.
   std::optional<std::string> Receive(TCBase::Ipv4Address& from) {
     const std::ptrdiff_t size = platform::ReceiveDatagram(socket_, buffer_.data(), buffer_.size(), from);
     if (size < 0) return std::nullopt;

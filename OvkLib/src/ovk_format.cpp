@@ -25,13 +25,13 @@ basic_string<Char> padded(std::int32_t number, std::int32_t width) {
   return text;
 }
 
-/// A placeholder within a template: the argument that it takes, counted from 0, and the place behind it.
+// A placeholder within a template: the argument that it takes, counted from 0, and the place behind it.
 struct found_placeholder {
   std::size_t argument;
   std::size_t end;
 };
 
-/// The placeholder that begins at `brace`, if one does that one of `count` arguments fills.
+// The placeholder that begins at `brace`, if one does that one of `count` arguments fills.
 template <class Char>
 std::optional<found_placeholder> placeholder_at(std::basic_string_view<Char> text, std::size_t brace,
                                                 std::size_t count) {
@@ -47,8 +47,8 @@ std::optional<found_placeholder> placeholder_at(std::basic_string_view<Char> tex
   return found_placeholder{number - 1, end + 1};
 }
 
-/// Calls `take` with each piece of the filled text, in order. The template alone is searched, so that nothing
-/// an argument brings is ever taken for a placeholder.
+// Calls `take` with each piece of the filled text, in order. The template alone is searched, so that nothing
+// an argument brings is ever taken for a placeholder.
 template <class Char, class Arguments, class Take>
 void for_each_piece(std::basic_string_view<Char> text, const Arguments& arguments, Take take) {
   using view = std::basic_string_view<Char>;

@@ -33,7 +33,7 @@ bool basic_string<Char>::points_inside(const Char* text) const {
   return not_after(c_str(), text) && not_after(text, c_str() + length_);
 }
 
-/// The slow half of prepare(): the text has to leave a block that is shared or too small.
+// The slow half of prepare(): the text has to leave a block that is shared or too small.
 template <class Char>
 Char* basic_string<Char>::relocate(std::int32_t needed, pool* from) {
   checked(static_cast<std::size_t>(needed));

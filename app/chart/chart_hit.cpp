@@ -13,8 +13,8 @@ using namespace TCBase::Program;
 
 namespace {
 
-/// The distance from a point to a step's marker, in pixels. The marker may be as far out as integers go, so
-/// the difference is not taken in integers.
+// The distance from a point to a step's marker, in pixels. The marker may be as far out as integers go, so
+// the difference is not taken in integers.
 float Distance(const UX::Rect& lane, const ModeListView& program, const Step& step, std::int32_t x,
                std::int32_t y) {
   const float dx = static_cast<float>(UX::TimeToX(lane, program, step)) - static_cast<float>(x);

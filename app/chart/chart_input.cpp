@@ -25,7 +25,7 @@ constexpr std::int32_t kPanSecondsPerCount = 5;  // 120 counts a notch: ten minu
 constexpr std::int32_t kBesideLane = 9;
 constexpr std::int32_t kAboveLane = 13;
 
-/// Percent under a pixel. A lane without height has none that is a number.
+// Percent under a pixel. A lane without height has none that is a number.
 float StrengthAt(const UX::Rect& lane, std::int32_t y) {
   const float percent = UX::YToPercent(lane, y);
   return percent > 0.0F ? std::min(percent, 100.0F) : 0.0F;

@@ -47,7 +47,7 @@ bool IsSame(const Channel& a, const Channel& b) {
   return std::equal(a.begin(), a.end(), b.begin(), [](const Step& x, const Step& y) { return IsSame(x, y); });
 }
 
-/// `earlier` if it holds the same, else a new piece.
+// `earlier` if it holds the same, else a new piece.
 template <class T>
 std::shared_ptr<const T> Share(const T& value, const std::shared_ptr<const T>& earlier) {
   if (earlier != nullptr && IsSame(*earlier, value)) return earlier;

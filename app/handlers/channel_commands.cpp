@@ -23,10 +23,10 @@ using namespace TCBase::Program;
 
 namespace {
 
-/// How steps of a text get into a channel.
+// How steps of a text get into a channel.
 using TakeSteps = std::int32_t (*)(Channel& channel, std::string_view text);
 
-/// Asks for steps as text, beginning with `text`, and gives them to the channel.
+// Asks for steps as text, beginning with `text`, and gives them to the channel.
 Changed TypeSteps(const CommandContext& context, TextKey title, std::u16string text, TakeSteps take) {
   AppState& state = context.state;
   const Position place = DialogPlace(state.chartLayout.DialogAnchorChart());

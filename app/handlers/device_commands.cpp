@@ -34,7 +34,7 @@ namespace {
 
 constexpr std::int32_t kSpeedLength = 20;
 
-/// A job for no device is done at once and logs nothing of its own.
+// A job for no device is done at once and logs nothing of its own.
 void TellIfNoneIsSelected(const std::vector<TCBase::DeviceInfo>& devices) {
   if (std::any_of(devices.begin(), devices.end(), [](const auto& device) { return device.selected; })) return;
   LogStatus(

@@ -30,7 +30,7 @@ constexpr char kTestName[] = "Test Translation";
 constexpr std::int32_t kIdLength = 4;
 constexpr std::int32_t kNameLength = 30;
 
-/// A line of text from the user; empty, if there is none. For those who build the program, in English always.
+// A line of text from the user; empty, if there is none. For those who build the program, in English always.
 std::string AskText(dialogs::DialogsPort& port, std::int32_t maxLength, std::u16string_view title,
                     std::u16string_view prompt) {
   dialogs::GetValueParams params{
@@ -40,8 +40,8 @@ std::string AskText(dialogs::DialogsPort& port, std::int32_t maxLength, std::u16
   return Utf8FromWide(params.value);
 }
 
-/// Tags are named by the id, and English is built in. The reader takes more for a tag than others do, and
-/// these documents are for other readers too.
+// Tags are named by the id, and English is built in. The reader takes more for a tag than others do, and
+// these documents are for other readers too.
 bool CanBeLanguageId(std::string_view id) {
   const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
   const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
@@ -49,7 +49,7 @@ bool CanBeLanguageId(std::string_view id) {
          std::ranges::all_of(id, [&](char c) { return isLetter(c) || isDigit(c); });
 }
 
-/// The file of the second document: "name-more.xml" beside "name.xml".
+// The file of the second document: "name-more.xml" beside "name.xml".
 std::filesystem::path SecondFileBeside(const std::filesystem::path& first) {
   std::filesystem::path name = first.stem();
   name += "-more";
@@ -57,15 +57,15 @@ std::filesystem::path SecondFileBeside(const std::filesystem::path& first) {
   return first.parent_path() / name;
 }
 
-/// A failed write is told by its own line only.
+// A failed write is told by its own line only.
 void SaveMerged(const std::filesystem::path& path, ovk::xml::element& merged) {
   RemoveLanguage(merged, kTestId);
   EscapeLineBreaks(merged);
   if (ovk::xml::save(path, merged)) LogStatus(Message("Translation merge success: {1}.", path));
 }
 
-/// Asks for a translators' file and adds it as a language. False, if nothing was loaded; the user has been
-/// told unless it was he who cancelled.
+// Asks for a translators' file and adds it as a language. False, if nothing was loaded; the user has been
+// told unless it was he who cancelled.
 bool LoadTranslationWithDialog(const Shell& shell, std::string_view id, std::string_view name) {
   const std::vector<std::filesystem::path> files = shell.questions.AskOpenFiles(kXmlFilter, false);
   if (files.empty()) return false;

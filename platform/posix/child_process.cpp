@@ -12,7 +12,7 @@ namespace platform {
 
 namespace {
 
-/// The streams of a child, as a list of what is done at its start.
+// The streams of a child, as a list of what is done at its start.
 class Streams {
  public:
   explicit Streams(const std::optional<int>& output) {
@@ -41,7 +41,7 @@ std::vector<std::string> Environment(bool inEnglish) {
   return variables;
 }
 
-/// As the system wants a list of texts: its interface is older than const, and changes nothing.
+// As the system wants a list of texts: its interface is older than const, and changes nothing.
 std::vector<char*> Terminated(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
   for (std::string& text : texts) pointers.push_back(text.data());

@@ -17,11 +17,11 @@
 namespace {
 
 constexpr int kDefaultWidth = 80;
-/// What shells report of a program that SIGINT ended.
+// What shells report of a program that SIGINT ended.
 constexpr int kInterruptedStatus = 128 + SIGINT;
-/// A closing terminal and timeout(1) signal the process and its group: two signals that are one request.
+// A closing terminal and timeout(1) signal the process and its group: two signals that are one request.
 constexpr std::chrono::milliseconds kOneRequest{250};
-/// Sent to the watching thread alone, to end it.
+// Sent to the watching thread alone, to end it.
 constexpr int kWake = SIGUSR1;
 
 bool IsIgnored(int signal) {
@@ -29,8 +29,8 @@ bool IsIgnored(int signal) {
   return sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN;
 }
 
-/// Signals are taken by a thread that waits for them, so that no handler has to be async-signal-safe and no
-/// other thread's system call is broken off.
+// Signals are taken by a thread that waits for them, so that no handler has to be async-signal-safe and no
+// other thread's system call is broken off.
 class SignalWatch : public Console::InterruptWatch {
  public:
   explicit SignalWatch(std::function<void()> action) {
@@ -62,7 +62,7 @@ class SignalWatch : public Console::InterruptWatch {
     _exit(kInterruptedStatus);
   }
 
-  /// False once the watch is to end.
+  // False once the watch is to end.
   bool AwaitRequest() const {
     int signal = 0;
     do {
@@ -77,7 +77,7 @@ class SignalWatch : public Console::InterruptWatch {
   std::thread thread_;
 };
 
-/// A terminal that hands over each key and shows none, for one scope.
+// A terminal that hands over each key and shows none, for one scope.
 class QuietTerminal {
  public:
   QuietTerminal() {
@@ -100,7 +100,7 @@ class QuietTerminal {
   bool known_ = false;
 };
 
-/// The next byte of standard input; nothing at its end.
+// The next byte of standard input; nothing at its end.
 std::optional<char> ReadByte() {
   char byte = 0;
   ssize_t count = 0;
@@ -122,13 +122,13 @@ std::optional<std::string> ReadInputLine(std::size_t most) {
   return line;
 }
 
-/// Takes back the last character: in UTF-8 several bytes, of which only the first is no follower.
+// Takes back the last character: in UTF-8 several bytes, of which only the first is no follower.
 void EraseCharacter(std::string& line) {
   while (!line.empty() && (line.back() & 0xC0) == 0x80) line.pop_back();
   if (!line.empty()) line.pop_back();
 }
 
-/// The line that is typed, on a quiet terminal; nothing if the person gives up.
+// The line that is typed, on a quiet terminal; nothing if the person gives up.
 std::optional<std::string> TypeSecret(std::size_t most) {
   constexpr char kInterrupt = 3;
   constexpr char kEnd = 4;
@@ -179,9 +179,9 @@ class PosixConsole : public Console {
   }
 };
 
-/// The next file to be opened would get the number of a stream that the caller closed, and messages would end
-/// up in that file. So /dev/null takes the number, opened for the wrong direction: reading from standard
-/// input and writing to the others fail, as they would if the stream were closed.
+// The next file to be opened would get the number of a stream that the caller closed, and messages would end
+// up in that file. So /dev/null takes the number, opened for the wrong direction: reading from standard
+// input and writing to the others fail, as they would if the stream were closed.
 void OccupyClosedStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
     if (fcntl(stream, F_GETFD) == -1) open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);

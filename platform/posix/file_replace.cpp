@@ -29,14 +29,14 @@ FileCallResult Failure(int error) {
   return {FileCallResult::Failed, error};
 }
 
-/// Whether the names in a folder stand for files that a process has open, as /dev/stdout does in the end.
+// Whether the names in a folder stand for files that a process has open, as /dev/stdout does in the end.
 bool HoldsOpenFiles(const fs::path& folder) {
   std::error_code error;
   return fs::canonical(folder, error).native().starts_with("/proc/");
 }
 
-/// Goes from link to link, to the end of the last even if there is nothing. False at the name of an open
-/// file: a new file in its place would not be the one that is open.
+// Goes from link to link, to the end of the last even if there is nothing. False at the name of an open
+// file: a new file in its place would not be the one that is open.
 bool FollowLinks(fs::path& path) {
   constexpr int kMostLinks = 40;  // as the system's own limit
   for (int i = 0; i < kMostLinks; ++i) {

@@ -12,8 +12,8 @@
 
 namespace {
 
-/// One row of the table that the linker collects from all embedded resources (cmake/EmbedResources.cmake
-/// writes them, with this layout).
+// One row of the table that the linker collects from all embedded resources (cmake/EmbedResources.cmake
+// writes them, with this layout).
 struct ResourceRecord {
   std::int64_t id;
   const char* type;  // terminated
@@ -37,15 +37,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The home of the user; an empty path if the account has none.
+// The home of the user; an empty path if the account has none.
 fs::path HomeFolder() {
   if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
   const passwd* account = getpwuid(getuid());
   return account != nullptr && account->pw_dir != nullptr ? account->pw_dir : "";
 }
 
-/// The value of `XDG_DOCUMENTS_DIR="$HOME/Papers"` in the desktop's list of user folders; empty if there is
-/// none. Only that form and an absolute path are allowed there.
+// The value of `XDG_DOCUMENTS_DIR="$HOME/Papers"` in the desktop's list of user folders; empty if there is
+// none. Only that form and an absolute path are allowed there.
 fs::path ConfiguredDocuments(const fs::path& home) {
   constexpr std::string_view kKey = "XDG_DOCUMENTS_DIR=\"";
   constexpr std::string_view kHome = "$HOME";

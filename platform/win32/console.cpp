@@ -24,7 +24,7 @@ bool IsConsole(DWORD stream) {
   return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
 }
 
-/// The system calls the handler on a thread that it makes for the purpose.
+// The system calls the handler on a thread that it makes for the purpose.
 class ControlWatch : public Console::InterruptWatch {
  public:
   explicit ControlWatch(std::function<void()> action) {
@@ -67,8 +67,8 @@ std::optional<std::string> ReadInputLine(std::size_t most) {
   return line;
 }
 
-/// A line from the console that does not show. Its own keys edit it; Ctrl+C ends the program, and the shell
-/// puts the console right.
+// A line from the console that does not show. Its own keys edit it; Ctrl+C ends the program, and the shell
+// puts the console right.
 std::optional<std::string> TypeSecret() {
   constexpr DWORD kRoom = 1024;
   const HANDLE console = GetStdHandle(STD_INPUT_HANDLE);

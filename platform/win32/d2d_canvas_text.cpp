@@ -21,7 +21,7 @@ bool IsChannelName(UX::Label label) {
   return label >= UX::Label::FirstChannelName;
 }
 
-/// Percent labels are drawn in a run and share a context: whether another one follows.
+// Percent labels are drawn in a run and share a context: whether another one follows.
 bool IsFollowed(UX::Label label) {
   return label >= UX::PercentLabel(10) && label < UX::PercentLabel(100);
 }

@@ -8,7 +8,7 @@ namespace win32 {
 
 namespace {
 
-/// A dialog between its call and its end.
+// A dialog between its call and its end.
 class RunningDialog {
  public:
   RunningDialog(dialogs::DlgBase& dialog, HWND owner) : dialog_(dialog), owner_(owner) {}
@@ -48,7 +48,7 @@ void RunningDialog::Open(HWND window) {
   window_->KeepOnScreen();
 }
 
-/// The procedure of all dialogs. The dialog's own slot of the window holds the object.
+// The procedure of all dialogs. The dialog's own slot of the window holds the object.
 INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   if (message == WM_INITDIALOG) SetWindowLongPtrW(window, DWLP_USER, second);
   auto* const running = reinterpret_cast<RunningDialog*>(GetWindowLongPtrW(window, DWLP_USER));

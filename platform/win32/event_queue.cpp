@@ -15,7 +15,7 @@ std::vector<ACCEL> RowsOf(HACCEL table) {
   return rows;
 }
 
-/// The table among the resources has Ctrl and a letter as the character that they give.
+// The table among the resources has Ctrl and a letter as the character that they give.
 bool IsAmong(const std::vector<ACCEL>& rows, const app::Accelerator& accelerator) {
   const auto& [stroke, command] = accelerator;
   const int key = stroke.kind == Kind::CtrlLetter ? stroke.key - 'A' + 1 : stroke.key;
@@ -24,7 +24,7 @@ bool IsAmong(const std::vector<ACCEL>& rows, const app::Accelerator& accelerator
   });
 }
 
-/// Ctrl and a letter as keys: their character may be that of another key, as Ctrl+M is Enter.
+// Ctrl and a letter as keys: their character may be that of another key, as Ctrl+M is Enter.
 ACCEL RowOf(const app::Accelerator& accelerator) {
   const auto& [stroke, command] = accelerator;
   const int flags = stroke.kind == Kind::Key          ? FVIRTKEY

@@ -27,7 +27,7 @@ OPENFILENAMEW DialogOf(HWND owner, const std::wstring& filter, std::wstring& buf
   return dialog;
 }
 
-/// A name to start from, with room behind it.
+// A name to start from, with room behind it.
 std::wstring BufferWith(std::wstring_view name) {
   std::wstring buffer(name.substr(0, kBufferLength - 1));
   buffer.resize(kBufferLength);

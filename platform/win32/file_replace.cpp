@@ -57,14 +57,14 @@ FileCallResult ResultOf(BOOL done) {
   return done ? FileCallResult{} : Failure(GetLastError());
 }
 
-/// The result of a call on a file that others may hold: scanners and indexers open what was just written.
+// The result of a call on a file that others may hold: scanners and indexers open what was just written.
 FileCallResult SharedResultOf(BOOL done) {
   FileCallResult result = ResultOf(done);
   if (result.error == EACCES) result.outcome = FileCallResult::Busy;
   return result;
 }
 
-/// An open file; closed at the end of its life at the latest.
+// An open file; closed at the end of its life at the latest.
 class Handle {
  public:
   Handle() = default;
@@ -91,7 +91,7 @@ bool IsLink(const fs::path& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-/// The path of an open file behind all links, or `path` if the system does not say.
+// The path of an open file behind all links, or `path` if the system does not say.
 fs::path FinalPath(const Handle& file, const fs::path& path) {
   const DWORD size = GetFinalPathNameByHandleW(file.value(), nullptr, 0, FILE_NAME_NORMALIZED);
   std::wstring name(size, L'\0');

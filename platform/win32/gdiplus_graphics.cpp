@@ -26,7 +26,7 @@ Rect Bounded(const Rect& area) {
   return {Bounded(area.x), Bounded(area.y), Bounded(area.width), Bounded(area.height)};
 }
 
-/// The square about a point.
+// The square about a point.
 Gdiplus::RectF Around(const Gdiplus::Point& center, float side) {
   const Gdiplus::Point point = Bounded(center);
   return {static_cast<float>(point.X) - side / 2.0F, static_cast<float>(point.Y) - side / 2.0F, side, side};

@@ -19,14 +19,14 @@ namespace win32 {
 
 namespace {
 
-/// What WM_COMMAND has for its code when TranslateAccelerator sends it, and no control.
+// What WM_COMMAND has for its code when TranslateAccelerator sends it, and no control.
 constexpr WORD kFromAccelerator = 1;
 
 LRESULT Finish(app::Outcome outcome, const Event& event) {
   return outcome == app::Outcome::Done ? 0 : event.Default();
 }
 
-/// The part of the window's screen that the taskbar leaves free.
+// The part of the window's screen that the taskbar leaves free.
 SIZE WorkArea(HWND window) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
@@ -34,8 +34,8 @@ SIZE WorkArea(HWND window) {
   return {monitor.rcWork.right - monitor.rcWork.left, monitor.rcWork.bottom - monitor.rcWork.top};
 }
 
-/// A size in units as pixels. Where that is magnified it stays within the screen, which may not hold so many
-/// units.
+// A size in units as pixels. Where that is magnified it stays within the screen, which may not hold so many
+// units.
 SIZE SizeOnScreen(HWND window, int width, int height) {
   const Scale scale(window);
   const SIZE free = WorkArea(window);
@@ -43,7 +43,7 @@ SIZE SizeOnScreen(HWND window, int width, int height) {
           std::clamp<LONG>(free.cy, height, std::max(height, scale.Pixels(height)))};
 }
 
-/// The files of a drop, in its order.
+// The files of a drop, in its order.
 std::vector<std::filesystem::path> FilesIn(HDROP drop) {
   std::vector<std::filesystem::path> files;
   const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);

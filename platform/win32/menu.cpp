@@ -12,7 +12,7 @@ namespace {
 
 constexpr UINT kDisabled = MFS_DISABLED;  // which greys it, too
 
-/// What names an item: its command number, in whichever menu it stands, or its position in this one.
+// What names an item: its command number, in whichever menu it stands, or its position in this one.
 enum class By : BOOL { Command = FALSE, Position = TRUE };
 
 MENUITEMINFOW ItemInfo(UINT mask) {
@@ -29,7 +29,7 @@ void SetText(HMENU menu, int item, By by, std::u16string_view text) {
   SetMenuItemInfoW(menu, static_cast<UINT>(item), static_cast<BOOL>(by), &info);
 }
 
-/// Turns bits of an item's state on or off; the others stay.
+// Turns bits of an item's state on or off; the others stay.
 void SetState(HMENU menu, int item, By by, UINT bits, bool on) {
   MENUITEMINFOW info = ItemInfo(MIIM_STATE);
   if (!GetMenuItemInfoW(menu, static_cast<UINT>(item), static_cast<BOOL>(by), &info)) return;

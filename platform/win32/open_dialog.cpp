@@ -16,7 +16,7 @@ namespace win32 {
 
 namespace {
 
-/// The same operations go by other numbers for each of the two classes of lists.
+// The same operations go by other numbers for each of the two classes of lists.
 struct ListMessages {
   UINT clear;
   UINT add;

@@ -38,7 +38,7 @@ constexpr std::uint32_t kSalmon = 0xFFFA8072;
 constexpr const wchar_t* kFont = L"Segoe UI";
 constexpr const wchar_t* kNameFont = L"Segoe UI Black";
 
-/// Room for the pens that draw on a lane's edge.
+// Room for the pens that draw on a lane's edge.
 Rect WithSurroundings(const Rect& lane) {
   return {lane.x - 9, lane.y - 13, lane.width + 18, lane.height + 26};
 }
@@ -47,7 +47,7 @@ Rect Grown(const Rect& lane, std::int32_t by) {
   return {lane.x - by, lane.y - by, lane.width + 2 * by, lane.height + 2 * by};
 }
 
-/// The window's own context during a paint event.
+// The window's own context during a paint event.
 class PaintContext {
  public:
   explicit PaintContext(HWND window) : window_(window), dc_(BeginPaint(window, &paint_)) {}
@@ -110,8 +110,8 @@ void RendererGDI::DrawLane(std::int32_t lane) {
   }
 }
 
-/// Lanes of one colour share a grid. Its key holds no size: until the next Rebuild lanes that have another
-/// size by now are shown the old one.
+// Lanes of one colour share a grid. Its key holds no size: until the next Rebuild lanes that have another
+// size by now are shown the old one.
 const win32::GridBitmap& RendererGDI::CachedGrid(const Rect& area, std::uint32_t color) {
   const std::string key = "grid_" + std::to_string(color);
   if (const win32::GridBitmap* const kept = gridCache_.Find(key); kept != nullptr) return *kept;
@@ -198,8 +198,8 @@ void RendererGDI::DrawChannelName(std::int32_t lane, const Rect& area) {
                         GdiplusBrush(0xFF87CEFA));
 }
 
-/// The step's own jump decides here, where the rest of the program goes by that of the step before: the flat
-/// stretch is seen before a step that jumps, not after it. There is a curve for any number of steps.
+// The step's own jump decides here, where the rest of the program goes by that of the step before: the flat
+// stretch is seen before a step that jumps, not after it. There is a curve for any number of steps.
 void RendererGDI::DrawCurve(const Channel& channel, const Rect& area) {
   std::int32_t held = TruncateToInt(ChannelValueAt(channel, 0));
   std::vector<Gdiplus::Point> points;

@@ -10,7 +10,7 @@ namespace win32 {
 
 namespace {
 
-/// What both classes have in common: painted anew when their size changes.
+// What both classes have in common: painted anew when their size changes.
 WNDCLASSEXW Described(HINSTANCE instance, const wchar_t* name, WNDPROC procedure) {
   WNDCLASSEXW description{};
   description.cbSize = sizeof description;
@@ -22,7 +22,7 @@ WNDCLASSEXW Described(HINSTANCE instance, const wchar_t* name, WNDPROC procedure
   return description;
 }
 
-/// An icon in the size that the system shows it in; its resource holds several.
+// An icon in the size that the system shows it in; its resource holds several.
 HICON IconOf(HINSTANCE instance, int id, int widthMetric, int heightMetric) {
   return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(id), IMAGE_ICON,
                                        GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric),

@@ -158,8 +158,8 @@ TEST(Fill, KnowsPlaceholdersByTheirWholeNumber) {
   EXPECT_EQ(AtOnce("{11}{10}{1}", {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"}), "kja");
 }
 
-/// The plain definition, an argument after the other: each is searched for from the front, and what was put
-/// in is passed over, by a blank for each of its characters.
+// The plain definition, an argument after the other: each is searched for from the front, and what was put
+// in is passed over, by a blank for each of its characters.
 std::string StepByStep(std::string text, const std::vector<std::string>& arguments) {
   std::string open = text;
   for (std::size_t i = 0; i < arguments.size(); ++i) {

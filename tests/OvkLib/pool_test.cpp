@@ -91,7 +91,7 @@ TEST(Array, CopiesSwapsAndClears) {
   EXPECT_TRUE(other.empty());
 }
 
-/// Notes its number when it is destroyed.
+// Notes its number when it is destroyed.
 struct Noted {
   Noted(int itsNumber, std::vector<int>& to) : number(itsNumber), gone(&to) {}
   Noted(const Noted&) = delete;

@@ -40,7 +40,7 @@ TEST(ShortText, ComparesLikeMemcmp) {
   }
 }
 
-/// The first byte of `wanted`, or the end.
+// The first byte of `wanted`, or the end.
 size_t PlainFind(std::string_view text, std::string_view wanted) {
   return std::min(text.find_first_of(wanted), text.size());
 }

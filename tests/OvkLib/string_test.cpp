@@ -19,7 +19,7 @@ using Text = ovk::string;
 
 constexpr std::int32_t kLongest = std::numeric_limits<std::int32_t>::max();
 
-/// Forty different-looking characters: too many for the object itself.
+// Forty different-looking characters: too many for the object itself.
 const char* const kForty = "0123456789abcdefghijABCDEFGHIJ0987654321";
 
 bool SharesBlock(const Text& a, const Text& b) {

@@ -26,7 +26,7 @@ class Documents {
 
   size_t Number(size_t below) { return random_() % below; }
 
-  /// Mostly well formed, with a bit of everything.
+  // Mostly well formed, with a bit of everything.
   std::string Make() {
     std::string document =
         Any({"", "", "\xEF\xBB\xBF", "<?xml version='1.0'?>\r\n", "<!DOCTYPE a>", "<!-- c -->", "x "});
@@ -34,7 +34,7 @@ class Documents {
     return document + Any({"", "", "\r\n", "<", "<b/>", "&"});
   }
 
-  /// The same with some bytes changed, cut out, or put in.
+  // The same with some bytes changed, cut out, or put in.
   std::string Mutated(std::string document) {
     for (size_t times = 1 + Number(3); times > 0 && !document.empty(); --times) {
       const size_t place = Number(document.size());
@@ -119,7 +119,7 @@ class Documents {
   std::mt19937 random_;
 };
 
-/// Several pieces, as from a slow source.
+// Several pieces, as from a slow source.
 template <class Receiver>
 void RunInPieces(parser<Receiver>& by, std::string_view document, Documents& random) {
   while (!document.empty()) {
@@ -129,7 +129,7 @@ void RunInPieces(parser<Receiver>& by, std::string_view document, Documents& ran
   }
 }
 
-/// What an observer that refuses its n-th call is told, and where the parser stands then.
+// What an observer that refuses its n-th call is told, and where the parser stands then.
 void ExpectSameCalls(const std::string& document, int refused, Documents& random) {
   Recorder walked(refused);
   parser<observer> walking(walked);
@@ -148,7 +148,7 @@ void ExpectSameCalls(const std::string& document, int refused, Documents& random
   ASSERT_EQ(Remembered(inPieces), Remembered(walking)) << document;
 }
 
-/// The tree that the built-in builder makes in whole runs, and the one that it is told byte by byte.
+// The tree that the built-in builder makes in whole runs, and the one that it is told byte by byte.
 void ExpectSameTree(const std::string& document) {
   tree_builder walked;
   observer& stranger = walked;

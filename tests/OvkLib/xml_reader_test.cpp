@@ -28,7 +28,7 @@ std::string TextOf(std::string_view document) {
   return root ? std::string(root->text.view()) : "not read";
 }
 
-/// The value of the attribute b of the root.
+// The value of the attribute b of the root.
 std::string ValueOf(std::string_view document) {
   const auto root = Parsed(document);
   return root ? std::string(root->attribute_or_empty("b").view()) : "not read";
@@ -332,7 +332,7 @@ TEST(XmlReader, ANumericReferenceThatWrapsUnnoticedIsEncoded) {
   EXPECT_EQ(TextOf("<a>&#x1FFFFFFFF;</a>"), "\xF7\xBF\xBF\xBF");
 }
 
-/// Knows the reference &fish; and the number 7, and nothing else.
+// Knows the reference &fish; and the number 7, and nothing else.
 class Resolver : public xml_trees::Recorder {
  public:
   bool resolve_entity(const ovk::string& name, ovk::string& out) override {

@@ -20,7 +20,7 @@ using xml_trees::Recorder;
 // and a reference goes to the value.
 constexpr int kBack = 26;
 
-/// What a transition does besides changing the state.
+// What a transition does besides changing the state.
 enum class Does {
   kNothing,
   kToName,
@@ -172,7 +172,7 @@ const std::vector<Row> kRows = {
     {45, kElse, kBack, Does::kFlushes},
 };
 
-/// The reference as far as it has been read in a state, and what it would stand for.
+// The reference as far as it has been read in a state, and what it would stand for.
 std::string EntityIn(int state) {
   switch (state) {
     case 41:
@@ -203,7 +203,7 @@ std::string ReplacementIn(int state) {
   }
 }
 
-/// What can be seen of a parser and its observer.
+// What can be seen of a parser and its observer.
 struct Seen {
   int state = 0;
   std::vector<int> stack;
@@ -227,7 +227,7 @@ Seen Before(int state) {
   return {state, {40, kBack}, "n", "v", EntityIn(state), inReference ? "value" : "none", ""};
 }
 
-/// A parser as it stands before a step.
+// A parser as it stands before a step.
 class Prepared {
  public:
   Prepared(int state, int refused) : recorder_(refused), parser_(recorder_) {

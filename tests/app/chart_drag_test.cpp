@@ -29,7 +29,7 @@ class ChartHints : public ChartTest {
     GivenStepsInLane0("08:00 0, 12:00 50, 20:00 0");
     GivenSelection(0, 1);
   }
-  /// By its command: the menu knows the languages of the start.
+  // By its command: the menu knows the languages of the start.
   void GivenGerman() { user.SendCommand(command::kFirstLanguage); }
   std::string LogOfAClick() {
     NewLog();

@@ -24,7 +24,7 @@ class ChartView : public ChartTest {
     Chart().OnWheel(x, y, delta, keys.shift, keys.ctrl, keys.other);
   }
   std::pair<int, int> View() { return {Program().viewStart, Program().viewEnd}; }
-  /// Where the demo was asked to go since the last call.
+  // Where the demo was asked to go since the last call.
   std::optional<int> Sought() {
     const std::unique_ptr<TCBase::WorkerCommand> taken = user.State().demoState.TakeCommand();
     if (taken == nullptr || taken->type != TCBase::CommandSeek) return std::nullopt;

@@ -27,7 +27,7 @@ class MenuBar : public AppTest {
 
   headless::Menu& Menu() { return user.GetDesktop().menu; }
   TranslationStore& Translations() { return user.Translations(); }
-  /// The program runs with these languages.
+  // The program runs with these languages.
   void GivenLanguages(const std::string& languages) {
     user.translations = "<localisation><languages>" + languages + "</languages></localisation>";
     GivenTheProgramRuns();

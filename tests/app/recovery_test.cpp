@@ -28,7 +28,7 @@ using testing::StartsWith;
 
 class Recovery : public AppTest {
  protected:
-  /// A program of that name in a folder that is gone when it is saved; answers the box that says so.
+  // A program of that name in a folder that is gone when it is saved; answers the box that says so.
   void GivenAFailedSave(const std::string& name = "Tank") {
     if (!user.IsRunning()) GivenTheProgramRuns();
     fs::create_directory(folder / "stick");
@@ -43,7 +43,7 @@ class Recovery : public AppTest {
     user.Choose(command::kSaveProgram);
   }
   void GivenTheFolderIsBack() { fs::create_directory(folder / "stick"); }
-  /// The program is closed, without a question since it counts as saved, and started again.
+  // The program is closed, without a question since it counts as saved, and started again.
   void StartAgain(std::initializer_list<Answer> answers) {
     if (user.IsRunning()) user.Close();
     ASSERT_FALSE(user.IsRunning());

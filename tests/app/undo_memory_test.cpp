@@ -16,7 +16,7 @@ using namespace TCBase::Program;
 constexpr std::size_t kSnapshots = 10'000;
 constexpr std::int64_t kMegabyte = 1'000'000;
 
-/// 64 modes of five channels of 48 steps.
+// 64 modes of five channels of 48 steps.
 ModeListView GivenFullDocument() {
   ModeListView document;
   document.modes.resize(64);

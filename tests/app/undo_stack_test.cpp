@@ -33,12 +33,12 @@ class Undo : public testing::Test {
 
   Channel& Blue() { return program.modes[0].channels[0]; }
   std::string Curve() { return Told(Blue()); }
-  /// A command as the dispatcher gives it: the snapshot, then the change.
+  // A command as the dispatcher gives it: the snapshot, then the change.
   void SetNoon(float value) {
     undoStack.Snapshot();
     ChangeNoon(value);
   }
-  /// A change that takes no snapshot.
+  // A change that takes no snapshot.
   void ChangeNoon(float value) { Blue()[1].value = value; }
   float Noon() { return Blue()[1].value; }
 
@@ -293,7 +293,7 @@ TEST_F(Undo, ADocumentWithoutModesIsADocument) {
 
 // The fast way against the plain one.
 
-/// The history with whole documents.
+// The history with whole documents.
 class PlainUndoStack {
  public:
   explicit PlainUndoStack(ModeListView& program) : program_(program) {}
@@ -340,7 +340,7 @@ class PlainUndoStack {
   std::optional<ModeListView> pending_;
 };
 
-/// A session at random, given to both histories.
+// A session at random, given to both histories.
 class RandomSession {
  public:
   explicit RandomSession(std::uint32_t seed) : engine_(seed) {
@@ -382,7 +382,7 @@ class RandomSession {
  private:
   std::size_t Below(std::size_t limit) { return engine_() % limit; }
 
-  /// Anything that an edit of any kind may do to a document, and more.
+  // Anything that an edit of any kind may do to a document, and more.
   void Edit() {
     auto& modes = program_.modes;
     Mode& mode = modes[Below(modes.size())];

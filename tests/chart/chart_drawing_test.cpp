@@ -25,7 +25,7 @@ bool Contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
-/// What a line belongs to: one word, or nothing for a line of no interest here.
+// What a line belongs to: one word, or nothing for a line of no interest here.
 std::string PartOf(const std::string& line) {
   static const std::pair<const char*, const char*> kSigns[] = {
       {"stroke figure gray", "grid"},

@@ -35,7 +35,7 @@ class AnyChart {
     drawing.Rebuild(canvas);
   }
 
-  /// Frames while the lanes glide, the balloons grow, the mouse moves and a demo runs.
+  // Frames while the lanes glide, the balloons grow, the mouse moves and a demo runs.
   void DrawAFewFrames() {
     demo.step.values = {0, 25, 50, 75, 100};
     for (int i = 0; i < 6; ++i) {

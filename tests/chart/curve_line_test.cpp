@@ -39,7 +39,7 @@ Points LineOf(const Channel& channel, const UX::Rect& lane, const ModeListView& 
   return {line.Points().begin(), line.Points().end()};
 }
 
-/// The points one after the other, as the curve is defined.
+// The points one after the other, as the curve is defined.
 Points PlainLineOf(const Channel& channel, const UX::Rect& lane, const ModeListView& view) {
   Points points;
   if (channel.size() < 2) return points;
@@ -62,8 +62,8 @@ Points PlainLineOf(const Channel& channel, const UX::Rect& lane, const ModeListV
   return points;
 }
 
-/// What a line covers: for each run of points in one column, the column, where the line comes in, how far it
-/// goes up and down there, and where it goes out.
+// What a line covers: for each run of points in one column, the column, where the line comes in, how far it
+// goes up and down there, and where it goes out.
 struct ColumnRun {
   float x;
   float in;

@@ -26,14 +26,14 @@ using UX::Rectangle;
 constexpr std::int32_t kNoon = 12 * 3600;
 constexpr float kRadius = 16.36F;  // of a dot without light, in a window 768 pixels high
 
-/// A window of 1024 by 768: noon is at x 452, the lanes are 105 pixels high.
+// A window of 1024 by 768: noon is at x 452, the lanes are 105 pixels high.
 class DemoCursorTest : public ::testing::Test {
  protected:
   void Draw() {
     canvas_.drawn.clear();
     cursor_.DrawDemoCursor(canvas_);
   }
-  /// Frames until everything has arrived.
+  // Frames until everything has arrived.
   void Settle() {
     Draw();
     chart_.Wait(0.2);
@@ -41,7 +41,7 @@ class DemoCursorTest : public ::testing::Test {
   }
   float X() { return canvas_.All<Rectangle>(Done::Stroke).at(0).x + 4.0F; }
   float DotY(std::size_t lane) { return canvas_.All<Circle>(Done::Stroke).at(lane).center.y; }
-  /// Where the cursor of a demo settles at a second of the day.
+  // Where the cursor of a demo settles at a second of the day.
   float SettledX(std::int32_t second) {
     chart_.PlayDemo(second, {});
     Settle();

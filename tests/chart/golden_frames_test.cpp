@@ -143,7 +143,7 @@ const FrameCase kFrames[] = {
 
 // What happens.
 
-/// Frame after frame, as the main loop makes them.
+// Frame after frame, as the main loop makes them.
 void Pass(GivenChart& chart, int milliseconds) {
   constexpr int kFrameMilliseconds = 50;
   chart.drawing.Update();
@@ -177,7 +177,7 @@ std::string Told(Pair pair) {
   return std::to_string(pair.first) + "," + std::to_string(pair.second);
 }
 
-/// "channel 1", "channel 1 step 2", counted as users do.
+// "channel 1", "channel 1 step 2", counted as users do.
 std::string ToldPlace(Pair place) {
   if (place.first < 0) return "nothing";
   const std::string channel = "channel " + std::to_string(place.first + 1);
@@ -209,7 +209,7 @@ std::string ToldScene(const FrameCase& frame) {
   return text;
 }
 
-/// The lines, but labels that follow one another on one.
+// The lines, but labels that follow one another on one.
 std::string Compact(const std::vector<std::string>& lines) {
   constexpr std::string_view kDraw = "draw ";
   std::string text;

@@ -16,7 +16,7 @@ constexpr int kRadiusParameter = 16;
 constexpr int kRadius = 2 * kRadiusParameter;
 constexpr Rect kNothing{};
 
-/// The box whose centre is off the anchor (200, 200) by so much.
+// The box whose centre is off the anchor (200, 200) by so much.
 constexpr Rect BoxAt(int x, int y) {
   return {200 + x - kWidth / 2, 200 + y - kHeight / 2, kWidth, kHeight};
 }

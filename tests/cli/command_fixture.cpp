@@ -16,7 +16,7 @@ namespace {
 using TCBase::Program::Mode;
 using TCBase::Program::ModeListView;
 
-/// A stream that runs actions when it is told certain texts. Written to by one thread at a time.
+// A stream that runs actions when it is told certain texts. Written to by one thread at a time.
 class ListeningBuffer : public std::streambuf {
  public:
   explicit ListeningBuffer(std::function<void(const std::string&)> heard) : heard_(std::move(heard)) {}
@@ -39,7 +39,7 @@ class ListeningBuffer : public std::streambuf {
   std::function<void(const std::string&)> heard_;
 };
 
-/// A disk with room for so many bytes.
+// A disk with room for so many bytes.
 class FullDiskBuffer : public std::streambuf {
  public:
   explicit FullDiskBuffer(std::size_t room) : room_(room) {}

@@ -36,7 +36,7 @@ class ConvertTest : public CommandTest {
     return bytes;
   }
 
-  /// The refusal: the reason is told, no data is printed and there is no file.
+  // The refusal: the reason is told, no data is printed and there is no file.
   void ExpectRefused(Words words, const std::string& reason, int status, const std::string& out) {
     words.insert(words.begin(), "convert");
     const Outcome outcome = Run(words);

@@ -26,7 +26,7 @@ class DeviceCommandsTest : public CommandTest {
     GivenProgram("tank.xml", GivenRamps({"One", "Two"}));
   }
 
-  /// The moments of a trace depend on how long the worker idled before its job came.
+  // The moments of a trace depend on how long the worker idled before its job came.
   static std::string WithoutTimes(const std::string& text) {
     return std::regex_replace(text, std::regex(R"((^|\n)\d+:\d\d:\d\d:\d\d\d )"), "$1TIME ");
   }

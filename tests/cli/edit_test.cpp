@@ -17,14 +17,14 @@ class EditTest : public CommandTest {
     GivenProgram("tank.xml", GivenRamps({"One", "Two"}));
   }
 
-  /// Edits mode 2 of tank.xml into out.xml.
+  // Edits mode 2 of tank.xml into out.xml.
   Outcome Edit(const Words& change) {
     Words words = {"edit", "@tank.xml", "@out.xml", "--mode", "2"};
     words.insert(words.end(), change.begin(), change.end());
     return Run(words);
   }
 
-  /// The refusal of a change that makes no sense: the reason is told and nothing is written.
+  // The refusal of a change that makes no sense: the reason is told and nothing is written.
   void ExpectRefused(const Words& change, const std::string& reason, int status = kWrongUsage) {
     const Outcome outcome = Edit(change);
     EXPECT_EQ(outcome.status, status);

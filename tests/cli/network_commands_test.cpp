@@ -39,7 +39,7 @@ class NetworkCommandsTest : public CommandTest {
   }
 };
 
-/// Every datagram that left was one for the controller.
+// Every datagram that left was one for the controller.
 std::vector<Address> Receivers() {
   std::vector<Address> receivers;
   for (const auto& sent : sim_network::Traffic()) receivers.push_back(sent.to.address);
@@ -203,7 +203,7 @@ TEST_F(NetworkCommandsTest, CtrlCEndsAnUploadOverTheNetwork) {
   EXPECT_EQ(sim_network::MemoryOf(kTank).banks.size(), 1U);
 }
 
-/// The values of the first channel that a demo has shown, with the seconds since its begin.
+// The values of the first channel that a demo has shown, with the seconds since its begin.
 std::vector<std::pair<double, int>> LiveValues(const Address& address) {
   std::vector<std::pair<double, int>> values;
   const auto frames = sim_network::FramesOf(address);
@@ -212,7 +212,7 @@ std::vector<std::pair<double, int>> LiveValues(const Address& address) {
   return values;
 }
 
-/// What the ramps show: up from 08:00 to 20:00, and down over the night.
+// What the ramps show: up from 08:00 to 20:00, and down over the night.
 double RampAt(double hour) {
   const double up = hour - 8.0;
   return std::abs(up <= 12.0 ? up : 24.0 - up) / 12.0 * 100.0;

@@ -31,7 +31,7 @@ class UploadProgressTest : public CommandTest {
     return document;
   }
 
-  /// What stands behind the bar once so many frames have left.
+  // What stands behind the bar once so many frames have left.
   static std::string TextAfter(int frames, const std::vector<DeviceInfo>& controllers) {
     cli::UploadProgress progress(Program(), controllers);
     for (int i = 0; i < frames; ++i) progress.FrameSent();

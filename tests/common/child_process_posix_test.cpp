@@ -20,13 +20,13 @@ using platform::AwaitChild;
 using platform::StartChild;
 using testing::Optional;
 
-/// What a child that runs a line of shell answers.
+// What a child that runs a line of shell answers.
 std::optional<int> AnswerOfShell(const std::string& line) {
   const auto child = StartChild("/bin/sh", {"-c", line});
   return child ? AwaitChild(*child) : std::nullopt;
 }
 
-/// What one prints, whose output is caught.
+// What one prints, whose output is caught.
 std::string OutputOfShell(const std::string& line, bool inEnglish) {
   const TemporaryFolder folder;
   const std::string file = (folder / "output").native();

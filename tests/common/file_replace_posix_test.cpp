@@ -30,7 +30,7 @@ namespace fs = std::filesystem;
 using platform::FileCallResult;
 using testing::IsEmpty;
 
-/// The status of a child process that does `action`; never returns from there.
+// The status of a child process that does `action`; never returns from there.
 int InAChild(const std::function<int()>& action) {
   const pid_t child = fork();
   if (child == 0) _exit(action());
@@ -41,7 +41,7 @@ int InAChild(const std::function<int()>& action) {
 
 constexpr uid_t kNobody = 65534;
 
-/// What `action` answers when done by somebody without privileges.
+// What `action` answers when done by somebody without privileges.
 int AsNobody(const std::function<int()>& action) {
   return InAChild([&action] {
     if (geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) return -1;
@@ -74,7 +74,7 @@ class PosixFileReplace : public testing::Test {
     return facts;
   }
   int Save() { return ReplaceFileBytes(*platform::SystemFileCalls(), file_, kNew); }
-  /// What is left of writing in place.
+  // What is left of writing in place.
   std::vector<fs::path> Copies(const fs::path& folder) const {
     std::vector<fs::path> copies;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder))

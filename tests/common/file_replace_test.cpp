@@ -33,7 +33,7 @@ class FileReplace : public testing::Test {
 
   std::string Content() const { return BytesOf(file_); }
 
-  /// What is in the folder beside the file.
+  // What is in the folder beside the file.
   std::vector<std::string> Strays() const {
     std::vector<std::string> names;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder_.path()))
@@ -41,7 +41,7 @@ class FileReplace : public testing::Test {
     return names;
   }
 
-  /// The calls of a save, with `result` for the calls of that name.
+  // The calls of a save, with `result` for the calls of that name.
   int Save(std::string_view failing = {}, FileCallResult result = {}) {
     FileCallsBetween calls([&](std::string_view call) {
       made_.emplace_back(call);
@@ -147,7 +147,7 @@ TEST_F(FileReplace, RemovesItsNewFileThoughAScannerHoldsIt) {
   EXPECT_THAT(Strays(), IsEmpty());
 }
 
-/// A system that moves the old file out of the way and then cannot go on.
+// A system that moves the old file out of the way and then cannot go on.
 class StopsHalfway : public FileCallsBetween {
  public:
   using FileCallsBetween::FileCallsBetween;

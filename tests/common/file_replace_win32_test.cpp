@@ -31,7 +31,7 @@ class WindowsFileReplace : public testing::Test {
     ASSERT_TRUE(WriteFileBytes(file_, "old"));
   }
 
-  /// As a scanner holds it: others may neither write nor remove it.
+  // As a scanner holds it: others may neither write nor remove it.
   HANDLE Hold() {
     const HANDLE file =
         CreateFileW(file_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -118,7 +118,7 @@ class WindowsFileReplaceDeathTest : public testing::Test {
     fs::remove_all(folder_, inUse);
   }
 
-  /// Saves, and does not come back if there is an n-th call to the system. Answers the number of calls.
+  // Saves, and does not come back if there is an n-th call to the system. Answers the number of calls.
   int SaveAndDieBefore(int n) {
     int call = 0;
     FileCallsBetween calls([&](std::string_view) {

@@ -18,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Takes all that waits in a channel.
+// Takes all that waits in a channel.
 std::vector<std::string> Taken(LogChannel& channel) {
   std::vector<std::string> items;
   channel.textHandler = [&items](const std::string& text) { items.push_back(text); };
@@ -193,7 +193,7 @@ TEST_F(Log, AHintShowsInTheLanguageOfTheMomentAndOnceWhateverTheLanguage) {
   EXPECT_THAT(Taken(statusLog), IsEmpty());
 }
 
-/// Logs while the process still loads, as the worker does.
+// Logs while the process still loads, as the worker does.
 const struct EarlyWriter {
   EarlyWriter() {
     LogPlain("from a constructor");

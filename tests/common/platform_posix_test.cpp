@@ -100,7 +100,7 @@ TEST_F(PosixFiles, NamesThatAreNoUtf8AreCarriedAsTheyAre) {
   EXPECT_EQ(PathFromUtf8(Utf8FromPath(path)), path);
 }
 
-/// Sets a variable of the environment for the length of a test.
+// Sets a variable of the environment for the length of a test.
 class Variable {
  public:
   Variable(const char* name, const std::string& value) : name_(name) {

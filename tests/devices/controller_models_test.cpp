@@ -24,7 +24,7 @@ using TCBase::Link;
 // 0 stands in no list, and no controller is called 5.
 const std::vector<std::int32_t> kNumbers = {0, 1, 2, 3, 4, 5, -1};
 
-/// The numbers whose row says so, in order.
+// The numbers whose row says so, in order.
 template <class Says>
 std::vector<std::int32_t> Those(Says says) {
   std::vector<std::int32_t> numbers;

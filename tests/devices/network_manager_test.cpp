@@ -15,7 +15,7 @@ using testing::IsEmpty;
 using testing::Optional;
 using testing::SizeIs;
 
-/// What a list says, or that it is refused.
+// What a list says, or that it is refused.
 std::string Read(std::string_view list) {
   const auto networks = ReadNetworkManagerList(list);
   if (!networks) return "refused";

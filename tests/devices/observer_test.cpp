@@ -43,7 +43,7 @@ class ObserverTest : public NetworkTest {
     sim_hidapi::PlugIn(Family::TC421);
   }
 
-  /// What a listener hears while a controller is cleared, which is one packet.
+  // What a listener hears while a controller is cleared, which is one packet.
   std::vector<std::string> Clear(const TCBase::DeviceInfo& info) {
     Listener listener;
     result_ = ClearAllOperation(info, {}, {demoState, {}, listener}).result;

@@ -35,7 +35,7 @@ class NetworkManagerTest : public testing::Test {
   }
   void TearDown() override { setenv("PATH", path_.c_str(), 1); }
 
-  /// nmcli does this when it is asked for adapters, and that when it is asked for networks.
+  // nmcli does this when it is asked for adapters, and that when it is asked for networks.
   void GivenNmcli(const std::string& adapters, const std::string& list = "exit 8") const {
     const std::filesystem::path file = folder / "nmcli";
     std::ofstream(file) << "#!/bin/sh\necho \"$LC_ALL $*\" >>" << (folder / "asked").native()
@@ -43,7 +43,7 @@ class NetworkManagerTest : public testing::Test {
     std::filesystem::permissions(file, std::filesystem::perms::owner_all);
   }
 
-  /// What the user reads.
+  // What the user reads.
   std::string List() {
     std::string log;
     statusLog.textHandler = [&log](const std::string& item) { log += item; };

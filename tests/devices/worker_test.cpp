@@ -55,7 +55,7 @@ class WorkerTest : public DeviceTest {
     DeviceTest::TearDown();
   }
 
-  /// Starts the worker. Its time stands still in the pause behind its first pass, at 0.05 s, until Go().
+  // Starts the worker. Its time stands still in the pause behind its first pass, at 0.05 s, until Go().
   void Start(Discovery discovery = Discovery::OnceAttached) {
     std::promise<void> reached;
     virtual_clock::At(0.05, [&reached, go = go_.get_future().share()] {
@@ -76,7 +76,7 @@ class WorkerTest : public DeviceTest {
   TCBase::OperationContext JobContext() { return {demoState, worker_->StopToken()}; }
   void AddJob(Worker::Job job) { worker_->AddJob(std::move(job)); }
 
-  /// Runs all that is queued, ends the worker with it, and answers what the user has read.
+  // Runs all that is queued, ends the worker with it, and answers what the user has read.
   std::string RunToTheEnd() {
     Go();
     std::promise<void> done;
@@ -86,7 +86,7 @@ class WorkerTest : public DeviceTest {
     return TakeStatus();
   }
 
-  /// The limit is no measure of speed: it is how long a broken worker keeps a test waiting.
+  // The limit is no measure of speed: it is how long a broken worker keeps a test waiting.
   template <class Condition>
   static void WaitUntil(Condition condition) {
     const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(30);

@@ -44,7 +44,7 @@ namespace search_id = tc421_search_control;
 constexpr sim_network::Address kTank{192, 168, 4, 7};
 constexpr sim_network::Address kPond{192, 168, 4, 9};
 
-/// All that has been logged since the last call, with plain line ends.
+// All that has been logged since the last call, with plain line ends.
 std::string Taken(LogChannel& log) {
   std::string text;
   log.textHandler = [&text](const std::string& item) { text += item; };
@@ -117,7 +117,7 @@ class TC421Search : public WizardTest {
     device = dialog.Device();
     return result;
   }
-  /// Until as many scans have ended as were begun, and the dialog has heard of it.
+  // Until as many scans have ended as were begun, and the dialog has heard of it.
   DialogStep WaitForWorker() {
     return Await(
         [this, queued = false, done = std::make_shared<std::atomic<bool>>(false)](const SeenDialog&) mutable {
@@ -266,7 +266,7 @@ class TC421Config : public WizardTest {
   static void GivenNetworks(std::vector<platform::WifiNetwork> networks) {
     sim_network::SetWifi(WifiQuery::Answered, std::move(networks));
   }
-  /// From now on the controller answers with another letter where it acknowledges with one of these.
+  // From now on the controller answers with another letter where it acknowledges with one of these.
   static void AcknowledgeWronglyFor(const std::string& letters) {
     sim_network::SetAnswer([letters](const Datagram& reply) {
       Datagram wrong = reply;

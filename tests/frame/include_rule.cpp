@@ -59,7 +59,7 @@ bool IsStandard(const std::string& header) {
   return names.contains(header);
 }
 
-/// Whether one of the prefixes begins the path.
+// Whether one of the prefixes begins the path.
 template <class Prefixes>
 bool Begins(const Prefixes& prefixes, std::string_view path) {
   return std::ranges::any_of(prefixes, [&](std::string_view prefix) { return path.starts_with(prefix); });
@@ -70,7 +70,7 @@ bool IsInPlatformRoom(std::string_view path) {
   return Begins(kPlatformRooms, path) || (path.starts_with("tests/") && testsOneSystem);
 }
 
-/// Whether the header is one of the names, or below one that is a folder.
+// Whether the header is one of the names, or below one that is a folder.
 bool Names(std::string_view name, std::string_view header) {
   return name.ends_with('/') ? header.starts_with(name) : header == name;
 }

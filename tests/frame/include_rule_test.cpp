@@ -13,14 +13,14 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-/// Of the program, as this build links it.
+// Of the program, as this build links it.
 IncludeRule RuleOfTheBuild() {
   std::ifstream lines(LUMARINE_INCLUDE_RULE);
   EXPECT_TRUE(lines) << LUMARINE_INCLUDE_RULE;
   return IncludeRule(lines);
 }
 
-/// The faults of a file that has this one line.
+// The faults of a file that has this one line.
 std::vector<std::string> Faults(std::string_view path, std::string_view line) {
   return RuleOfTheBuild().Faults(path, line);
 }

@@ -18,7 +18,7 @@ using testing::ElementsAre;
 
 class ExchangeFile : public Translations {
  protected:
-  /// Loads an exchange file with these entries as German.
+  // Loads an exchange file with these entries as German.
   bool LoadGerman(const std::string& entries) {
     return store->LoadTranslationFile(File("<strings>" + entries + "</strings>"), "de", "Deutsch");
   }

@@ -22,7 +22,7 @@ std::string Repeated(std::string_view piece, int times) {
 
 class HostileDocuments : public Translations {
  protected:
-  /// All that the store does, on whatever it was given.
+  // All that the store does, on whatever it was given.
   void UseEverything() {
     for (const std::string& id : LanguageIds()) {
       store->SetLanguage(id);

@@ -25,7 +25,7 @@ std::string Unescaped(std::string_view text) {
   return std::string(tree.text.view());
 }
 
-/// The definition: two replacements, one after the other, that move on past what they have written.
+// The definition: two replacements, one after the other, that move on past what they have written.
 std::string Replaced(std::string_view text, std::string_view what, std::string_view by) {
   std::string out;
   for (size_t at = text.find(what); at != text.npos; at = text.find(what)) {

@@ -36,7 +36,7 @@ class RecordedTexts : public AppTest {
   }
   void TearDown() override { ExpectNothingUntranslated(); }
 
-  /// Since the program was started last.
+  // Since the program was started last.
   void ExpectNothingUntranslated() {
     std::set<std::string> english;
     for (const auto& text : program_texts::LookedUpInVain()) english.insert(text.text);
@@ -48,8 +48,8 @@ class RecordedTexts : public AppTest {
     }
   }
 
-  /// A key that the document does not have comes without children, and one that it has in other languages
-  /// only with an empty one.
+  // A key that the document does not have comes without children, and one that it has in other languages
+  // only with an empty one.
   static bool WasAskedInVain(const ovk::xml::element& entry) {
     const auto isGerman = [](const auto& child) { return child->name == "de"; };
     const auto german = std::find_if(entry.children.begin(), entry.children.end(), isGerman);

@@ -10,7 +10,7 @@ namespace source_texts {
 
 namespace {
 
-/// Whether what stands in front of a literal makes it a key.
+// Whether what stands in front of a literal makes it a key.
 bool MarksKey(std::string_view before) {
   static const std::regex marker(R"(\b(Message|Translate|Hint|TextKey)(\s+\w+)?\s*[({]\s*$)");
   constexpr std::size_t kLongestMarker = 80;  // with the line break and the blanks behind it
@@ -18,7 +18,7 @@ bool MarksKey(std::string_view before) {
   return std::regex_search(end, marker);
 }
 
-/// What the escapes of a literal stand for.
+// What the escapes of a literal stand for.
 std::string Unescaped(std::string_view literal) {
   std::string text;
   for (std::size_t i = 0; i < literal.size(); ++i) {
@@ -29,7 +29,7 @@ std::string Unescaped(std::string_view literal) {
   return text;
 }
 
-/// The length of the literal that `source` begins with, its quotes included. A character is one, too.
+// The length of the literal that `source` begins with, its quotes included. A character is one, too.
 std::size_t LiteralLength(std::string_view source) {
   std::size_t end = 1;
   while (source.at(end) != source.front()) end += source[end] == '\\' ? 2U : 1U;

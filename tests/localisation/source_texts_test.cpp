@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The keys of a source, and its other texts in brackets.
+// The keys of a source, and its other texts in brackets.
 std::vector<std::string> TextsOf(std::string_view source) {
   std::vector<std::string> texts;
   for (const auto& literal : source_texts::Read(source, "app/a.cpp"))

@@ -19,8 +19,8 @@ class TranslatingThreads : public Translations {
   static constexpr int kRounds = 500;
   static constexpr int kWorkers = 2;
 
-  /// Runs `work` with the number of each round on threads of their own, and `beside` on this one, at least
-  /// once, until all of them are done.
+  // Runs `work` with the number of each round on threads of their own, and `beside` on this one, at least
+  // once, until all of them are done.
   template <class Work, class Beside>
   void Run(Work work, Beside beside) {
     std::atomic<int> running = kWorkers;

@@ -52,7 +52,7 @@ constexpr Language kLanguages[] = {
     {"es", "Spanish", true, 227},
 };
 
-/// Documents as the program sees them, as one, with line breaks for their escapes.
+// Documents as the program sees them, as one, with line breaks for their escapes.
 class Document {
  public:
   explicit Document(std::initializer_list<const char*> files) {
@@ -65,7 +65,7 @@ class Document {
   }
 
   const std::vector<std::string>& keys() const { return keys_; }
-  /// Key and translation; in the order of the keys.
+  // Key and translation; in the order of the keys.
   std::vector<std::pair<std::string, std::string>> Texts(const std::string& language) const {
     std::vector<std::pair<std::string, std::string>> texts;
     for (const std::string& key : keys_) {
@@ -105,13 +105,13 @@ const Document& FirstDocument() {
   return document;
 }
 
-/// Both.
+// Both.
 const Document& TheDocument() {
   static const Document document{kFirst, kSecond};
   return document;
 }
 
-/// As they stand in the file, line breaks escaped.
+// As they stand in the file, line breaks escaped.
 std::vector<std::string> KeysIn(const ovk::xml::element& strings) {
   std::vector<std::string> keys;
   for (const auto& entry : strings.children) {
@@ -121,7 +121,7 @@ std::vector<std::string> KeysIn(const ovk::xml::element& strings) {
   return keys;
 }
 
-/// All of a pattern that a text has, sorted.
+// All of a pattern that a text has, sorted.
 std::vector<std::string> All(const std::string& text, const std::regex& pattern) {
   std::vector<std::string> found;
   for (std::sregex_iterator i(text.begin(), text.end(), pattern), end; i != end; ++i)
@@ -336,7 +336,7 @@ TEST_P(EachLanguage, WritesTheNetworkAsItsBrandAndDashesAsDashes) {
   }
 }
 
-/// Names of menu items and buttons that a text sends its reader to.
+// Names of menu items and buttons that a text sends its reader to.
 struct Quote {
   const char* inKey;
   std::vector<const char*> items;
@@ -350,7 +350,7 @@ const std::vector<Quote> kQuotes = {
     {"Align Steps feature in Mode", {"Mode", "Align steps"}},
 };
 
-/// Of a menu item, without the dots.
+// Of a menu item, without the dots.
 std::string Words(std::string text) {
   if (text.ends_with("...")) text.resize(text.size() - 3);
   while (text.ends_with(" ")) text.pop_back();

@@ -17,7 +17,7 @@ std::string Source(const char* path) {
   return BytesOf(std::filesystem::path(LUMARINE_SOURCE_DIR) / path);
 }
 
-/// The first block of code behind a line, as one copies it: without the indentation that makes it one.
+// The first block of code behind a line, as one copies it: without the indentation that makes it one.
 std::string CodeBehind(const std::string& guide, const std::string& text) {
   std::istringstream lines(guide.substr(guide.find(text)));
   std::string code;
@@ -31,7 +31,7 @@ std::string CodeBehind(const std::string& guide, const std::string& text) {
   return code;
 }
 
-/// The name of the main window's class, from the resources.
+// The name of the main window's class, from the resources.
 std::string WindowClass() {
   std::smatch found;
   const std::string resources = Source("resources/lumarine.rc");

@@ -45,7 +45,7 @@ class HostileModeFile : public testing::TestWithParam<Kind> {
     return data;
   }
 
-  /// Reads the bytes and holds what comes of it against what may.
+  // Reads the bytes and holds what comes of it against what may.
   void ExpectModeOrMessage(const std::string& data) {
     Mode mode;
     const bool read = GetParam().kind.read(data, mode);

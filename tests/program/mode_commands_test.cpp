@@ -14,7 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// Two modes, the second one current.
+// Two modes, the second one current.
 ModeListView GivenCurrentMode(Mode mode) {
   ModeListView document = NewProgram();
   document.modes[1] = std::move(mode);

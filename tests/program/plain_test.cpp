@@ -22,7 +22,7 @@
 namespace program_test {
 namespace {
 
-/// The same bits, or both no number.
+// The same bits, or both no number.
 bool SameFloat(float a, float b) {
   return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b) ||
          (std::isnan(a) && std::isnan(b));
@@ -104,7 +104,7 @@ TEST(CurveBits, AreTheSameInEveryBuild) {
   EXPECT_EQ(digest, 8830069731151359994U);
 }
 
-/// Where the two dumps differ first.
+// Where the two dumps differ first.
 testing::AssertionResult SameRaw(const Mode& mode) {
   std::string fast = "what was there before";
   std::string plain;

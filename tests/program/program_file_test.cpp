@@ -31,7 +31,7 @@ const std::filesystem::path kGolden = std::filesystem::path(LUMARINE_SOURCE_DIR)
 
 class ProgramFile : public testing::Test {
  protected:
-  /// The document is saved as the golden file of that folder.
+  // The document is saved as the golden file of that folder.
   void ExpectSavedAs(const ModeListView& document, const std::string& name) {
     const std::filesystem::path golden = kGolden / name / "saved.xml";
     const std::filesystem::path saved = folder / "saved.xml";

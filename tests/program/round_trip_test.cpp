@@ -48,19 +48,19 @@ Mode FromLmf(const std::string& data) {
   return mode;
 }
 
-/// What a file keeps of a value: its low byte, and of that no more than 100.
+// What a file keeps of a value: its low byte, and of that no more than 100.
 int Kept(int value) {
   return std::min(value & 0xFF, 100);
 }
 
-/// The percent of a half hour in an LMF file.
+// The percent of a half hour in an LMF file.
 int LmfPercent(const std::string& data, std::size_t halfHour, std::size_t channel) {
   const auto byte = static_cast<unsigned char>(data[halfHour * 20 + channel * 4]);
   return (byte << 4 | byte >> 4) & 0xFF;
 }
 
-/// Whether the whole percent of the curve at one of its steps is less than the step's. Just below 0 is still
-/// 0.
+// Whether the whole percent of the curve at one of its steps is less than the step's. Just below 0 is still
+// 0.
 bool ArrivesBelow(const Channel& channel, const Step& step) {
   return step.value > 0.0F && ChannelValueAt(channel, SecondOfDay(step)) < step.value;
 }

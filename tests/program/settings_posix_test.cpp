@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A child process with a home of its own sets the language and ends.
+// A child process with a home of its own sets the language and ends.
 class SettingsOfAProcess : public testing::Test {
  protected:
   SettingsOfAProcess() { GTEST_FLAG_SET(death_test_style, "fast"); }
@@ -60,7 +60,7 @@ TEST_F(SettingsOfAProcess, NeedNoDocumentsFolder) {
   EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
 }
 
-/// Neither unreadable nor a pipe, which would block, nor a device without end.
+// Neither unreadable nor a pipe, which would block, nor a device without end.
 TEST_F(SettingsOfAProcess, StartEmptyFromWhatIsNoRegularFile) {
   for (const char* file : {"/dev/zero", "/proc/self/mem"}) {
     Settings settings(file);

@@ -23,7 +23,7 @@ using TCBase::Program::ModeListView;
 using TCBase::Program::Step;
 using TCBase::Program::StepSelection;
 
-/// The canvas without letters: texts have the size of so many squares, labels are left out.
+// The canvas without letters: texts have the size of so many squares, labels are left out.
 class WordlessCanvas : public UX::Canvas {
  public:
   explicit WordlessCanvas(qt::QtCanvas& canvas) : canvas_(canvas) {}
@@ -57,7 +57,7 @@ class WordlessCanvas : public UX::Canvas {
   float size_ = 1.0F;
 };
 
-/// A chart window of 300 x 300 with somebody at the mouse.
+// A chart window of 300 x 300 with somebody at the mouse.
 class ChartPicturesTest : public testing::Test {
  protected:
   ChartPicturesTest() {
@@ -81,7 +81,7 @@ class ChartPicturesTest : public testing::Test {
     demo_.SetRunning(second, TCBase::StatePlaying);
   }
 
-  /// The frame when all has come to rest.
+  // The frame when all has come to rest.
   QImage Frame() {
     WordlessCanvas wordless(canvas_);
     Pass();

@@ -27,7 +27,7 @@ class PictureTest : public testing::Test {
  protected:
   PictureTest() { virtual_clock::Reset(); }
 
-  std::string Draw(const PictureRequest& request) const { return DrawPicture(document_, request); }
+  std::string Draw(const PictureRequest& request) const { return DrawPicture(document_, request).value(); }
 
   TCBase::Program::ModeListView document_ = TCBase::Program::NewProgram();
 };

@@ -23,7 +23,7 @@ QString PathText(const std::filesystem::path& path) {
   return QString::fromStdString(path.string());
 }
 
-/// Runs a program; the picture, or what else it prints, is its output.
+// Runs a program; the picture, or what else it prints, is its output.
 std::string OutputOf(const char* program, const QStringList& arguments) {
   QProcess process;
   process.start(QString::fromLatin1(program), arguments);

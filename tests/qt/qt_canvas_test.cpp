@@ -235,7 +235,7 @@ TEST_F(QtCanvasTest, AThinGridIsPale) {
   EXPECT_EQ(At(30, 50), kWhite);
 }
 
-/// A zigzag of as many points as are asked for, with its ends below as an area has them.
+// A zigzag of as many points as are asked for, with its ends below as an area has them.
 Figure Zigzag(int count, bool area) {
   Figure figure;
   const auto x = [count](int i) {

@@ -34,7 +34,7 @@ class TextTest : public testing::Test {
     return canvas_.LayOutText(format, text, limits);
   }
 
-  /// Whether anything is drawn within a part of the picture.
+  // Whether anything is drawn within a part of the picture.
   bool HasInk(const QRect& part) const {
     for (int y = part.top(); y <= part.bottom(); ++y)
       for (int x = part.left(); x <= part.right(); ++x)

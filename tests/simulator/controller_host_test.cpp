@@ -19,7 +19,7 @@ using nlohmann::json;
 const TCBase::Ipv4Address kComputer = TCBase::MakeIpv4Address({192, 168, 4, 2}, 5000);
 const std::string kAnswer = "An answer of some bytes.";
 
-/// What becomes of `count` answers.
+// What becomes of `count` answers.
 std::vector<std::vector<std::string>> Fates(const sim::FaultOptions& options, int count) {
   sim::Faults faults(options);
   std::vector<std::vector<std::string>> fates;

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 constexpr char kName[] = "Smart-123456";
 
-/// A frame as it is on the wire, from its command, its length byte and its payload.
+// A frame as it is on the wire, from its command, its length byte and its payload.
 std::string Frame(int command, int length, const std::string& payload, const std::string& name = kName,
                   std::size_t checksum = 61) {
   std::string frame(64, '\0');

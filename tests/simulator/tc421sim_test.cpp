@@ -36,7 +36,7 @@ class Tc421SimTest : public testing::Test {
   }
   void TearDown() override { EXPECT_EQ(sim_network::OpenSockets(), 0); }
 
-  /// Runs it for two seconds. `during` is asked before each look at the network.
+  // Runs it for two seconds. `during` is asked before each look at the network.
   int Run(
       const std::vector<std::string>& arguments,
       const std::function<Request()>& during = [] { return Request::None; }) {

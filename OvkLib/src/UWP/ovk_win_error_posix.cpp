@@ -20,7 +20,7 @@ constexpr same_error kSameErrors[] = {
     {EACCES, 5}, {EPERM, 5}, {EROFS, 19}, {EBUSY, 32}, {ETXTBSY, 32}, {ENOSPC, 112}, {EDQUOT, 112},
 };
 
-/// 0 if the code comes from nowhere on this platform.
+// 0 if the code comes from nowhere on this platform.
 int number_of(std::uint32_t code) {
   if ((code & kApplicationBit) != 0) return static_cast<int>(code & ~kApplicationBit);
   for (const same_error& same : kSameErrors) {

@@ -24,8 +24,8 @@ constexpr bool IsLowSurrogate(char32_t code) {
   return code >= 0xDC00 && code <= 0xDFFF;
 }
 
-/// What may follow a lead byte: how many bytes in all, and the range of the second one, which is where
-/// overlong forms, surrogates and codes above U+10FFFF are seen.
+// What may follow a lead byte: how many bytes in all, and the range of the second one, which is where
+// overlong forms, surrogates and codes above U+10FFFF are seen.
 struct Sequence {
   std::size_t length;
   unsigned char secondFrom;
@@ -49,9 +49,9 @@ constexpr bool IsContinuation(unsigned char byte) {
   return (byte & 0xC0) == 0x80;
 }
 
-/// Takes one character off the front of `text`, which is not empty. A sequence that breaks off gives one
-/// replacement for the bytes that belonged together so far. As with the Windows function, these include a
-/// second byte that is out of the lead's range, but none behind it.
+// Takes one character off the front of `text`, which is not empty. A sequence that breaks off gives one
+// replacement for the bytes that belonged together so far. As with the Windows function, these include a
+// second byte that is out of the lead's range, but none behind it.
 char32_t TakeUtf8(std::string_view& text) {
   const auto lead = static_cast<unsigned char>(text[0]);
   const Sequence sequence = SequenceOf(lead);
@@ -103,7 +103,7 @@ void AppendWide(std::u16string& out, char32_t code) {
   }
 }
 
-/// An open conversion of iconv.
+// An open conversion of iconv.
 class Converter {
  public:
   Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {}
@@ -116,7 +116,7 @@ class Converter {
   // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv tells its failure by this very pointer.
   bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
-  /// Converts all of `text`; bytes that mean nothing become U+FFFD.
+  // Converts all of `text`; bytes that mean nothing become U+FFFD.
   ovk::wstring Convert(std::string_view text) const;
 
  private:

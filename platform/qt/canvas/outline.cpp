@@ -12,14 +12,14 @@ namespace qt {
 
 namespace {
 
-/// Points of a piece; the fastest of those tried (bench/qt_chart_bench.cpp).
+// Points of a piece; the fastest of those tried (bench/qt_chart_bench.cpp).
 constexpr std::size_t kPiece = 4;
 
-/// A figure with so many points that go to and fro is drawn without smooth edges. Nobody could tell its edges
-/// apart, and smooth ones would take seconds.
+// A figure with so many points that go to and fro is drawn without smooth edges. Nobody could tell its edges
+// apart, and smooth ones would take seconds.
 constexpr std::size_t kTangle = 500;
 
-/// Pixels from the end of a piece that the next one begins at, so that it makes the corner between them.
+// Pixels from the end of a piece that the next one begins at, so that it makes the corner between them.
 constexpr double kOverlap = 4.0;
 
 QPointF Moved(UX::Point point, UX::Point offset) {
@@ -30,14 +30,14 @@ bool IsHigher(UX::Point a, UX::Point b) {
   return a.y < b.y;
 }
 
-/// The point on the way from `to` back to `from`, near `to`.
+// The point on the way from `to` back to `from`, near `to`.
 QPointF ShortlyBefore(QPointF from, QPointF to) {
   const QPointF way = from - to;
   const double length = std::hypot(way.x(), way.y());
   return length > kOverlap ? to + way * (kOverlap / length) : from;
 }
 
-/// The part of a line that is within `reach`, if any is.
+// The part of a line that is within `reach`, if any is.
 std::optional<QLineF> PartWithin(const QLineF& line, const QRectF& reach) {
   double begin = 0.0;
   double end = 1.0;
@@ -52,7 +52,7 @@ std::optional<QLineF> PartWithin(const QLineF& line, const QRectF& reach) {
   return QLineF(begin == 0.0 ? line.p1() : line.pointAt(begin), end == 1.0 ? line.p2() : line.pointAt(end));
 }
 
-/// Calls `action` with the first and the end of each row of points in one column.
+// Calls `action` with the first and the end of each row of points in one column.
 template <class Action>
 void ForEachColumn(std::span<const UX::Point> points, Action action) {
   for (auto begin = points.begin(); begin != points.end();) {
@@ -204,7 +204,7 @@ bool Outline::IsTangled() const {
   return points_.size() > kTangle && !GoesRight();
 }
 
-/// If the way back is level, every upright cut leaves two contours like it.
+// If the way back is level, every upright cut leaves two contours like it.
 bool Outline::IsBelowACurve() const {
   return points_.front().y() == points_.back().y() && GoesRight();
 }

@@ -10,18 +10,18 @@ namespace qt {
 
 namespace {
 
-/// Pixels; what of a label is beyond is on no screen.
+// Pixels; what of a label is beyond is on no screen.
 constexpr int kLargestLabel = 16384;
 
-/// Flat ends and sharp corners, as far out as Direct2D draws them. What Qt rasterizes itself it measures in
-/// whole widths of the stroke, a PDF in halves.
+// Flat ends and sharp corners, as far out as Direct2D draws them. What Qt rasterizes itself it measures in
+// whole widths of the stroke, a PDF in halves.
 QPen PenOf(const QColor& color, float width, Surface surface) {
   QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
   pen.setMiterLimit(surface == Surface::Pixels ? 5.0 : 10.0);
   return pen;
 }
 
-/// Inch by inch is Qt's way to carry a picture to another device; ours goes unit by unit.
+// Inch by inch is Qt's way to carry a picture to another device; ours goes unit by unit.
 void PlayPicture(QPainter& painter, QPointF place, const QPicture& picture) {
   painter.save();
   painter.translate(place);

@@ -15,11 +15,11 @@ namespace {
 // and scaled as they are drawn: they have the exact size, and the same line breaks at every scale.
 constexpr int kDesignSize = 64;
 
-/// More than a frame has of texts that are no labels.
+// More than a frame has of texts that are no labels.
 constexpr std::size_t kMostTexts = 32;
 
-/// Names come from files and may be of any length; no screen shows more than this, and setting a text takes
-/// time with its length.
+// Names come from files and may be of any length; no screen shows more than this, and setting a text takes
+// time with its length.
 constexpr std::size_t kLongestText = 2000;
 
 QFont DesignFont(bool bold) {
@@ -34,7 +34,7 @@ QFont DesignFont(bool bold) {
   return font;
 }
 
-/// What XML cannot hold, and so no SVG, becomes the sign for an unknown character.
+// What XML cannot hold, and so no SVG, becomes the sign for an unknown character.
 QString DesignText(std::string_view text) {
   const std::string_view shown = text.substr(0, kLongestText);
   QString result = QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));

@@ -9,10 +9,10 @@ namespace qt {
 
 namespace {
 
-/// Pixels of the device. Qt divides from some hundred spans on, of which a row has three or more.
+// Pixels of the device. Qt divides from some hundred spans on, of which a row has three or more.
 constexpr double kFewRows = 24.0;
 
-/// What of `bounds` the painter can reach, out to whole pixels of the device: so it comes in place exactly.
+// What of `bounds` the painter can reach, out to whole pixels of the device: so it comes in place exactly.
 QRect ReachedPixels(const QPainter& painter, const QRectF& bounds, double scale) {
   const QRectF reach = painter.worldTransform().inverted().mapRect(QRectF(painter.viewport()));
   const QRectF reached = bounds.intersected(reach);

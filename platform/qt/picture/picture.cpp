@@ -25,17 +25,17 @@ namespace {
 
 using TCBase::Program::ModeListView;
 
-/// Longer than anything on the chart moves.
+// Longer than anything on the chart moves.
 constexpr int kRestMilliseconds = 2000;
 
-/// Puts a demo at one moment.
+// Puts a demo at one moment.
 void ShowMoment(TCBase::DemoState& demo, const TCBase::Program::Mode& mode, std::int32_t minuteOfDay) {
   const std::int32_t second = minuteOfDay * TCBase::Program::kSecondsPerMinute;
   demo.SetStep(TCBase::Program::StepAt(mode, second));
   demo.SetRunning(second, TCBase::StatePaused);
 }
 
-/// A chart window of the picture's size, with nobody at the mouse.
+// A chart window of the picture's size, with nobody at the mouse.
 class Chart {
  public:
   Chart(const ModeListView& document, const PictureRequest& request) : document_(document) {
@@ -72,7 +72,7 @@ class Chart {
   }
 
  private:
-  /// What moves starts with a frame, and is where it belongs in the next one.
+  // What moves starts with a frame, and is where it belongs in the next one.
   void Rehearse(QtCanvas& canvas) {
     QImage nowhere(1, 1, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&nowhere);
@@ -128,7 +128,7 @@ bool DrawPdf(Chart& chart, const PictureRequest& request, QBuffer& file) {
 
 }  // namespace
 
-std::string DrawPicture(const ModeListView& document, const PictureRequest& request) {
+std::optional<std::string> DrawPicture(const ModeListView& document, const PictureRequest& request) {
   Chart chart(document, request);
   if (request.format == PictureFormat::Svg) return chart.DrawSvg();
   QByteArray bytes;
@@ -137,7 +137,8 @@ std::string DrawPicture(const ModeListView& document, const PictureRequest& requ
   const bool drawn =
       request.format == PictureFormat::Png ? DrawPng(chart, request, file) : DrawPdf(chart, request, file);
   file.close();
-  return drawn ? std::string(bytes.constData(), static_cast<std::size_t>(bytes.size())) : std::string();
+  if (!drawn) return std::nullopt;
+  return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
 }  // namespace qt

@@ -20,9 +20,10 @@ struct PictureRequest {
   std::optional<std::int32_t> minuteOfDay;  // where the cursor of a demo stands, if one is to be shown
 };
 
-/// The bytes of a picture of the document's current mode, with all motion at rest; empty if there is no
+/// The bytes of a picture of the document's current mode, with all motion at rest; nothing if there is no
 /// memory for it. Same request, same bytes, but for a PDF, which holds the time. Needs a QGuiApplication.
 /// Makes use of the clock: it sleeps until motion has come to rest.
-std::string DrawPicture(const TCBase::Program::ModeListView& document, const PictureRequest& request);
+std::optional<std::string> DrawPicture(const TCBase::Program::ModeListView& document,
+                                       const PictureRequest& request);
 
 }  // namespace qt

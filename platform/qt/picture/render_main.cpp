@@ -66,15 +66,15 @@ std::optional<Arguments> ParseArguments(int count, char** texts) {
   return good ? std::optional(arguments) : std::nullopt;
 }
 
-/// Before Qt looks: no display is needed, and neither the user's language nor the scale of his screen changes
-/// the picture.
+// Before Qt looks: no display is needed, and neither the user's language nor the scale of his screen changes
+// the picture.
 void SettleEnvironment() {
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
   setenv("LC_ALL", "C.UTF-8", 1);
   for (const char* const name : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI"}) unsetenv(name);
 }
 
-/// Qt remarks on folders of the user's session, which matter to nothing here.
+// Qt remarks on folders of the user's session, which matter to nothing here.
 void ShowFaults(QtMsgType type, const QMessageLogContext&, const QString& message) {
   if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << message.toStdString() << '\n';
 }
@@ -90,9 +90,9 @@ int Render(const Arguments& arguments) {
   if (static_cast<std::size_t>(arguments.mode) > document.modes.size())
     return Fail(kWrongUsage, "there is no such mode");
   document.currentMode = arguments.mode - 1;
-  const std::string picture = DrawPicture(document, arguments.request);
-  if (picture.empty()) return Fail(kFailed, "there is not enough memory for a picture of this size");
-  return WriteFileBytes(PathFromUtf8(arguments.out), picture) ? kSuccess : kFileFailed;
+  const std::optional<std::string> picture = DrawPicture(document, arguments.request);
+  if (!picture) return Fail(kFailed, "there is not enough memory for a picture of this size");
+  return WriteFileBytes(PathFromUtf8(arguments.out), *picture) ? kSuccess : kFileFailed;
 }
 
 }  // namespace
