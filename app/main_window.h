@@ -35,7 +35,8 @@ class MainWindow {
   /// The inside has another size, which MainWindowPort::ClientSize answers already. The first one may come
   /// while the window is being made, and one comes within MainWindowPort::Show.
   Outcome OnSize(SizeKind kind);
-  /// Between the platform's beginning and end of painting; MainWindowPort::PaintLogo is called from here.
+  /// Comes between the platform's beginning and end of painting; MainWindowPort::PaintLogo is called from
+  /// here.
   Outcome OnPaint();
   /// The user wants the window closed. It stays, unless MainWindowPort::Destroy is called from here.
   Outcome OnClose();
@@ -48,22 +49,22 @@ class MainWindow {
   /// decided here.
   void OnAccelerator(int command);
   Outcome OnTimer(int id);
-  /// From a scroll bar or slider, codes of numbers.h. `position` is where the thumb is with
-  /// scroll::kThumbMoving, and anything otherwise.
+  /// A scroll bar or slider was moved; the codes are those of numbers.h. `position` is where the thumb is
+  /// with scroll::kThumbMoving, and anything otherwise.
   Outcome OnHorizontalScroll(Control sender, int code, int position);
   /// A menu of the bar or the chart's context menu is about to open: texts, marks and grey items are set from
   /// here.
   Outcome OnInitMenuPopup();
-  /// On the window's background, beside all controls.
+  /// The button was pressed on the window's background, beside all controls.
   Outcome OnLeftButtonDown();
   /// Keys while the window itself has the focus, but for those that an accelerator took. A held key is many
   /// presses and one release. The chart's own keys go on to it while a step is selected.
   Outcome OnKeyDown(int key);
   Outcome OnKeyUp(int key);
-  /// While the user drags the window's edge in a loop of the platform's own. Where the main loop goes on
+  /// The user drags the window's edge, in a loop of the platform's own. Where the main loop goes on
   /// turning meanwhile, neither of the two need be told.
   Outcome OnSizing();
-  /// At the end of that, and of moving the window.
+  /// The user has let go of the edge, or of a window that was moved.
   Outcome OnExitSizeMove();
   /// What was posted to the main window: an AppEvent. Others get the default handling.
   Outcome OnEvent(std::uint32_t event, std::uintptr_t first, std::intptr_t second);

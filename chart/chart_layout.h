@@ -41,8 +41,8 @@ class ChartLayout {
   Rect LaneRect(std::int32_t index);
   /// The lane that holds a point, or -1. Lanes are taken to be where they are gliding to.
   std::int32_t LaneAt(std::int32_t x, std::int32_t y) const;
-  /// As wide as the lanes and as high as the chart's window, in the chart window's coordinates: where
-  /// balloons stay and a demo's cursor runs.
+  /// Where balloons stay and a demo's cursor runs: as wide as the lanes and as high as the chart's window, in
+  /// the chart window's coordinates.
   Rect LaneStrip() const;
 
   // These are in the main window's coordinates.

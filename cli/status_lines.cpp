@@ -64,7 +64,7 @@ void StatusLines::PrintLocked(std::string line, LineEnds lineEnds) {
   EraseProgress();
   if (onTerminal_) line = ForTerminal(line, lineEnds);
   if (!line.ends_with('\n')) line += '\n';
-  // In one piece, since standard error is written through at once.
+  // All of it goes out in one piece, since standard error is written through at once.
   stream_ << line + progress << std::flush;
   progress_ = progress;
 }

@@ -101,8 +101,8 @@ class DialogWindow : public DialogControls, public DialogTexts, public DialogLis
   /// Opens a web or mail address with whatever the user opens such with. Nobody is told if there is no such
   /// program.
   virtual void OpenLink(std::u16string_view target) = 0;
-  /// For whoever posts events to the dialog, on any thread: they arrive at DlgBase::OnEvent. The target may
-  /// outlive the dialog; what is posted then is lost.
+  /// Events that are posted to the target, on any thread, arrive at DlgBase::OnEvent. The target may outlive
+  /// the dialog; what is posted then is lost.
   virtual std::shared_ptr<EventTarget> Target() = 0;
   /// Closes the dialog; DoModal answers `result`, which is positive. Nothing of DlgBase is called any more.
   virtual void End(int result) = 0;
@@ -130,7 +130,7 @@ class DlgBase {
 
   int DoModal() { return port_.Run(*this); }
 
-  // For the shell.
+  // The shell calls these.
 
   /// The window stands as its template tells, not shown yet. Comes once, before anything else.
   virtual void OnInit(DialogWindow& window) = 0;

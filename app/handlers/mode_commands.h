@@ -15,7 +15,7 @@ Changed EditMode(CommandContext& context);
 Changed DeleteMode(CommandContext& context);
 
 Changed OptimizeModeForTC421(CommandContext& context);
-/// At a second of the day.
+/// Adds a step to each channel at a second of the day.
 Changed AddEndpoint(CommandContext& context, std::int32_t second);
 Changed Align(CommandContext& context, std::int32_t minutes);
 

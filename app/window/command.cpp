@@ -14,7 +14,7 @@ struct MenuRow {
   bool rightJustified = false;
 };
 
-// By position.
+// The menus of the bar, indexed by position.
 constexpr MenuRow kMenus[] = {
     {TextKey("File")},
     {TextKey("Edit")},

@@ -44,7 +44,7 @@ class Ctrls {
   /// After a change of selection in the list. Looks at as many rows from the top as are selected, and at none
   /// if none is: a device below them keeps its tick, and so do all when the user clears the list.
   void ReadDeviceSelection();
-  /// Of the list's current row, -1 for none.
+  /// The index of the device in the list's current row; -1 if no row is current.
   std::int32_t SelectedDeviceIndex() const;
 
   // View.

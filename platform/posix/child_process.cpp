@@ -41,7 +41,7 @@ std::vector<std::string> Environment(bool inEnglish) {
   return variables;
 }
 
-// As the system wants a list of texts: its interface is older than const, and changes nothing.
+// The list of texts that posix_spawn takes. It wants pointers that are not const, and changes nothing.
 std::vector<char*> Terminated(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
   for (std::string& text : texts) pointers.push_back(text.data());

@@ -6,7 +6,7 @@
 
 namespace win32 {
 
-/// For calls without which there is no going on.
+/// Throws if a call failed without which there is no going on.
 inline void ThrowIfFailed(HRESULT result) {
   if (FAILED(result)) throw _com_error(result);
 }

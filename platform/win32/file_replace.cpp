@@ -160,7 +160,7 @@ class WindowsFileCalls : public FileCalls {
 
   FileCallResult Replace(const fs::path& from, const fs::path& to, const fs::path& backup) override {
     constexpr DWORD kFlags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
-    // With a backup, since without one a failure can leave no file at all.
+    // Without a backup a failure can leave no file at all.
     const BOOL done = ReplaceFileW(to.c_str(), from.c_str(), backup.c_str(), kFlags, nullptr, nullptr);
     const bool halfway = !done && GetLastError() == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2;
     return halfway ? FileCallResult{FileCallResult::Halfway, EACCES} : SharedResultOf(done);
