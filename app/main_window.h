@@ -61,8 +61,8 @@ class MainWindow {
   /// presses and one release. The chart's own keys go on to it while a step is selected.
   Outcome OnKeyDown(int key);
   Outcome OnKeyUp(int key);
-  /// The user drags the window's edge, in a loop of the platform's own. Where the main loop goes on
-  /// turning meanwhile, neither of the two need be told.
+  /// The user drags the window's edge, in a loop of the platform's own. Where the main loop goes on turning
+  /// meanwhile, neither this nor OnExitSizeMove need be called.
   Outcome OnSizing();
   /// The user has let go of the edge, or of a window that was moved.
   Outcome OnExitSizeMove();
