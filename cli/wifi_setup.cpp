@@ -110,15 +110,15 @@ ExitStatus SetUp(const Session& session, const WifiArguments& arguments) {
   if (arguments.device.trace) session.status.Trace();
 
   const DeviceInfo device = *ParseDevice(arguments.device.devices.front());
-  TCBase::ExchangeCount count(TCBase::NoObserver());
-  if (SetupWifi(device, config, count)) {
+  const TCBase::OperationResult result = SetupWifi(device, config).result;
+  if (result == TCBase::OperationResult::Done) {
     session.status.Print(
         Message("The controller has the settings. Bring this computer into the same network, "
                 "and \"lumarinectl scan\" finds it there.")
             .utf8());
     return ExitStatus::Success;
   }
-  const bool explained = ExplainNetwork(session, device, FailureOf(device, count.Counted()));
+  const bool explained = ExplainNetwork(session, device, result);
   return explained ? ExitStatus::NoDevice : ExitStatus::OperationFailed;
 }
 

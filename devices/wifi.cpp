@@ -6,7 +6,6 @@
 
 #include "common/log.h"
 #include "common/message.h"
-#include "devices/operations.h"
 #include "devices/shown_name.h"
 #include "devices/tc421.h"
 
@@ -150,13 +149,14 @@ bool ListWifiNetworks(std::vector<WifiNetwork>& networks) {
   return true;
 }
 
-bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config, OperationObserver& observer) {
+OperationReport SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config,
+                          OperationObserver& observer) {
   const auto setUp = [&](DeviceBase& device, const ExchangeCount&) {
     LogStatus(Message("Setting up WiFi"));
     const bool done = SendConfig(device, info, config);
     return OperationReport(done ? OperationResult::Done : OperationResult::Failed);
   };
-  return WithDevice(info, observer, setUp).result == OperationResult::Done;
+  return WithDevice(info, observer, setUp);
 }
 
 }  // namespace TCBase

@@ -11,6 +11,7 @@
 #include "devices/device_base.h"
 #include "devices/device_info.h"
 #include "devices/operation_observer.h"
+#include "devices/operations.h"
 #include "devices/wifi_networks.h"
 
 namespace TCBase {
@@ -52,10 +53,10 @@ struct WifiNetworkConfig {
   WifiSecurity security = SecurityInvalid;
 };
 
-/// Hands `config` to a controller; blocks for up to six seconds a packet if it stays silent. False, with a
+/// Hands `config` to a controller; blocks for up to six seconds a packet if it stays silent. Not Done, with a
 /// line for the user, if a packet is not acknowledged: the next one is not sent then. An invalid security
-/// sends nothing, which a warning says, and counts as a success.
-bool SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config,
-               OperationObserver& observer = NoObserver());
+/// sends nothing, which a warning says, and is Done.
+OperationReport SetupWifi(const DeviceInfo& info, const WifiNetworkConfig& config,
+                          OperationObserver& observer = NoObserver());
 
 }  // namespace TCBase

@@ -100,7 +100,7 @@ void DlgTC421_Config::SetUp(DialogWindow& window) {
   if (config_.security != SecurityOpen && config_.password.empty()) {
     return Tell(window, TextKey("WiFi password"), TextKey("WiFi password can not be empty"), Icon::Error);
   }
-  if (!TCBase::SetupWifi(device_, config_)) {
+  if (TCBase::SetupWifi(device_, config_).result != TCBase::OperationResult::Done) {
     return Tell(window, TextKey("WiFi configuration error"),
                 TextKey("Error configuring TC421 device to use selected WiFi network!"), Icon::Error);
   }

@@ -15,6 +15,7 @@ using platform::WifiNetwork;
 using platform::WifiQuery;
 using sim_network::Datagram;
 using TCBase::ListWifiNetworks;
+using TCBase::OperationResult;
 using TCBase::SetupWifi;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -178,8 +179,8 @@ TEST_F(WifiListTest, EachFailureIsALineAndAnEmptyList) {
 
 class WifiSetupTest : public NetworkTest {
  protected:
-  static bool Setup(TCBase::WifiSecurity security) {
-    return SetupWifi(SelectedTank(), {"Reef", "secret coral", TCBase::EncryptionAES, security});
+  static OperationResult Setup(TCBase::WifiSecurity security) {
+    return SetupWifi(SelectedTank(), {"Reef", "secret coral", TCBase::EncryptionAES, security}).result;
   }
   // From now on the controller acknowledges with another letter than it should.
   static void AcknowledgeWith(const std::string& letters) {
@@ -193,7 +194,7 @@ class WifiSetupTest : public NetworkTest {
 };
 
 TEST_F(WifiSetupTest, AnOpenNetworkIsOnePacket) {
-  EXPECT_TRUE(Setup(TCBase::SecurityOpen));
+  EXPECT_EQ(Setup(TCBase::SecurityOpen), OperationResult::Done);
   EXPECT_EQ(TakeStatus(), "Setting up WiFi\n");
   EXPECT_EQ(SentCommands(), "1800");
   EXPECT_EQ(Wifi().ssid, "Reef");
@@ -203,7 +204,7 @@ TEST_F(WifiSetupTest, AnOpenNetworkIsOnePacket) {
 
 TEST_F(WifiSetupTest, AProtectedNetworkIsItsNameAndItsPassword) {
   for (const auto security : {TCBase::SecurityWPA, TCBase::SecurityWPA2}) {
-    EXPECT_TRUE(Setup(security));
+    EXPECT_EQ(Setup(security), OperationResult::Done);
     EXPECT_EQ(TakeStatus(), "Setting up WiFi\n");
     EXPECT_EQ(Wifi().ssid, "Reef");
     EXPECT_EQ(Wifi().password, "secret coral");
@@ -229,7 +230,7 @@ TEST_F(WifiSetupTest, AWrongAcknowledgementEndsTheSetUpWithItsText) {
   for (const auto& wrong : kCases) {
     AcknowledgeWith(wrong.letters);
     const std::size_t before = sim_network::Traffic().size();
-    EXPECT_FALSE(Setup(wrong.security));
+    EXPECT_EQ(Setup(wrong.security), OperationResult::Failed);
     EXPECT_EQ(TakeStatus(), std::string("Setting up WiFi\n") + wrong.line + "\n");
     EXPECT_EQ(sim_network::Traffic().size() - before, wrong.sent);
   }
@@ -238,15 +239,15 @@ TEST_F(WifiSetupTest, AWrongAcknowledgementEndsTheSetUpWithItsText) {
 
 TEST_F(WifiSetupTest, ASilentControllerCostsSixSeconds) {
   sim_network::SetAnswer([](const Datagram&) { return std::vector<Datagram>(); });
-  EXPECT_FALSE(Setup(TCBase::SecurityWPA2));
+  EXPECT_EQ(Setup(TCBase::SecurityWPA2), OperationResult::NoAnswer);
   EXPECT_EQ(TakeStatus(), "Setting up WiFi\nError setting WiFi SSID\n");
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 6.0);
 }
 
 // A network that the user types has no security before he chooses one.
 TEST_F(WifiSetupTest, AnInvalidSecuritySendsNothingAndCountsAsSuccess) {
-  EXPECT_TRUE(Setup(TCBase::SecurityInvalid));
-  EXPECT_TRUE(Setup(static_cast<TCBase::WifiSecurity>(3)));
+  EXPECT_EQ(Setup(TCBase::SecurityInvalid), OperationResult::Done);
+  EXPECT_EQ(Setup(static_cast<TCBase::WifiSecurity>(3)), OperationResult::Done);
   EXPECT_EQ(TakeStatus(), "Setting up WiFi\nSetting up WiFi\n");
   EXPECT_THAT(TakeWarnings(), testing::StartsWith("Nothing was sent to Smart-123456: no security type is "
                                                   "chosen for the network Reef."));
@@ -255,13 +256,14 @@ TEST_F(WifiSetupTest, AnInvalidSecuritySendsNothingAndCountsAsSuccess) {
 
 TEST_F(WifiSetupTest, WhileTheWorkerHasThePortItIsAConnectError) {
   sim_network::HoldPort(true);
-  EXPECT_FALSE(Setup(TCBase::SecurityOpen));
+  EXPECT_EQ(Setup(TCBase::SecurityOpen), OperationResult::PortTaken);
   EXPECT_EQ(TakeStatus(), "Connect error\n");
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.0);
 }
 
 TEST_F(WifiSetupTest, AControllerThatIsNotPluggedInIsAConnectErrorToo) {
-  EXPECT_FALSE(SetupWifi(SelectedTC421(), {"Reef", "", TCBase::EncryptionAES, TCBase::SecurityOpen}));
+  const auto report = SetupWifi(SelectedTC421(), {"Reef", "", TCBase::EncryptionAES, TCBase::SecurityOpen});
+  EXPECT_EQ(report.result, OperationResult::NotConnected);
   EXPECT_EQ(TakeStatus(), "Connect error\n");
 }
 
