@@ -75,8 +75,6 @@ Run DeclareUpload(CLI::App& app) {
 
 // demo
 
-constexpr int kSecondsPerMinute = 60;
-
 struct DemoArguments : DeviceArguments {
   ProgramArgument program;
   int seconds = 60;
@@ -108,7 +106,7 @@ ExitStatus Demo(const Session& session, const DemoArguments& arguments) {
   const ExitStatus loaded = LoadArgument(session, arguments.program, document);
   if (loaded != ExitStatus::Success) return loaded;
   std::optional<int> from;
-  if (const auto minute = ParseTimeOfDay(arguments.from)) from = *minute * kSecondsPerMinute;
+  if (const auto minute = ParseTimeOfDay(arguments.from)) from = *minute * TCBase::Program::kSecondsPerMinute;
   DemoProgress progress;
   return ServeDevices(
       session, arguments,

@@ -47,8 +47,9 @@ void NudgeSelectedStep(const StepSelection& selection, std::int32_t hours, std::
   if (step == nullptr) return;
   // Numbers as far out as a file may bring them wrap around, hence unsigned.
   const auto bits = [](std::int32_t number) { return static_cast<std::uint32_t>(number); };
-  const auto second = static_cast<std::int32_t>(
-      ((bits(step->hour) + bits(hours)) * 60U + bits(step->minute) + bits(minutes)) * 60U);
+  const std::uint32_t minute =
+      (bits(step->hour) + bits(hours)) * bits(kMinutesPerHour) + bits(step->minute) + bits(minutes);
+  const auto second = static_cast<std::int32_t>(minute * bits(kSecondsPerMinute));
   SetTime(*step, second);
   step->value += value;
   Normalize(*step);
@@ -71,8 +72,7 @@ void ClearChannel(StepSelection& selection) {
   if (channel == nullptr) return;
   *channel = {Step{8, 0}, Step{22, 0}};
   RenumberSteps(*channel);
-  selection.channel = -1;
-  selection.step = -1;
+  ForgetSelection(selection);
 }
 
 void MoveChannelUp(StepSelection& selection) {

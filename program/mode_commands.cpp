@@ -48,12 +48,16 @@ bool OptimizeAllModes(ModeListView& document) {
   return std::all_of(document.modes.begin(), document.modes.end(), OptimizeMode);
 }
 
+void AppendMode(ModeListView& document, Mode mode) {
+  document.currentMode = static_cast<std::int32_t>(document.modes.size());
+  document.modes.push_back(std::move(mode));
+}
+
 void AppendRandomMode(ModeListView& document) {
   Mode mode;
   mode.name = "Rand_" + ToDecimal(static_cast<std::int32_t>(document.modes.size()));
   FillRandomMode(mode);
-  document.currentMode = static_cast<std::int32_t>(document.modes.size());
-  document.modes.push_back(std::move(mode));
+  AppendMode(document, std::move(mode));
 }
 
 }  // namespace TCBase::Program

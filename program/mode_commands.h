@@ -1,8 +1,8 @@
 #pragma once
 
-// Whole commands on the current mode, log lines included, as the menu of the window and the command line give
-// them. Undo, refusals in a message box and the chart are the caller's. The document has a current mode; logs
-// on statusLog, translated.
+// Whole commands on the modes of a document, log lines included, as the menu of the window and the command
+// line give them. Undo, refusals in a message box and the chart are the caller's. The document has a current
+// mode; logs on statusLog, translated.
 
 #include <cstdint>
 
@@ -21,6 +21,9 @@ bool AddEndpointSteps(ModeListView& document, std::int32_t second);
 
 /// Brings every mode within the step limit, as before an upload; ends with false at the first that cannot be.
 bool OptimizeAllModes(ModeListView& document);
+
+/// Appends a mode and makes it the current one. Nothing is logged.
+void AppendMode(ModeListView& document, Mode mode);
 
 /// Appends a mode by chance, named after the number of modes as in Rand_2, and makes it the current one.
 void AppendRandomMode(ModeListView& document);

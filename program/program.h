@@ -91,6 +91,11 @@ struct StepSelection {
   std::int32_t step = -1;
 };
 
+/// Nothing is selected from then on.
+inline void ForgetSelection(StepSelection& selection) {
+  selection.channel = selection.step = -1;
+}
+
 // Steps.
 
 /// Minute of the day; negative or past the end when the step is out of range. 64 bits hold it for any hour.

@@ -1,7 +1,7 @@
 #pragma once
 
 // The time of day: how a second of the day falls into an hour and a minute, how long a day is, and how a time
-// is written. Nobody else divides by 3600. Nothing here fails but for memory.
+// is written. Nobody else takes a second apart. Nothing here fails but for memory.
 
 #include <cstdint>
 #include <string>

@@ -10,7 +10,7 @@
 namespace TCBase::Program {
 
 inline constexpr float kMinViewHours = 2.0F;
-inline constexpr float kMaxViewHours = 24.0F;
+inline constexpr float kMaxViewHours = kHoursPerDay;
 
 /// State of the chart's scroll bar, in minutes. A shell sets all of it at once: range, page, position and
 /// track position.

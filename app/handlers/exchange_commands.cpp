@@ -20,14 +20,6 @@ const ExchangeFormat kTmf{{u"TMF PLed File", u"*.TMF"}, kTmfFile};
 const ExchangeFormat kLmf{{u"LMF LEDControl File", u"*.LMF"}, kLmfFile};
 const ExchangeFormat kRaw{{u"RAW Channel File", u"*.RAW"}, kRawFile};
 
-namespace {
-
-void ForgetSelection(AppState& state) {
-  state.selection.channel = state.selection.step = -1;
-}
-
-}  // namespace
-
 Changed ImportModes(CommandContext& context, const ExchangeFormat* format) {
   AppState& state = context.state;
   const auto files = context.shell.questions.AskOpenFiles(format->filter, true);
@@ -38,7 +30,7 @@ Changed ImportModes(CommandContext& context, const ExchangeFormat* format) {
     if (LoadModeFile(format->kind, file, mode)) state.program.modes.push_back(std::move(mode));
   }
   state.program.currentMode = static_cast<std::int32_t>(state.program.modes.size()) - 1;
-  ForgetSelection(state);
+  ForgetSelection(state.selection);
   return Changed::Yes;
 }
 
@@ -55,7 +47,7 @@ Changed ExportMode(CommandContext& context, const ExchangeFormat* format) {
 Changed AddRandomMode(CommandContext& context) {
   AppState& state = context.state;
   AppendRandomMode(state.program);
-  ForgetSelection(state);
+  ForgetSelection(state.selection);
   const Mode& mode = state.CurrentMode();
   std::string data;
   WriteTmf(mode, data);

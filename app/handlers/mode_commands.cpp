@@ -24,7 +24,7 @@ dialogs::ModeNameParams ModeDialog(AppState& state, TextKey title) {
                     DialogPlace(state.chartLayout.DialogAnchorTop()));
 }
 
-void AppendMode(AppState& state, const dialogs::ModeNameParams& params) {
+void AppendNamedMode(AppState& state, const dialogs::ModeNameParams& params) {
   state.undoStack.Snapshot();
   Mode mode;
   BuildNormalMode(mode);
@@ -35,9 +35,8 @@ void AppendMode(AppState& state, const dialogs::ModeNameParams& params) {
     RenumberSteps(mode);
   }
   LogStatus(Message("Added new mode: {1}", mode.name));
-  state.program.currentMode = static_cast<std::int32_t>(state.program.modes.size());
-  state.selection.channel = state.selection.step = -1;
-  state.program.modes.push_back(std::move(mode));
+  ForgetSelection(state.selection);
+  AppendMode(state.program, std::move(mode));
 }
 
 }  // namespace
@@ -48,7 +47,7 @@ Changed SelectMode(CommandContext& context) {
   if (index >= 0 && index < static_cast<std::int32_t>(state.program.modes.size())) {
     state.program.currentMode = index;
   }
-  state.selection.channel = state.selection.step = -1;
+  ForgetSelection(state.selection);
   const Mode& mode = state.CurrentMode();
   LogStatus(Message("Mode {1} steps count: {2}", mode.name, CountModeSteps(mode)));
   return Changed::Yes;
@@ -61,7 +60,7 @@ Changed AddMode(CommandContext& context) {
   params.copyLabel = Message("Copy data from").ToWide();
   params.copySource = &state.program;
   if (dialogs::DlgModeName(context.shell.dialogs, params).DoModal() != dialogs::kOk) return Changed::No;
-  AppendMode(state, params);
+  AppendNamedMode(state, params);
   return Changed::Yes;
 }
 

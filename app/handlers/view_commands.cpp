@@ -6,10 +6,6 @@ namespace app {
 
 using namespace TCBase::Program;
 
-namespace {
-constexpr float kWholeDayHours = 24.0F;
-}
-
 Changed ZoomIn(CommandContext& context) {
   ViewZoomIn(context.state.program);
   return Changed::Yes;
@@ -21,7 +17,7 @@ Changed ZoomOut(CommandContext& context) {
 }
 
 Changed ShowWholeDay(CommandContext& context) {
-  SetViewHours(context.state.program, kWholeDayHours);
+  SetViewHours(context.state.program, kMaxViewHours);
   return Changed::Yes;
 }
 
