@@ -6,11 +6,11 @@ AppState::AppState(const Shell& shell)
     : chartInput({shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout,
                   demoState, shownHints}),
       renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout, demoState, now})),
-      window_(shell.mainWindow) {}
+      shell_(shell) {}
 
 void AppState::BuildControls(const Shell& shell, std::span<const Command> commands) {
   const auto refresh = [this](Parts parts) { Refresh(parts); };
-  ctrls = std::make_unique<Ctrls>(shell, program, devices, chartLayout);
+  ctrls = std::make_unique<Ctrls>(shell, commands, program, devices, chartLayout);
   menuBar = std::make_unique<MenuBar>(shell, commands, selection);
   viewControl = std::make_unique<ViewControl>(shell.controls, program, ctrls->ZoomSlider(), refresh);
   powerControl = std::make_unique<ChannelPowerControl>(selection, undoStack, ctrls->PowerSlider(), refresh);
@@ -19,6 +19,12 @@ void AppState::BuildControls(const Shell& shell, std::span<const Command> comman
 
 void AppState::Refresh(Parts parts) {
   const auto has = [parts](Parts part) { return (parts & part) != 0; };
+  const bool logs = shell_.settings.LoggingEnabled();
+  if (has(part::kMenusInDemo)) menuBar->RefreshNow(0, logs);
+  if (has(part::kMenusAtRest)) menuBar->RefreshNow(-1, logs);
+  if (has(part::kTexts)) menuBar->ApplyTexts();
+  if (has(part::kTexts)) ctrls->TranslateLabels();
+  if (has(part::kDemo | part::kTexts)) ctrls->ShowDemoStatus(demoState);
   if (has(part::kTitle)) document->ShowTitle();
   if (has(part::kModeList)) ctrls->FillModeList();
   if (has(part::kDescription)) ctrls->ShowModeDescription();
@@ -31,7 +37,7 @@ void AppState::Refresh(Parts parts) {
   if (has(part::kPlaces)) renderer->Relayout();
   if (has(part::kChart)) chartInput.InvalidateChart();
   if (has(part::kLane)) chartInput.InvalidateLane(selection.channel);
-  if (has(part::kFocus)) window_.TakeFocus();
+  if (has(part::kFocus)) shell_.mainWindow.TakeFocus();
 }
 
 TCBase::Program::Mode& AppState::CurrentMode() {

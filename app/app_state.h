@@ -32,7 +32,7 @@
 namespace app {
 
 struct AppState {
-  /// Builds what there is before any window. The worker thread runs from here on.
+  /// Builds what there is before any window. The worker thread runs from here on. `shell` outlives the state.
   explicit AppState(const Shell& shell);
   AppState(const AppState&) = delete;
   AppState& operator=(const AppState&) = delete;
@@ -63,7 +63,7 @@ struct AppState {
   std::unique_ptr<ChannelPowerControl> powerControl;
   std::unique_ptr<ProgramDocument> document;
 
-  /// Builds what speaks to the window, once there is one. `commands` are those of the menu bar.
+  /// Builds what speaks to the window, once there is one.
   void BuildControls(const Shell& shell, std::span<const Command> commands);
 
   /// Brings parts of the window up to date with the document. Only once the controls are built.
@@ -74,7 +74,7 @@ struct AppState {
   TCBase::OperationContext JobContext() { return {demoState, worker.StopToken()}; }
 
  private:
-  MainWindowPort& window_;
+  const Shell& shell_;
 };
 
 }  // namespace app

@@ -4,7 +4,7 @@
 
 #include "app/handlers/demo_control.h"
 #include "app/handlers/device_log.h"
-#include "app/handlers/language.h"
+#include "app/handlers/language_commands.h"
 #include "app/main_loop.h"
 #include "app/window/numbers.h"
 #include "common/files.h"
@@ -41,14 +41,14 @@ bool Application::Turn() {
 
 bool Application::StartUp() {
   PlatformPort& platform = shell_.platform;
-  platform.Do(PlatformStep::InitCommonControls);
+  platform.Do(PlatformStep::PrepareControls);
   platform.Do(PlatformStep::StartGraphics);
   platform.Do(PlatformStep::StartNetwork);
   ConfigureDeviceLog(shell_.settings, shell_.deviceLogFile);
   BeginLanguage();
   platform.Do(PlatformStep::LoadNames);
-  platform.Do(PlatformStep::RegisterMainClass);
-  platform.Do(PlatformStep::RegisterChartClass);
+  platform.Do(PlatformStep::PrepareMainWindow);
+  platform.Do(PlatformStep::PrepareChartWindow);
   if (!InitInstance()) return false;
 
   shell_.mainWindow.StartTimer(kDemoTimer, kDemoTimerMilliseconds);

@@ -18,12 +18,15 @@ namespace {
 
 using namespace TCBase::Program;
 using enum When;
+using Undo::ByHandler;
 using Undo::Snapshot;
 
 constexpr Parts kSteps = part::kChart | part::kDescription;
 constexpr Parts kModes = part::kChart | part::kModeList;
 constexpr Parts kAfterHistory = part::kModeList | part::kPower | part::kRenderer | part::kChart;
 constexpr Parts kView = part::kRenderer | part::kChart | part::kScrollBar | part::kZoomSlider;
+// The zoom slider's label and the window's title stay as they are.
+constexpr Parts kLanguage = part::kTexts | part::kRenderer | part::kChart | part::kModeList;
 constexpr int kPanStep = 15 * 60;
 
 constexpr TextKey kDemoSpeed("Demo speed");
@@ -70,9 +73,9 @@ constexpr Command kCommands[] = {
     {.number = command::kClearAll, .text = TextKey("Clear all"), .menu = menu::kDevice, .beginsGroup = true,
      .when = WithoutDemo, .handler = ClearAll},
     {.number = command::kPlayDemo, .text = TextKey("Play demo"), .menu = menu::kDevice, .beginsGroup = true,
-     .when = WithoutDemo, .handler = PlayOrPauseDemo},
+     .when = WithoutDemo, .handler = PlayOrPauseDemo, .always = part::kMenusInDemo},
     {.number = command::kStopDemo, .text = TextKey("Stop demo"), .menu = menu::kDevice, .when = DuringDemo,
-     .handler = StopDemo},
+     .handler = StopDemo, .always = part::kMenusAtRest},
     {.number = command::kSpeedFast, .text = TextKey("Fast (60 secs)"), .menu = menu::kDevice, .submenu = kDemoSpeed,
      .when = WithoutDemo, .handler = ChooseDemoSpeed},
     {.number = command::kSpeedNormal, .text = TextKey("Normal (180 secs)"), .menu = menu::kDevice,
@@ -88,28 +91,28 @@ constexpr Command kCommands[] = {
     {.number = command::kAddEmulator, .text = TextKey("Add emulator"), .menu = menu::kDevice, .beginsGroup = true,
      .handler = AddEmulator, .refreshes = part::kDeviceList},
 
-    // Channel. The first two make their own entries in the history, as the same keys on the chart do.
+    // Channel. The first two have the chart itself repaint what they change, as the same keys on the chart do.
     {.number = command::kDeleteStep, .text = TextKey("Delete step"), .menu = menu::kChannel,
-     .keys = {Key(key::kDelete), Key(key::kBackspace)}, .needsStep = true, .handler = DeleteStep,
+     .keys = {Key(key::kDelete), Key(key::kBackspace)}, .needsStep = true, .undo = ByHandler, .handler = DeleteStep,
      .refreshes = part::kPower | part::kDescription},
     {.number = command::kToggleJump, .text = TextKey("Toggle step jump type"), .menu = menu::kChannel,
-     .beginsGroup = true, .needsStep = true, .handler = ToggleJump},
+     .beginsGroup = true, .needsStep = true, .undo = ByHandler, .handler = ToggleJump},
     {.number = command::kCopySteps, .text = TextKey("Copy steps"), .menu = menu::kChannel, .beginsGroup = true,
      .undo = Snapshot, .handler = CopySteps, .refreshes = part::kChart},
     {.number = command::kPasteSteps, .text = TextKey("Paste steps"), .menu = menu::kChannel, .undo = Snapshot,
      .handler = PasteSteps, .refreshes = kSteps},
     {.number = command::kMoveStepsUp, .text = TextKey("Move all steps up"), .menu = menu::kChannel,
-     .beginsGroup = true, .handler = MoveStepsUp, .refreshes = part::kChart},
+     .beginsGroup = true, .undo = ByHandler, .handler = MoveStepsUp, .refreshes = part::kChart},
     {.number = command::kMoveStepsDown, .text = TextKey("Move all steps down"), .menu = menu::kChannel,
-     .handler = MoveStepsDown, .refreshes = part::kChart},
+     .undo = ByHandler, .handler = MoveStepsDown, .refreshes = part::kChart},
     {.number = command::kClearSteps, .text = TextKey("Clear all steps"), .menu = menu::kChannel, .undo = Snapshot,
      .handler = ClearSteps, .refreshes = kSteps},
     {.number = command::kManualStepsAdd, .text = TextKey("Manual steps add..."), .menu = menu::kChannel,
-     .beginsGroup = true, .handler = AddTypedSteps, .refreshes = kSteps, .always = part::kFocus},
+     .beginsGroup = true, .undo = ByHandler, .handler = AddTypedSteps, .refreshes = kSteps, .always = part::kFocus},
     {.number = command::kManualStepsEdit, .text = TextKey("Manual steps edit..."), .menu = menu::kChannel,
-     .handler = EditTypedSteps, .refreshes = kSteps, .always = part::kFocus},
+     .undo = ByHandler, .handler = EditTypedSteps, .refreshes = kSteps, .always = part::kFocus},
     {.number = command::kRenameChannel, .text = TextKey("Rename channel"), .menu = menu::kChannel,
-     .beginsGroup = true, .handler = RenameChannel, .refreshes = part::kRenderer | part::kChart,
+     .beginsGroup = true, .undo = ByHandler, .handler = RenameChannel, .refreshes = part::kRenderer | part::kChart,
      .always = part::kFocus},
     {.number = command::kChannelColor, .text = TextKey("Change channel color"), .menu = menu::kChannel,
      .undo = Snapshot, .handler = ChangeColor, .refreshes = part::kLane, .always = part::kRenderer | part::kFocus},
@@ -118,9 +121,9 @@ constexpr Command kCommands[] = {
     {.number = command::kOptimizeForTC421, .text = TextKey("Optimize mode for TC421"), .menu = menu::kMode,
      .undo = Snapshot, .handler = OptimizeModeForTC421, .refreshes = kSteps},
     {.number = command::kEndpointStart, .text = TextKey("At the start (00:00)"), .menu = menu::kMode,
-     .submenu = kEndpoints, .beginsGroup = true, .handler = With<AddEndpoint, kDayStart>, .refreshes = kSteps},
+     .submenu = kEndpoints, .beginsGroup = true, .undo = ByHandler, .handler = With<AddEndpoint, kDayStart>, .refreshes = kSteps},
     {.number = command::kEndpointEnd, .text = TextKey("At the end (23:59)"), .menu = menu::kMode,
-     .submenu = kEndpoints, .handler = With<AddEndpoint, kDayEnd>, .refreshes = kSteps},
+     .submenu = kEndpoints, .undo = ByHandler, .handler = With<AddEndpoint, kDayEnd>, .refreshes = kSteps},
     {.number = command::kAlign3, .text = TextKey("3 minute intervals"), .menu = menu::kMode, .submenu = kAlignment,
      .beginsGroup = true, .undo = Snapshot, .handler = With<Align, 3>, .refreshes = kSteps},
     {.number = command::kAlign5, .text = TextKey("5 minute intervals"), .menu = menu::kMode, .submenu = kAlignment,
@@ -136,7 +139,7 @@ constexpr Command kCommands[] = {
 
     // Language: which others there are is up to the translations.
     {.number = command::kEnglish, .lastNumber = command::kLastLanguage, .text = TextKey("English"),
-     .menu = menu::kLanguage, .handler = ChooseLanguage},
+     .menu = menu::kLanguage, .handler = ChooseLanguage, .refreshes = kLanguage},
 
     // Help
     {.number = command::kLogging, .text = TextKey("Logging"), .menu = menu::kHelp, .handler = ToggleLogging},
@@ -145,7 +148,7 @@ constexpr Command kCommands[] = {
     {.number = command::kExportTranslation, .text = TextKey("Export localization XML"), .menu = menu::kHelp,
      .beginsGroup = true, .handler = ExportTranslation},
     {.number = command::kTestTranslation, .text = TextKey("Test localization XML"), .menu = menu::kHelp,
-     .handler = TestTranslation},
+     .handler = TestTranslation, .refreshes = kLanguage},
     {.number = command::kAbout, .text = TextKey("About ..."), .menu = menu::kHelp, .beginsGroup = true,
      .keys = {Alt('/'), Alt('?')}, .handler = ShowAbout},
 
@@ -162,17 +165,19 @@ constexpr Command kCommands[] = {
     {.number = command::kMergeTranslations, .handler = MergeTranslation},
 
     // What the controls say of themselves
-    {.number = control_id::kModeList, .code = kListSelectionChanged, .handler = SelectMode,
+    {.number = control_id::kModeList, .code = kListSelectionChanged, .when = WithoutDemo, .handler = SelectMode,
      .refreshes = kSteps | part::kPower, .always = part::kFocus},
-    {.number = control_id::kModeList, .code = kListDoubleClick, .handler = EditMode, .refreshes = part::kModeList,
+    {.number = control_id::kModeList, .code = kListDoubleClick, .when = WithoutDemo, .handler = EditMode,
+     .refreshes = part::kModeList, .always = part::kFocus},
+    {.number = control_id::kAddMode, .when = WithoutDemo, .undo = ByHandler, .handler = AddMode, .refreshes = kModes,
      .always = part::kFocus},
-    {.number = control_id::kAddMode, .handler = AddMode, .refreshes = kModes, .always = part::kFocus},
-    {.number = control_id::kDeleteMode, .handler = DeleteMode, .refreshes = kModes, .always = part::kFocus},
+    {.number = control_id::kDeleteMode, .when = WithoutDemo, .undo = ByHandler, .handler = DeleteMode, .refreshes = kModes,
+     .always = part::kFocus},
     {.number = control_id::kDeviceList, .code = kListSelectionChanged, .handler = ReadDeviceSelection,
      .always = part::kFocus},
     {.number = control_id::kDeviceList, .code = kListDoubleClick, .handler = RenameDevice, .refreshes = part::kFocus},
-    {.number = control_id::kPlay, .handler = PlayOrPauseDemo},
-    {.number = control_id::kStop, .handler = StopDemo},
+    {.number = control_id::kPlay, .handler = PlayOrPauseDemo, .always = part::kMenusInDemo},
+    {.number = control_id::kStop, .handler = StopDemo, .always = part::kMenusAtRest},
 };
 // clang-format on
 

@@ -61,8 +61,7 @@ Outcome MainWindow::OnTimer(int id) {
     MoveChartOn();
     return Outcome::Done;
   }
-  state_.Refresh(part::kChart);
-  state_.ctrls->ShowDemoStatus(state_.demoState);
+  state_.Refresh(part::kChart | part::kDemo);
   return Outcome::Done;
 }
 
@@ -163,8 +162,7 @@ void MainWindow::UpdateLayout() {
 void MainWindow::ShowDemoAtRest() {
   TCBase::DemoState atRest;
   state_.ctrls->ShowDemoStatus(atRest);
-  state_.menuBar->RefreshNow(-1, shell_.settings.LoggingEnabled());
-  state_.Refresh(part::kChart);
+  state_.Refresh(part::kMenusAtRest | part::kChart);
 }
 
 void ChartWindow::OnPaint() {

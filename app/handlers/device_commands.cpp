@@ -111,13 +111,11 @@ Changed PlayOrPauseDemo(CommandContext& context) {
   PlayDemo(state.worker, state.JobContext(), state.devices, state.program, context.shell.settings.DemoSpeed(),
            context.shell.mainWindow);
   if (starts) TellIfNoneIsSelected(state.devices);
-  state.menuBar->RefreshNow(0, context.shell.settings.LoggingEnabled());
   return Changed::No;
 }
 
 Changed StopDemo(CommandContext& context) {
   context.state.demoState.PostCommand(TCBase::CommandStop);
-  context.state.menuBar->RefreshNow(-1, context.shell.settings.LoggingEnabled());
   return Changed::No;
 }
 

@@ -8,7 +8,6 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/document/save_question.h"
-#include "app/handlers/language.h"
 #include "app/window/name_dialog.h"
 #include "app/window/numbers.h"
 #include "common/files.h"
@@ -98,9 +97,9 @@ Changed ChooseLanguage(CommandContext& context) {
     if (attribute >= 0) id = languages[index]->attributes[attribute].value.view();
   }
   shell.settings.SetValue("locale", id);
-  ApplyLanguage(context.state, shell, id);
+  shell.translations.SetLanguage(id);
   AnnounceLanguage(shell.translations);
-  return Changed::No;
+  return Changed::Yes;
 }
 
 Changed ExportTranslation(CommandContext& context) {
@@ -118,8 +117,8 @@ Changed ExportTranslation(CommandContext& context) {
 Changed TestTranslation(CommandContext& context) {
   LoadTranslationWithDialog(context.shell, kTestId, kTestName);
   // Done even when nothing was loaded: the window goes back to an earlier test.
-  ApplyLanguage(context.state, context.shell, kTestId);
-  return Changed::No;
+  context.shell.translations.SetLanguage(kTestId);
+  return Changed::Yes;
 }
 
 Changed MergeTranslation(CommandContext& context) {
@@ -148,6 +147,18 @@ Changed MergeTranslation(CommandContext& context) {
   SaveMerged(path, merged.document);
   if (hasMore) SaveMerged(second, merged.more);
   return Changed::No;
+}
+
+void AnnounceLanguage(TranslationStore& translations) {
+  const ovk::xml::element* const language =
+      translations.GetLanguages().find_child_by_id("language", translations.GetLanguageId());
+  if (language == nullptr) return LogStatus(Message("Language set to English"));
+  const std::int32_t named = language->find_attribute("name");
+  const std::string_view name = named < 0 ? "English" : language->attributes[named].value.view();
+  std::string text = Message("Language set to {1}", name).utf8();
+  const std::string_view author = language->attribute_or_empty("author").view();
+  if (!author.empty()) text += ", " + Message("translated by {1}!", author).utf8();
+  LogPlain(text);
 }
 
 }  // namespace app

@@ -3,6 +3,7 @@
 // Handlers of the Language menu, and of the translators' tools in the Help menu.
 
 #include "app/handlers/command_context.h"
+#include "localisation/translation_store.h"
 
 namespace app {
 
@@ -13,5 +14,8 @@ Changed ExportTranslation(CommandContext& context);
 Changed TestTranslation(CommandContext& context);
 /// No menu item: for those who build the program.
 Changed MergeTranslation(CommandContext& context);
+
+/// Says in the log which language is in use, and who translated it.
+void AnnounceLanguage(TranslationStore& translations);
 
 }  // namespace app

@@ -51,9 +51,12 @@ constexpr KeyStroke Alt(char character) {
   return {KeyStroke::Kind::AltCharacter, character};
 }
 
-/// Whether an entry of the history is made before a command acts. Where it is made later, or only if
-/// something changed, the handler sees to it.
-enum class Undo { None, Snapshot };
+/// The entry of the history that a command makes.
+enum class Undo {
+  None,
+  Snapshot,   // made before the handler acts, whether something changes or not
+  ByHandler,  // made by the handler, in most cases only if something changes
+};
 
 /// Whether a handler has changed what its row names.
 enum class Changed { No, Yes };

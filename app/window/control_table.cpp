@@ -27,11 +27,11 @@ constexpr unsigned kReadOut = trait::kSunken | trait::kAmpersands;
 // clang-format off
 constexpr std::array<ControlRow, kControlCount> kTable{{
     {{control_id::kModeList, Kind::ListBox, {10, 10, 110, 196}, "", trait::kVerticalScrollBar},
-     Control::ModeList, false, kStays, When::WithoutDemo},
+     Control::ModeList, false, kStays},
     {{control_id::kAddMode, Kind::Button, {10, 208, 54, 20}, "➕"},
-     Control::AddModeButton, false, kStays, When::WithoutDemo},
+     Control::AddModeButton, false, kStays},
     {{control_id::kDeleteMode, Kind::Button, {66, 208, 54, 20}, "➖"},
-     Control::DeleteModeButton, false, kStays, When::WithoutDemo},
+     Control::DeleteModeButton, false, kStays},
     {{control_id::kDemoStatus, Kind::Label, {10, 252, 110, 20}, "Demo controls", kReadOut},
      Control::DemoStatusLabel, kTranslated},
     {{control_id::kPlay, Kind::Button, {10, 274, 54, 20}, "▶"},

@@ -51,7 +51,7 @@ struct ControlRow : dialogs::ControlTemplate {
   Control control;
   bool translated = false;   // the text goes through Translate
   bool moves = true;         // when the window changes size; the others stand in the top left corner
-  When when = When::Always;  // it can be used; while a demo plays or pauses, the others are greyed
+  When when = When::Always;  // it can be used; the row of its command tells that of a control that gives one
 };
 
 /// Rows in the order in which the controls are made, which is that of `Control`.

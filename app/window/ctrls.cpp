@@ -25,11 +25,18 @@ std::u16string FirstText(const ControlRow& row) {
   return WideFromUtf8(row.translated ? Translate(row.text) : std::string(row.text));
 }
 
+// A control that gives a command can be used when the command may be given.
+When WhenToUse(const ControlRow& row, std::span<const Command> commands) {
+  const auto command = std::ranges::find(commands, row.id, &Command::number);
+  return command == commands.end() ? row.when : command->when;
+}
+
 }  // namespace
 
-Ctrls::Ctrls(const Shell& shell, ModeListView& program, std::vector<TCBase::DeviceInfo>& devices,
-             UX::ChartLayout& chartLayout)
+Ctrls::Ctrls(const Shell& shell, std::span<const Command> commands, ModeListView& program,
+             std::vector<TCBase::DeviceInfo>& devices, UX::ChartLayout& chartLayout)
     : shell_(shell),
+      commands_(commands),
       program_(program),
       devices_(devices),
       chartLayout_(chartLayout),
@@ -139,9 +146,10 @@ void Ctrls::ShowDemoStatus(const TCBase::DemoState& record) {
 
   shell_.controls.SetText(Control::PlayButton, WideFromUtf8(button));
   shell_.controls.SetText(Control::DemoStatusLabel, status);
+  const bool demoRuns = state != TCBase::StateIdle;
   for (const ControlRow& row : ControlTable()) {
-    if (row.when == When::Always) continue;
-    shell_.controls.SetEnabled(row.control, Allows(row.when, state != TCBase::StateIdle));
+    const When when = WhenToUse(row, commands_);
+    if (when != When::Always) shell_.controls.SetEnabled(row.control, Allows(when, demoRuns));
   }
 }
 

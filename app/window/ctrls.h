@@ -5,9 +5,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
+#include "app/window/command.h"
 #include "app/window/ports.h"
 #include "app/window/slider.h"
 #include "chart/chart_layout.h"
@@ -20,8 +22,8 @@ namespace app {
 class Ctrls {
  public:
   /// All of these outlive the controls.
-  Ctrls(const Shell& shell, TCBase::Program::ModeListView& program, std::vector<TCBase::DeviceInfo>& devices,
-        UX::ChartLayout& chartLayout);
+  Ctrls(const Shell& shell, std::span<const Command> commands, TCBase::Program::ModeListView& program,
+        std::vector<TCBase::DeviceInfo>& devices, UX::ChartLayout& chartLayout);
 
   /// Makes all controls, placed by the layout's present client area.
   void CreateControls();
@@ -56,8 +58,8 @@ class Ctrls {
 
   // Demo.
 
-  /// Play button, status, time and power from a record of a demo; controls that edit are disabled unless it
-  /// is idle.
+  /// Play button, status, time and power from a record of a demo. Greys the controls whose commands may not
+  /// be given while it runs.
   void ShowDemoStatus(const TCBase::DemoState& record);
   void ShowTimeAndPower(std::int32_t second, const TCBase::Program::ModeStep& step);
 
@@ -80,6 +82,7 @@ class Ctrls {
   void WakeLog();
 
   const Shell& shell_;
+  const std::span<const Command> commands_;
   TCBase::Program::ModeListView& program_;
   std::vector<TCBase::DeviceInfo>& devices_;
   UX::ChartLayout& chartLayout_;

@@ -223,12 +223,12 @@ class EventSource {
 /// has nothing to do at a step does nothing.
 enum class PlatformStep {
   // On the way up.
-  InitCommonControls,  // what lists and date fields need
-  StartGraphics,       // what the logo and the plain renderer need
-  StartNetwork,        // what sockets need; nobody asks how it went, nor of the one above
-  LoadNames,           // the title and the name of the main window's class
-  RegisterMainClass,
-  RegisterChartClass,
+  PrepareControls,  // what lists and date fields need
+  StartGraphics,    // what the logo and the plain renderer need
+  StartNetwork,     // what sockets need; nobody asks how it went, nor of the one above
+  LoadNames,        // the title, and the name by which the system knows the main window
+  PrepareMainWindow,
+  PrepareChartWindow,
   CreateMainWindow,  // with its menu, not shown yet; false ends the program
   SetDefaultFont,    // on all child controls, which stand by now
   LoadLogo,

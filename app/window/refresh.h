@@ -26,7 +26,12 @@ inline constexpr Parts kScrollBar = 1U << 8;
 inline constexpr Parts kZoomSlider = 1U << 9;
 inline constexpr Parts kDeviceList = 1U << 10;
 inline constexpr Parts kTitle = 1U << 11;
-inline constexpr Parts kFocus = 1U << 12;  // goes to the main window, where the keys work
+inline constexpr Parts kDemo =
+    1U << 12;  // state, time and values of the demo, and the controls that it greys
+inline constexpr Parts kMenusInDemo = 1U << 13;  // the menu bar at once, as while a demo runs
+inline constexpr Parts kMenusAtRest = 1U << 14;  // the same, as without one
+inline constexpr Parts kTexts = 1U << 15;  // in the language in use: menu bar, labels, and the demo's part
+inline constexpr Parts kFocus = 1U << 16;  // goes to the main window, where the keys work
 }  // namespace part
 
 /// Brings parts of the window up to date. User interface thread.

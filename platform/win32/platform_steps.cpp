@@ -38,7 +38,7 @@ void StartCommonControls() {
 bool PlatformSteps::Do(app::PlatformStep step) {
   using enum app::PlatformStep;
   switch (step) {
-    case InitCommonControls:
+    case PrepareControls:
       StartCommonControls();
       break;
     case StartGraphics:
@@ -51,10 +51,10 @@ bool PlatformSteps::Do(app::PlatformStep step) {
       title_ = StringOf(instance_, resource::kTitle);
       windowClass_ = StringOf(instance_, resource::kWindowClass);
       break;
-    case RegisterMainClass:
+    case PrepareMainWindow:
       win32::RegisterMainClass(instance_, windowClass_.c_str());
       break;
-    case RegisterChartClass:
+    case PrepareChartWindow:
       win32::RegisterChartClass(instance_);
       break;
     case CreateMainWindow:

@@ -116,6 +116,8 @@ TEST_F(Commands, LeaveTheirTraces) {
     Invalidations();
     user.SendCommand(row.command);
     EXPECT_EQ(UndoDepth(), row.undoEntries) << row.command;
+    const app::Command* const command = app::FindCommand(app::CommandTable(), row.command, 0);
+    EXPECT_EQ(command->undo != app::Undo::None, row.undoEntries > 0) << row.command;
     EXPECT_EQ(Invalidations(), row.invalidations) << row.command;
     EXPECT_EQ(NewLog(), row.log) << row.command;
   }
