@@ -102,10 +102,6 @@ struct DialogTemplate {
   std::span<const ControlTemplate> controls;
 };
 
-/// What all dialogs are written in.
-inline constexpr std::string_view kDialogFont = "MS Shell Dlg";
-inline constexpr int kDialogFontPoints = 8;
-
 /// All templates, by ascending number.
 std::span<const DialogTemplate> Templates();
 /// Null, if there is none of that number.

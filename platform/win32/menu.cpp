@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "platform/win32/scale.h"
 #include "platform/win32/text.h"
 
@@ -41,8 +42,7 @@ void AppendMissing(HMENU menu, std::span<const app::MenuEntry> entries);
 
 void Append(HMENU menu, const app::MenuEntry& entry) {
   using Kind = app::MenuEntry::Kind;
-  const std::string_view english = entry.text;
-  std::wstring text(english.begin(), english.end());
+  std::wstring text = WideText(WideFromUtf8(entry.text));
   MENUITEMINFOW info = ItemInfo(MIIM_FTYPE);
   if (entry.kind == Kind::Separator) {
     info.fType = MFT_SEPARATOR;

@@ -166,8 +166,8 @@ TEST_P(DialogResources, AreTheTemplatesOfTheTable) {
   const Dialog dialog = ReadDialog(bytes);
   EXPECT_EQ(Ascii(dialog.title), table.title);
   EXPECT_EQ(dialog.place, table.place);
-  EXPECT_EQ(Ascii(dialog.font), dialogs::kDialogFont);
-  EXPECT_EQ(dialog.points, dialogs::kDialogFontPoints);
+  EXPECT_EQ(Ascii(dialog.font), "MS Shell Dlg");
+  EXPECT_EQ(dialog.points, 8);
   EXPECT_TRUE(Has(dialog.style, DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU));
   ASSERT_EQ(dialog.items.size(), table.controls.size());
   for (std::size_t i = 0; i < dialog.items.size(); ++i) ExpectItem(dialog.items[i], table.controls[i]);

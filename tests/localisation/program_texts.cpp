@@ -125,7 +125,6 @@ const std::vector<English>& NeverLookedUp() {
       {"Language ID", kMerging},
       {"Language name", kMerging},
       {"Lumarine", kName},
-      {"MS Shell Dlg", kName},
       {"Segoe UI", kName},
       {"Segoe UI Black", kName},
       {"Tahoma", kName},
