@@ -22,9 +22,11 @@ struct MainLoopParts {
 };
 
 /// One turn of the main loop: takes an event, or else animates, and draws or rests. Draws in every turn while
-/// the user touches the chart, something moves by itself or a demo plays, and sleeps for 5 ms otherwise. The
-/// only place that moves `now` on, but for the main window while a loop of the platform's own turns. False
-/// once the quit event was taken.
+/// the user touches the chart, something moves by itself or a demo plays, and sleeps for 5 ms otherwise.
+/// False once the quit event was taken.
+///
+/// Each turn moves `now` on. Where this loop does not turn, the main window does that: in OnSizing while the
+/// user drags its edge, and in OnTimer, which also comes while a menu or a dialog stands open.
 bool TurnMainLoop(const MainLoopParts& parts);
 
 }  // namespace app

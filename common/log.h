@@ -87,7 +87,7 @@ LogChannel& Device();
 
 /// All ordinary messages.
 inline LogChannel& statusLog = log_detail::Status();
-/// The warning of too many steps.
+/// Warnings: too many steps in a mode, an upload that is not confirmed, a WiFi set-up that sent nothing.
 inline LogChannel& warningLog = log_detail::Warning();
 /// Device traffic; untranslated.
 inline LogChannel& deviceLog = log_detail::Device();

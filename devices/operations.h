@@ -2,7 +2,7 @@
 
 // What the program does to controllers: set their clocks, clear their memory, upload a program, play a day on
 // them as a live demo. Each operation makes its own device, connects it, reports through the status log and
-// destroys the device. They block, and run on the worker thread or, in the command line, on the only one.
+// destroys the device. Operations block; the window and the command line run them as jobs of a Worker.
 
 #include <functional>
 #include <memory>

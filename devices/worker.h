@@ -27,7 +27,8 @@ enum class Discovery {
 /// controllers. It runs from construction to Shutdown().
 class Worker {
  public:
-  /// A job shares nothing with the thread that queues it: it carries its own copies.
+  /// A job carries its own copies of what it works on. What it refers to instead must outlive it, and is
+  /// either safe to use on two threads or left alone by the others until the job has ended.
   using Job = std::function<void()>;
 
   explicit Worker(Discovery discovery = Discovery::OnceAttached);

@@ -1,8 +1,8 @@
 #pragma once
 
-// Whole commands on the modes of a document, log lines included, as the menu of the window and the command
-// line give them. Undo, refusals in a message box and the chart are the caller's. The document has a current
-// mode; logs on statusLog, translated.
+// Whole commands on modes, log lines included, as the menu of the window and the command line give them.
+// Undo, refusals in a message box and the chart are the caller's. Log lines go to statusLog, translated. The
+// first three work on the current mode, which the document must have.
 
 #include <cstdint>
 
@@ -10,7 +10,7 @@
 
 namespace TCBase::Program {
 
-/// "Optimize mode for TC421": resamples to half hours and drops the steps that add nothing.
+/// "Optimize mode for TC421": resamples the mode to half hours and drops the steps that add nothing.
 void OptimizeForTC421(ModeListView& document);
 
 /// "Align steps" to `interval` minutes, 1 or more.

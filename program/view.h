@@ -12,8 +12,8 @@ namespace TCBase::Program {
 inline constexpr float kMinViewHours = 2.0F;
 inline constexpr float kMaxViewHours = kHoursPerDay;
 
-/// State of the chart's scroll bar, in minutes. A shell sets all of it at once: range, page, position and
-/// track position.
+/// State of the chart's scroll bar, in minutes. A shell sets range, page and position at once. Nobody sets or
+/// reads `trackPosition`.
 struct ViewScrollInfo {
   std::int32_t minimum = 0;
   std::int32_t maximum = kMinutesPerDay;
