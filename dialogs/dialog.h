@@ -48,12 +48,13 @@ class DialogTexts {
  public:
   virtual ~DialogTexts() = default;
 
-  /// An edit field of one line tells of it as of typing, kTextChanged, before this returns; others do not.
+  /// An edit field of one line sends kTextChanged before this returns, as if the user had typed the text.
+  /// Other controls send nothing.
   virtual void SetText(int control, std::u16string_view text) = 0;
   /// What stands in the control, cut to one unit less than `units`.
   virtual std::u16string Text(int control, std::size_t units) const = 0;
-  /// The user can type and paste into an edit field until this many units stand there. Without this call they
-  /// are tens of thousands.
+  /// The user can type and paste into an edit field until this many units stand there. Without this call the
+  /// limit is tens of thousands.
   virtual void LimitText(int control, std::int32_t units) = 0;
   /// The edit field takes nothing but digits from the keyboard. What is pasted into it is not looked at.
   virtual void AcceptDigitsOnly(int control) = 0;
@@ -96,7 +97,8 @@ class DialogWindow : public DialogControls, public DialogTexts, public DialogLis
   /// stays on the screen, even where that puts it elsewhere.
   virtual void MoveTo(std::int32_t x, std::int32_t y) = 0;
   virtual void SetTitle(std::u16string_view title) = 0;
-  /// A message over the dialog. Returns when its OK is pressed; until then the dialog takes no input.
+  /// A message over the dialog. Returns when its OK is pressed; until then the dialog takes no input, but
+  /// posted events go on arriving at DlgBase::OnEvent.
   virtual void Tell(std::u16string_view title, std::u16string_view text, Icon icon) = 0;
   /// Opens a web or mail address with whatever the user opens such with. Nobody is told if there is no such
   /// program.
@@ -145,8 +147,8 @@ class DlgBase {
   const int templateId;
 
  protected:
-  /// OK, also by the Enter key while that button is disabled. This closes the dialog; one that is to stay
-  /// open does not hand on to it.
+  /// The user has pressed OK, or Enter, even while the OK button is disabled. The base class closes the
+  /// dialog; a dialog that is to stay open does not call it.
   virtual void OnOk(DialogWindow& window);
   /// A notification of any control but OK and Cancel.
   virtual void OnControl(DialogWindow&, int /*control*/, int /*code*/) {}

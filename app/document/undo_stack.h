@@ -11,8 +11,8 @@
 namespace app {
 
 /// The editor's history: the program as it was before each change, oldest first, without limit. A command
-/// that will change the program takes a snapshot first. A gesture that lasts (a drag, a held key) begins a
-/// pending one at its start and commits it at its end. User interface thread only.
+/// that will change the program takes a snapshot first. A gesture that lasts (a drag, a held key) keeps a
+/// copy when it begins, and enters that copy in the history when it ends. User interface thread only.
 class UndoStack {
  public:
   /// `program`, the live one, must outlive the stack.
@@ -21,18 +21,18 @@ class UndoStack {
   /// Enters the live program in the history. What could be redone is dropped.
   void Snapshot();
 
-  /// Keeps a copy of the live program for CommitPending(). A copy that is still kept from an earlier gesture
-  /// stays instead.
+  /// Keeps a copy of the live program for CommitPending(). If a copy from an earlier gesture is still kept,
+  /// that one stays and no new one is made.
   void BeginPending();
-  /// Enters the kept copy in the history, as Snapshot() would have done then, if the live program differs
-  /// from it. If not, nothing happens, and the copy stays.
+  /// Enters the kept copy in the history if the live program differs from it, as Snapshot() would have done
+  /// when the copy was made. If the two are the same, nothing happens, and the copy stays.
   void CommitPending();
   /// Forgets the kept copy.
   void DropPending() { pending_.reset(); }
 
-  /// Puts the last entry before the present one back. False, and nothing happens, if there is none.
+  /// Goes one entry back. False, and nothing happens, if there is none.
   bool Undo();
-  /// Goes an entry forward. False if there is none; at the last entry the program becomes that entry anyway.
+  /// Goes one entry forward. False if there is none; at the last entry the program becomes that entry anyway.
   bool Redo();
 
   /// Empties the history. A kept copy stays.
@@ -52,7 +52,8 @@ class UndoStack {
   TCBase::Program::ModeListView& program_;
   std::vector<ProgramSnapshot> snapshots_;
   std::optional<ProgramSnapshot> pending_;
-  /// The last one taken or put back, which is most like the live program: what the next one shares with.
+  /// The snapshot that was taken or put back last. It is most like the live program, so the next snapshot
+  /// shares with it what did not change.
   ProgramSnapshot nearest_;
 };
 

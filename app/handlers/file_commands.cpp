@@ -7,7 +7,8 @@
 
 namespace app {
 
-// The document itself has the window show another program: one can be dropped on the window, too.
+// These handlers refresh nothing. The document does so itself when it takes another program, since that also
+// comes from a file dropped on the window.
 
 Changed NewProgram(CommandContext& context) {
   context.state.document->NewProgram();

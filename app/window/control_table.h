@@ -50,23 +50,24 @@ inline constexpr int kPower = 1038;
 struct ControlRow : dialogs::ControlTemplate {
   Control control;
   bool translated = false;   // the text goes through Translate
-  bool moves = true;         // when the window changes size; the others stand in the top left corner
-  When when = When::Always;  // it can be used; the row of its command tells that of a control that gives one
+  bool moves = true;         // the control is placed anew when the window changes size
+  // When a control without a command is enabled; of the others the command's row tells.
+  When when = When::Always;
 };
 
 /// Rows in the order in which the controls are made, which is that of `Control`.
 std::span<const ControlRow> ControlTable();
 const ControlRow& RowOf(Control control);
 
-/// UTF-16 units that the log pane takes at most, with two for a line's end.
+/// The most UTF-16 units that the log pane can hold. A line's end counts as two.
 inline constexpr int kLogPaneLimit = 500000;
-/// Where the power slider stands at first; nothing but a change of position ever enables it.
+/// Where the power slider stands at first. ChannelPowerControl enables or disables it only when it moves it.
 inline constexpr int kPowerSliderFirstPosition = 1;
 
-/// Where a slider ends before it is told.
+/// The last position of a slider whose range has not been set.
 inline constexpr std::int32_t kSliderFirstMaximum = 100;
 
-/// The zoom slider's places: from the whole day to two hours.
+/// The zoom slider's last position. Position 0 shows the whole day, this one two hours.
 inline constexpr std::int32_t kLastZoomPosition = 22;
 
 // The main window itself.

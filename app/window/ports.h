@@ -1,7 +1,7 @@
 #pragma once
 
 // The pieces of the desktop that the application speaks to. A shell implements them over real windows, the
-// headless shell of the tests in memory. What the windows tell in return goes to main_window.h.
+// headless shell of the tests in memory. Events of the windows go to the classes of app/main_window.h.
 //
 // All operations but Post are called on the user interface thread, and none fails. Texts are UTF-16, finished
 // and translated; lengths of texts are in UTF-16 units, and a line ends with CR LF. In texts of menus,
@@ -10,8 +10,9 @@
 //
 // While a question, a dialog or a menu stands open, the call that opened it has not returned and the main
 // loop does not turn. Posted events, timer events and paint events of both windows go on arriving. Keys,
-// mouse events and commands of the main window do not; the command that a menu is left with comes after the
-// menu has gone.
+// mouse events and commands of the main window do not; the command that was chosen in a menu comes after the
+// menu has gone. Files may still be dropped: MainWindow::OnDrop opens none while MainWindowPort::TakesInput
+// is false, and says so in the log.
 
 #include <cstddef>
 #include <cstdint>
@@ -108,8 +109,8 @@ class ControlsPort {
   /// where it can stand. All are minutes of the day.
   virtual void SetScrollBar(const TCBase::Program::ViewScrollInfo& info) = 0;
   /// The slider goes from 0 to `maximum`, with a mark every `tick`; 0 leaves the marks as they are. `page` is
-  /// how far a click beside the thumb moves it before it tells of that, which nobody sees: the application
-  /// puts it to its own place.
+  /// how far a click beside the thumb moves it. Nobody sees that distance, since the application sets a
+  /// position of its own when the slider tells of the click.
   virtual void SetSliderRange(Control slider, std::int32_t maximum, std::int32_t page, std::int32_t tick) = 0;
   /// `position` is within the range.
   virtual void SetSliderPosition(Control slider, std::int32_t position) = 0;
@@ -128,7 +129,8 @@ class LogPanePort {
 
   /// Writes the text behind the last one, wherever the caret stands, and scrolls to its end. The caret stands
   /// there afterwards and nothing is selected; what was selected has taken the colour, unless it is AsBefore.
-  /// A pane that holds more than `most` units is emptied first; the colour stays.
+  /// A pane that holds more than `most` units is emptied first; the colour stays. Apart from `most`, a pane
+  /// can hold kLogPaneLimit units, a limit that the shell sets when it makes the control.
   virtual void Append(std::u16string_view text, LogColor color, std::size_t most) = 0;
 };
 

@@ -2,7 +2,7 @@
 
 namespace app {
 
-/// Whether a running demo matters to a command, a menu or a control.
+/// When a command may be given, a menu opens or a control is enabled.
 enum class When { Always, WithoutDemo, DuringDemo };
 
 constexpr bool Allows(When when, bool demoRuns) {
