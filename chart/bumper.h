@@ -12,8 +12,9 @@
 
 namespace misc {
 
-/// Elapsed time by `now`, the time of the present frame in seconds, which its owner moves on once a pass of
-/// the main loop: all bumpers of one frame see the same instant, and asking them reads no clock.
+/// Elapsed time as `now` tells it, the time of the present frame in seconds. The owner of `now` moves it on
+/// once in each turn of the main loop. So all bumpers of one frame see the same instant, and asking them
+/// reads no clock.
 class TimerCore_MiscVal {
  public:
   /// `now` outlives the timer and all copies of it.
@@ -143,14 +144,14 @@ extern template class BumperT<timer_base::TimerFeatures<TimerCore_Counter>>;
 extern template class BumperSequenceBase<FrameBumper>;
 extern template class BumperFader<FrameBumper>;
 
-/// The value of a popup: fades in, stays, fades out, and pulses as it does.
+/// The value of a popup. It fades in, stays and fades out, and pulses all the while.
 class BumperPulsedFader {
  public:
-  /// `now` as with its bumpers.
+  /// `now` is that of TimerCore_MiscVal, and outlives the fader.
   BumperPulsedFader(float low_, float high_, float pulseAmplitude_, const double& now);
 
-  /// A value that goes from `low` to `high` and back as `fader` goes from 0 to 1 and back. The pulse lies
-  /// within the product and so fades with the rest.
+  /// Goes from `low` to `high` and back as `fader` goes from 0 to 1 and back. The pulse is added to the
+  /// height before `fader` scales that, and so it fades with the rest.
   float Value();
 
   float low;

@@ -12,8 +12,8 @@
 
 namespace UX {
 
-/// The second of the day at which the cursor of a demo at `position` stands: the demo goes by the second, its
-/// cursor by the whole minute.
+/// The second of the day at which the cursor stands while the demo is at `position`. The demo advances by the
+/// second, its cursor by the whole minute.
 std::int32_t CursorSecond(std::int32_t position);
 
 class DemoCursor {
@@ -21,9 +21,9 @@ class DemoCursor {
   /// What the scene refers to outlives the cursor.
   explicit DemoCursor(const ChartScene& scene) : scene_(scene) {}
 
-  /// Draws what a demo shows at this moment; nothing while none runs. All of it is
-  /// sent to its place anew by each frame, a tenth of a second away. Leaves the channels' brushes with
-  /// opacities of its own.
+  /// Draws the cursor and the dots of a running demo; nothing while none runs. Each frame sends them anew to
+  /// where the demo is, and they take a tenth of a second to get there. The channels' brushes have other
+  /// opacities afterwards.
   void DrawDemoCursor(Canvas& canvas);
 
  private:

@@ -1,8 +1,8 @@
 #pragma once
 
-// Writing files all or nothing: the new content is written beside the old, and takes its place when it is
-// complete on disk. Whoever reads the file, and a process that is killed at any moment, leaves or finds the
-// one or the other, whole.
+// Writing files all or nothing. The new content is written beside the old file, and takes its place when it
+// is complete on disk. So whoever reads the file finds the old content or the new one, whole, even if the
+// process that writes is killed.
 //
 // Some files cannot be swapped: those with hard links, which would part from each other, those whose folder
 // takes no new files, and those that are mounted by themselves. They are written in place, after a copy of
@@ -69,9 +69,9 @@ class FileCalls {
   /// name, which the old file may bear afterwards.
   virtual FileCallResult Replace(const std::filesystem::path& from, const std::filesystem::path& to,
                                  const std::filesystem::path& backup) = 0;
-  /// Renames a file; what bears the name `to` goes.
+  /// Renames a file. It replaces a file that has the name `to` already.
   virtual FileCallResult Move(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
-  /// A file that is absent is removed.
+  /// Removes a file. That there is none is no failure.
   virtual FileCallResult Remove(const std::filesystem::path& path) = 0;
   /// Makes renames in a folder last through a loss of power, as well as the platform can.
   virtual void FlushFolder(const std::filesystem::path& folder) = 0;
@@ -83,9 +83,11 @@ std::unique_ptr<FileCalls> SystemFileCalls();
 }  // namespace platform
 
 /// Makes `bytes` the content of the file at `path`; permissions stay, and so do hard links, and symbolic
-/// links on the way. Returns 0, or the C library's number of the error. After an error the old file is whole
-/// and nothing else is left, with two exceptions: a stream may have taken a part, and so may a file that had
-/// to be written in place; then `kept` names a copy of the new content. `kept` is left alone otherwise; it
-/// may be null. Waits a second for somebody who holds the file.
+/// links on the way. Returns 0, or the C library's number of the error. Waits a second for somebody who holds
+/// the file.
+///
+/// After an error the old file is whole and nothing else is left, with two exceptions. A stream may have
+/// taken a part of the new content. So may a file that had to be written in place: then `kept`, unless it is
+/// null, names a copy of the new content. Otherwise `kept` stays as it was.
 int ReplaceFileBytes(platform::FileCalls& calls, const std::filesystem::path& path, std::string_view bytes,
                      std::filesystem::path* kept = nullptr);

@@ -38,8 +38,8 @@ void TakeAnswer(UDPSocket& socket, const std::string& probe, std::vector<DeviceI
   found.push_back(std::move(device));
 }
 
-// Name services may take long to say that they know nothing, and anybody can have them asked by answering
-// from port zero: so they are given `patience` each. What they say after that is lost.
+// Name services may take long to say that they know nothing, and anybody can have them asked by answering the
+// search from port zero. So each is given `patience`, and an answer that comes later is lost.
 std::optional<std::string> LookUp(const Ipv4Address& address, std::chrono::milliseconds patience) {
   std::packaged_task<std::optional<std::string>()> ask([address] { return platform::HostNameOf(address); });
   std::future<std::optional<std::string>> answer = ask.get_future();
@@ -48,9 +48,9 @@ std::optional<std::string> LookUp(const Ipv4Address& address, std::chrono::milli
   return answer.get();
 }
 
-// Names a controller after its host if the network knows one. The text that is looked up has a port behind
-// the address, and only a bare address is: so a controller keeps the name by which it reported, and which it
-// wants to see in its frames. Whoever takes the port out of the text breaks that.
+// Names a controller after its host if the network knows one. But the address text ends with the port, unless
+// that is zero, and ParseAddress takes none with a port, so nothing is looked up. That must stay so: a
+// controller wants to see in its frames the name by which it reported. Do not take the port out of the text.
 void FindHostName(DeviceInfo& device, std::chrono::milliseconds patience) {
   const std::string addressText = platform::AddressText(device.address);
   LogStatus(Message("Trying to find hostname for {1}...", addressText));

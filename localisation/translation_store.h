@@ -2,8 +2,8 @@
 
 // All texts that a user sees, in all languages: one tree of them, looked up by their English wording.
 //
-// The document (resources/translations.xml) and the translators' exchange file, which holds one language. In
-// both, a line break is written as the four characters \r\n. A second document
+// Two kinds of files hold them: the document (resources/translations.xml), and the translators' exchange file
+// with one language. In both, a line break is written as the four characters \r\n. A second document
 // (resources/translations-more.xml) has the form of the first and holds further keys; only the first says
 // which languages there are:
 //
@@ -31,8 +31,8 @@
 #include "OvkLib/src/ovk_xml.h"
 #include "common/message.h"
 
-/// The translations and the language in use. English is no language of the tree: it is built in under the id
-/// kEnglish, and each key is its own text there.
+/// The translations and the language in use. English is not in the tree. It is built in under the id
+/// kEnglish, and each key is its own English text.
 ///
 /// The store is also a recorder: in any other language, a key that it is asked for and does not know is
 /// added, so that an export offers translators all that the program has said. Nothing of that is kept when
@@ -46,7 +46,7 @@ class TranslationStore final : public Translator {
 
   /// The number of the document among the resources of kind "XML".
   static constexpr int kDocumentResource = 131;
-  /// That of the second document.
+  /// The number of the second document among them.
   static constexpr int kMoreResource = 135;
 
   /// The one of the process, from the documents that are built into the program. It is made at the first
@@ -56,7 +56,7 @@ class TranslationStore final : public Translator {
   /// A store of its own, from the bytes of the documents. It begins with English. A first document that is no
   /// XML counts as none: the store then knows only English, and nothing is reported. The keys of the second
   /// document stand behind those of the first; it adds no language, a key that the first has too is passed
-  /// over, and one that is no XML adds nothing.
+  /// over, and a second document that is no XML adds nothing.
   explicit TranslationStore(std::string_view document, std::string_view more = {});
   TranslationStore(const TranslationStore&) = delete;
   TranslationStore& operator=(const TranslationStore&) = delete;
@@ -73,17 +73,17 @@ class TranslationStore final : public Translator {
   std::string GetLanguageId() const;
 
   /// The languages besides English, in the order of the Language menu: children "language" with the
-  /// attributes "id", "name" and "author", any of which a document may leave out. No
-  /// lookup changes it, only loading one does, and its caller may. Take texts out of it as std::string: a
-  /// copied ovk::string shares its memory with the tree.
+  /// attributes "id", "name" and "author", any of which a document may leave out. Looking a
+  /// text up never changes it; loading a language does, and the caller may. Take texts out of it as
+  /// std::string: a copied ovk::string shares its memory with the tree.
   ovk::xml::element& GetLanguages();
 
   /// The text for `key` (UTF-8) in the language in use: up to its first zero byte, and `key` itself if there
   /// is none. Any thread.
   std::string Translate(std::string_view key) override;
 
-  /// Longest exchange file that is read: eighty times one of all texts of the program. Its tree takes up
-  /// to forty times as much memory.
+  /// The longest exchange file that is read. A file with all texts of the program has an eightieth of that.
+  /// The tree of a file takes up to forty times the memory of its bytes.
   static constexpr std::size_t kMostExchangeBytes = std::size_t{4} * 1024 * 1024;
 
   /// Adds a language from an exchange file, or its texts to one that is there. Texts of keys that the store
@@ -103,8 +103,8 @@ class TranslationStore final : public Translator {
   /// The whole tree, which shares nothing with the store.
   ovk::xml::element CopyTree() const;
 
-  /// The same tree as the two documents that it came from. What was recorded and the languages are in the
-  /// first; the second has no entries if there was no second document.
+  /// A copy of the tree, divided into the two documents that it came from. What was recorded and the
+  /// languages are in the first; the second has no entries if there was no second document.
   struct Documents {
     ovk::xml::element document;
     ovk::xml::element more;

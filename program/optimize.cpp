@@ -35,8 +35,8 @@ bool OptimizeModeTo(Mode& mode, int maxSteps) {
   bool found = true;
   while (found && remover.MergedSteps() > maxSteps) {
     const StepRemoval cheapest = remover.Cheapest();
-    // 49 merged steps need a channel of at least ten, so that none is left only under a lower limit than
-    // theirs.
+    // While more than ten merged steps are left, one of the five channels has more than two and can lose one.
+    // So there is always a step to remove unless the limit is below ten.
     found = cheapest.step >= 0;
     if (found) remover.Remove(cheapest);
   }
