@@ -73,9 +73,9 @@ class TranslationStore final : public Translator {
   std::string GetLanguageId() const;
 
   /// The languages besides English, in the order of the Language menu: children "language" with the
-  /// attributes "id", "name" and "author", any of which a document may leave out. Looking a
-  /// text up never changes it; loading a language does, and the caller may. Take texts out of it as
-  /// std::string: a copied ovk::string shares its memory with the tree.
+  /// attributes "id", "name" and "author", any of which a document may leave out. Looking a text
+  /// up never changes it; loading a language does, and the caller may. Take texts out of it as std::string: a
+  /// copied ovk::string shares its memory with the tree.
   ovk::xml::element& GetLanguages();
 
   /// The text for `key` (UTF-8) in the language in use: up to its first zero byte, and `key` itself if there

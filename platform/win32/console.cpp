@@ -67,8 +67,8 @@ std::optional<std::string> ReadInputLine(std::size_t most) {
   return line;
 }
 
-// A line from the console that does not show. Its own keys edit it; Ctrl+C ends the program, and the shell
-// puts the console right.
+// Reads a line that the console does not show. The console's own keys edit it. If Ctrl+C ends the program
+// here, the shell has the console show what is typed again.
 std::optional<std::string> TypeSecret() {
   constexpr DWORD kRoom = 1024;
   const HANDLE console = GetStdHandle(STD_INPUT_HANDLE);

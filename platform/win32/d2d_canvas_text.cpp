@@ -1,4 +1,4 @@
-// Texts, and labels: pictures of them.
+// Texts, and labels, which are pictures of texts.
 
 #include <algorithm>
 #include <cmath>
@@ -12,8 +12,8 @@ namespace win32 {
 
 namespace {
 
-// Transparent pink below the channels' names, transparent light gray below the axes' numbers: what shows of
-// it is nothing.
+// Transparent pink below the channels' names, transparent light gray below the axes' numbers. Nothing of
+// either is seen.
 constexpr D2D1_COLOR_F kNameGround{1.0F, 192.0F / 255.0F, 203.0F / 255.0F, 0.0F};
 constexpr D2D1_COLOR_F kAxisGround{211.0F / 255.0F, 211.0F / 255.0F, 211.0F / 255.0F, 0.0F};
 
@@ -21,7 +21,7 @@ bool IsChannelName(UX::Label label) {
   return label >= UX::Label::FirstChannelName;
 }
 
-// Percent labels are drawn in a run and share a context: whether another one follows.
+// Whether another percent label follows this one. They are made one after the other and share a context.
 bool IsFollowed(UX::Label label) {
   return label >= UX::PercentLabel(10) && label < UX::PercentLabel(100);
 }

@@ -19,7 +19,7 @@ namespace win32 {
 
 namespace {
 
-// What WM_COMMAND has for its code when TranslateAccelerator sends it, and no control.
+// The code of a WM_COMMAND that TranslateAccelerator sends. It names no control.
 constexpr WORD kFromAccelerator = 1;
 
 LRESULT Finish(app::Outcome outcome, const Event& event) {
@@ -34,8 +34,8 @@ SIZE WorkArea(HWND window) {
   return {monitor.rcWork.right - monitor.rcWork.left, monitor.rcWork.bottom - monitor.rcWork.top};
 }
 
-// A size in units as pixels. Where that is magnified it stays within the screen, which may not hold so many
-// units.
+// Turns a size in units into pixels. On a magnified screen there may be no room for so many units: then the
+// size is cut to the room that there is, but not below as many pixels as units.
 SIZE SizeOnScreen(HWND window, int width, int height) {
   const Scale scale(window);
   const SIZE free = WorkArea(window);

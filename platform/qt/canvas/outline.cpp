@@ -12,14 +12,15 @@ namespace qt {
 
 namespace {
 
-// Points of a piece; the fastest of those tried (bench/qt_chart_bench.cpp).
+// Points of a piece: the number that was fastest of those tried (bench/qt_chart_bench.cpp).
 constexpr std::size_t kPiece = 4;
 
-// A figure with so many points that go to and fro is drawn without smooth edges. Nobody could tell its edges
-// apart, and smooth ones would take seconds.
+// A figure of more points than this that go to and fro is drawn without smooth edges. Nobody could tell its
+// edges apart, and smooth ones would take seconds.
 constexpr std::size_t kTangle = 500;
 
-// Pixels from the end of a piece that the next one begins at, so that it makes the corner between them.
+// A piece begins this many pixels before the end of the piece before it, so that the corner between the two
+// is drawn.
 constexpr double kOverlap = 4.0;
 
 QPointF Moved(UX::Point point, UX::Point offset) {
@@ -30,7 +31,7 @@ bool IsHigher(UX::Point a, UX::Point b) {
   return a.y < b.y;
 }
 
-// The point on the way from `to` back to `from`, near `to`.
+// The point on the line that lies kOverlap before `to`; `from` if the line is shorter than that.
 QPointF ShortlyBefore(QPointF from, QPointF to) {
   const QPointF way = from - to;
   const double length = std::hypot(way.x(), way.y());
@@ -41,7 +42,8 @@ QPointF ShortlyBefore(QPointF from, QPointF to) {
 std::optional<QLineF> PartWithin(const QLineF& line, const QRectF& reach) {
   double begin = 0.0;
   double end = 1.0;
-  const auto cut = [&](double way, double room) {  // room: how far the side is off, in the way's direction
+  // Cuts at a side of `reach`. The line begins `room` inside of that side and goes `way` towards it.
+  const auto cut = [&](double way, double room) {
     if (way == 0.0) return room >= 0.0;
     (way < 0.0 ? begin : end) = way < 0.0 ? std::max(begin, room / way) : std::min(end, room / way);
     return begin <= end;
@@ -151,7 +153,8 @@ void Outline::StrokeInPieces(QPainter& painter, const QPen& pen) {
   painter.setRenderHint(QPainter::Antialiasing, smooth);
 }
 
-// An inside is cut by one side after the other. What goes along a side is outside of what is seen.
+// Cuts the inside at one side of `reach` after the other. The edges that this makes run along the sides,
+// where they are not seen.
 void Outline::CutTo(const QRectF& reach) {
   const auto cut = [this](auto inside, auto crossing) {
     uncut_.swap(points_);
@@ -204,7 +207,7 @@ bool Outline::IsTangled() const {
   return points_.size() > kTangle && !GoesRight();
 }
 
-// If the way back is level, every upright cut leaves two contours like it.
+// Where the way back to the first point is level, an upright cut makes two contours that are like that, too.
 bool Outline::IsBelowACurve() const {
   return points_.front().y() == points_.back().y() && GoesRight();
 }

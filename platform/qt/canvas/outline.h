@@ -22,19 +22,21 @@ namespace qt {
 /// Draws the contours of figures; keeps its memory from one to the next.
 class Outline {
  public:
-  /// Takes over a contour, moved by `offset`. Of the points that follow each other in one column only the
-  /// first, the farthest up and down and the last are kept, which cover the same pixels: so a contour costs
-  /// no more than the columns that it runs through, however many points it has.
+  /// Takes over a contour, moved by `offset`. Of the points that follow each other in one column it keeps the
+  /// first, the highest, the lowest and the last; these cover the same pixels. So a contour costs no more
+  /// than the columns that it runs through, however many points it has.
   void SetStroke(std::span<const UX::Point> points, bool closed, UX::Point offset);
-  /// The same for an inside, which has no use for the farthest.
+  /// The same for a contour that is filled. The highest and the lowest point of a column are not needed then.
   void SetFill(std::span<const UX::Point> points, UX::Point offset);
 
   /// The rectangle around the points; empty without any.
   QRectF Bounds() const;
 
-  /// What is outside `reach` is left out: Qt cuts far points off too, but takes time with their square.
+  /// Draws what is within `reach`. Qt would leave out the rest by itself, but takes time with the square of
+  /// the points that lie far off.
   void Stroke(QPainter& painter, const QPen& pen, const QRectF& reach);
-  /// `columns`: device pixels a unit, for cuts that fall between two of them; 0 for a device without pixels.
+  /// The same for the inside. `columns` is the number of the device's pixels to a unit, so that cuts can fall
+  /// between two of them; 0 for a device without pixels.
   void Fill(QPainter& painter, const QColor& color, const QRectF& reach, double columns);
 
  private:

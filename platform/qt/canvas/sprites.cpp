@@ -13,7 +13,8 @@ namespace qt {
 
 namespace {
 
-// More looks than two frames have: what a demo's dots take as they grow must not drive out the markers.
+// More looks than two frames have. The dots of a demo take new looks as they grow, and these must not drive
+// out those of the markers.
 constexpr std::size_t kMostSprites = 48;
 // Pixels of the device; a larger shape is better drawn than copied.
 constexpr double kLargestSprite = 96.0;
@@ -38,7 +39,7 @@ std::optional<Box> BoxOf(const UX::Shape& shape) {
   return Box{box->x, box->y, box->width, box->height, false};
 }
 
-// Pixels that a sprite has around its box, for the stroke and for the parts of pixels.
+// Pixels that a sprite has around its box, for the stroke and for a box that begins within a pixel.
 int MarginOf(const SpriteLook& look, double scale) {
   return 2 + static_cast<int>(std::ceil(look.strokeWidth * scale / 2.0));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-// Small shapes that come many times in a frame, as the step markers do: drawn once and put in place as
-// pictures from then on. User interface thread.
+// Small shapes that come many times in a frame, such as the step markers. Each is drawn once, and is put in
+// place as a picture from then on. User interface thread.
 
 #include <QColor>
 #include <QImage>
@@ -17,13 +17,13 @@ namespace qt {
 
 /// What a small shape looks like, wherever it is.
 struct SpriteLook {
-  bool round = false;  // an ellipse in the box, or the box itself
+  bool round = false;  // an ellipse in the box; otherwise the box itself
   float width = 0.0F;  // of the box
   float height = 0.0F;
-  float strokeWidth = 0.0F;  // 0: filled
+  float strokeWidth = 0.0F;  // 0 for a shape that is filled
   QRgb color = 0;
-  // The box begins so many 256ths into a pixel of the device. Steps stand on whole pixels, so all of one look
-  // share one picture.
+  // Where the box begins within a pixel of the device, in 256ths. Steps stand on whole pixels, so all steps
+  // of one look share one picture.
   int xPart = 0;
   int yPart = 0;
 
@@ -35,8 +35,8 @@ class Sprites {
   /// `scale` is the number of the device's pixels to a unit.
   explicit Sprites(double scale);
 
-  /// Draws a circle or a rectangle; false, and nothing drawn, if the shape is another or large. With
-  /// `strokeWidth` 0 it is filled.
+  /// Draws a circle or a rectangle, filled if `strokeWidth` is 0. False, and nothing is drawn, if the shape
+  /// is another one or too large.
   bool Draw(QPainter& painter, const UX::Shape& shape, UX::Point offset, const QColor& color,
             float strokeWidth);
 

@@ -68,7 +68,7 @@ void SvgCanvas::BeginFrame() {
 }
 
 std::string SvgCanvas::Document(std::int32_t width, std::int32_t height) const {
-  // Corners are as sharp as on the screen, and texts as wide as their blanks.
+  // The miter limit makes corners as sharp as on the screen.
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
          "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\"" +
          SizeOf(width, height) + " viewBox=\"0 0 " + std::to_string(width) + ' ' + std::to_string(height) +
@@ -149,10 +149,11 @@ void SvgCanvas::DrawLayout(UX::Brush brush) {
 
 void SvgCanvas::SetTextLine(const QTextLine& line, UX::Brush brush) {
   QString text = text_->layout->text().mid(line.textStart(), line.textLength());
-  while (!text.isEmpty() && text.back().isSpace()) text.chop(1);  // what ended the line among them
+  while (!text.isEmpty() && text.back().isSpace()) text.chop(1);  // the line's end is one of them
   if (text.isEmpty()) return;
   const UX::Font& font = fonts_[static_cast<std::size_t>(text_->format)];
-  // Where there is no Tahoma, a reader would take letters with serifs if it were not told.
+  // Blanks count, as on the screen. Without the second font a reader that has no Tahoma would take one with
+  // serifs.
   drawn_ += "<text xml:space=\"preserve\" font-family=\"Tahoma, sans-serif\"" +
             Attribute("font-size", font.size) + (font.bold ? " font-weight=\"700\"" : "") +
             Attribute("y", static_cast<float>(line.y() + line.ascent()) * text_->scale) +

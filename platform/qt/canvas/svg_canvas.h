@@ -1,7 +1,7 @@
 #pragma once
 
-// UX::Canvas as an SVG document. Texts stay texts, and what is cut off in a picture of pixels is cut off here
-// too, which Qt's own SVG generator does not do.
+// UX::Canvas as an SVG document. Texts stay texts. What a picture of pixels cuts off is cut off here, too;
+// Qt's own SVG generator does not do that.
 
 #include <array>
 #include <cstddef>

@@ -9,10 +9,12 @@ namespace qt {
 
 namespace {
 
-// Pixels of the device. Qt divides from some hundred spans on, of which a row has three or more.
+// Rows of the device's pixels. Qt divides a shape among threads if it has some hundred spans or more; a row
+// has three of them or more.
 constexpr double kFewRows = 24.0;
 
-// What of `bounds` the painter can reach, out to whole pixels of the device: so it comes in place exactly.
+// The part of `bounds` that the painter can reach, grown to whole pixels of the device. So the picture of it
+// lands exactly in its place.
 QRect ReachedPixels(const QPainter& painter, const QRectF& bounds, double scale) {
   const QRectF reach = painter.worldTransform().inverted().mapRect(QRectF(painter.viewport()));
   const QRectF reached = bounds.intersected(reach);

@@ -1,8 +1,8 @@
 #pragma once
 
-// Large shapes in a colour that is not opaque. Qt hands the pixels of such a shape to other threads in bits,
-// and waits for them longer than the pixels take; so it is drawn opaque aside, and put in place as a whole.
-// User interface thread.
+// Large shapes in a colour that is not opaque. Qt divides the pixels of such a shape among threads, and waits
+// for these longer than the pixels take. So the shape is drawn opaque into a picture of its own, which is
+// then put in place as a whole. User interface thread.
 
 #include <QColor>
 #include <QImage>
@@ -19,9 +19,10 @@ class TranslucentShapes {
   /// `scale` is the number of the device's pixels to a unit.
   explicit TranslucentShapes(double scale);
 
-  /// Whether a shape within `bounds` is better drawn by this. A few rows of pixels are not divided.
+  /// Whether a shape within `bounds` is better drawn by this. Qt does not divide a few rows of pixels.
   bool IsFor(const QRectF& bounds, const QColor& color) const;
-  /// Has `draw` draw a shape within `bounds`, opaque, with the painter and in the colour that it is given.
+  /// Draws a shape within `bounds`. `draw` is called to draw it, with the painter and the opaque colour that
+  /// it is to use.
   void Draw(QPainter& painter, const QRectF& bounds, const QColor& color,
             const std::function<void(QPainter&, const QColor&)>& draw);
 
