@@ -49,8 +49,8 @@ inline constexpr int kPower = 1038;
 
 struct ControlRow : dialogs::ControlTemplate {
   Control control;
-  bool translated = false;   // the text goes through Translate
-  bool moves = true;         // the control is placed anew when the window changes size
+  bool translated = false;  // the text goes through Translate
+  bool moves = true;        // the control is placed anew when the window changes size
   // When a control without a command is enabled; of the others the command's row tells.
   When when = When::Always;
 };
