@@ -6,7 +6,8 @@ AppState::AppState(const Shell& shell)
     : chartInput({shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout,
                   demoState, shownHints}),
       renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout, demoState, now})),
-      shell_(shell) {}
+      window_(shell.mainWindow),
+      settings_(shell.settings) {}
 
 void AppState::BuildControls(const Shell& shell, std::span<const Command> commands) {
   const auto refresh = [this](Parts parts) { Refresh(parts); };
@@ -19,9 +20,8 @@ void AppState::BuildControls(const Shell& shell, std::span<const Command> comman
 
 void AppState::Refresh(Parts parts) {
   const auto has = [parts](Parts part) { return (parts & part) != 0; };
-  const bool logs = shell_.settings.LoggingEnabled();
-  if (has(part::kMenusInDemo)) menuBar->RefreshNow(0, logs);
-  if (has(part::kMenusAtRest)) menuBar->RefreshNow(-1, logs);
+  if (has(part::kMenusInDemo)) menuBar->RefreshNow(0, settings_.LoggingEnabled());
+  if (has(part::kMenusAtRest)) menuBar->RefreshNow(-1, settings_.LoggingEnabled());
   if (has(part::kTexts)) menuBar->ApplyTexts();
   if (has(part::kTexts)) ctrls->TranslateLabels();
   if (has(part::kDemo | part::kTexts)) ctrls->ShowDemoStatus(demoState);
@@ -37,7 +37,7 @@ void AppState::Refresh(Parts parts) {
   if (has(part::kPlaces)) renderer->Relayout();
   if (has(part::kChart)) chartInput.InvalidateChart();
   if (has(part::kLane)) chartInput.InvalidateLane(selection.channel);
-  if (has(part::kFocus)) shell_.mainWindow.TakeFocus();
+  if (has(part::kFocus)) window_.TakeFocus();
 }
 
 TCBase::Program::Mode& AppState::CurrentMode() {

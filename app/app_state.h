@@ -32,7 +32,8 @@
 namespace app {
 
 struct AppState {
-  /// Builds what there is before any window. The worker thread runs from here on. `shell` outlives the state.
+  /// Builds what there is before any window. The worker thread runs from here on. The parts of `shell`
+  /// outlive the state.
   explicit AppState(const Shell& shell);
   AppState(const AppState&) = delete;
   AppState& operator=(const AppState&) = delete;
@@ -74,7 +75,8 @@ struct AppState {
   TCBase::OperationContext JobContext() { return {demoState, worker.StopToken()}; }
 
  private:
-  const Shell& shell_;
+  MainWindowPort& window_;
+  Settings& settings_;
 };
 
 }  // namespace app
