@@ -14,12 +14,13 @@ endfunction()
 
 # lumarine_headers(NAME HEADERS a.h ... [LINK lib ...])
 #
-# Some headers of a folder's library, for those that must not have the whole of it.
+# Some of a folder's headers, for those that must not have its whole library.
 function(lumarine_headers name)
   cmake_parse_arguments(LIB "" "" "HEADERS;LINK" ${ARGN})
   add_library(${name} INTERFACE)
   target_link_libraries(${name} INTERFACE lumarine_options ${LIB_LINK})
   lumarine_public_headers(${name} INTERFACE ${LIB_HEADERS})
+  lumarine_judged(${name})
 endfunction()
 
 function(lumarine_public_headers name scope)

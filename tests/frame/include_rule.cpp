@@ -9,20 +9,29 @@
 namespace {
 
 // They look at all folders of the program, and none of those looks at them.
-constexpr std::array<std::string_view, 3> kOnlookers = {"tests/", "bench/", "fuzz/"};
+constexpr auto kOnlookers = std::to_array<std::string_view>({"tests/", "bench/", "fuzz/"});
+
+// What a build for another system may leave out. It is judged in the builds that have it.
+constexpr auto kOfSomeSystems =
+    std::to_array<std::string_view>({"platform/", "OvkLib/src/UWP/", "simulator/main.cpp"});
 
 // The rooms of the platform's own headers.
-constexpr std::array<std::string_view, 6> kPlatformRooms = {"platform/", "OvkLib/src/UWP/", "tests/desktop/",
-                                                            "tests/qt/", "bench/qt_chart_bench.cpp",
-                                                            // How much a block on the heap really takes.
-                                                            "bench/xml_bench.cpp"};
+constexpr auto kPlatformRooms = std::to_array<std::string_view>({
+    "platform/",
+    "OvkLib/src/UWP/",
+    "tests/desktop/",
+    "tests/qt/",
+    "bench/qt_chart_bench.cpp",
+    // How much a block on the heap really takes.
+    "bench/xml_bench.cpp",
+});
 
-// Headers of others that no library of CMake's brings to the folder.
+// Headers of others that no library of CMake's brings to what stands there.
 struct Others {
   std::string_view folder;
   std::string_view header;
 };
-constexpr std::array<Others, 13> kOthers = {{
+constexpr auto kOthers = std::to_array<Others>({
     {"OvkLib/", "emmintrin.h"},  // the processor's own, of every compiler
     {"tests/", "gtest/"},
     {"tests/", "gmock/"},
@@ -34,7 +43,7 @@ constexpr std::array<Others, 13> kOthers = {{
     {"bench/", "pugixml.hpp"},
     {"bench/", "tinyxml2.h"},
     {"fuzz/", "hidapi/"},
-}};
+});
 
 bool IsStandard(const std::string& header) {
   // Those of C++20; the ones of C only by their names in C++.
@@ -81,8 +90,15 @@ bool IsOfOthers(std::string_view path, std::string_view header) {
   });
 }
 
-bool Holds(const std::set<std::string>& headers, std::string_view header) {
+bool Holds(const std::vector<std::string>& headers, std::string_view header) {
   return std::ranges::any_of(headers, [&](const std::string& name) { return Names(name, header); });
+}
+
+// Up to a word that is a colon, or to the end.
+std::vector<std::string> Words(std::istream& stream) {
+  std::vector<std::string> words;
+  for (std::string word; stream >> word && word != ":";) words.push_back(word);
+  return words;
 }
 
 }  // namespace
@@ -93,38 +109,34 @@ IncludeRule::IncludeRule(std::istream& lines) : roots_(kOnlookers.begin(), kOnlo
   std::string line;
   while (std::getline(lines, line)) {
     std::istringstream words(line);
-    std::string folder;
-    words >> folder;
-    folders_[folder].insert(std::istream_iterator<std::string>(words), {});
-    roots_.insert(folder.substr(0, folder.find('/')) + "/");
+    const std::vector<std::string> files = Words(words);
+    const auto headers = std::make_shared<const Headers>(Words(words));
+    for (const std::string& file : files) {
+      files_[file] = headers;
+      roots_.insert(file.substr(0, file.find('/')) + "/");
+    }
   }
 }
 
-const IncludeRule::Folder* IncludeRule::FolderOf(std::string_view path) const {
-  for (std::size_t end = path.rfind('/'); end != std::string_view::npos; end = path.rfind('/')) {
-    path = path.substr(0, end);
-    const auto found = folders_.find(path);
-    if (found != folders_.end()) return &found->second;
-  }
-  return nullptr;
+const IncludeRule::Headers* IncludeRule::HeadersFor(std::string_view path) const {
+  const auto found = files_.find(path);
+  return found == files_.end() ? nullptr : found->second.get();
 }
 
 std::string IncludeRule::FaultOfOurs(std::string_view path, std::string_view header) const {
   if (Begins(kOnlookers, path)) return {};
   if (Begins(kOnlookers, header)) return "which is for tests only";
-  if (const Folder* const folder = FolderOf(path)) {
-    const bool allowed = folder == FolderOf(header) || Holds(*folder, header);
-    return allowed ? "" : "which no library that its folder links gives it";
-  }
-  // Folders of another system are judged in the builds for that.
-  return path.starts_with("platform/") ? "" : "but stands in no folder of the architecture";
+  if (const Headers* const headers = HeadersFor(path))
+    return Holds(*headers, header) ? "" : "which is no header of what its library or program links";
+  return Begins(kOfSomeSystems, path) ? "" : "but is itself in no library and no program";
 }
 
 std::string IncludeRule::Fault(std::string_view path, const std::string& header, bool quoted) const {
   if (Begins(roots_, header)) return FaultOfOurs(path, header);
   if (quoted) return "not a path from the project's root";
   if (IsStandard(header) || IsOfOthers(path, header)) return {};
-  if (const Folder* const folder = FolderOf(path); folder != nullptr && Holds(*folder, header)) return {};
+  if (const Headers* const headers = HeadersFor(path); headers != nullptr && Holds(*headers, header))
+    return {};
   return IsInPlatformRoom(path) ? "" : "a platform's or a stranger's, outside the rooms of these";
 }
 

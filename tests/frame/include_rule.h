@@ -1,13 +1,14 @@
 #pragma once
 
-// Which folder may include which header, and where a platform's headers may stand: docs/architecture.md as a
-// check. What our folders may have of each other and of other people's libraries is what CMake lets them link
-// (cmake/LumarineIncludes.cmake).
+// Which file may include which header, and where a platform's headers may stand: docs/architecture.md as a
+// check. What our libraries and programs may have of each other and of other people's libraries is what CMake
+// lets them link (cmake/LumarineIncludes.cmake).
 
 #include <filesystem>
 #include <functional>
 #include <istream>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -15,8 +16,9 @@
 
 class IncludeRule {
  public:
-  /// Reads lines "FOLDER HEADER ...": what the folder may include, beside all that is its own. A header that
-  /// ends with a slash stands for all below it. Folders that the build at hand leaves out have no line.
+  /// Reads lines "FILE ... : HEADER ...", one for each library and program: its files, and what each of them
+  /// may include. A header that ends with a slash stands for all below it. What the build at hand leaves out
+  /// has no line.
   explicit IncludeRule(std::istream& lines);
 
   /// Judges the include lines of one file. `path` is relative to the project's root, with forward slashes;
@@ -27,14 +29,14 @@ class IncludeRule {
   std::vector<std::filesystem::path> ProjectSources(const std::filesystem::path& root) const;
 
  private:
-  using Folder = std::set<std::string>;  // what its files may include
+  using Headers = std::vector<std::string>;
 
   /// What is wrong with an include, or nothing.
   std::string Fault(std::string_view path, const std::string& header, bool quoted) const;
   std::string FaultOfOurs(std::string_view path, std::string_view header) const;
-  /// The folder in which a file is, the inner one if one is within another; nullptr if it has no line.
-  const Folder* FolderOf(std::string_view path) const;
+  /// What a file may include; nullptr if it is in no line.
+  const Headers* HeadersFor(std::string_view path) const;
 
-  std::map<std::string, Folder, std::less<>> folders_;
+  std::map<std::string, std::shared_ptr<const Headers>, std::less<>> files_;  // shared by those of one line
   std::set<std::string, std::less<>> roots_;  // the project's own first folders, with a slash
 };

@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
+
+#include "tests/support/files.h"
 
 namespace {
 
@@ -14,10 +14,12 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 // Of the program, as this build links it.
-IncludeRule RuleOfTheBuild() {
-  std::ifstream lines(LUMARINE_INCLUDE_RULE);
-  EXPECT_TRUE(lines) << LUMARINE_INCLUDE_RULE;
-  return IncludeRule(lines);
+const IncludeRule& RuleOfTheBuild() {
+  static const IncludeRule rule = [] {
+    std::istringstream lines(BytesOf(LUMARINE_INCLUDE_RULE));
+    return IncludeRule(lines);
+  }();
+  return rule;
 }
 
 // The faults of a file that has this one line.
@@ -27,18 +29,15 @@ std::vector<std::string> Faults(std::string_view path, std::string_view line) {
 
 TEST(IncludeRule, HoldsForEveryFileOfTheProject) {
   const std::filesystem::path root = LUMARINE_SOURCE_DIR;
-  const IncludeRule rule = RuleOfTheBuild();
+  const IncludeRule& rule = RuleOfTheBuild();
   const auto files = rule.ProjectSources(root);
   ASSERT_GT(files.size(), 400U) << "the sources were not found";
   for (const auto& file : files) {
-    std::ifstream stream(root / file, std::ios::binary);
-    ASSERT_TRUE(stream) << file;
-    const std::string source((std::istreambuf_iterator<char>(stream)), {});
-    EXPECT_THAT(rule.Faults(file.generic_string(), source), IsEmpty());
+    EXPECT_THAT(rule.Faults(file.generic_string(), BytesOf(root / file)), IsEmpty());
   }
 }
 
-TEST(IncludeRule, AFolderMayIncludeItselfAndWhatItsLibraryLinks) {
+TEST(IncludeRule, ALibraryMayIncludeItselfAndWhatItLinks) {
   EXPECT_THAT(RuleOfTheBuild().Faults("devices/worker.cpp",
                                       "#include \"devices/worker.h\"\n"
                                       "#include <vector>\n"
@@ -51,8 +50,8 @@ TEST(IncludeRule, AFolderMayIncludeItselfAndWhatItsLibraryLinks) {
 TEST(IncludeRule, AFaultIsToldWithItsLine) {
   EXPECT_THAT(
       Faults("program/program.h", "#pragma once\n#include \"devices/worker.h\"\n"),
-      ElementsAre("program/program.h:2 includes devices/worker.h, which no library that its folder links "
-                  "gives it"));
+      ElementsAre("program/program.h:2 includes devices/worker.h, which is no header of what its library or "
+                  "program links"));
 }
 
 struct Leak {
@@ -72,14 +71,16 @@ TEST_P(Leaks, AreFound) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    OfFolders, Leaks,
+    OfOurs, Leaks,
     ::testing::Values(
         Leak{"OvkLib/src/ovk_text.cpp", "common/log.h"}, Leak{"program/step.cpp", "devices/worker.h"},
         Leak{"localisation/translation_store.cpp", "program/program.h"},
         Leak{"chart/bumper.cpp", "devices/worker.h"}, Leak{"dialogs/dialog.cpp", "chart/canvas.h"},
         Leak{"app/commands.cpp", "platform/win32/menu.h"}, Leak{"cli/main.cpp", "platform/win32/menu.h"},
         Leak{"cli/edit.cpp", "app/commands.h"}, Leak{"cli/edit.cpp", "chart/canvas.h"},
-        Leak{"simulator/main.cpp", "app/commands.h"}, Leak{"simulator/tc421.cpp", "devices/tc421.h"},
+        Leak{"simulator/tc421sim.cpp", "app/commands.h"}, Leak{"simulator/tc421.cpp", "devices/tc421.h"},
+        Leak{"app/app_state.cpp", "app/commands.h"}, Leak{"app/app_state.h", "app/handlers/language.h"},
+        Leak{"app/commands.cpp", "app/main_window.h"}, Leak{"app/chart/chart_hit.cpp", "app/app_state.h"},
         Leak{"common/log.cpp", "tests/support/virtual_clock.h"}, Leak{"a_new_folder/x.cpp", "common/log.h"}));
 
 INSTANTIATE_TEST_SUITE_P(OfLibraries, Leaks,
@@ -99,19 +100,45 @@ TEST(IncludeRule, IncludesAreWrittenFromTheRoot) {
               ElementsAre(HasSubstr("not a path")));
 }
 
-TEST(IncludeRule, AFolderWithinAnotherHasARuleOfItsOwn) {
+TEST(IncludeRule, EachLibraryOfAFolderHasARuleOfItsOwn) {
   std::istringstream lines(
-      "app app/chart/hit.h\n"
-      "app/chart common/log.h\n"
-      "common\n");
+      "app/state.cpp app/state.h : app/state.h app/chart/hit.h common/log.h\n"
+      "app/commands.cpp app/commands.h : app/commands.h app/state.h app/chart/hit.h common/log.h\n"
+      "app/chart/hit.cpp app/chart/hit.h : app/chart/hit.h common/log.h\n"
+      "app/main.cpp : app/commands.h\n"
+      "common/log.h : common/log.h\n");
   const IncludeRule rule(lines);
-  EXPECT_THAT(rule.Faults("app/commands.cpp", "#include \"app/chart/hit.h\""), IsEmpty());
-  EXPECT_THAT(rule.Faults("app/chart/hit.cpp", "#include \"app/chart/hit.h\""), IsEmpty());
-  EXPECT_THAT(rule.Faults("app/chart/hit.cpp", "#include \"common/log.h\""), IsEmpty());
-  EXPECT_THAT(rule.Faults("app/chart/hit.cpp", "#include \"app/commands.h\""),
-              ElementsAre(HasSubstr("no library")));
-  EXPECT_THAT(rule.Faults("app/commands.cpp", "#include \"app/chart/own.h\""),
-              ElementsAre(HasSubstr("no library")));
+  struct Row {
+    const char* file;
+    std::vector<std::string> headers;  // that it may include
+  };
+  const Row rows[] = {
+      {"app/state.cpp", {"app/state.h", "app/chart/hit.h", "common/log.h"}},
+      {"app/state.h", {"app/state.h", "app/chart/hit.h", "common/log.h"}},
+      {"app/commands.cpp", {"app/state.h", "app/commands.h", "app/chart/hit.h", "common/log.h"}},
+      {"app/chart/hit.cpp", {"app/chart/hit.h", "common/log.h"}},
+      {"app/main.cpp", {"app/commands.h"}},
+      {"common/log.h", {"common/log.h"}},
+  };
+  for (const auto& [file, headers] : rows) {
+    std::vector<std::string> allowed;
+    for (const char* const header :
+         {"app/state.h", "app/commands.h", "app/chart/hit.h", "app/chart/unlisted.h", "common/log.h"}) {
+      if (rule.Faults(file, "#include \"" + std::string(header) + "\"").empty()) allowed.emplace_back(header);
+    }
+    EXPECT_EQ(allowed, headers) << file;
+  }
+}
+
+TEST(IncludeRule, AFileOfNoLibraryMayIncludeNothingOfOurs) {
+  EXPECT_THAT(Faults("app/new.cpp", "#include \"common/log.h\""), ElementsAre(HasSubstr("in no library")));
+  EXPECT_THAT(Faults("a_new_folder/x.cpp", "#include \"common/log.h\""),
+              ElementsAre(HasSubstr("in no library")));
+}
+
+TEST(IncludeRule, WhatHasNoNameIsNobodys) {
+  for (const char* const file : {"common/log.cpp", "tests/common/log_test.cpp"})
+    EXPECT_THAT(Faults(file, "#include <>"), ElementsAre(HasSubstr("outside the rooms"))) << file;
 }
 
 class PlatformHeaders : public ::testing::TestWithParam<const char*> {};
