@@ -1,7 +1,5 @@
 #include "tests/cli/command_fixture.h"
 
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <sstream>
 
@@ -10,6 +8,7 @@
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
 #include "tests/support/fake_helper.h"
+#include "tests/support/files.h"
 
 namespace {
 
@@ -151,7 +150,7 @@ std::string CommandTest::PathOf(const std::string& name) const {
 }
 
 void CommandTest::GivenFile(const std::string& name, std::string_view content) const {
-  std::ofstream(PathFromUtf8(PathOf(name)), std::ios::binary) << content;
+  FileWith(PathFromUtf8(PathOf(name)), content);
 }
 
 void CommandTest::GivenProgram(const std::string& name, const ModeListView& document) const {
@@ -164,9 +163,7 @@ void CommandTest::GivenBuiltIn(const std::string& name) const {
 }
 
 std::string CommandTest::ContentOf(const std::string& name) const {
-  std::ifstream stream(PathFromUtf8(PathOf(name)), std::ios::binary);
-  EXPECT_TRUE(stream) << name;
-  return std::string(std::istreambuf_iterator<char>(stream), {});
+  return BytesOf(PathFromUtf8(PathOf(name)));
 }
 
 bool CommandTest::Exists(const std::string& name) const {

@@ -7,11 +7,10 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <string>
 
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -34,8 +33,7 @@ std::string OutputOfShell(const std::string& line, bool inEnglish) {
   const auto child = StartChild("sh", {"-c", line}, {output, inEnglish});
   close(output);
   EXPECT_THAT(child ? AwaitChild(*child) : std::nullopt, Optional(0));
-  std::ifstream stream(file);
-  return {std::istreambuf_iterator<char>(stream), {}};
+  return BytesOf(file);
 }
 
 TEST(ChildProcess, AnswersWhatItEndsWith) {

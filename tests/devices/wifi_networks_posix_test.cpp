@@ -7,13 +7,12 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "common/log.h"
 #include "devices/wifi.h"
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -37,10 +36,9 @@ class NetworkManagerTest : public testing::Test {
 
   // nmcli does this when it is asked for adapters, and that when it is asked for networks.
   void GivenNmcli(const std::string& adapters, const std::string& list = "exit 8") const {
-    const std::filesystem::path file = folder / "nmcli";
-    std::ofstream(file) << "#!/bin/sh\necho \"$LC_ALL $*\" >>" << (folder / "asked").native()
-                        << "\ncase \"$*\" in *status) " << adapters << ";; *) " << list << ";; esac\n";
-    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    const std::string script = "#!/bin/sh\necho \"$LC_ALL $*\" >>" + (folder / "asked").native() +
+                               "\ncase \"$*\" in *status) " + adapters + ";; *) " + list + ";; esac\n";
+    std::filesystem::permissions(FileWith(folder / "nmcli", script), std::filesystem::perms::owner_all);
   }
 
   // What the user reads.
@@ -58,10 +56,7 @@ class NetworkManagerTest : public testing::Test {
     return log;
   }
 
-  std::string Asked() const {
-    std::ifstream stream(folder / "asked");
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
+  std::string Asked() const { return BytesOf(folder / "asked"); }
 
   TemporaryFolder folder;
   std::vector<TCBase::WifiNetwork> networks;

@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
+#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -72,8 +72,8 @@ QImage pictures::FromBytes(std::string_view bytes) {
 
 std::string pictures::OutputOver(std::string_view svg, const char* program, const QStringList& options) {
   const TemporaryFolder folder;
-  std::ofstream(folder / "a.svg", std::ios::binary) << svg;
-  return OutputOf(program, options + QStringList{PathText(folder / "a.svg")});
+  const std::filesystem::path file = FileWith(folder / "a.svg", svg);
+  return OutputOf(program, options + QStringList{PathText(file)});
 }
 
 QImage pictures::FromSvg(std::string_view svg) {

@@ -7,12 +7,11 @@
 
 #include <nlohmann/json.hpp>
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "common/files.h"
 #include "tests/simulator/search_frame.h"
+#include "tests/support/files.h"
 #include "tests/support/sim_network.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/virtual_clock.h"
@@ -47,10 +46,7 @@ class Tc421SimTest : public testing::Test {
   }
 
   std::string DumpFile() const { return Utf8FromPath(folder / "memory.json"); }
-  json Dump() const {
-    std::ifstream stream(PathFromUtf8(DumpFile()));
-    return json::parse(std::string(std::istreambuf_iterator<char>(stream), {}));
-  }
+  json Dump() const { return json::parse(BytesOf(PathFromUtf8(DumpFile()))); }
 
   std::ostringstream out;
   std::ostringstream err;

@@ -7,9 +7,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
+
+#include "common/files.h"
+#include "tests/support/files.h"
 
 namespace golden {
 
@@ -18,12 +19,13 @@ inline void Expect(const std::filesystem::path& path, const std::string& actual)
   const std::filesystem::path file = std::filesystem::path(LUMARINE_SOURCE_DIR) / path;
   if (std::getenv("LUMARINE_REWRITE_GOLDEN") != nullptr) {
     std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << actual;
+    FileWith(file, actual);
     return;
   }
-  std::ifstream stream(file, std::ios::binary);
-  ASSERT_TRUE(stream) << file << " is missing; set LUMARINE_REWRITE_GOLDEN to write it";
-  EXPECT_EQ(actual, std::string(std::istreambuf_iterator<char>(stream), {})) << "differs from " << file;
+  std::string expected;
+  ASSERT_TRUE(ReadFileBytes(file, expected))
+      << file << " is missing; set LUMARINE_REWRITE_GOLDEN to write it";
+  EXPECT_EQ(actual, expected) << "differs from " << file;
 }
 
 }  // namespace golden
