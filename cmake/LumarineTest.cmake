@@ -38,15 +38,20 @@ function(lumarine_test_fixture name)
   target_link_libraries(${name} PUBLIC ${FIXTURE_LINK} PRIVATE GTest::gmock Threads::Threads)
 endfunction()
 
-# lumarine_test(NAME SOURCES a_test.cpp ... LINK lib ... [THREADS [BUT filter]])
+# lumarine_test(NAME SOURCES a_test.cpp ... [ROOM lib] [LINK lib ...] [THREADS [BUT filter]])
 #
 # A unit test program of one source folder. It links that folder's library and the ports it needs, nothing
 # else: what a folder may know is proven by the linker. Every unit test runs on virtual time. The working
 # folder of a run does not matter: LUMARINE_SOURCE_DIR is where the tests find their data.
+# ROOM: a library of which all objects are linked, not only those that the tests call. So the linker finds whatever the
+# library uses and does not link.
 # THREADS: it starts some, so it runs under the thread sanitizer too; BUT names those of its tests that start none and
 # take long there.
 function(lumarine_test name)
-  cmake_parse_arguments(TEST "THREADS" "BUT" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(TEST "THREADS" "BUT;ROOM" "SOURCES;LINK" ${ARGN})
+  if(TEST_ROOM)
+    list(APPEND TEST_LINK $<LINK_LIBRARY:WHOLE_ARCHIVE,${TEST_ROOM}>)
+  endif()
   add_executable(${name} ${TEST_SOURCES})
   lumarine_test_built_soon(${name})
   lumarine_test_options(${name})

@@ -149,13 +149,4 @@ TEST(AcceleratorTable, HoldsEachKey) {
                         "key 35 32927", "key 46 32930", "key 8 32930"));
 }
 
-TEST(Events, HaveTheirNumbers) {
-  EXPECT_EQ(app::WM_LOG_PENDING, 1024U);
-  EXPECT_EQ(app::WM_SCAN_FINISHED, 1025U);
-  EXPECT_EQ(app::WM_DEVICES_CHANGED, 1026U);
-  EXPECT_EQ(app::WM_DEMO_STATE, 1027U);
-  EXPECT_EQ(app::kDemoTimer, 300);
-  EXPECT_EQ(app::kDemoTimerMilliseconds, 100);
-}
-
 }  // namespace
