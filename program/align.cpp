@@ -14,7 +14,7 @@ Channel Aligned(const Channel& source, std::int64_t interval) {
     const std::int64_t delta = std::max<std::int64_t>(MinuteOfDay(step) - position, 0);
     position += delta < interval && i != 0 ? interval : delta - delta % interval;
     // The hour wraps at midnight: no step is dropped, and nothing here looks at the end of the day.
-    SetTime(step, position * kSecondsPerMinute);
+    SetTime(step, TimeOfDayAtMinute(position));
   }
   RenumberSteps(result);
   SortSteps(result);

@@ -56,14 +56,14 @@ void CollectModeSteps(const Mode& mode, std::vector<ModeStep>& rows) {
   std::array<std::uint16_t, kMinutesPerDay> rowOfMinute;
   std::uint16_t row = 0;
   minutes.ForEach([&](std::int32_t minute) {
-    SetTime(rows[row], minute * kSecondsPerMinute);
+    SetTime(rows[row], TimeOfDayAtMinute(minute));
     rowOfMinute[static_cast<std::size_t>(minute)] = row++;
   });
 
   for (std::size_t c = 0; c < mode.channels.size(); ++c) {
     const Channel& channel = mode.channels[c];
     CurveCursor curve(channel);
-    for (ModeStep& at : rows) at.values[c] = TruncateToInt(curve.At(SecondOfDay(at)));
+    for (ModeStep& at : rows) at.values[c] = TruncateToInt(curve.At(SecondOnTheDay({at.hour, at.minute})));
     // The steps are taken from the back, so that the first of several on one minute has the last word.
     for (auto step = channel.rbegin(); step != channel.rend(); ++step) {
       if (!IsOnTheDay(*step)) continue;

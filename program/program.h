@@ -5,6 +5,7 @@
 // whole. No function of this header fails, reports or throws (but for memory), except where it says so.
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -114,20 +115,16 @@ constexpr std::int64_t SecondOfDay(const ModeStep& step) {
   return MinuteOfDay(step) * kSecondsPerMinute;
 }
 
-/// Puts a step at the minute of a second (see TimeOfDayAt).
-constexpr void SetTime(Step& step, std::int64_t second) {
-  const TimeOfDay time = TimeOfDayAt(second);
+/// Puts a Step or ModeStep at a time, or at the minute of a second (see TimeOfDayAt).
+template <class AnyStep>
+constexpr void SetTime(AnyStep& step, const TimeOfDay& time) {
   step.hour = time.hour;
   step.minute = time.minute;
 }
-constexpr void SetTime(ModeStep& step, std::int64_t second) {
-  const TimeOfDay time = TimeOfDayAt(second);
-  step.hour = time.hour;
-  step.minute = time.minute;
+template <class AnyStep>
+constexpr void SetTime(AnyStep& step, std::signed_integral auto second) {
+  SetTime(step, TimeOfDayAt(second));
 }
-
-/// A step that fades, at the minute of a second, with a fresh id.
-Step MakeStep(std::int64_t second, float value);
 
 /// Brings value and time into range: values into 0 to 100, times past the day to 23:59, before it to 00:00.
 /// A value that is not a number stays one.
@@ -164,6 +161,15 @@ void RenumberSteps(Mode& mode);
 void ForEachStep(Channel& channel, const std::function<void(Step&)>& action);
 /// The next value of the process-wide serial counter; any thread. The first is 1, so that 0 is nobody's.
 std::uint32_t NextStepId();
+
+/// A step that fades, at the minute of a second, with a fresh id.
+Step MakeStep(std::signed_integral auto second, float value) {
+  Step step;
+  SetTime(step, second);
+  step.value = value;
+  step.id = NextStepId();
+  return step;
+}
 
 // Modes.
 

@@ -16,14 +16,6 @@ std::uint32_t NextStepId() {
   return lastId.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
-Step MakeStep(std::int64_t second, float value) {
-  Step step;
-  SetTime(step, second);
-  step.value = value;
-  step.id = NextStepId();
-  return step;
-}
-
 void Normalize(Step& step) {
   if (step.value > 100.0F) step.value = 100.0F;
   if (step.value < 0.0F) step.value = 0.0F;

@@ -3,6 +3,7 @@
 // The time of day: how a second of the day falls into an hour and a minute, how long a day is, and how a time
 // is written. Nobody else takes a second apart. Nothing here fails but for memory.
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 
@@ -26,11 +27,20 @@ struct TimeOfDay {
   friend bool operator==(const TimeOfDay&, const TimeOfDay&) = default;
 };
 
-/// What a clock shows at a second; after 23:59 it begins anew. Hour and minute of a negative second are
-/// negative or 0, since divisions truncate toward zero.
-constexpr TimeOfDay TimeOfDayAt(std::int64_t second) {
-  return {static_cast<std::int32_t>(second / kSecondsPerHour % kHoursPerDay),
-          static_cast<std::int32_t>(second % kSecondsPerHour / kSecondsPerMinute)};
+/// What a clock shows so many minutes after midnight; after 23:59 it begins anew. Hour and minute of a
+/// negative number are negative or 0, since divisions truncate toward zero.
+constexpr TimeOfDay TimeOfDayAtMinute(std::signed_integral auto minute) {
+  return {static_cast<std::int32_t>(minute / kMinutesPerHour % kHoursPerDay),
+          static_cast<std::int32_t>(minute % kMinutesPerHour)};
+}
+/// The same of a second.
+constexpr TimeOfDay TimeOfDayAt(std::signed_integral auto second) {
+  return TimeOfDayAtMinute(second / kSecondsPerMinute);
+}
+
+/// The second of a time that is on the day.
+constexpr std::int32_t SecondOnTheDay(const TimeOfDay& time) {
+  return time.hour * kSecondsPerHour + time.minute * kSecondsPerMinute;
 }
 
 /// The minute from midnight on; negative or past the end of the day when the time is off the day. 64 bits
