@@ -24,10 +24,37 @@ void Assign(ovk::string& text, std::string_view value) {
   text.assign(value.data(), static_cast<std::int32_t>(value.size()));
 }
 
-// Settings are one level deep. Deeper ones, which only a foreign file has, are dropped: the indentation
-// would let the file grow with the square of their depth when it is written back.
-void Flatten(element& root) {
+// Whatever the root of the file is called, its children are taken for settings. These are one level deep.
+// Deeper ones, which only a foreign file has, are dropped: the indentation would let the file grow with the
+// square of their depth when it is written back.
+bool Read(const std::filesystem::path& file, element& root) {
+  if (!ovk::xml::load(file, root)) return false;
   for (auto& setting : root.children) setting->children.clear();
+  return true;
+}
+
+element& DeviceSetting(element& root, std::string_view tag, std::string_view id) {
+  if (element* const found = root.find_child_by_id(tag, id)) return *found;
+  element& added = root.append_child(tag);
+  Assign(added.attribute("id").value, id);
+  return added;
+}
+
+// Puts into `file` what is new or changed in `held`, which began as a copy of `read`.
+void Merge(element& file, const element& held, const element& read) {
+  for (std::int32_t i = 0; i < held.children.count(); ++i) {
+    const element& setting = *held.children[i];
+    const bool wasRead = i < read.children.count();
+    if (wasRead && setting.text == read.children[i]->text) continue;
+    const std::int32_t id = setting.find_attribute("id");
+    if (id >= 0) {
+      DeviceSetting(file, setting.name.view(), setting.attributes[id].value.view()).text = setting.text;
+    } else {
+      element& there = file.child(setting.name.view());
+      // A key that somebody merely asked for is there and empty; it is nobody's change.
+      if (wasRead || !setting.text.empty()) there.text = setting.text;
+    }
+  }
 }
 
 }  // namespace
@@ -47,13 +74,21 @@ Settings& Settings::Instance() {
 }
 
 Settings::Settings(std::filesystem::path file) : file_(std::move(file)), root_("config") {
-  // Whatever the root of the file is called, its children are taken for settings.
-  if (ovk::xml::load(file_, root_)) Flatten(root_);
+  if (Read(file_, root_)) read_ = root_;
 }
 
 bool Settings::Save() {
   const std::lock_guard guard(lock_);
-  return ovk::xml::save(file_, root_);
+  element merged;
+  if (Read(file_, merged)) {
+    Merge(merged, root_, read_);
+  } else {
+    merged = root_;
+  }
+  if (!ovk::xml::save(file_, merged)) return false;
+  root_ = merged;
+  read_.swap(merged);
+  return true;
 }
 
 std::string Settings::GetValue(std::string_view key) {
@@ -74,12 +109,7 @@ std::string Settings::GetDeviceValue(std::string_view tag, std::string_view id, 
 
 void Settings::SetDeviceValue(std::string_view tag, std::string_view id, std::string_view value) {
   const std::lock_guard guard(lock_);
-  element* setting = root_.find_child_by_id(tag, id);
-  if (setting == nullptr) {
-    setting = &root_.append_child(tag);
-    Assign(setting->attribute("id").value, id);
-  }
-  Assign(setting->text, value);
+  Assign(DeviceSetting(root_, tag, id).text, value);
 }
 
 std::int32_t Settings::DemoSpeed() {

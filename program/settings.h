@@ -1,7 +1,8 @@
 #pragma once
 
 // The program's few lasting preferences: one XML tree in memory, read when the program starts and written
-// back when it ends. Values are text, and an empty one means the same as an absent one.
+// back when it ends. Values are text, and an empty one means the same as an absent one. What other running
+// copies of the program have written meanwhile stays: only what this one changed goes into the file.
 //
 // Keys: "locale", "last_open_file" (UTF-8), "demo_speed" (seconds), "logging" ("on" or "off"); for each
 // device, told apart by the device's name for itself: "device" (the name shown) and "device_description".
@@ -35,8 +36,11 @@ class Settings {
   /// Reads `file`. If that does not give settings they start empty, without a message.
   explicit Settings(std::filesystem::path file);
 
-  /// Writes the file, all or nothing. False and a line on statusLog if that fails. Nobody but Instance()
-  /// calls it unasked.
+  /// Reads the file anew, puts in each value that is another one here than it was when it was read, and
+  /// writes the file, all or nothing. From then on the values here are those of the file. Where a value was
+  /// changed here and in another copy of the program, the last to save wins. A file that is no settings by
+  /// now is replaced by all that is held here. False and a line on statusLog if that fails. Nobody but
+  /// Instance() calls it unasked.
   bool Save();
 
   /// The text of a key. Reading a key creates it, so it stands in the file from then on.
@@ -58,5 +62,7 @@ class Settings {
   const std::filesystem::path file_;
 
   std::mutex lock_;
-  ovk::xml::element root_;  // guarded by lock_
+  // Guarded by lock_.
+  ovk::xml::element root_;
+  ovk::xml::element read_;  // root_ as the file had it; the same settings are at the same indices
 };

@@ -136,16 +136,148 @@ TEST_F(SettingsFile, ThatCannotBeWrittenIsTold) {
   EXPECT_THAT(lines.Take(), ElementsAre(HasSubstr("Error creating file " + Utf8FromPath(file_))));
 }
 
-TEST_F(SettingsFile, OfTwoRunningCopiesIsThatOfTheLastToExit) {
+// Two running copies of the program.
+
+TEST_F(SettingsFile, OfTwoRunningCopiesHasWhatEachOfThemSetInWhateverOrderTheyEnd) {
+  for (const std::string_view before :
+       {std::string_view(), std::string_view("<config><locale>en</locale><logging>off</logging></config>")}) {
+    for (const bool firstEndsFirst : {true, false}) {
+      SCOPED_TRACE(testing::Message() << before << (firstEndsFirst ? " first" : " second"));
+      fs::remove(file_);
+      if (!before.empty()) Write(before);
+      Settings first(file_);
+      Settings second(file_);
+      first.SetValue("locale", "de");
+      first.SetDeviceValue("device", "TC421-1", "Riff");
+      second.SetValue("logging", "on");
+      second.SetDeviceValue("device", "TC421-2", "Moos");
+      second.SetDeviceValue("device_description", "TC421-1", "");
+      EXPECT_TRUE((firstEndsFirst ? first : second).Save());
+      EXPECT_TRUE((firstEndsFirst ? second : first).Save());
+      Settings next(file_);
+      EXPECT_EQ(next.GetValue("locale"), "de");
+      EXPECT_TRUE(next.LoggingEnabled());
+      EXPECT_EQ(next.GetDeviceValue("device", "TC421-1", "lost"), "Riff");
+      EXPECT_EQ(next.GetDeviceValue("device", "TC421-2", "lost"), "Moos");
+      EXPECT_EQ(next.GetDeviceValue("device_description", "TC421-1", "lost"), "");
+    }
+  }
+}
+
+TEST_F(SettingsFile, OfTwoRunningCopiesHasWhereBothSetAValueThatOfTheLastToEnd) {
+  Write("<config><locale>en</locale><device id='TC421-1'>Riff</device></config>");
   Settings first(file_);
   Settings second(file_);
   first.SetValue("locale", "de");
-  second.SetValue("logging", "on");
+  second.SetValue("locale", "zh");
+  first.SetDeviceValue("device", "TC421-1", "Moos");
+  second.SetDeviceValue("device", "TC421-1", "Sand");
   EXPECT_TRUE(second.Save());
   EXPECT_TRUE(first.Save());
   Settings next(file_);
   EXPECT_EQ(next.GetValue("locale"), "de");
-  EXPECT_FALSE(next.LoggingEnabled());
+  EXPECT_EQ(next.GetDeviceValue("device", "TC421-1", "lost"), "Moos");
+}
+
+TEST_F(SettingsFile, IsNotChangedByACopyThatOnlyReadOrSetWhatWasThere) {
+  Write("<config><demo_speed>90</demo_speed><device id='TC421-1'>Riff</device></config>");
+  Settings reader(file_);
+  EXPECT_EQ(reader.GetValue("locale"), "");
+  reader.SetValue("demo_speed", "90");
+  reader.SetValue("last_open_file", "");
+  reader.SetDeviceValue("device", "TC421-1", "Riff");
+  Settings writer(file_);
+  writer.SetValue("locale", "de");
+  writer.SetValue("demo_speed", "180");
+  writer.SetValue("last_open_file", "tank.lum");
+  writer.SetDeviceValue("device", "TC421-1", "Moos");
+  ASSERT_TRUE(writer.Save());
+  const std::string written = Text();
+  EXPECT_TRUE(reader.Save());
+  EXPECT_EQ(Text(), written);
+}
+
+TEST_F(SettingsFile, LosesAValueThatOneCopyEmptied) {
+  Write("<config><last_open_file>tank.lum</last_open_file></config>");
+  Settings first(file_);
+  Settings second(file_);
+  first.SetValue("last_open_file", "");
+  EXPECT_TRUE(first.Save());
+  EXPECT_TRUE(second.Save());
+  EXPECT_EQ(Settings(file_).GetValue("last_open_file"), "");
+}
+
+TEST_F(SettingsFile, IsWhatTheCopyHoldsWhereItIsGoneOrBrokenByNow) {
+  constexpr std::string_view kOnlyText =
+      "<config>\r\n"
+      "  <locale>de</locale>\r\n"
+      "  <logging>on</logging>\r\n"
+      "</config>\r\n";
+  for (const std::string_view meanwhile : {"", "<config><locale>en</loc", "no xml"}) {
+    SCOPED_TRACE(meanwhile);
+    Write("<config><locale>de</locale></config>");
+    Settings settings(file_);
+    settings.SetValue("logging", "on");
+    meanwhile.empty() ? static_cast<void>(fs::remove(file_)) : Write(meanwhile);
+    EXPECT_TRUE(settings.Save());
+    EXPECT_EQ(Text(), kOnlyText);
+  }
+}
+
+TEST_F(SettingsFile, OfACopyThatFoundItBrokenKeepsWhatAnotherMadeOfIt) {
+  Write("no xml");
+  Settings first(file_);
+  Settings second(file_);
+  first.SetValue("locale", "de");
+  EXPECT_EQ(second.GetValue("locale"), "");
+  second.SetValue("logging", "on");
+  EXPECT_TRUE(first.Save());
+  EXPECT_TRUE(second.Save());
+  EXPECT_EQ(Text(),
+            "<config>\r\n"
+            "  <locale>de</locale>\r\n"
+            "  <logging>on</logging>\r\n"
+            "</config>\r\n");
+}
+
+TEST_F(SettingsFile, SavedAgainTakesBackNothingOfWhatAnotherCopySetMeanwhile) {
+  Settings first(file_);
+  first.SetValue("locale", "de");
+  EXPECT_TRUE(first.Save());
+  Settings second(file_);
+  second.SetValue("locale", "zh");
+  EXPECT_TRUE(second.Save());
+  first.SetValue("logging", "on");
+  EXPECT_TRUE(first.Save());
+  EXPECT_EQ(first.GetValue("locale"), "zh");
+  EXPECT_EQ(Settings(file_).GetValue("locale"), "zh");
+}
+
+// Two elements of one key, which only a foreign file has: the first is the setting.
+TEST_F(SettingsFile, OfOneCopyKeepsItsElementsInTheirOrder) {
+  Write(
+      "<other kind='x'><b>1</b><device id='A'>1</device><b>2</b><device id='A'>2</device>"
+      "<device>none</device><a/></other>");
+  Settings settings(file_);
+  EXPECT_EQ(settings.GetValue("locale"), "");
+  settings.SetDeviceValue("device", "B", "3");
+  settings.SetValue("a", "5");
+  settings.SetValue("b", "4");
+  settings.SetDeviceValue("device", "A", "6");
+  settings.GetValue("z");
+  EXPECT_TRUE(settings.Save());
+  EXPECT_EQ(Text(),
+            "<other kind='x'>\r\n"
+            "  <b>4</b>\r\n"
+            "  <device id='A'>6</device>\r\n"
+            "  <b>2</b>\r\n"
+            "  <device id='A'>2</device>\r\n"
+            "  <device>none</device>\r\n"
+            "  <a>5</a>\r\n"
+            "  <locale/>\r\n"
+            "  <device id='B'>3</device>\r\n"
+            "  <z/>\r\n"
+            "</other>\r\n");
 }
 
 // The values.
