@@ -6,6 +6,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "OvkLib/src/ovk_text.h"
+#include "common/file_lock.h"
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -79,6 +80,7 @@ Settings::Settings(std::filesystem::path file) : file_(std::move(file)), root_("
 
 bool Settings::Save() {
   const std::lock_guard guard(lock_);
+  const auto turn = platform::TakeFileLock(file_);
   element merged;
   if (Read(file_, merged)) {
     Merge(merged, root_, read_);

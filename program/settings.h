@@ -38,8 +38,10 @@ class Settings {
 
   /// Reads the file anew, puts in each value that is another one here than it was when it was read, and
   /// writes the file, all or nothing. From then on the values here are those of the file. Where a value was
-  /// changed here and in another copy of the program, the last to save wins. A file that is no settings by
-  /// now is replaced by all that is held here. False and a line on statusLog if that fails. Nobody but
+  /// changed here and in another copy of the program, the last to save wins. Of two that save at the same
+  /// moment one waits for the other, a second at most: then, or where the folder cannot be locked, it might
+  /// take back what the other one is just writing. A file that is no settings by now is replaced by all that
+  /// is held here. False and a line on statusLog if that fails. Nobody but
   /// Instance() calls it unasked.
   bool Save();
 

@@ -253,6 +253,26 @@ TEST_F(SettingsFile, SavedAgainTakesBackNothingOfWhatAnotherCopySetMeanwhile) {
   EXPECT_EQ(Settings(file_).GetValue("locale"), "zh");
 }
 
+TEST_F(SettingsFile, OfCopiesThatEndAtOnceHasWhatEachOfThemSet) {
+  constexpr int kCopies = 3;
+  for (int round = 0; round < 10; ++round) {
+    fs::remove(file_);
+    std::vector<std::thread> copies;
+    copies.reserve(kCopies);
+    for (int copy = 0; copy < kCopies; ++copy) {
+      copies.emplace_back([this, copy] {
+        Settings settings(file_);
+        settings.SetDeviceValue("device", std::to_string(copy), "Riff");
+        EXPECT_TRUE(settings.Save());
+      });
+    }
+    for (std::thread& copy : copies) copy.join();
+    Settings next(file_);
+    for (int copy = 0; copy < kCopies; ++copy)
+      EXPECT_EQ(next.GetDeviceValue("device", std::to_string(copy), "lost"), "Riff") << copy;
+  }
+}
+
 // Two elements of one key, which only a foreign file has: the first is the setting.
 TEST_F(SettingsFile, OfOneCopyKeepsItsElementsInTheirOrder) {
   Write(
