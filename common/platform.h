@@ -29,7 +29,8 @@ DateTime LocalTime();
 
 // System.
 
-/// The user's Documents folder, or nothing if the platform does not know one.
+/// The user's Documents folder, or nothing if the platform does not know one. One that the user has
+/// configured is made if it is missing, with the folders above it.
 std::optional<std::filesystem::path> DocumentsFolder();
 
 /// A view of the resource `id` of the kind `type` ("XML", "PNG") that was built into this executable; valid

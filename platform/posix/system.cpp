@@ -68,11 +68,19 @@ bool IsFolder(const fs::path& path) {
   return path.is_absolute() && fs::is_directory(path, error);
 }
 
+// The user has told where the folder is to be; that it is not there yet, or no longer, changes nothing.
+bool IsOrBecomesFolder(const fs::path& path) {
+  std::error_code error;
+  if (path.is_absolute()) fs::create_directories(path, error);
+  return IsFolder(path);
+}
+
 }  // namespace
 
 std::optional<fs::path> DocumentsFolder() {
   const fs::path home = HomeFolder();
-  for (const fs::path& folder : {ConfiguredDocuments(home), home / "Documents", home}) {
+  if (fs::path configured = ConfiguredDocuments(home); IsOrBecomesFolder(configured)) return configured;
+  for (const fs::path& folder : {home / "Documents", home}) {
     if (IsFolder(folder)) return folder;
   }
   return std::nullopt;

@@ -155,16 +155,33 @@ TEST_F(DocumentsFolder, IsDocumentsWithoutConfiguration) {
   EXPECT_EQ(platform::DocumentsFolder(), home_ / "Documents");
 }
 
-TEST_F(DocumentsFolder, IsDocumentsWhereTheConfiguredOneIsAbsentOrSenseless) {
+TEST_F(DocumentsFolder, IsMadeWhereItIsConfiguredWithTheFoldersAboveIt) {
   fs::create_directories(home_ / "Documents");
-  for (const char* line : {"XDG_DOCUMENTS_DIR=\"$HOME/absent\"\n", "XDG_DOCUMENTS_DIR=\"relative\"\n",
+  Configure("XDG_DOCUMENTS_DIR=\"$HOME/all/my papers\"\n");
+  EXPECT_EQ(platform::DocumentsFolder(), home_ / "all" / "my papers");
+  EXPECT_TRUE(fs::is_directory(home_ / "all" / "my papers"));
+  EXPECT_EQ(platform::DocumentsFolder(), home_ / "all" / "my papers") << "there now";
+}
+
+TEST_F(DocumentsFolder, IsDocumentsWhereTheConfiguredOneCannotBeMadeOrIsSenseless) {
+  fs::create_directories(home_ / "Documents");
+  ASSERT_TRUE(WriteFileBytes(home_ / "file", "in the way"));
+  for (const char* line : {"XDG_DOCUMENTS_DIR=\"$HOME/file\"\n", "XDG_DOCUMENTS_DIR=\"$HOME/file/papers\"\n",
+                           "XDG_DOCUMENTS_DIR=\"/proc/papers\"\n", "XDG_DOCUMENTS_DIR=\"relative/papers\"\n",
                            "XDG_DOCUMENTS_DIR=\"\n", "XDG_DOCUMENTS_DIR\n"}) {
     Configure(line);
     EXPECT_EQ(platform::DocumentsFolder(), home_ / "Documents") << line;
   }
+  EXPECT_FALSE(fs::exists("relative"));
+}
+
+TEST_F(DocumentsFolder, OfNoConfigurationIsNotMade) {
+  EXPECT_EQ(platform::DocumentsFolder(), home_.path());
+  EXPECT_FALSE(fs::exists(home_ / "Documents"));
 }
 
 TEST_F(DocumentsFolder, IsTheHomeFolderAtLast) {
+  Configure("XDG_DOCUMENTS_DIR=\"/proc/papers\"\n");
   EXPECT_EQ(platform::DocumentsFolder(), home_.path());
 }
 
