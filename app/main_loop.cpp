@@ -1,7 +1,5 @@
 #include "app/main_loop.h"
 
-#include "common/platform.h"
-
 namespace app {
 
 namespace {
@@ -34,7 +32,7 @@ bool TurnMainLoop(const MainLoopParts& parts) {
   } else {
     parts.renderer.Update();
     if (MayRest(parts)) {
-      platform::SleepMilliseconds(kIdleMilliseconds);
+      parts.events.AwaitEvent(kIdleMilliseconds);
     } else {
       parts.renderer.Render();
     }

@@ -22,7 +22,8 @@ struct MainLoopParts {
 };
 
 /// One turn of the main loop: takes an event, or else animates, and draws or rests. Draws in every turn while
-/// the user touches the chart, something moves by itself or a demo plays, and sleeps for 5 ms otherwise.
+/// the user touches the chart, something moves by itself or a demo plays, and rests for 5 ms otherwise, or
+/// until an event comes.
 /// False once the quit event was taken.
 ///
 /// Each turn moves `now` on. Where this loop does not turn, the main window does that: in OnSizing while the

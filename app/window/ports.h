@@ -215,6 +215,10 @@ class EventSource {
   virtual bool OfferToAccelerators() = 0;
   /// Sends the event last taken on to its window.
   virtual void Dispatch() = 0;
+  /// Nothing moves: comes back when an event waits, or when the time is over. It may come back earlier, and a
+  /// shell whose events end the wait by themselves may let the time pass. What is taken and sent on in one go
+  /// may be so within this call.
+  virtual void AwaitEvent(int milliseconds) = 0;
   /// The event last taken is the quit event. Turns without an event do not change the answer.
   virtual bool IsQuit() const = 0;
   /// What came with it.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "common/platform.h"
+
 namespace win32 {
 
 namespace {
@@ -62,6 +64,10 @@ bool EventQueue::OfferToAccelerators() {
 void EventQueue::Dispatch() {
   TranslateMessage(&event_);
   DispatchMessageW(&event_);
+}
+
+void EventQueue::AwaitEvent(int milliseconds) {
+  platform::SleepMilliseconds(milliseconds);
 }
 
 bool EventQueue::IsQuit() const {

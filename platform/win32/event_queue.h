@@ -25,6 +25,7 @@ class EventQueue final : public app::EventSource {
   bool Take() override;
   bool OfferToAccelerators() override;
   void Dispatch() override;
+  void AwaitEvent(int milliseconds) override;
   bool IsQuit() const override;
   int ExitCode() const override;
 

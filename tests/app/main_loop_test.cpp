@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "chart/bumper.h"
+#include "common/platform.h"
 #include "program/demo_state.h"
 #include "program/program.h"
 #include "tests/support/virtual_clock.h"
@@ -30,10 +31,15 @@ class ScriptedEvents final : public app::EventSource {
   }
   bool OfferToAccelerators() override { return current_ == "accelerator"; }
   void Dispatch() override { journal_.push_back("dispatch " + current_); }
+  void AwaitEvent(int milliseconds) override {
+    platform::SleepMilliseconds(milliseconds);
+    rested += milliseconds;
+  }
   bool IsQuit() const override { return current_ == "quit"; }
   int ExitCode() const override { return 7; }
 
   std::deque<std::string> queue;
+  int rested = 0;  // milliseconds
 
  private:
   std::vector<std::string>& journal_;

@@ -52,6 +52,10 @@ bool Queue::OfferToAccelerators() {
   return false;
 }
 
+void Queue::AwaitEvent(int milliseconds) {
+  platform::SleepMilliseconds(milliseconds);
+}
+
 void Queue::Dispatch() {
   // A copy: delivering may turn the loop and so take the next event.
   const Event event = current_;

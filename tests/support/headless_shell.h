@@ -41,6 +41,7 @@ class Queue final : public app::EventSource {
   bool Take() override;
   bool OfferToAccelerators() override;
   void Dispatch() override;
+  void AwaitEvent(int milliseconds) override;
   bool IsQuit() const override { return current_.kind == Event::Kind::Quit; }
   int ExitCode() const override { return current_.key; }
 

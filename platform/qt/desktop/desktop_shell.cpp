@@ -1,0 +1,25 @@
+#include "platform/qt/desktop/desktop_shell.h"
+
+#include <memory>
+
+#include "platform/qt/desktop/renderer.h"
+
+namespace qt {
+
+DesktopShell::DesktopShell() = default;
+
+app::Shell DesktopShell::Ports() {
+  const auto makeRenderer = [this](const UX::ChartScene& scene) {
+    return std::make_unique<Renderer>(scene, chartWindow_, events_);
+  };
+  return {platform_, mainWindow_, chartWindow_, controls_, logPane_,
+          menu_,     questions_,  dialogs_,     events_,   makeRenderer};
+}
+
+void DesktopShell::Connect(app::Application& application) {
+  mainWindow_.Connect(application.mainWindow);
+  chartWindow_.Connect(application.chartWindow);
+  events_.Connect(application.mainWindow);
+}
+
+}  // namespace qt
