@@ -15,6 +15,7 @@ void AppState::BuildControls(const Shell& shell, std::span<const Command> comman
   menuBar = std::make_unique<MenuBar>(shell, commands, selection);
   viewControl = std::make_unique<ViewControl>(shell.controls, program, ctrls->ZoomSlider(), refresh);
   powerControl = std::make_unique<ChannelPowerControl>(selection, undoStack, ctrls->PowerSlider(), refresh);
+  chartDescription = std::make_unique<ChartDescription>(shell.controls, selection);
   document = std::make_unique<ProgramDocument>(shell, program, undoStack, demoState, savedProgram, refresh);
 }
 

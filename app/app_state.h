@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/chart/channel_power.h"
+#include "app/chart/chart_description.h"
 #include "app/chart/chart_input.h"
 #include "app/chart/view_control.h"
 #include "app/document/program_document.h"
@@ -62,6 +63,7 @@ struct AppState {
   std::unique_ptr<MenuBar> menuBar;
   std::unique_ptr<ViewControl> viewControl;
   std::unique_ptr<ChannelPowerControl> powerControl;
+  std::unique_ptr<ChartDescription> chartDescription;
   std::unique_ptr<ProgramDocument> document;
 
   /// Builds what speaks to the window, once there is one.

@@ -167,6 +167,8 @@ void MainWindow::ShowDemoAtRest() {
 
 void ChartWindow::OnPaint() {
   state_.renderer->Render();
+  // Whatever changes the selection has the chart painted.
+  state_.chartDescription->Update();
 }
 
 void ChartWindow::Touch() {

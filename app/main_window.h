@@ -89,7 +89,7 @@ class ChartWindow {
  public:
   explicit ChartWindow(AppState& state) : state_(state) {}
 
-  /// Renders a frame.
+  /// Renders a frame, and says in words what it shows.
   void OnPaint();
   /// Keys while this window has the focus, but for those that an accelerator took: their release comes all
   /// the same. A held key is many presses and one release.

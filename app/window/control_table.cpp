@@ -19,6 +19,7 @@ constexpr dialogs::Extent Height(std::int32_t less) {
 
 constexpr bool kTranslated = true;
 constexpr bool kStays = false;
+constexpr bool kMoves = true;
 
 // A mode's name may hold a "&".
 constexpr unsigned kReadOut = trait::kSunken | trait::kAmpersands;
@@ -27,17 +28,17 @@ constexpr unsigned kReadOut = trait::kSunken | trait::kAmpersands;
 // clang-format off
 constexpr std::array<ControlRow, kControlCount> kTable{{
     {{control_id::kModeList, Kind::ListBox, {10, 10, 110, 196}, "", trait::kVerticalScrollBar},
-     Control::ModeList, false, kStays},
+     Control::ModeList, false, kStays, When::Always, TextKey("Modes")},
     {{control_id::kAddMode, Kind::Button, {10, 208, 54, 20}, "➕"},
-     Control::AddModeButton, false, kStays},
+     Control::AddModeButton, false, kStays, When::Always, TextKey("Add new mode")},
     {{control_id::kDeleteMode, Kind::Button, {66, 208, 54, 20}, "➖"},
-     Control::DeleteModeButton, false, kStays},
+     Control::DeleteModeButton, false, kStays, When::Always, TextKey("Delete mode")},
     {{control_id::kDemoStatus, Kind::Label, {10, 252, 110, 20}, "Demo controls", kReadOut},
      Control::DemoStatusLabel, kTranslated},
     {{control_id::kPlay, Kind::Button, {10, 274, 54, 20}, "▶"},
-     Control::PlayButton},
+     Control::PlayButton, false, kMoves, When::Always, TextKey("Play or pause demo")},
     {{control_id::kStop, Kind::Button, {66, 274, 54, 20}, "■"},
-     Control::StopButton},
+     Control::StopButton, false, kMoves, When::Always, TextKey("Stop demo")},
     {{control_id::kTime, Kind::Label, {10, 296, 110, 20}, "0:00", kReadOut},
      Control::TimeLabel},
     {{control_id::kPower, Kind::Label, {10, 318, 110, 20}, "[0 0 0 0 0]", kReadOut},
@@ -45,25 +46,25 @@ constexpr std::array<ControlRow, kControlCount> kTable{{
     {{0, Kind::Label, {10, 340, 110, 20}, "Channel power", kReadOut},
      Control::PowerTitleLabel, kTranslated},
     {{0, Kind::Slider, {10, 362, 110, 20}, "", trait::kTicks | trait::kDisabled},
-     Control::PowerSlider, false, true, When::WithoutDemo},
+     Control::PowerSlider, false, kMoves, When::WithoutDemo, TextKey("Channel power")},
     {{control_id::kDevicesLabel, Kind::Label, {10, Height(252), 110, 20}, "Devices", kReadOut},
      Control::DevicesLabel, kTranslated},
     {{control_id::kDeviceList, Kind::ListBox, {10, Height(230), 110, 64}, "",
       trait::kVerticalScrollBar | trait::kMultiSelection},
-     Control::DeviceList},
+     Control::DeviceList, false, kMoves, When::Always, TextKey("Devices")},
     {{control_id::kZoomLabel, Kind::Label, {10, Height(164), 110, 20}, "Zoom", kReadOut},
      Control::ZoomLabel, kTranslated},
     {{0, Kind::Slider, {10, Height(142), 110, 20}, "", trait::kTicks},
-     Control::ZoomSlider},
+     Control::ZoomSlider, false, kMoves, When::Always, TextKey("Zoom")},
     {{0, Kind::Label, {130, 10, Width(140), 20}, "mode description", kReadOut},
      Control::ModeDescription},
     {{0, Kind::Chart, {120, 30, Width(120), Height(166)}},
-     Control::ChartWindow},
+     Control::ChartWindow, false, kMoves, When::Always, TextKey("Chart")},
     {{0, Kind::ScrollBar, {130, Height(136), Width(140), 16}},
-     Control::ScrollBar},
+     Control::ScrollBar, false, kMoves, When::Always, TextKey("Shown part of the day")},
     {{0, Kind::RichText, {10, Height(110), Width(286), 100}, "",
       trait::kMultiLine | trait::kReadOnly | trait::kVerticalScrollBar},
-     Control::LogPane},
+     Control::LogPane, false, kMoves, When::Always, TextKey("Log")},
 }};
 // clang-format on
 

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "app/window/when.h"
+#include "common/message.h"
 #include "dialogs/control.h"
 
 namespace app {
@@ -53,6 +54,8 @@ struct ControlRow : dialogs::ControlTemplate {
   bool moves = true;        // the control is placed anew when the window changes size
   // When a control without a command is enabled; of the others the command's row tells.
   When when = When::Always;
+  // What assistive technology calls it where its text does not say so.
+  TextKey name = {};
 };
 
 /// Rows in the order in which the controls are made, which is that of `Control`.

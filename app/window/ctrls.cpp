@@ -48,6 +48,7 @@ void Ctrls::CreateControls() {
   for (const ControlRow& row : ControlTable()) {
     shell_.controls.Create(row, FirstText(row), row.place.In(client.width, client.height));
   }
+  NameControls();
   powerSlider_.SetPosition(kPowerSliderFirstPosition);
   shell_.platform.Do(PlatformStep::SetDefaultFont);
 }
@@ -62,6 +63,13 @@ void Ctrls::MoveControls() {
 void Ctrls::TranslateLabels() {
   for (const Control label : {Control::DevicesLabel, Control::PowerTitleLabel}) {
     shell_.controls.SetText(label, FirstText(RowOf(label)));
+  }
+  NameControls();
+}
+
+void Ctrls::NameControls() {
+  for (const ControlRow& row : ControlTable()) {
+    if (!row.name.empty()) shell_.controls.SetName(row.control, WideFromUtf8(Translate(row.name)));
   }
 }
 

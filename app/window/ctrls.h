@@ -29,7 +29,8 @@ class Ctrls {
   void CreateControls();
   /// Places all that move when the window changes size.
   void MoveControls();
-  /// After a change of language. "Zoom" stays as it was at the start.
+  /// After a change of language. "Zoom" stays as it was at the start, but for what assistive technology is
+  /// told.
   void TranslateLabels();
 
   // Modes.
@@ -77,6 +78,7 @@ class Ctrls {
   void AppendLog(std::string_view text, LogColor color);
 
  private:
+  void NameControls();
   void LogStatus(std::string_view text);
   void LogWarning(std::string_view text);
   void WakeLog();

@@ -91,6 +91,13 @@ class ControlsPort {
   virtual void SetText(Control control, std::u16string_view text) = 0;
   virtual void SetEnabled(Control control, bool enabled) = 0;
 
+  // For assistive technology, such as screen readers. Nothing of it is seen.
+
+  /// What a control without a text of its own is called.
+  virtual void SetName(Control control, std::u16string_view name) = 0;
+  /// What it shows now, in words.
+  virtual void SetDescription(Control control, std::u16string_view text) = 0;
+
   // Lists.
 
   /// These rows take the place of all that stood there, in this order.

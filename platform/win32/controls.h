@@ -34,6 +34,10 @@ class Controls final : public app::ControlsPort {
   void Move(app::Control control, const Rect& place) override;
   void SetText(app::Control control, std::u16string_view text) override;
   void SetEnabled(app::Control control, bool enabled) override;
+  /// The system's accessibility reads texts and roles of the controls by itself; names of our own it is not
+  /// told yet.
+  void SetName(app::Control, std::u16string_view) override {}
+  void SetDescription(app::Control, std::u16string_view) override {}
   void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
   std::vector<std::int32_t> SelectedRows(app::Control list) const override;
   std::int32_t CurrentRow(app::Control list) const override;

@@ -75,6 +75,9 @@ struct ControlState {
   std::int32_t page = 20;
   std::int32_t tick = 1;
   std::int32_t position = 0;
+  // For assistive technology.
+  std::u16string name = {};
+  std::u16string description = {};
 };
 
 class Controls final : public app::ControlsPort {
@@ -85,6 +88,10 @@ class Controls final : public app::ControlsPort {
   void Move(app::Control control, const Rect& place) override;
   void SetText(app::Control control, std::u16string_view text) override;
   void SetEnabled(app::Control control, bool enabled) override;
+  void SetName(app::Control control, std::u16string_view name) override { states_.at(control).name = name; }
+  void SetDescription(app::Control control, std::u16string_view text) override {
+    states_.at(control).description = text;
+  }
   void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
   std::vector<std::int32_t> SelectedRows(app::Control list) const override;
   std::int32_t CurrentRow(app::Control list) const override;

@@ -83,6 +83,14 @@ void Controls::SetEnabled(app::Control control, bool enabled) {
   if (QWidget* const widget = At(control)) widget->setEnabled(enabled);
 }
 
+void Controls::SetName(app::Control control, std::u16string_view name) {
+  if (QWidget* const widget = At(control)) widget->setAccessibleName(QtText(name));
+}
+
+void Controls::SetDescription(app::Control control, std::u16string_view text) {
+  if (QWidget* const widget = At(control)) widget->setAccessibleDescription(QtLines(text));
+}
+
 // Lists
 
 void Controls::SetRows(app::Control list, const std::vector<app::ListRow>& rows) {

@@ -29,6 +29,8 @@ class Controls final : public app::ControlsPort {
   void Move(app::Control control, const Rect& place) override;
   void SetText(app::Control control, std::u16string_view text) override;
   void SetEnabled(app::Control control, bool enabled) override;
+  void SetName(app::Control control, std::u16string_view name) override;
+  void SetDescription(app::Control control, std::u16string_view text) override;
   void SetRows(app::Control list, const std::vector<app::ListRow>& rows) override;
   std::vector<std::int32_t> SelectedRows(app::Control list) const override;
   std::int32_t CurrentRow(app::Control list) const override;
