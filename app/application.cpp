@@ -78,6 +78,7 @@ bool Application::InitInstance() {
   const Size client = shell_.mainWindow.ClientSize();
   state.chartLayout.Update(client.width, client.height);
   state.ctrls->CreateControls();
+  shell_.platform.Do(PlatformStep::ShowControls);
   state.Refresh(part::kModeList | part::kScrollBar | part::kZoomSlider);
   state.ctrls->SetDevices(state.worker.GetDevices());
   state.renderer->window = &shell_.chartWindow;

@@ -50,7 +50,8 @@ class MainWindowPort : public EventTarget {
   /// The inside: without frame, title and menu. Before the window is shown it is the size that it will be
   /// shown with, unless it comes up maximised: the controls are placed by it.
   virtual Size ClientSize() const = 0;
-  /// Shows the window as the process was asked to: in its own size, maximised, minimised. MainWindow::OnSize,
+  /// Shows the window as the process was asked to: in its own size, maximised, minimised, whether it came up
+  /// with PlatformStep::ShowControls already or not. MainWindow::OnSize,
   /// and the paint events of both windows unless they are hidden, come before this returns.
   virtual void Show() = 0;
   /// Keys go to MainWindow::OnKeyDown and OnKeyUp from now on.
@@ -244,6 +245,7 @@ enum class PlatformStep {
   PrepareChartWindow,
   CreateMainWindow,  // with its menu, not shown yet; false ends the program
   SetDefaultFont,    // on all child controls, which stand by now
+  ShowControls,      // the window may come up now, with nothing in its lists and on its chart yet
   LoadLogo,
   TakeMenu,          // MenuPort works from here on; the window is shown by now
   TakeAccelerators,  // the keys of AcceleratorTable() work from here on

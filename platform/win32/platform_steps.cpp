@@ -62,6 +62,8 @@ bool PlatformSteps::Do(app::PlatformStep step) {
     case SetDefaultFont:
       pieces_.controls.SetDefaultFont();
       break;
+    case ShowControls:
+      break;  // it comes up when it is complete
     case LoadLogo:
       pieces_.logo.Load();
       break;

@@ -28,8 +28,8 @@ namespace {
 // frame, and Qt knows a frame only once the window is there.
 constexpr int kTitleBarHeight = 30;
 
-// A display that does not show the window in this time shows it later.
-constexpr int kFirstFrameMilliseconds = 500;
+// A display that has not painted the window in this time paints it later.
+constexpr int kFrameMilliseconds = 500;
 
 std::vector<std::filesystem::path> FilesIn(const QMimeData& data) {
   std::vector<std::filesystem::path> files;
@@ -144,6 +144,11 @@ void MainWindow::Create(const QString& title) {
   mailbox_.Open(*window_);
 }
 
+void MainWindow::ShowControls() {
+  window_->show();
+  AwaitFrame();
+}
+
 void MainWindow::LoadLogo() {
   logo_ = SvgPicture::Load(resource::kLogo);
 }
@@ -191,13 +196,15 @@ void MainWindow::Show() {
   shown_ = true;
   window_->show();
   logic_->OnSize(SizeKindOf(*window_));
-  AwaitFirstFrame();
+  Inside().update();
+  AwaitFrame();
 }
 
-void MainWindow::AwaitFirstFrame() {
+void MainWindow::AwaitFrame() {
+  painted_ = false;
   QTimer patience;
   patience.setSingleShot(true);
-  patience.start(kFirstFrameMilliseconds);
+  patience.start(kFrameMilliseconds);
   while (!painted_ && patience.isActive()) {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
   }

@@ -27,6 +27,9 @@ class MainWindow final : public app::MainWindowPort {
   void Connect(app::MainWindow& logic) { logic_ = &logic; }
   /// Makes the window, not shown yet.
   void Create(const QString& title);
+  /// Shows the window before the application has filled it: the first start's half second of rest is spent
+  /// with a window on the screen.
+  void ShowControls();
   void LoadLogo();
   void DeleteLogo() { logo_.reset(); }
 
@@ -76,14 +79,14 @@ class MainWindow final : public app::MainWindowPort {
   class Background;
 
   bool Stands() const { return window_ != nullptr && !gone_; }
-  /// Lets the system make and paint the window.
-  void AwaitFirstFrame();
+  /// Lets the system make the window and paint it.
+  void AwaitFrame();
   void OnResize();
 
   app::MainWindow* logic_ = nullptr;
   std::unique_ptr<QMainWindow> window_;
   bool gone_ = false;
-  bool shown_ = false;
+  bool shown_ = false;  // by the application
   bool painted_ = false;
   int blocks_ = 0;
   std::optional<int> exitCode_;

@@ -21,6 +21,9 @@ bool PlatformSteps::Do(app::PlatformStep step) {
     case SetDefaultFont:
       pieces_.mainWindow.Inside().setFont(ControlFont());
       break;
+    case ShowControls:
+      pieces_.mainWindow.ShowControls();
+      break;
     case LoadLogo:
       pieces_.mainWindow.LoadLogo();
       break;
