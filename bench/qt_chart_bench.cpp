@@ -1,5 +1,6 @@
-// A whole frame of the chart on Qt's painter, off-screen, 900 x 600; and as the floor the five curves alone,
-// as polylines by the same painter.
+// A whole frame of the chart on Qt's painter, off-screen: at 900 x 600, as large as the chart is in main
+// windows of some sizes, and as large as these themselves. And as the floor the five curves alone, as
+// polylines by the same painter.
 
 #include <benchmark/benchmark.h>
 
@@ -7,6 +8,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPolygonF>
+#include <QSize>
 
 #include <cstdint>
 #include <cstdlib>
@@ -23,11 +25,10 @@ namespace {
 
 using namespace TCBase::Program;
 
-constexpr int kWidth = 900;
-constexpr int kHeight = 600;
-// Of the main window, around the chart's.
-constexpr int kBesideChart = 120;
-constexpr int kAroundChart = 166;
+constexpr QSize kSmall(900, 600);
+
+// What the main window has around the chart's (app/window/control_table.cpp).
+constexpr QSize kAroundChart(120, 166);
 
 void GivenQt() {
   static int count = 1;
@@ -58,11 +59,13 @@ ModeListView GivenDocument(int steps) {
 // The chart of a user who has a step selected, the mouse over a lane and a demo running.
 class Chart {
  public:
-  explicit Chart(int steps) : document_(GivenDocument(steps)) {
+  Chart(QSize size, int steps)
+      : document_(GivenDocument(steps)), image_(size, QImage::Format_ARGB32_Premultiplied) {
     GivenQt();
     selection_.channel = 1;
     selection_.step = steps / 2;
-    layout_.Update(kWidth + kBesideChart, kHeight + kAroundChart);
+    const QSize window = size + kAroundChart;
+    layout_.Update(window.width(), window.height());
     Pass();
     drawing_.Rebuild(canvas_);
     drawing_.MouseMoved(300, 130);
@@ -121,16 +124,16 @@ class Chart {
   UX::ChartLayout layout_{now_};
   UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_, demo_, now_}};
   qt::QtCanvas canvas_{qt::Surface::Pixels};
-  QImage image_{kWidth, kHeight, QImage::Format_ARGB32_Premultiplied};
+  QImage image_;
 };
 
 void WholeFrame(benchmark::State& state) {
-  Chart chart(static_cast<int>(state.range(0)));
+  Chart chart(kSmall, static_cast<int>(state.range(0)));
   for (auto _ : state) chart.DrawFrame();
 }
 
 void CurvesAlone(benchmark::State& state) {
-  Chart chart(static_cast<int>(state.range(0)));
+  Chart chart(kSmall, static_cast<int>(state.range(0)));
   for (auto _ : state) chart.DrawCurves();
 }
 
@@ -139,5 +142,29 @@ void Measured(benchmark::internal::Benchmark* bench) {
 }
 BENCHMARK(WholeFrame)->Apply(Measured);
 BENCHMARK(CurvesAlone)->Apply(Measured);
+
+// The size of a screen, whose chart has 48 steps a channel.
+
+constexpr int kSteps = 48;
+
+QSize ScreenOf(const benchmark::State& state) {
+  return {static_cast<int>(state.range(0)), static_cast<int>(state.range(1))};
+}
+
+void ChartOfWindow(benchmark::State& state) {
+  Chart chart(ScreenOf(state) - kAroundChart, kSteps);
+  for (auto _ : state) chart.DrawFrame();
+}
+
+void ChartOfWholeScreen(benchmark::State& state) {
+  Chart chart(ScreenOf(state), kSteps);
+  for (auto _ : state) chart.DrawFrame();
+}
+
+void Screens(benchmark::internal::Benchmark* bench) {
+  bench->Args({1024, 768})->Args({1920, 1080})->Args({3840, 2160})->Unit(benchmark::kMillisecond);
+}
+BENCHMARK(ChartOfWindow)->Apply(Screens);
+BENCHMARK(ChartOfWholeScreen)->Apply(Screens);
 
 }  // namespace
