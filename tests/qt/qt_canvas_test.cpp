@@ -347,8 +347,12 @@ TEST_F(QtCanvasTest, ALabelCanBeMadeWhileNothingIsDrawn) {
   EXPECT_EQ(At(20, 10), kOrange);
 }
 
-TEST_F(QtCanvasTest, ALabelIsPutOnWholePixelsAtEveryScale) {
-  for (const double scale : {1.0, 1.25, 1.37, 1.5, 2.0}) {
+// Where a widget may begin in its window, in units.
+constexpr QPointF kOrigins[] = {{0.0, 0.0}, {0.0, 30.0}, {10.6, 30.3}, {0.2, 0.45}};
+constexpr double kScales[] = {1.0, 1.25, 1.37, 1.5, 2.0};
+
+TEST_F(QtCanvasTest, ALabelIsPutOnWholePixelsAtEveryScaleWhereverTheWidgetBegins) {
+  for (const double scale : kScales) {
     Start(scale);
     canvas().SetBrush(Brush::Black, {0, 0, 0}, 1.0F);
     canvas().SetFont(UX::TextFormat::Small, {12.0F, false});
@@ -359,12 +363,71 @@ TEST_F(QtCanvasTest, ALabelIsPutOnWholePixelsAtEveryScale) {
     canvas().DrawLabel(Label::Hours);
     const QSize size(static_cast<int>(40 * scale), static_cast<int>(20 * scale));
     const QImage letters = image_.copy({{0, 0}, size});
-    for (int x = 41; x < 50; ++x) {
-      canvas().SetTransform(UX::Translation(static_cast<float>(x), 3 * static_cast<float>(x)));
-      image_.fill(Qt::white);
-      canvas().DrawLabel(Label::Hours);
-      const QPoint pixel = (QPointF(x, 3 * x) * scale).toPoint();
-      EXPECT_EQ(image_.copy({pixel, size}), letters) << scale << ", " << x;
+    for (const QPointF& origin : kOrigins) {
+      canvas_->End();
+      painter_->resetTransform();
+      painter_->translate(origin);
+      painter_->setRenderHint(QPainter::SmoothPixmapTransform);  // would blur what is not copied
+      canvas_->Begin(*painter_);
+      for (const QPointF place : {QPointF(41, 43), QPointF(42, 81), QPointF(43.4, 80.8), QPointF(44.5, 7)}) {
+        canvas().SetTransform(UX::Translation(static_cast<float>(place.x()), static_cast<float>(place.y())));
+        image_.fill(Qt::white);
+        canvas().DrawLabel(Label::Hours);
+        const QPoint pixel = ((place + origin) * scale).toPoint();
+        EXPECT_EQ(image_.copy({pixel, size}), letters)
+            << scale << ", " << pixel.x() << ", " << pixel.y() << ", " << origin.y();
+        canvas().Fill(Rectangle{0, 0, 5, 5}, Brush::Black);
+        EXPECT_EQ(image_.pixel(((place + origin + QPointF(2.5, 2.5)) * scale).toPoint()), kBlack)
+            << "the transform is as before";
+      }
+    }
+  }
+}
+
+// What is put in place as a picture is where Qt draws the shape itself.
+TEST_F(QtCanvasTest, EveryShapeIsInItsPlaceWhereverTheWidgetBegins) {
+  for (const double scale : kScales) {
+    for (const QPointF& origin : kOrigins) {
+      Start(scale);
+      canvas_->End();
+      painter_->translate(origin);
+      painter_->setRenderHint(QPainter::SmoothPixmapTransform);
+      canvas_->Begin(*painter_);
+      canvas().SetBrush(Brush::Black, {0, 0, 0}, 1.0F);
+      canvas().SetBrush(Brush::Orange, {255, 165, 0}, 0.5F);
+      Figure grid;
+      grid.AddLine({20, 10}, {20, 150});
+      grid.AddLine({10, 20.3F}, {250, 20.3F});
+      grid.AddLine({10, 10}, {60, 60});
+      const Figure area = Zigzag(48, true);
+      canvas().FillFigure(area, Brush::Orange);
+      canvas().Fill(Rectangle{30.4F, 40, 10, 10}, Brush::Black);
+      canvas().Stroke(Rectangle{60, 40, 10, 10}, Brush::Orange, 3.0F);
+      canvas().Stroke(Rectangle{100, 40, 90, 80}, Brush::Orange, 3.0F);
+      canvas().StrokeFigure(grid, Brush::Black, 0.5F);
+
+      QImage plain(image_.size(), image_.format());
+      plain.setDevicePixelRatio(scale);
+      plain.fill(Qt::white);
+      QPainter painter(&plain);
+      painter.setRenderHint(QPainter::Antialiasing);
+      painter.translate(origin);
+      const QColor orange(255, 165, 0, 128);
+      const auto pen = [](const QColor& color, double width) {
+        return QPen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+      };
+      painter.fillPath(PlainPath(area), orange);
+      painter.fillRect(QRectF(30.4, 40, 10, 10), Qt::black);
+      painter.setPen(pen(orange, 3.0));
+      painter.drawRect(QRectF(60, 40, 10, 10));
+      painter.drawRect(QRectF(100, 40, 90, 80));
+      painter.setPen(pen(Qt::black, 0.5));
+      for (const QLineF& line :
+           {QLineF(20, 10, 20, 150), QLineF(10, 20.3, 250, 20.3), QLineF(10, 10, 60, 60)})
+        painter.drawLine(line);
+      painter.end();
+      pictures::ExpectAlike(image_, plain, std::to_string(scale) + " at " + std::to_string(origin.y()),
+                            {4, 0.0});
     }
   }
 }

@@ -182,11 +182,11 @@ void Outline::CutTo(const QRectF& reach) {
   cut([&](QPointF p) { return p.y() <= reach.bottom(); }, atY(reach.bottom()));
 }
 
-void Outline::Fill(QPainter& painter, const QColor& color, const QRectF& reach, double columns) {
+void Outline::Fill(QPainter& painter, const QColor& color, const QRectF& reach, bool onPixels) {
   if (!reach.contains(Bounds())) CutTo(reach);
   if (points_.empty()) return;
-  if (columns > 0.0 && points_.size() > kPiece + 2 && IsBelowACurve()) {
-    FillBelowCurve(painter, color, columns);
+  if (onPixels && points_.size() > kPiece + 2 && IsBelowACurve()) {
+    FillBelowCurve(painter, color);
     return;
   }
   path_.clear();
@@ -212,10 +212,10 @@ bool Outline::IsBelowACurve() const {
   return points_.front().y() == points_.back().y() && GoesRight();
 }
 
-void Outline::FillBelowCurve(QPainter& painter, const QColor& color, double columns) {
+void Outline::FillBelowCurve(QPainter& painter, const QColor& color) {
   // A cut within a column of pixels would be seen.
-  const auto mayCut = [columns](const QPointF& point) {
-    const double column = point.x() * columns;
+  const auto mayCut = [toDevice = painter.deviceTransform()](const QPointF& point) {
+    const double column = toDevice.map(point).x();
     return column == std::floor(column);
   };
   const double ground = points_.front().y();

@@ -35,9 +35,8 @@ class Outline {
   /// Draws what is within `reach`. Qt would leave out the rest by itself, but takes time with the square of
   /// the points that lie far off.
   void Stroke(QPainter& painter, const QPen& pen, const QRectF& reach);
-  /// The same for the inside. `columns` is the number of the device's pixels to a unit, so that cuts can fall
-  /// between two of them; 0 for a device without pixels.
-  void Fill(QPainter& painter, const QColor& color, const QRectF& reach, double columns);
+  /// The same for the inside. On pixels, cuts fall between two columns of the painter's device.
+  void Fill(QPainter& painter, const QColor& color, const QRectF& reach, bool onPixels);
 
  private:
   void StrokeWithin(QPainter& painter, const QPen& pen, const QRectF& reach);
@@ -48,7 +47,7 @@ class Outline {
   bool GoesRight() const;
   bool IsTangled() const;
   bool IsBelowACurve() const;
-  void FillBelowCurve(QPainter& painter, const QColor& color, double columns);
+  void FillBelowCurve(QPainter& painter, const QColor& color);
 
   std::vector<QPointF> points_;
   bool closed_ = false;

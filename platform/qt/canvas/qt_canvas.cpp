@@ -57,7 +57,7 @@ void QtCanvas::End() {
 
 void QtCanvas::UseStage(QPainter& painter) {
   painter.setRenderHint(QPainter::Antialiasing);
-  stage_ = {&painter, painter.worldTransform(), UX::kIdentity, {}, false};
+  stage_ = {&painter, painter.worldTransform(), DevicePixels(painter), UX::kIdentity, {}, false};
 }
 
 void QtCanvas::SetBrush(UX::Brush brush, UX::Color color, float opacity) {
@@ -99,10 +99,21 @@ QRectF QtCanvas::Reach() const {
       QRectF(stage_.painter->viewport()).marginsAdded({kRoom, kRoom, kRoom, kRoom}));
 }
 
+bool QtCanvas::DrawSprite(const UX::Shape& shape, const QColor& color, float strokeWidth) {
+  return IsOnPixels() &&
+         sprites_.Draw(*stage_.painter, stage_.pixels, shape, stage_.offset, color, strokeWidth);
+}
+
+void QtCanvas::DrawLine(const UX::Line& line, const QColor& color, float width) {
+  if (IsOnPixels() && sprites_.DrawLine(*stage_.painter, stage_.pixels, line, stage_.offset, color, width))
+    return;
+  lines_.emplace_back(At(line.from), At(line.to));
+}
+
 template <class Draw>
 void QtCanvas::Paint(const QRectF& bounds, const QColor& color, Draw draw) {
   if (IsOnPixels() && translucentShapes_.IsFor(bounds, color)) {
-    translucentShapes_.Draw(*stage_.painter, bounds, color, draw);
+    translucentShapes_.Draw(*stage_.painter, stage_.pixels, bounds, color, draw);
   } else {
     draw(*stage_.painter, color);
   }
@@ -131,7 +142,7 @@ void QtCanvas::MakePath(const UX::Shape& shape) {
 
 void QtCanvas::Fill(const UX::Shape& shape, UX::Brush brush) {
   const QColor& color = ColorOf(brush);
-  if (IsOnPixels() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, 0.0F)) return;
+  if (DrawSprite(shape, color, 0.0F)) return;
   if (const auto* const box = std::get_if<UX::Rectangle>(&shape)) {
     stage_.painter->fillRect({At({box->x, box->y}), QSizeF(box->width, box->height)}, color);
     return;
@@ -143,7 +154,7 @@ void QtCanvas::Fill(const UX::Shape& shape, UX::Brush brush) {
 
 void QtCanvas::Stroke(const UX::Shape& shape, UX::Brush brush, float width) {
   const QColor& color = ColorOf(brush);
-  if (IsOnPixels() && sprites_.Draw(*stage_.painter, shape, stage_.offset, color, width)) return;
+  if (DrawSprite(shape, color, width)) return;
   MakePath(shape);
   const QMarginsF margins(width, width, width, width);
   Paint(path_.boundingRect() + margins, color, [&](QPainter& painter, const QColor& paint) {
@@ -156,7 +167,7 @@ void QtCanvas::FillFigure(const UX::Figure& figure, UX::Brush brush) {
   if (figure.Contours().size() == 1) {
     outline_.SetFill(figure.Points(), stage_.offset);
     Paint(outline_.Bounds(), color, [this](QPainter& painter, const QColor& paint) {
-      outline_.Fill(painter, paint, Reach(), IsOnPixels() ? scale_ : 0.0);
+      outline_.Fill(painter, paint, Reach(), IsOnPixels());
     });
     return;
   }
@@ -172,12 +183,13 @@ void QtCanvas::FillFigure(const UX::Figure& figure, UX::Brush brush) {
 }
 
 void QtCanvas::StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) {
-  const QPen pen = PenOf(ColorOf(brush), width, surface_);
+  const QColor& color = ColorOf(brush);
+  const QPen pen = PenOf(color, width, surface_);
   lines_.clear();
   for (const auto& contour : figure.Contours()) {
     const auto points = figure.PointsOf(contour);
     if (IsSingleLine(contour)) {
-      lines_.emplace_back(At(points.front()), At(points.back()));
+      DrawLine({points.front(), points.back()}, color, width);
     } else {
       outline_.SetStroke(points, contour.closed, stage_.offset);
       outline_.Stroke(*stage_.painter, pen, Reach());
@@ -224,13 +236,22 @@ void QtCanvas::EndLabel() {
   stage_ = stageBefore_;
 }
 
+void QtCanvas::DrawPixels(const QPointF& origin, const QImage& pixels) {
+  if (IsOnPixels()) {
+    const QPoint leftTop = stage_.pixels.FromUnits().map(origin).toPoint();
+    stage_.pixels.Copy(*stage_.painter, leftTop, pixels, pixels.rect());
+  } else {
+    stage_.painter->drawImage(origin, pixels);
+  }
+}
+
 void QtCanvas::DrawLabel(UX::Label label) {
   LabelPicture& picture = labels_[static_cast<std::size_t>(label)];
   const QPointF origin = At({});
   if (surface_ == Surface::Vectors) {
     if (!picture.vectors.isNull()) PlayPicture(*stage_.painter, origin, picture.vectors);
   } else if (!picture.pixels.isNull()) {
-    stage_.painter->drawImage(origin, picture.pixels);
+    DrawPixels(origin, picture.pixels);
   }
 }
 

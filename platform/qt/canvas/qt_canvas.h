@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "chart/canvas.h"
+#include "platform/qt/canvas/device_pixels.h"
 #include "platform/qt/canvas/outline.h"
 #include "platform/qt/canvas/sprites.h"
 #include "platform/qt/canvas/text_layouts.h"
@@ -59,6 +60,7 @@ class QtCanvas final : public UX::Canvas {
   struct Stage {
     QPainter* painter = nullptr;
     QTransform base;
+    DevicePixels pixels;  // under `base`
     UX::Transform transform;
     UX::Point offset;    // added to coordinates
     bool moved = false;  // the painter has more than `base`
@@ -73,14 +75,22 @@ class QtCanvas final : public UX::Canvas {
     return {double{point.x} + stage_.offset.x, double{point.y} + stage_.offset.y};
   }
   /// Whether what is drawn on has pixels, and where they are is known.
-  bool IsOnPixels() const { return surface_ == Surface::Pixels && !stage_.moved; }
+  bool IsOnPixels() const {
+    return surface_ == Surface::Pixels && !stage_.moved && stage_.pixels.AreToUnit(scale_);
+  }
   void UseStage(QPainter& painter);
   /// Beyond this nothing is seen; in the coordinates that the painter takes.
   QRectF Reach() const;
+  /// Draws a shape as a picture, if it is one of those that are drawn so.
+  bool DrawSprite(const UX::Shape& shape, const QColor& color, float strokeWidth);
+  /// Draws a line, or adds it to those that are drawn together.
+  void DrawLine(const UX::Line& line, const QColor& color, float width);
   /// Has `draw` draw with a painter and a colour.
   template <class Draw>
   void Paint(const QRectF& bounds, const QColor& color, Draw draw);
   void MakePath(const UX::Shape& shape);
+  /// Puts a label in place.
+  void DrawPixels(const QPointF& origin, const QImage& pixels);
 
   const Surface surface_;
   const double scale_;

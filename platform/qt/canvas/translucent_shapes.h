@@ -14,6 +14,8 @@ class QPainter;
 
 namespace qt {
 
+class DevicePixels;
+
 class TranslucentShapes {
  public:
   /// `scale` is the number of the device's pixels to a unit.
@@ -22,8 +24,8 @@ class TranslucentShapes {
   /// Whether a shape within `bounds` is better drawn by this. Qt does not divide a few rows of pixels.
   bool IsFor(const QRectF& bounds, const QColor& color) const;
   /// Draws a shape within `bounds`. `draw` is called to draw it, with the painter and the opaque colour that
-  /// it is to use.
-  void Draw(QPainter& painter, const QRectF& bounds, const QColor& color,
+  /// it is to use. `pixels` are the painter's.
+  void Draw(QPainter& painter, const DevicePixels& pixels, const QRectF& bounds, const QColor& color,
             const std::function<void(QPainter&, const QColor&)>& draw);
 
  private:
