@@ -21,7 +21,8 @@ constexpr auto kPlatformRooms = std::to_array<std::string_view>({
     "OvkLib/src/UWP/",
     "tests/desktop/",
     "tests/qt/",
-    "bench/qt_chart_bench.cpp",
+    "tests/qt_desktop/",
+    "bench/qt_",
     // How much a block on the heap really takes.
     "bench/xml_bench.cpp",
 });
