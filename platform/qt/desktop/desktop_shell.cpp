@@ -1,12 +1,17 @@
 #include "platform/qt/desktop/desktop_shell.h"
 
+#include <QApplication>
+
 #include <memory>
 
 #include "platform/qt/desktop/renderer.h"
 
 namespace qt {
 
-DesktopShell::DesktopShell() = default;
+DesktopShell::DesktopShell() {
+  // The application tells when it is over.
+  QApplication::setQuitOnLastWindowClosed(false);
+}
 
 app::Shell DesktopShell::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {

@@ -53,8 +53,9 @@ class MainWindow::Frame final : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override {
-    event->ignore();
     if (window_.Stands()) window_.logic_->OnClose();
+    // A session that ends asks in this way, too, and goes on ending only if nobody refuses.
+    event->setAccepted(!window_.Stands());
   }
 
   void changeEvent(QEvent* event) override {
@@ -88,9 +89,8 @@ class MainWindow::Frame final : public QMainWindow {
 // The inside. Mouse events come here where no control is, or one that is greyed.
 class MainWindow::Background final : public QWidget {
  public:
-  Background(MainWindow& window, QWidget* parent) : QWidget(parent), window_(window) {
-    setFocusPolicy(Qt::ClickFocus);
-  }
+  // It has the focus when it is given it; a click leaves the focus where it is.
+  Background(MainWindow& window, QWidget* parent) : QWidget(parent), window_(window) {}
 
  protected:
   void resizeEvent(QResizeEvent*) override { window_.OnResize(); }
@@ -137,6 +137,7 @@ void MainWindow::Create(const QString& title) {
     window_->setWindowIcon(icon->AsIcon());
   }
   window_->setCentralWidget(new Background(*this, window_.get()));
+  Inside().setFocus(Qt::OtherFocusReason);
   window_->setMinimumSize(app::kLeastWindowWidth, app::kLeastWindowHeight - kTitleBarHeight);
   const QSize room = window_->screen()->availableSize();
   const QSize wanted(app::kWindowWidth, app::kWindowHeight);
