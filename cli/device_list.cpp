@@ -38,22 +38,29 @@ void AwaitPass(TCBase::Worker& worker) {
   reached->get_future().wait();
 }
 
+// Controllers on USB.
+struct Plugged {
+  std::vector<DeviceInfo> devices;
+  bool forbidden = false;  // there are others, of which the user has read that they may not be opened
+};
+
 // Looks at once, and then until there is one or `seconds` have passed.
-std::vector<DeviceInfo> LookFor(double seconds) {
+Plugged LookFor(double seconds) {
   TCBase::Worker worker(TCBase::Discovery::AtOnce);
   const timer_base::TimerFeatures<TimerCore_Counter> waited;
-  std::vector<DeviceInfo> devices;
+  Plugged found;
   do {
     AwaitPass(worker);
-    devices = worker.GetDevices();
-  } while (devices.empty() && waited.Now() < seconds);
-  return devices;
+    found = {worker.GetDevices(), !worker.GetForbiddenDevices().empty()};
+  } while (found.devices.empty() && waited.Now() < seconds);
+  return found;
 }
 
-std::vector<DeviceInfo> FindDevices(double wait) {
-  const std::vector<DeviceInfo> devices = LookFor(wait);
+Plugged FindDevices(double wait) {
+  const Plugged found = LookFor(wait);
+  const bool nothing = found.devices.empty() && !found.forbidden;
   // A worker looks every five seconds: a new one sees what came since the last look.
-  return devices.empty() && wait > 0.0 ? LookFor(0.0) : devices;
+  return nothing && wait > 0.0 ? LookFor(0.0) : found;
 }
 
 // What is on the network, sorted, with a word for the user if that could not be found out.
@@ -94,7 +101,7 @@ void Print(const Session& session, const ListArguments& arguments, const std::ve
 
 ExitStatus List(const Session& session, const ListArguments& arguments) {
   if (arguments.trace) session.status.Trace();
-  std::vector<DeviceInfo> devices = FindDevices(arguments.wait);
+  auto [devices, forbidden] = FindDevices(arguments.wait);
   if (arguments.scan) {
     const std::vector<DeviceInfo> found = ScanNetwork(session);
     devices.insert(devices.end(), found.begin(), found.end());
@@ -102,6 +109,7 @@ ExitStatus List(const Session& session, const ListArguments& arguments) {
   }
   Print(session, arguments, devices);
   if (!devices.empty()) return ExitStatus::Success;
+  if (forbidden) return ExitStatus::OperationFailed;
   session.status.Print(Message("No controller found. \"--device emulator\" works without one.").utf8());
   // A look that finds nothing has done its work; to have waited in vain is a failure.
   return arguments.wait > 0.0 || arguments.scan ? ExitStatus::NoDevice : ExitStatus::Success;

@@ -22,6 +22,7 @@ ExitStatus ExitStatusOf(OperationResult result) {
     case OperationResult::PortTaken:
     case OperationResult::NoAnswer:
       return ExitStatus::NoDevice;
+    case OperationResult::Forbidden:
     case OperationResult::Failed:
     case OperationResult::Cancelled:
       break;
@@ -33,8 +34,7 @@ ExitStatus ExitStatusOf(OperationResult result) {
 void ExplainConnectError(const Session& session, const DeviceInfo& info) {
   session.status.Print(
       Message(
-          "No connection to {1}. Does \"lumarinectl devices\" list it, and does no other program hold it? "
-          "Linux keeps it to root until resources/linux/70-lumarine.rules is in /etc/udev/rules.d.",
+          "No connection to {1}. Does \"lumarinectl devices\" list it, and does no other program hold it?",
           WordOf(info))
           .utf8());
 }

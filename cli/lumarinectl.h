@@ -16,7 +16,7 @@ namespace cli {
 /// What the process answers to its caller; docs/command-line.md explains them to users.
 enum class ExitStatus : int {
   Success = 0,
-  OperationFailed = 1,  // a controller was reached and something went wrong, or the user stopped it
+  OperationFailed = 1,  // a controller is there and something went wrong, or the user stopped it
   WrongUsage = 2,       // of the command line, or a request that makes no sense for this file
   NoDevice = 3,         // nobody at the other end
   FileFailed = 4,       // a file, or standard output, that cannot be read or written

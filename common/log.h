@@ -87,7 +87,8 @@ LogChannel& Device();
 
 /// All ordinary messages.
 inline LogChannel& statusLog = log_detail::Status();
-/// Warnings: too many steps in a mode, an upload that is not confirmed, a WiFi set-up that sent nothing.
+/// Warnings: too many steps in a mode, an upload that is not confirmed, a WiFi set-up that sent nothing, a
+/// controller that this user may not open.
 inline LogChannel& warningLog = log_detail::Warning();
 /// Device traffic; untranslated.
 inline LogChannel& deviceLog = log_detail::Device();

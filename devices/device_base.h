@@ -18,8 +18,8 @@ namespace TCBase {
 /// Failures are answers, never exceptions; what went wrong stands in the device log. What became of each
 /// packet its transport tells the observer that it was made with.
 ///
-/// The virtual operations stand in three groups, in the order of their slots: the transport, the public face
-/// (traced, not overridden), and what stands behind each of its operations.
+/// The virtual operations stand in four groups, in the order of their slots: the transport, the public face
+/// (traced, not overridden), what stands behind each of its operations, and a question behind Connect.
 class DeviceBase {
  public:
   using Steps = std::vector<Program::ModeStep>;
@@ -72,6 +72,10 @@ class DeviceBase {
   virtual void DoDemoStart(const std::string& name) = 0;
   virtual void DoDemoSetChannels(const Program::ModeStep& step) = 0;
   virtual void DoDemoFinish() = 0;
+
+ public:
+  /// Behind a Connect that answered false: whether the controller is there, and this user may not open it.
+  virtual bool IsForbidden() const { return false; }
 };
 
 /// Modes that a controller can store.

@@ -3,10 +3,10 @@
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
-#include "devices/controller_models.h"
 #include "devices/shown_name.h"
 #include "devices/tc420.h"
 #include "devices/tc421.h"
+#include "devices/usb_rights.h"
 #include "program/resample.h"
 
 namespace TCBase {
@@ -50,6 +50,14 @@ std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info, OperationObserv
   }
 }
 
+void WarnOfRights(const ControllerModel& model) {
+  LogWarning(
+      Message("{1} is plugged in, but this user may not open it. This command changes that once and for "
+              "all: {2}",
+              model.name, platform::RightsCommand())
+          .utf8());
+}
+
 OperationReport WithDevice(
     const DeviceInfo& info, OperationObserver& observer,
     const std::function<OperationReport(DeviceBase& device, const ExchangeCount& count)>& operation) {
@@ -60,6 +68,10 @@ OperationReport WithDevice(
     report = operation(*device, count);
   } else {
     LogStatus(Message("Connect error"));
+    if (device->IsForbidden()) {
+      report.result = OperationResult::Forbidden;
+      WarnOfRights(ControllerModelOf(info));
+    }
   }
   report.exchange = count.Counted();
   if (report.exchange.portTaken || report.result == OperationResult::Failed) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "common/date_time.h"
+#include "devices/controller_models.h"
 #include "devices/device_base.h"
 #include "devices/device_info.h"
 #include "devices/operation_observer.h"
@@ -23,6 +24,7 @@ namespace TCBase {
 enum class OperationResult {
   Done,
   NotConnected,  // nobody at the other end
+  Forbidden,     // the controller is there, and this user may not open it
   PortTaken,     // another program has the network port
   NoAnswer,      // a network controller gave no sign of itself
   Failed,        // the controller was reached, and not all that was sent to it is confirmed
@@ -56,10 +58,14 @@ OperationResult FailureOf(const DeviceInfo& info, const Exchange& exchange);
 std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info, OperationObserver& observer = NoObserver());
 
 /// Does `operation` on a controller that is connected for it, and fills in what the report tells of the
-/// exchange. "Connect error" stands in the status log where that fails.
+/// exchange. "Connect error" stands in the status log where that fails, and WarnOfRights has been called if
+/// the result is Forbidden.
 OperationReport WithDevice(
     const DeviceInfo& info, OperationObserver& observer,
     const std::function<OperationReport(DeviceBase& device, const ExchangeCount& count)>& operation);
+
+/// Warns the user that a controller of `model` is there but may not be opened, and says what to do.
+void WarnOfRights(const ControllerModel& model);
 
 /// The steps of a mode as a controller keeps them: a TC421 those of every half hour, without jumps.
 DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode);

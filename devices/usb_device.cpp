@@ -6,6 +6,7 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "common/log.h"
 #include "common/platform.h"
+#include "devices/usb_rights.h"
 
 namespace TCBase {
 
@@ -18,6 +19,14 @@ constexpr int kMaxPolls = 40;
 // The system keeps as many for a slow reader. A controller that sends more in one go never stops.
 constexpr std::size_t kMaxReplyBytes = 64 * kReportSize;
 
+// The path of the first device that the system lists with these ids; empty if there is none.
+std::string FindPath(std::uint16_t vendor, std::uint16_t product) {
+  hid_device_info* const found = hid_enumerate(vendor, product);
+  std::string path = found != nullptr ? found->path : "";
+  hid_free_enumeration(found);
+  return path;
+}
+
 }  // namespace
 
 USBDevice::~USBDevice() {
@@ -25,9 +34,14 @@ USBDevice::~USBDevice() {
 }
 
 bool USBDevice::Connect() {
-  handle = hid_open(vendorId, productId, nullptr);
+  path_ = FindPath(vendorId, productId);
+  if (!path_.empty()) handle = hid_open_path(path_.c_str());
   // A handle that stays in blocking mode would hang on the first silent controller.
   return handle != nullptr && hid_set_nonblocking(handle, 1) == 0;
+}
+
+bool USBDevice::IsForbidden() const {
+  return !path_.empty() && !platform::MayOpenDevice(path_);
 }
 
 bool USBDevice::Write(const std::string& frame) {

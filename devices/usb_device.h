@@ -37,6 +37,8 @@ class USBDevice : public DeviceBase {
   /// handed over as one text; one without end is cut at 64 reports.
   bool Read(std::string& reply) override;
   bool SendPacket(const PacketBase& packet, int expected) override;
+  /// Looks at the rights anew each time: they come a moment after the controller.
+  bool IsForbidden() const override;
 
  protected:
   OperationObserver& Observer() const { return observer_; }
@@ -49,6 +51,7 @@ class USBDevice : public DeviceBase {
   std::uint16_t productId;
   hid_device* handle = nullptr;  // owned; null when not connected
   OperationObserver& observer_;
+  std::string path_;  // what Connect found; empty if there is no controller
 };
 
 }  // namespace TCBase

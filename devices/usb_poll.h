@@ -1,6 +1,7 @@
 #pragma once
 
-// How a controller on USB is noticed: every five seconds one of its model is opened and closed again.
+// How a controller on USB is noticed: every five seconds one of its model is opened and closed again. Also
+// how one is noticed that this user may not open.
 
 #include <functional>
 
@@ -15,14 +16,18 @@ inline constexpr double kUsbPollSeconds = 5.0;
 struct UsbPoll {
   timer_base::TimerFeatures<TimerCore_Counter> timer;  // since the end of the last poll
   bool connected = false;
-  std::function<void(bool)> onChange;  // told of each change; may be empty
+  bool forbidden = false;  // it is there, and this user may not open it
+  // Told of each change of these two, in this order; may be empty.
+  std::function<void(bool)> onChange;
+  std::function<void(bool)> onForbidden;
 
   /// Makes the next poll due at once.
   void MakeDue() { timer.Restart(kUsbPollSeconds); }
 };
 
 /// Looks for a controller of `model`, if five seconds have passed since it was last done. Blocks for as long
-/// as opening takes, and warns the user if that was more than two seconds.
+/// as opening takes, and warns the user if that was more than two seconds; and for half a second when it
+/// finds one that this user may not open.
 void PollUsb(UsbPoll& poll, const ControllerModel& model);
 
 }  // namespace TCBase

@@ -6,6 +6,7 @@
 #include "common/message.h"
 #include "common/platform.h"
 #include "devices/device_list.h"
+#include "devices/operations.h"
 
 namespace TCBase {
 
@@ -14,8 +15,8 @@ constexpr int kPassMilliseconds = 100;
 }  // namespace
 
 Worker::Worker(Discovery discovery) : listing(discovery == Discovery::AtOnce) {
-  tc420Poll.onChange = [this](bool connected) { SetConnected(ControllerModelOf(ModelTC420), connected); };
-  tc421Poll.onChange = [this](bool connected) { SetConnected(ControllerModelOf(ModelTC421USB), connected); };
+  Watch(tc420Poll, ControllerModelOf(ModelTC420));
+  Watch(tc421Poll, ControllerModelOf(ModelTC421USB));
   if (discovery == Discovery::AtOnce) {
     tc420Poll.MakeDue();
     tc421Poll.MakeDue();
@@ -35,6 +36,11 @@ void Worker::AddJob(Job job) {
 std::vector<DeviceInfo> Worker::GetDevices() const {
   const std::lock_guard lock(deviceMutex);
   return devices;
+}
+
+std::vector<DeviceInfo> Worker::GetForbiddenDevices() const {
+  const std::lock_guard lock(deviceMutex);
+  return forbidden;
 }
 
 void Worker::ReplaceNetworkDevices(const std::vector<DeviceInfo>& found) {
@@ -77,6 +83,11 @@ Worker::Job Worker::TakeJob() {
   return job;
 }
 
+void Worker::Watch(UsbPoll& poll, const ControllerModel& model) {
+  poll.onChange = [this, &model](bool connected) { SetConnected(model, connected); };
+  poll.onForbidden = [this, &model](bool isForbidden) { SetForbidden(model, isForbidden); };
+}
+
 void Worker::SetConnected(const ControllerModel& model, bool connected) {
   if (!listing) return;
   LogStatus(
@@ -84,6 +95,13 @@ void Worker::SetConnected(const ControllerModel& model, bool connected) {
   const std::lock_guard lock(deviceMutex);
   ReplaceDevices(devices, model.model, model.name, connected);
   if (window != nullptr) window->Post(message, 0, connected ? 1 : 0);
+}
+
+void Worker::SetForbidden(const ControllerModel& model, bool isForbidden) {
+  if (!listing) return;
+  if (isForbidden) WarnOfRights(model);
+  const std::lock_guard lock(deviceMutex);
+  ReplaceDevices(forbidden, model.model, model.name, isForbidden);
 }
 
 }  // namespace TCBase

@@ -43,12 +43,16 @@ class Worker {
   /// A copy of the list of known controllers, sorted; `selected` has no meaning in it. Any thread.
   std::vector<DeviceInfo> GetDevices() const;
 
+  /// The controllers that are plugged in but may not be opened by this user, in the same form. Any thread.
+  std::vector<DeviceInfo> GetForbiddenDevices() const;
+
   /// A scan of the network found these: they take the place of all network controllers in the list. Any
   /// thread.
   void ReplaceNetworkDevices(const std::vector<DeviceInfo>& found);
 
   /// From now on the list is kept and the user told when a USB controller comes or goes, and `target`, unless
   /// it is null, is posted `message` with 0 and whether it came. What came before is noted, but not listed.
+  /// The user is warned of one that may not be opened once for each time that it is plugged in.
   /// The target must outlive the worker or the next Attach. Any thread.
   void Attach(EventTarget* target, std::uint32_t message);
 
@@ -63,7 +67,9 @@ class Worker {
   void Run();
   Job TakeJob();
   // Worker thread.
+  void Watch(UsbPoll& poll, const ControllerModel& model);
   void SetConnected(const ControllerModel& model, bool connected);
+  void SetForbidden(const ControllerModel& model, bool isForbidden);
 
   std::atomic<bool> running{true};
   std::atomic<bool> listing;  // changes reach the list and the user
@@ -78,9 +84,10 @@ class Worker {
   UsbPoll tc421Poll;
 
   mutable std::mutex deviceMutex;
-  EventTarget* window = nullptr;  // guarded by deviceMutex, as are the next two
+  EventTarget* window = nullptr;  // guarded by deviceMutex, as are the next three
   std::uint32_t message = 0;
   std::vector<DeviceInfo> devices;
+  std::vector<DeviceInfo> forbidden;
 
   std::thread thread;  // last: runs as soon as it is there
 };

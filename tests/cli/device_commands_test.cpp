@@ -212,6 +212,55 @@ TEST_F(DeviceCommandsTest, AnAbsentControllerIsItsOwnFailure) {
   }
 }
 
+constexpr char kForbiddenTC420[] =
+    "TC420 is plugged in, but this user may not open it. This command changes that once and for all: sudo "
+    "lumarinectl usb-setup\n";
+
+TEST_F(DeviceCommandsTest, AControllerThatMayNotBeOpenedIsNotAnAbsentOne) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  const Words commands[] = {
+      {"upload", "@tank.xml", "--device", "tc420"},
+      {"demo", "@tank.xml", "--device", "tc420"},
+      {"sync-time", "--device", "tc420"},
+      {"clear", "--device", "tc420"},
+  };
+  for (const Words& command : commands) {
+    const Outcome outcome = Run(command);
+    EXPECT_EQ(outcome.status, kOperationFailed) << command.front();
+    EXPECT_EQ(outcome.err, std::string("Configuring device TC420\nConnect error\n") + kForbiddenTC420 +
+                               "Finished configuring device TC420\n");
+  }
+}
+
+TEST_F(DeviceCommandsTest, DevicesTellsOfOneThatMayNotBeOpenedAndDoesNotListIt) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  for (const Words& words : {Words{"devices"}, Words{"devices", "--wait", "60"}}) {
+    const Outcome outcome = Run(words);
+    EXPECT_EQ(outcome.status, kOperationFailed);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, kForbiddenTC420) << "once, and nothing of \"no controller\"";
+  }
+  EXPECT_EQ(json::parse(Run({"devices", "--json"}).out), json::array());
+  // One that can be used is what was looked for.
+  sim_hidapi::PlugIn(Family::TC421);
+  const Outcome other = Run({"devices"});
+  EXPECT_EQ(other.status, kSuccess);
+  EXPECT_EQ(other.out, "tc421     TC421\n");
+  EXPECT_THAT(other.err, HasSubstr(kForbiddenTC420));
+}
+
+TEST_F(DeviceCommandsTest, DevicesWaitsForTheRights) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  After(kForbiddenTC420, 20.0, [] { sim_hidapi::SetAllowed(Family::TC420, true); });
+  const Outcome outcome = Run({"devices", "--wait", "60"});
+  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_EQ(outcome.out, "tc420     TC420\n");
+  EXPECT_EQ(outcome.err, std::string(kForbiddenTC420) + "TC420 Device connected\n");
+}
+
 TEST_F(DeviceCommandsTest, AControllerThatIsThereIsNotSaidToBeMissing) {
   sim_hidapi::PlugIn(Family::TC420);
   for (const char* device : {"tc420", "emulator"})

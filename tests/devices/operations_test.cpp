@@ -104,6 +104,24 @@ TEST_F(OperationsTest, AControllerThatIsNotThereIsAConnectErrorInEveryOperation)
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.0);
 }
 
+TEST_F(OperationsTest, AControllerThatMayNotBeOpenedIsAConnectErrorWithAWarningInEveryOperation) {
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  const ModeListView program = TwoModes();
+  for (const auto& operation : std::initializer_list<std::function<TCBase::OperationReport()>>{
+           [&] { return SyncTimeOperation(SelectedTC420(), program, kMoment, context); },
+           [&] { return ClearAllOperation(SelectedTC420(), program, context); },
+           [&] { return UploadOperation(SelectedTC420(), program, context); },
+           [&] { return DemoOperation(SelectedTC420(), program, 60, context); }}) {
+    EXPECT_EQ(operation().result, OperationResult::Forbidden);
+    EXPECT_EQ(TakeStatus(), "Connect error\n");
+    EXPECT_EQ(TakeWarnings(),
+              "TC420 is plugged in, but this user may not open it. This command changes that once and for "
+              "all: sudo lumarinectl usb-setup\n");
+  }
+  EXPECT_EQ(TakeTrace(), "");
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.0);
+}
+
 TEST_F(OperationsTest, AfterAConnectErrorTheNextDeviceIsServed) {
   sim_hidapi::PullOut(Family::TC420);
   TCBase::UploadJob({SelectedTC420(), SelectedTC421()}, GivenProgram({}), context)();

@@ -2,9 +2,15 @@
 
 #include "devices/usb_device.h"
 
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <sstream>
+
 #include "devices/tc420.h"
 #include "devices/tc421.h"
 #include "tests/devices/device_test.h"
+#include "tests/support/files.h"
 
 namespace {
 
@@ -67,6 +73,35 @@ TEST_F(UsbDeviceTest, ADeviceThatCannotBeOpenedIsNotConnected) {
   sim_hidapi::Inject({.call = Call::Open});
   EXPECT_FALSE(TC420::Device().Connect());
   EXPECT_TRUE(TC420::Device().Connect());
+}
+
+TEST_F(UsbDeviceTest, ADeviceThatThisUserMayNotOpenIsToldApart) {
+  sim_hidapi::SetAllowed(Family::TC421, false);
+  TC421::USBDevice device;
+  EXPECT_FALSE(device.Connect());
+  EXPECT_TRUE(device.IsForbidden());
+  EXPECT_EQ(TakeTrace() + TakeStatus() + TakeWarnings(), "");
+  // The rights are looked at anew.
+  sim_hidapi::SetAllowed(Family::TC421, true);
+  EXPECT_FALSE(device.IsForbidden());
+}
+
+TEST_F(UsbDeviceTest, NoOtherFailureToConnectIsTakenForMissingRights) {
+  const auto isForbidden = [] {
+    TC420::Device device;
+    device.Connect();
+    return device.IsForbidden();
+  };
+  sim_hidapi::SetAllowed(Family::TC421, false);
+  EXPECT_FALSE(isForbidden()) << "it is the other family that may not be opened";
+  sim_hidapi::Inject({.call = Call::Open});
+  EXPECT_FALSE(isForbidden()) << "another program holds it";
+  sim_hidapi::Inject({.call = Call::SetNonblocking});
+  EXPECT_FALSE(isForbidden()) << "it was opened";
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  EXPECT_TRUE(isForbidden());
+  sim_hidapi::PullOut(Family::TC420);
+  EXPECT_FALSE(isForbidden()) << "it is not there";
 }
 
 // A read in blocking mode would wait for a silent controller for ever.
@@ -242,6 +277,23 @@ TEST(TC421Reply, OnlyTheFirstBlockOf128BytesIsLookedAt) {
   reply[68] = 'r';
   EXPECT_TRUE(TC421::IsGoodReply(reply, 0x70));
   EXPECT_FALSE(TC421::IsGoodReply(reply, 0x72));
+}
+
+// The rule that gives users the right to open controllers.
+TEST(UsbRule, NamesTheFamiliesByTheirIdsAndWhoeverIsAtTheComputer) {
+  const auto rule = [](const TCBase::UsbIds& ids) {
+    std::array<char, 128> line{};
+    std::snprintf(line.data(), line.size(),
+                  R"(KERNEL=="hidraw*", ATTRS{idVendor}=="%04x", ATTRS{idProduct}=="%04x", TAG+="uaccess")",
+                  ids.vendor, ids.product);
+    return std::string(line.data());
+  };
+  std::istringstream lines(
+      BytesOf(std::filesystem::path(LUMARINE_SOURCE_DIR) / "resources/linux/70-lumarine.rules"));
+  std::vector<std::string> rules;
+  for (std::string line; std::getline(lines, line);)
+    if (!line.starts_with('#')) rules.push_back(line);
+  EXPECT_THAT(rules, testing::ElementsAre(rule(TCBase::kTC420Ids), rule(TCBase::kTC421Ids)));
 }
 
 }  // namespace

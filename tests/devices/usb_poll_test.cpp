@@ -15,6 +15,7 @@ class UsbPollTest : public DeviceTest {
     DeviceTest::SetUp();
     poll_.timer.Reset();
     poll_.onChange = [this](bool connected) { changes_ += connected ? "+" : "-"; };
+    poll_.onForbidden = [this](bool forbidden) { changes_ += forbidden ? "!" : "."; };
   }
 
   // Polls once, five seconds after the last time.
@@ -129,6 +130,66 @@ TEST_F(UsbPollTest, APollCanBeMadeDueAtOnce) {
   poll_.MakeDue();
   TCBase::PollUsb(poll_, TCBase::ControllerModelOf(TCBase::ModelTC420));
   EXPECT_TRUE(poll_.connected);
+}
+
+// Rights.
+
+TEST_F(UsbPollTest, AControllerThatMayNotBeOpenedIsToldOnceForEachTimeThatItIsPluggedIn) {
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  PollWhenDue();
+  EXPECT_EQ(changes_, "");
+  sim_hidapi::PlugIn(Family::TC420);
+  for (int i = 0; i < 3; ++i) PollWhenDue();
+  EXPECT_EQ(changes_, "!");
+  EXPECT_TRUE(poll_.forbidden);
+  sim_hidapi::PullOut(Family::TC420);
+  PollWhenDue();
+  EXPECT_EQ(changes_, "!.");
+  EXPECT_FALSE(poll_.forbidden);
+  sim_hidapi::PlugIn(Family::TC420);
+  for (int i = 0; i < 3; ++i) PollWhenDue();
+  EXPECT_EQ(changes_, "!.!");
+}
+
+TEST_F(UsbPollTest, OnceItMayBeOpenedItIsConnected) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  PollWhenDue();
+  sim_hidapi::SetAllowed(Family::TC420, true);
+  PollWhenDue();
+  EXPECT_EQ(changes_, "!+.");
+  // As when another user takes the computer over.
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  PollWhenDue();
+  EXPECT_EQ(changes_, "!+.-!");
+}
+
+TEST_F(UsbPollTest, TheRightsMayComeHalfASecondBehindTheController) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  virtual_clock::At(5.4, [] { sim_hidapi::SetAllowed(Family::TC420, true); });
+  PollWhenDue();
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 5.5);
+  EXPECT_EQ(changes_, "");
+  PollWhenDue();
+  EXPECT_EQ(changes_, "+");
+}
+
+TEST_F(UsbPollTest, OnlyTheFirstLookAtAForbiddenControllerTakesTime) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  PollWhenDue();
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 5.5);
+  PollWhenDue();
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 10.5);
+}
+
+TEST_F(UsbPollTest, OneThatFailsToOpenForAnotherReasonIsNotForbidden) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::Inject({.call = Call::Open});
+  PollWhenDue();
+  EXPECT_EQ(changes_, "");
+  EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 5.0);
 }
 
 }  // namespace

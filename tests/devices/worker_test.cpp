@@ -316,6 +316,35 @@ TEST_F(WorkerTest, TheListIsKeptWithoutATargetToPostTo) {
   WaitUntil([this] { return !worker_->GetDevices().empty(); });
 }
 
+TEST_F(WorkerTest, AControllerThatMayNotBeOpenedIsWarnedOfOnceAndNotListed) {
+  sim_hidapi::PlugIn(Family::TC421);
+  sim_hidapi::SetAllowed(Family::TC421, false);
+  StartWithWindow();
+  Go();
+  WaitUntilSecond(16.0);
+  EXPECT_EQ(ToText(worker_->GetForbiddenDevices()), "TC421");
+  EXPECT_EQ(ToText(worker_->GetDevices()), "");
+  sim_hidapi::SetAllowed(Family::TC421, true);
+  WaitUntil([this] { return !worker_->GetDevices().empty() && worker_->GetForbiddenDevices().empty(); });
+  worker_->Shutdown();
+  EXPECT_THAT(window_.Messages(), testing::SizeIs(1));
+  EXPECT_EQ(TakeWarnings(),
+            "TC421 is plugged in, but this user may not open it. This command changes that once and for all: "
+            "sudo lumarinectl usb-setup\n");
+  EXPECT_EQ(TakeStatus(), "TC421 Device connected\n");
+}
+
+TEST_F(WorkerTest, UntilAWindowIsAttachedAForbiddenControllerIsOnlyNoted) {
+  sim_hidapi::PlugIn(Family::TC420);
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  Start();
+  virtual_clock::At(6.0, [this] { worker_->Attach(&window_, kDevicesChanged); });
+  Go();
+  WaitUntilSecond(11.0);
+  worker_->Shutdown();
+  EXPECT_EQ(TakeWarnings() + TakeStatus(), "");
+}
+
 // The end.
 
 TEST_F(WorkerTest, QueuedJobsAreDestroyedUnrun) {

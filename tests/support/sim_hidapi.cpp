@@ -7,9 +7,11 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <utility>
 
 #include "common/platform.h"
+#include "devices/usb_rights.h"
 
 namespace {
 
@@ -19,8 +21,8 @@ using sim_hidapi::Family;
 using sim_hidapi::Fault;
 
 constexpr const wchar_t* kSuccess = L"Success";
-constexpr const wchar_t* kNotFound = L"Device with requested VID/PID/(SerialNumber) not found";
 constexpr const wchar_t* kGone = L"No such device";
+constexpr const wchar_t* kDenied = L"Permission denied";
 
 struct Ids {
   unsigned short vendor;
@@ -49,6 +51,8 @@ struct Simulation {
   std::vector<std::shared_ptr<Port>> ports;  // in the order of their first plugging in
   std::vector<PlannedFault> faults;
   std::map<Call, int> delays;  // milliseconds
+  std::set<Family> forbidden;
+  std::optional<std::filesystem::path> rulesFolder;
   Answer answer = sim_hidapi::Prompt();
   std::vector<std::string> misuse;
   int openHandles = 0;
@@ -115,6 +119,8 @@ void Reset() {
   sim.ports.clear();
   sim.faults.clear();
   sim.delays.clear();
+  sim.forbidden.clear();
+  sim.rulesFolder.reset();
   sim.answer = Prompt();
   sim.misuse.clear();
   sim.error = kSuccess;
@@ -140,6 +146,20 @@ void PlugIn(Family family) {
 void PullOut(Family family) {
   const std::lock_guard lock(Sim().mutex);
   if (Port* port = FindPort(family, true)) port->plug = -port->plug;
+}
+
+void SetAllowed(Family family, bool allowed) {
+  const std::lock_guard lock(Sim().mutex);
+  if (allowed) {
+    Sim().forbidden.erase(family);
+  } else {
+    Sim().forbidden.insert(family);
+  }
+}
+
+void SetRulesFolder(std::optional<std::filesystem::path> folder) {
+  const std::lock_guard lock(Sim().mutex);
+  Sim().rulesFolder = std::move(folder);
 }
 
 std::vector<sim::Received> Frames(Family family) {
@@ -219,6 +239,22 @@ void SlowDown(Call call, int milliseconds) {
 
 }  // namespace sim_hidapi
 
+bool platform::MayOpenDevice(const std::string& path) {
+  const std::lock_guard lock(Sim().mutex);
+  return std::ranges::none_of(Sim().ports, [&](const std::shared_ptr<Port>& port) {
+    return port->path == path && port->plug > 0 && Sim().forbidden.contains(port->family);
+  });
+}
+
+std::optional<std::filesystem::path> platform::RulesFolder() {
+  const std::lock_guard lock(Sim().mutex);
+  return Sim().rulesFolder;
+}
+
+std::string platform::RightsCommand() {
+  return "sudo lumarinectl usb-setup";
+}
+
 extern "C" {
 
 int hid_init(void) {
@@ -272,6 +308,10 @@ hid_device* hid_open_path(const char* path) {
   }
   for (const auto& port : Sim().ports) {
     if (port->path != path || port->plug <= 0) continue;
+    if (Sim().forbidden.contains(port->family)) {
+      Sim().error = kDenied;
+      return nullptr;
+    }
     auto device = std::make_unique<hid_device>();
     device->port = port;
     device->plug = port->plug;
@@ -281,17 +321,6 @@ hid_device* hid_open_path(const char* path) {
   }
   Sim().error = kGone;
   return nullptr;
-}
-
-hid_device* hid_open(unsigned short vendor, unsigned short product, const wchar_t* /*serial*/) {
-  hid_device_info* found = hid_enumerate(vendor, product);
-  hid_device* device = found != nullptr ? hid_open_path(found->path) : nullptr;
-  if (found == nullptr) {
-    const std::lock_guard lock(Sim().mutex);
-    Sim().error = kNotFound;
-  }
-  hid_free_enumeration(found);
-  return device;
 }
 
 int hid_set_nonblocking(hid_device* device, int nonblocking) {

@@ -5,7 +5,9 @@
 // the clock of common/platform.h.
 
 #include <cstddef>
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +32,12 @@ sim::Memory MemoryOf(Family family);
 /// All that went wrong: frames that no controller understands, and misuse of the library.
 std::vector<std::string> Violations();
 int OpenHandles();
+
+/// Whether this user may open the controllers of a family; so it is until told otherwise.
+void SetAllowed(Family family, bool allowed);
+
+/// Where the rules are that give the rights; nothing for a system without, as it is until told otherwise.
+void SetRulesFolder(std::optional<std::filesystem::path> folder);
 
 // How controllers answer.
 
