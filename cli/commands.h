@@ -36,4 +36,7 @@ extern const Command kClear;
 // wifi_setup.cpp
 extern const Command kWifiSetup;
 
+// usb_setup.cpp
+extern const Command kUsbSetup;
+
 }  // namespace cli

@@ -1,7 +1,8 @@
 #pragma once
 
-// Programs of ours that do a piece of work for another one, so that this need not load what the work takes.
-// One filling per platform below platform/; tests bring one of their own.
+// Programs that do a piece of work for another one: of ours, so that this need not load what the work takes,
+// and of the system, which alone can do theirs. One filling per platform below platform/; tests bring one of
+// their own.
 
 #include <string>
 #include <vector>
@@ -24,5 +25,8 @@ struct HelperResult {
 /// Runs the program `name`, which stands beside the one that runs or in ../libexec/lumarine from there, and
 /// waits for it. It has our standard streams and our working folder. Arguments are UTF-8.
 HelperResult RunHelper(const std::string& name, const std::vector<std::string>& arguments);
+
+/// The same for a program of the system, which is looked for in PATH.
+HelperResult RunSystemProgram(const std::string& name, const std::vector<std::string>& arguments);
 
 }  // namespace platform

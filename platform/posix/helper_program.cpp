@@ -24,16 +24,24 @@ std::optional<std::filesystem::path> FindHelper(const std::string& name) {
   return std::nullopt;
 }
 
+HelperResult Run(const std::string& program, const std::vector<std::string>& arguments) {
+  const auto child = StartChild(program, arguments);
+  if (!child) return {HelperResult::Missing, 0};
+  const auto answer = AwaitChild(*child);
+  if (!answer) return {HelperResult::Stopped, 0};
+  return {HelperResult::Ended, *answer};
+}
+
 }  // namespace
 
 HelperResult RunHelper(const std::string& name, const std::vector<std::string>& arguments) {
   const auto path = FindHelper(name);
   if (!path) return {HelperResult::Missing, 0};
-  const auto child = StartChild(path->native(), arguments);
-  if (!child) return {HelperResult::Missing, 0};
-  const auto answer = AwaitChild(*child);
-  if (!answer) return {HelperResult::Stopped, 0};
-  return {HelperResult::Ended, *answer};
+  return Run(path->native(), arguments);
+}
+
+HelperResult RunSystemProgram(const std::string& name, const std::vector<std::string>& arguments) {
+  return Run(name, arguments);
 }
 
 }  // namespace platform

@@ -287,6 +287,21 @@ exits "devices" 0 devices --json
 exits "a controller that is not there" 3 sync-time --device tc420
 says "it is a connect error" "Connect error"
 
+# --- controllers on USB, and who may open them
+
+if $native; then
+  # A user who may not, with a copy that he may start, in a folder that a shell would take for two words.
+  chmod 711 .
+  install -D "${command[0]}" "a folder/lumarinectl"
+  as_user() { if [ "$(id -u)" = 0 ]; then setpriv --reuid=65534 --regid=65534 --clear-groups "$@"; else "$@"; fi; }
+  as_user "$PWD/a folder/lumarinectl" usb-setup 2>err.txt
+  ended "usb-setup is for root" 4 $?
+  says "it is told what to type" "Give this command: sudo '$PWD/a folder/lumarinectl' usb-setup"
+else
+  exits "usb-setup" 0 usb-setup
+  says "nothing is needed there" "Nothing is to be set up"
+fi
+
 # --- signals and terminals, which only the system's own programs have here
 
 # awaits TEXT: until standard error has it, for so long that only something broken does not come to it.

@@ -1,6 +1,6 @@
 #pragma once
 
-// A helper program in memory: notes how it is started and ends as it is told.
+// Helper programs in memory: they note how they are started and end as they are told.
 
 #include <string>
 #include <vector>
@@ -12,10 +12,10 @@ namespace fake_helper {
 /// Starts over: nobody started anything, and the next one succeeds.
 void Reset();
 
-/// What the next ones come to.
-void EndWith(platform::HelperResult result);
+/// What the next ones come to, but for the first `before` of them, which succeed.
+void EndWith(platform::HelperResult result, int before = 0);
 
-/// Each start: the helper's name and its arguments.
+/// Each start, of a program of ours or of the system: its name and its arguments.
 const std::vector<std::vector<std::string>>& Starts();
 
 }  // namespace fake_helper
