@@ -121,6 +121,8 @@ ChartWindow::ChartWindow() {
   frameTimer_.setSingleShot(true);
   frameTimer_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&frameTimer_, &QTimer::timeout, &frameTimer_, [this] {
+    // A window that nobody sees gets no paint event, and is asked no sooner again for that.
+    sinceFrame_.start();
     if (widget_) widget_->update();
   });
 }

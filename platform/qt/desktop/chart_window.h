@@ -54,7 +54,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   bool captured_ = false;
   WheelNotches wheel_;
   QTimer frameTimer_;
-  QElapsedTimer sinceFrame_;  // since the last paint event
+  QElapsedTimer sinceFrame_;  // since the last paint event, or since it was asked for
 };
 
 }  // namespace qt

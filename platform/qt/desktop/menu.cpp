@@ -97,9 +97,7 @@ void Menu::SetPopupEnabled(int position, bool enabled) {
 
 void Menu::OpenAtChart(int position, std::int32_t x, std::int32_t y) {
   QMenu* const menu = bar_.at(static_cast<std::size_t>(position));
-  if (chart_.Widget() != nullptr && menu->isEnabled()) {
-    menu->exec(chart_.Widget()->mapToGlobal(QPoint(x, y)));
-  }
+  if (chart_.Widget() != nullptr) menu->exec(chart_.Widget()->mapToGlobal(QPoint(x, y)));
 }
 
 }  // namespace qt

@@ -21,7 +21,9 @@ QString SingleLineLabel::ShownText() const {
 }
 
 void SingleLineLabel::OfferWholeText() {
-  setToolTip(ShownText() == text() ? QString() : text().toHtmlEscaped());
+  // Marked up, since Qt guesses from a tip's text whether it is.
+  setToolTip(ShownText() == text() ? QString()
+                                   : QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped()));
 }
 
 void SingleLineLabel::resizeEvent(QResizeEvent* event) {

@@ -48,8 +48,10 @@ LineField::LineField(QWidget* parent) : QLineEdit(parent), limit_(kUsualLimit) {
 
 void LineField::SetWholeText(const QString& text) {
   setMaxLength(std::max(limit_, static_cast<int>(text.size())));
+  const bool stands = this->text() == text;
   setText(text);
-  // Qt keeps silent about a text that stands there already.
+  // Qt keeps silent about what stands there already.
+  if (stands) emit textChanged(text);
 }
 
 void LineField::LimitText(int units) {

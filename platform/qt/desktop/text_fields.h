@@ -12,7 +12,8 @@ class LineField final : public QLineEdit {
  public:
   explicit LineField(QWidget* parent);
 
-  /// A longer text than the limit stays whole, and nothing can be added to it.
+  /// A longer text than the limit stays whole, and nothing can be added to it. Sends textChanged, whatever
+  /// stood there.
   void SetWholeText(const QString& text);
   /// The user can write until so many units stand there.
   void LimitText(int units);

@@ -104,7 +104,7 @@ TEST(SingleLineLabel, OffersWhatItHadToCut) {
   label.SetWholeText(QStringLiteral("short"));
   EXPECT_TRUE(label.toolTip().isEmpty());
   label.SetWholeText(QStringLiteral("a mode with <a> long description"));
-  EXPECT_EQ(label.toolTip(), "a mode with &lt;a&gt; long description");
+  EXPECT_EQ(label.toolTip(), "<span>a mode with &lt;a&gt; long description</span>");
   EXPECT_EQ(label.text(), "a mode with <a> long description");
 }
 
