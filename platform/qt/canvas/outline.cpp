@@ -15,6 +15,9 @@ namespace {
 // Points of a piece: the number that was fastest of those tried (bench/qt_chart_bench.cpp).
 constexpr std::size_t kPiece = 4;
 
+// Pixels from the left to the right of a stroke's piece: where steps are few, a piece has fewer points.
+constexpr double kWidePiece = 16.0;
+
 // A figure of more points than this that go to and fro is drawn without smooth edges. Nobody could tell its
 // edges apart, and smooth ones would take seconds.
 constexpr std::size_t kTangle = 500;
@@ -140,15 +143,24 @@ void Outline::StrokeWhole(QPainter& painter, const QPen& pen) {
   painter.strokePath(path_, pen);
 }
 
+std::size_t Outline::EndOfPiece(std::size_t begin) const {
+  const std::size_t most = std::min(begin + kPiece, points_.size() - 1);
+  std::size_t end = begin + 1;
+  while (end < most && std::abs(points_[end].x() - points_[begin].x()) < kWidePiece) ++end;
+  return end;
+}
+
 void Outline::StrokeInPieces(QPainter& painter, const QPen& pen) {
   const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::Antialiasing, smooth && !IsTangled());
-  for (std::size_t begin = 0; begin + 1 < points_.size(); begin += kPiece) {
-    const std::size_t end = std::min(begin + kPiece + 1, points_.size());
+  for (std::size_t begin = 0; begin + 1 < points_.size();) {
     path_.clear();
     path_.moveTo(begin == 0 ? points_[0] : ShortlyBefore(points_[begin - 1], points_[begin]));
-    for (std::size_t i = begin == 0 ? 1 : begin; i < end; ++i) path_.lineTo(points_[i]);
+    if (begin > 0) path_.lineTo(points_[begin]);
+    const std::size_t end = EndOfPiece(begin);
+    for (std::size_t i = begin + 1; i <= end; ++i) path_.lineTo(points_[i]);
     painter.strokePath(path_, pen);
+    begin = end;
   }
   painter.setRenderHint(QPainter::Antialiasing, smooth);
 }

@@ -44,6 +44,7 @@ class Outline {
   void CutTo(const QRectF& reach);
   void StrokeWhole(QPainter& painter, const QPen& pen);
   void StrokeInPieces(QPainter& painter, const QPen& pen);
+  std::size_t EndOfPiece(std::size_t begin) const;
   bool GoesRight() const;
   bool IsTangled() const;
   bool IsBelowACurve() const;
