@@ -37,7 +37,7 @@ const std::vector<std::string> kStartUpOrder = {
     "create button ■", "create label 0:00", "create label [0 0 0 0 0]", "create label Channel power",
     "create slider ", "create label Devices", "create list ", "create label Zoom", "create slider ",
     "create label mode description", "create chart ", "create scroll bar ", "create rich text ",
-    "set default font",
+    "set default font", "show controls",
     //
     "renderer: initialise", "load logo", "show", "renderer: rebuild", "take menu", "redraw menu",
     "title Lumarine - New program", "renderer: rebuild",

@@ -40,6 +40,14 @@ bool IsOfWord(char c) {
   return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
+// Whether a character begins here; a quote between digits parts them. Its kind may stand in front: u'x'.
+bool BeginsCharacter(std::string_view source, std::size_t at) {
+  if (source[at] != '\'' || at == 0) return false;
+  const char before = source[at - 1];
+  const bool isKind = before == 'u' || before == 'U' || before == 'L';
+  return !IsOfWord(before) || (isKind && (at == 1 || !IsOfWord(source[at - 2])));
+}
+
 }  // namespace
 
 std::vector<Literal> Read(std::string_view source, const std::string& file) {
@@ -51,7 +59,7 @@ std::vector<Literal> Read(std::string_view source, const std::string& file) {
       at += std::min(rest.find('\n'), rest.size()) - 1;
     } else if (rest.starts_with("R\"(")) {
       at += rest.find(")\"") + 1;
-    } else if (rest.front() == '\'' && !IsOfWord(source[at - 1])) {  // else between digits
+    } else if (BeginsCharacter(source, at)) {
       at += LiteralLength(rest) - 1;
     } else if (rest.front() == '"') {
       const std::size_t length = LiteralLength(rest);

@@ -35,6 +35,7 @@ TEST(SourceTexts, AreJoinedAndUnescaped) {
 }
 
 TEST(SourceTexts, AreNotInCommentsCharactersAndIncludes) {
+  EXPECT_THAT(TextsOf("f(u'\"', L'\\''); g(x, u'&'); // \"h\""), IsEmpty());
   EXPECT_THAT(TextsOf("#include \"a.h\"\n// Message(\"b\")\nc = '\"'; d = 1'000'000; e = '\\''; // \"f\""),
               IsEmpty());
 }

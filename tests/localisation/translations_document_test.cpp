@@ -299,8 +299,8 @@ const std::map<std::string, std::set<std::string>> kSameWords = {
     {"sk", {"Normal", "OK"}},
     {"it", {"File", "OK", "Password", "Password:", "Zoom"}},
     {"cz", {"Normal", "OK"}},
-    {"fr01", {"Mode", "Mode {1}", "Normal", "OK", "Zoom"}},
-    {"fr", {"Mode", "Mode {1}", "Normal", "OK", "Zoom"}},
+    {"fr01", {"Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
+    {"fr", {"Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
     {"pl", {"OK"}},
     {"es", {"Normal", "Zoom"}},
 };

@@ -376,10 +376,22 @@ RecordingRenderer& Desktop::Renderer() {
 }
 
 bool Desktop::Do(app::PlatformStep step) {
-  static constexpr const char* kNames[] = {
-      "init common controls", "start graphics",     "start network",    "load names", "register main class",
-      "register chart class", "create main window", "set default font", "load logo",  "take menu",
-      "load accelerators",    "delete logo",        "stop graphics",    "stop hid",   "stop network"};
+  static constexpr const char* kNames[] = {"init common controls",
+                                           "start graphics",
+                                           "start network",
+                                           "load names",
+                                           "register main class",
+                                           "register chart class",
+                                           "create main window",
+                                           "set default font",
+                                           "show controls",
+                                           "load logo",
+                                           "take menu",
+                                           "load accelerators",
+                                           "delete logo",
+                                           "stop graphics",
+                                           "stop hid",
+                                           "stop network"};
   journal.emplace_back(kNames[static_cast<std::size_t>(step)]);
   return step != app::PlatformStep::CreateMainWindow || !refuseWindow;
 }
