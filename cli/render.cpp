@@ -53,7 +53,7 @@ std::optional<std::string> FormatOf(const std::string& file) {
 
 // What the options may say: checks that answer the text of a fault, or nothing.
 
-std::string CheckOut(const std::string& text) {
+std::string CheckPictureFile(const std::string& text) {
   return FormatOf(text) ? "" : "a file name that ends in .png, .svg or .pdf is expected, not " + text;
 }
 
@@ -117,7 +117,7 @@ Run DeclareRender(CLI::App& app) {
   DeclareFile(app, arguments->program);
   app.add_option("OUT", arguments->out, "The picture to write: .png, .svg or .pdf")
       ->required()
-      ->check(CLI::Validator(CheckOut, ""))
+      ->check(CLI::Validator(CheckPictureFile, ""))
       ->type_name("");
   DeclareMode(app, arguments->program, false);
   DeclareSize(app, "--width", arguments->width, "Width of the chart, 900 by default");

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kFrameSeconds = 0.05;  // at least between two frames
 constexpr double kRepeatSeconds = 0.2;  // at most, with nothing new to show
-constexpr int kPassMilliseconds = 5;
+constexpr int kDemoPassMilliseconds = 5;
 constexpr std::int32_t kLastSecond = Program::kSecondsPerDay - 1;
 
 // Plays one day on one controller. The position is computed from the clock in each pass, so that a slow
@@ -47,7 +47,7 @@ class Demo {
       context_.demo.SetRunning(day, playTimer_.IsFrozen() ? StatePaused : StatePlaying);
       context_.observer.DemoAt(day);
       SendIfDue(day);
-      platform::SleepMilliseconds(kPassMilliseconds);
+      platform::SleepMilliseconds(kDemoPassMilliseconds);
     }
   }
 

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kMaxRounds = 3;
 constexpr float kRoundSeconds = 1.0F;
-constexpr int kPollMilliseconds = 100;
+constexpr int kAnswerPollMilliseconds = 100;
 
 // Takes one datagram, if one has come, and lists its sender if it is an answer.
 void TakeAnswer(UDPSocket& socket, const std::string& probe, std::vector<DeviceInfo>& found) {
@@ -80,7 +80,7 @@ void ScanDevices(std::vector<DeviceInfo>& found, float seconds, OperationObserve
     const timer_base::TimerFeatures<TimerCore_Counter> listened;
     while (listened.Now() < static_cast<double>(seconds)) {
       TakeAnswer(socket, probe, found);
-      platform::SleepMilliseconds(kPollMilliseconds);
+      platform::SleepMilliseconds(kAnswerPollMilliseconds);
     }
   }
 }

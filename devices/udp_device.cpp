@@ -11,7 +11,7 @@ namespace TCBase {
 namespace {
 
 constexpr double kReplySeconds = 2.0;
-constexpr int kPollMilliseconds = 20;
+constexpr int kReplyPollMilliseconds = 20;
 constexpr int kMaxTries = 3;
 
 bool LogError(std::string_view what) {
@@ -80,7 +80,7 @@ bool UDPDevice::Read(std::string& reply) {
     Ipv4Address from;
     // The port does not matter: controllers answer from any.
     if (udp.Receive(reply, from) && from.address == info.address.address) return true;
-    platform::SleepMilliseconds(kPollMilliseconds);
+    platform::SleepMilliseconds(kReplyPollMilliseconds);
   } while (waited.Now() < kReplySeconds);
   return false;
 }

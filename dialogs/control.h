@@ -88,6 +88,11 @@ struct ControlTemplate {
   unsigned traits = trait::kNone;
 };
 
+/// Whether the control has any of these traits.
+constexpr bool Has(const ControlTemplate& control, unsigned traits) {
+  return (control.traits & traits) != 0;
+}
+
 /// The sign that a message bears.
 enum class Icon { None, Information, Warning, Error };
 

@@ -11,8 +11,6 @@
 
 namespace dialogs {
 
-namespace id = about_control;
-
 namespace {
 
 struct Link {
@@ -21,9 +19,9 @@ struct Link {
   std::string_view target;
 };
 constexpr Link kLinks[] = {
-    {id::kEmailLink, product::kEmailCaption, product::kEmailTarget},
-    {id::kWebLink, product::kWebCaption, product::kWebTarget},
-    {id::kGroupLink, product::kGroupCaption, product::kGroupTarget},
+    {about_control::kEmailLink, product::kEmailCaption, product::kEmailTarget},
+    {about_control::kWebLink, product::kWebCaption, product::kWebTarget},
+    {about_control::kGroupLink, product::kGroupCaption, product::kGroupTarget},
 };
 
 std::u16string ProgramText() {
@@ -39,12 +37,12 @@ DlgAbout::DlgAbout(DialogsPort& port) : DlgBase(port, template_id::kAbout) {}
 
 void DlgAbout::OnInit(DialogWindow& window) {
   window.SetTitle(Message("About...").ToWide());
-  window.SetText(id::kProgram, ProgramText());
-  window.Hide(id::kNote);
-  window.Hide(id::kNoteButton);
-  window.SetText(id::kCopyright, WideFromUtf8(product::kCopyright));
-  window.SetText(id::kFirstTerms, Message(product::kFirstTerms).ToWide());
-  window.SetText(id::kSecondTerms, Message(product::kSecondTerms).ToWide());
+  window.SetText(about_control::kProgram, ProgramText());
+  window.Hide(about_control::kNote);
+  window.Hide(about_control::kNoteButton);
+  window.SetText(about_control::kCopyright, WideFromUtf8(product::kCopyright));
+  window.SetText(about_control::kFirstTerms, Message(product::kFirstTerms).ToWide());
+  window.SetText(about_control::kSecondTerms, Message(product::kSecondTerms).ToWide());
   for (const Link& link : kLinks) window.SetText(link.control, Message(link.caption).ToWide());
   // The first control is a link, and Enter on it would open a mail program.
   window.GiveFocus(kOk);

@@ -10,8 +10,6 @@
 
 namespace dialogs {
 
-namespace id = add_steps_control;
-
 namespace {
 
 constexpr TextKey kHelp(
@@ -26,28 +24,28 @@ DlgAddSteps::DlgAddSteps(DialogsPort& port, AddStepsParams& params)
 void DlgAddSteps::OnInit(DialogWindow& window) {
   window.MoveTo(params_.x, params_.y);
   window.SetTitle(params_.title);
-  window.SetText(id::kSteps, params_.text);
-  window.SetText(id::kHelp, Message(kHelp).ToWide());
+  window.SetText(add_steps_control::kSteps, params_.text);
+  window.SetText(add_steps_control::kHelp, Message(kHelp).ToWide());
   window.SetText(kOk, Message("OK").ToWide());
   window.SetText(kCancel, Message("Cancel").ToWide());
   UpdateStepCount(window);
 }
 
 void DlgAddSteps::OnControl(DialogWindow& window, int control, int code) {
-  if (control == id::kSteps && code == kTextChanged) UpdateStepCount(window);
+  if (control == add_steps_control::kSteps && code == kTextChanged) UpdateStepCount(window);
 }
 
 void DlgAddSteps::UpdateStepCount(DialogTexts& texts) {
-  const std::u16string text = ReadText(texts, id::kSteps);
+  const std::u16string text = ReadText(texts, add_steps_control::kSteps);
   if (text.empty()) return;
   std::vector<TCBase::Program::Step> steps;
   TCBase::Program::ParseStepsText(Utf8FromWide(text), steps);
-  texts.SetText(id::kCount,
+  texts.SetText(add_steps_control::kCount,
                 Message("Text contains {1} steps", static_cast<std::int32_t>(steps.size())).ToWide());
 }
 
 void DlgAddSteps::OnOk(DialogWindow& window) {
-  if (StoreText(window, id::kSteps, params_.text) == Stored::Empty) return;
+  if (StoreText(window, add_steps_control::kSteps, params_.text) == Stored::Empty) return;
   DlgBase::OnOk(window);
 }
 

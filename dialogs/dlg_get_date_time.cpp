@@ -4,22 +4,20 @@
 
 namespace dialogs {
 
-namespace id = date_time_control;
-
 DlgGetDateTime::DlgGetDateTime(DialogsPort& port, DateTimeParams& params)
     : DlgBase(port, template_id::kGetDateTime), params_(params) {}
 
 void DlgGetDateTime::OnInit(DialogWindow& window) {
   window.MoveTo(params_.x, params_.y);
   window.SetTitle(params_.title);
-  window.SetText(id::kPrompt, params_.prompt);
+  window.SetText(date_time_control::kPrompt, params_.prompt);
   window.SetText(kOk, params_.okText);
   window.SetText(kCancel, params_.cancelText);
-  window.SetDateTime(id::kDateTime, params_.dateTime, u"yyyy-MMM-dd HH:mm:ss");
+  window.SetDateTime(date_time_control::kDateTime, params_.dateTime, u"yyyy-MMM-dd HH:mm:ss");
 }
 
 void DlgGetDateTime::OnOk(DialogWindow& window) {
-  params_.dateTime = window.GetDateTime(id::kDateTime);
+  params_.dateTime = window.GetDateTime(date_time_control::kDateTime);
   DlgBase::OnOk(window);
 }
 

@@ -5,24 +5,22 @@
 
 namespace dialogs {
 
-namespace id = get_value_control;
-
 DlgGetValue::DlgGetValue(DialogsPort& port, GetValueParams& params)
     : DlgBase(port, template_id::kGetValue), params_(params) {}
 
 void DlgGetValue::OnInit(DialogWindow& window) {
   window.MoveTo(params_.x, params_.y);
-  window.LimitText(id::kValue, params_.maxLength);
+  window.LimitText(get_value_control::kValue, params_.maxLength);
   window.SetTitle(params_.title);
-  window.SetText(id::kPrompt, params_.prompt);
-  window.SetText(id::kValue, params_.value);
+  window.SetText(get_value_control::kPrompt, params_.prompt);
+  window.SetText(get_value_control::kValue, params_.value);
   window.SetText(kOk, params_.okText);
   window.SetText(kCancel, params_.cancelText);
-  if (params_.numbersOnly) window.AcceptDigitsOnly(id::kValue);
+  if (params_.numbersOnly) window.AcceptDigitsOnly(get_value_control::kValue);
 }
 
 void DlgGetValue::OnOk(DialogWindow& window) {
-  if (StoreText(window, id::kValue, params_.value) == Stored::Empty) return;
+  if (StoreText(window, get_value_control::kValue, params_.value) == Stored::Empty) return;
   DlgBase::OnOk(window);
 }
 

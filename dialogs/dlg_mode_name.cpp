@@ -9,8 +9,6 @@
 
 namespace dialogs {
 
-namespace id = mode_name_control;
-
 namespace {
 constexpr std::size_t kNameUnits = 80;
 }
@@ -20,36 +18,36 @@ DlgModeName::DlgModeName(DialogsPort& port, ModeNameParams& params)
 
 void DlgModeName::OnInit(DialogWindow& window) {
   window.MoveTo(params_.x, params_.y);
-  window.LimitText(id::kName, params_.maxLength);
+  window.LimitText(mode_name_control::kName, params_.maxLength);
   window.SetTitle(params_.title);
-  window.SetText(id::kNameLabel, params_.nameLabel);
-  window.SetText(id::kName, params_.name);
-  window.SetText(id::kDescriptionLabel, params_.descriptionLabel);
-  window.SetText(id::kDescription, params_.description);
+  window.SetText(mode_name_control::kNameLabel, params_.nameLabel);
+  window.SetText(mode_name_control::kName, params_.name);
+  window.SetText(mode_name_control::kDescriptionLabel, params_.descriptionLabel);
+  window.SetText(mode_name_control::kDescription, params_.description);
   window.SetText(kOk, params_.okText);
   window.SetText(kCancel, params_.cancelText);
   if (params_.copySource == nullptr) {
-    window.Hide(id::kCopyLabel);
-    window.Hide(id::kCopyFrom);
+    window.Hide(mode_name_control::kCopyLabel);
+    window.Hide(mode_name_control::kCopyFrom);
   } else {
     FillCopySources(window);
   }
 }
 
 void DlgModeName::FillCopySources(DialogWindow& window) {
-  window.SetText(id::kCopyLabel, params_.copyLabel);
+  window.SetText(mode_name_control::kCopyLabel, params_.copyLabel);
   std::int32_t number = 0;
-  window.AddRow(id::kCopyFrom, Message("<empty>").ToWide(), number);
+  window.AddRow(mode_name_control::kCopyFrom, Message("<empty>").ToWide(), number);
   for (const TCBase::Program::Mode& mode : params_.copySource->modes) {
-    window.AddRow(id::kCopyFrom, WideFromUtf8(mode.name), ++number);
+    window.AddRow(mode_name_control::kCopyFrom, WideFromUtf8(mode.name), ++number);
   }
-  window.SelectRow(id::kCopyFrom, 0);
+  window.SelectRow(mode_name_control::kCopyFrom, 0);
 }
 
 void DlgModeName::OnOk(DialogWindow& window) {
-  StoreText(window, id::kDescription, params_.description);
-  if (StoreText(window, id::kName, params_.name, kNameUnits) == Stored::Empty) return;
-  if (params_.copySource != nullptr) params_.copyFrom = window.SelectedData(id::kCopyFrom) - 1;
+  StoreText(window, mode_name_control::kDescription, params_.description);
+  if (StoreText(window, mode_name_control::kName, params_.name, kNameUnits) == Stored::Empty) return;
+  if (params_.copySource != nullptr) params_.copyFrom = window.SelectedData(mode_name_control::kCopyFrom) - 1;
   DlgBase::OnOk(window);
 }
 

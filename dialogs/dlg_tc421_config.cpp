@@ -12,8 +12,6 @@
 
 namespace dialogs {
 
-namespace id = tc421_config_control;
-
 namespace {
 
 using TCBase::EncryptionAES;
@@ -22,7 +20,7 @@ using TCBase::SecurityOpen;
 using TCBase::SecurityWPA;
 using TCBase::SecurityWPA2;
 
-constexpr std::size_t kNameUnits = 128;
+constexpr std::size_t kNetworkUnits = 128;
 constexpr std::size_t kWordUnits = 40;
 
 // The same in every language. A row's number is of no use here: words are read back as words.
@@ -46,9 +44,9 @@ DlgTC421_Config::DlgTC421_Config(DialogsPort& port, const TCBase::DeviceInfo& de
 
 void DlgTC421_Config::OnInit(DialogWindow& window) {
   TranslateTemplateTexts(window, templateId);
-  window.SetText(id::kDevice, WideFromUtf8(TCBase::ShownName(device_.name)));
-  AddWords(window, id::kSecurity, {SecurityOpen, SecurityWPA, SecurityWPA2});
-  AddWords(window, id::kEncryption, {EncryptionAES, EncryptionTKIP});
+  window.SetText(tc421_config_control::kDevice, WideFromUtf8(TCBase::ShownName(device_.name)));
+  AddWords(window, tc421_config_control::kSecurity, {SecurityOpen, SecurityWPA, SecurityWPA2});
+  AddWords(window, tc421_config_control::kEncryption, {EncryptionAES, EncryptionTKIP});
   FillNetworks(window);
   window.SetEnabled(kOk, false);
 }
@@ -56,28 +54,31 @@ void DlgTC421_Config::OnInit(DialogWindow& window) {
 void DlgTC421_Config::FillNetworks(DialogLists& lists) {
   TCBase::ListWifiNetworks(networks_);
   for (std::size_t i = 0; i < networks_.size(); ++i) {
-    lists.AddRow(id::kNetwork, WideFromUtf8(networks_[i].ssid), static_cast<std::int32_t>(i));
+    lists.AddRow(tc421_config_control::kNetwork, WideFromUtf8(networks_[i].ssid),
+                 static_cast<std::int32_t>(i));
   }
   if (networks_.empty()) return;
-  lists.SelectRow(id::kNetwork, 0);
+  lists.SelectRow(tc421_config_control::kNetwork, 0);
   TakeOverNetwork(lists);
 }
 
 // "Invalid" is in neither list, and leaves what stands there for the user to check.
 void DlgTC421_Config::TakeOverNetwork(DialogLists& lists) const {
-  const auto chosen = static_cast<std::size_t>(lists.SelectedData(id::kNetwork));
+  const auto chosen = static_cast<std::size_t>(lists.SelectedData(tc421_config_control::kNetwork));
   if (chosen >= networks_.size()) return;
   const TCBase::WifiNetwork& network = networks_[chosen];
-  lists.SelectText(id::kSecurity, WideFromUtf8(TCBase::NameOf(TCBase::SecurityOf(network))));
-  lists.SelectText(id::kEncryption, WideFromUtf8(TCBase::NameOf(TCBase::EncryptionOf(network))));
+  lists.SelectText(tc421_config_control::kSecurity,
+                   WideFromUtf8(TCBase::NameOf(TCBase::SecurityOf(network))));
+  lists.SelectText(tc421_config_control::kEncryption,
+                   WideFromUtf8(TCBase::NameOf(TCBase::EncryptionOf(network))));
 }
 
 void DlgTC421_Config::OnControl(DialogWindow& window, int control, int code) {
   switch (control) {
-    case id::kNetwork:
+    case tc421_config_control::kNetwork:
       if (code == kSelectionChanged) TakeOverNetwork(window);
       return;
-    case id::kSetUp:
+    case tc421_config_control::kSetUp:
       return SetUp(window);
     default:
       return;
@@ -89,10 +90,11 @@ void DlgTC421_Config::OnOk(DialogWindow& window) {
 }
 
 void DlgTC421_Config::ReadConfig(const DialogTexts& texts) {
-  config_.ssid = ReadUtf8(texts, id::kNetwork, kNameUnits);
-  config_.password = ReadUtf8(texts, id::kPassword, kNameUnits);
-  config_.encryption = TCBase::ParseWifiEncryption(ReadUtf8(texts, id::kEncryption, kWordUnits));
-  config_.security = TCBase::ParseWifiSecurity(ReadUtf8(texts, id::kSecurity, kWordUnits));
+  config_.ssid = ReadUtf8(texts, tc421_config_control::kNetwork, kNetworkUnits);
+  config_.password = ReadUtf8(texts, tc421_config_control::kPassword, kNetworkUnits);
+  config_.encryption =
+      TCBase::ParseWifiEncryption(ReadUtf8(texts, tc421_config_control::kEncryption, kWordUnits));
+  config_.security = TCBase::ParseWifiSecurity(ReadUtf8(texts, tc421_config_control::kSecurity, kWordUnits));
 }
 
 void DlgTC421_Config::SetUp(DialogWindow& window) {
@@ -109,7 +111,7 @@ void DlgTC421_Config::SetUp(DialogWindow& window) {
   isSetUp_ = true;
   // The order matters: the focus goes from the one to the other.
   window.SetEnabled(kOk, true);
-  window.SetEnabled(id::kSetUp, false);
+  window.SetEnabled(tc421_config_control::kSetUp, false);
 }
 
 }  // namespace dialogs

@@ -11,12 +11,10 @@
 
 namespace dialogs {
 
-namespace id = tc421_search_control;
-
 namespace {
 
 void EnableNext(DialogWindow& window) {
-  window.SetEnabled(kOk, window.SelectedData(id::kFound) >= 0);
+  window.SetEnabled(kOk, window.SelectedData(tc421_search_control::kFound) >= 0);
 }
 
 }  // namespace
@@ -31,9 +29,9 @@ void DlgTC421_Search::OnInit(DialogWindow& window) {
 
 void DlgTC421_Search::OnControl(DialogWindow& window, int control, int code) {
   switch (control) {
-    case id::kSearch:
+    case tc421_search_control::kSearch:
       return worker_.AddJob(TCBase::ScanJob(worker_, window.Target(), kScanFinished));
-    case id::kFound:
+    case tc421_search_control::kFound:
       if (code == kSelectionChanged) EnableNext(window);
       return;
     default:
@@ -47,18 +45,18 @@ void DlgTC421_Search::OnEvent(DialogWindow& window, std::uint32_t event) {
 
 void DlgTC421_Search::ShowFound(DialogWindow& window) {
   devices_ = worker_.GetDevices();
-  window.ClearRows(id::kFound);
+  window.ClearRows(tc421_search_control::kFound);
   for (std::size_t i = 0; i < devices_.size(); ++i) {
     if (!IsOnNetwork(devices_[i])) continue;
-    window.AddRow(id::kFound, WideFromUtf8(TCBase::ShownName(devices_[i].name)),
+    window.AddRow(tc421_search_control::kFound, WideFromUtf8(TCBase::ShownName(devices_[i].name)),
                   static_cast<std::int32_t>(i));
   }
-  if (window.RowCount(id::kFound) == 1) window.SelectRow(id::kFound, 0);
+  if (window.RowCount(tc421_search_control::kFound) == 1) window.SelectRow(tc421_search_control::kFound, 0);
   EnableNext(window);
 }
 
 void DlgTC421_Search::OnOk(DialogWindow& window) {
-  const auto chosen = static_cast<std::size_t>(window.SelectedData(id::kFound));
+  const auto chosen = static_cast<std::size_t>(window.SelectedData(tc421_search_control::kFound));
   if (chosen >= devices_.size()) return;
   device_ = devices_[chosen];
   DlgBase::OnOk(window);

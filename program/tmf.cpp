@@ -22,7 +22,7 @@ constexpr std::size_t kMinute = 5;
 constexpr std::size_t kValues = 44;
 constexpr std::size_t kJumps = 49;
 constexpr std::size_t kTail = 54;
-constexpr std::size_t kRowSize = kTail + 2;
+constexpr std::size_t kTmfRowSize = kTail + 2;
 constexpr char kTailByte = static_cast<char>(0xCC);
 
 int ByteAt(std::string_view data, std::size_t offset) {
@@ -41,17 +41,17 @@ Step StepOf(std::string_view row, std::size_t channel) {
 }  // namespace
 
 bool ReadTmf(std::string_view data, Mode& mode) {
-  if (data.size() <= kHeaderSize || (data.size() - kHeaderSize) % kRowSize != 0) {
+  if (data.size() <= kHeaderSize || (data.size() - kHeaderSize) % kTmfRowSize != 0) {
     LogStatus(Message("Invalid file format"));
     return false;
   }
-  std::size_t rows = (data.size() - kHeaderSize) / kRowSize;
+  std::size_t rows = (data.size() - kHeaderSize) / kTmfRowSize;
   if (rows > static_cast<std::size_t>(kMaxModeSteps)) {
     LogStatus(Message("TMF max number of steps exceeded. Limiting to {1}", kMaxModeSteps));
     rows = static_cast<std::size_t>(kMaxModeSteps);
   }
   for (std::size_t i = 0; i < rows; ++i) {
-    const std::string_view row = data.substr(kHeaderSize + i * kRowSize, kRowSize);
+    const std::string_view row = data.substr(kHeaderSize + i * kTmfRowSize, kTmfRowSize);
     for (std::size_t channel = 0; channel < mode.channels.size(); ++channel)
       mode.channels[channel].push_back(StepOf(row, channel));
   }
@@ -62,10 +62,10 @@ bool ReadTmf(std::string_view data, Mode& mode) {
 bool WriteTmf(const Mode& mode, std::string& data) {
   std::vector<ModeStep> rows;
   CollectModeSteps(mode, rows);
-  data.assign(kHeaderSize + rows.size() * kRowSize, '\0');
+  data.assign(kHeaderSize + rows.size() * kTmfRowSize, '\0');
   std::copy(kHeader.begin(), kHeader.end(), data.begin());
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    char* const row = data.data() + kHeaderSize + i * kRowSize;
+    char* const row = data.data() + kHeaderSize + i * kTmfRowSize;
     row[kHour] = static_cast<char>(rows[i].hour);
     row[kMinute] = static_cast<char>(rows[i].minute);
     for (std::size_t channel = 0; channel < mode.channels.size(); ++channel) {

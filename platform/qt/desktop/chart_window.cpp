@@ -13,9 +13,6 @@ namespace qt {
 
 namespace {
 
-// Faster than this nobody sees.
-constexpr int kFrameMilliseconds = 16;
-
 struct Point {
   std::int32_t x;
   std::int32_t y;

@@ -17,6 +17,9 @@ namespace qt {
 
 class ChartWindow final : public UX::ChartWindowPort {
  public:
+  /// Frames that come faster than this nobody sees.
+  static constexpr int kFrameMilliseconds = 16;
+
   ChartWindow();
   ~ChartWindow() override;
   ChartWindow(const ChartWindow&) = delete;

@@ -26,10 +26,6 @@ namespace trait = dialogs::trait;
 // Eight points at 96 to the inch, in which the places are told.
 constexpr int kFontPixels = 11;
 
-bool Has(const dialogs::ControlTemplate& control, unsigned trait) {
-  return (control.traits & trait) != 0;
-}
-
 QWidget* MakeLabel(const dialogs::ControlTemplate& control, QWidget* parent) {
   if (Has(control, trait::kSunken)) return new SingleLineLabel(parent);
   auto* const label = new QLabel(parent);

@@ -65,16 +65,16 @@ int LetterAt(quint32 code) {
 }
 
 bool Matches(const QKeyEvent& event, const app::KeyStroke& stroke) {
-  using Kind = app::KeyStroke::Kind;
+  using Stroke = app::KeyStroke::Kind;
   const auto held = event.modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
   switch (stroke.kind) {
-    case Kind::Key:
+    case Stroke::Key:
       return held == Qt::NoModifier && KeyNumber(event) == stroke.key;
-    case Kind::CtrlLetter:
+    case Stroke::CtrlLetter:
       return held == Qt::ControlModifier && KeyNumber(event) == stroke.key;
-    case Kind::AltCharacter:
+    case Stroke::AltCharacter:
       return (held & ~Qt::ShiftModifier) == Qt::AltModifier && event.key() == stroke.key;
-    case Kind::None:
+    case Stroke::None:
       break;
   }
   return false;

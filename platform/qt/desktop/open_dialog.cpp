@@ -30,10 +30,6 @@ namespace trait = dialogs::trait;
 
 constexpr int kIconSide = 32;
 
-bool Has(const dialogs::ControlTemplate& row, unsigned trait) {
-  return (row.traits & trait) != 0;
-}
-
 void ShowIcon(QWidget& widget) {
   const std::optional<SvgPicture> icon = SvgPicture::Load(resource::kIcon);
   if (icon) {

@@ -8,7 +8,6 @@ namespace qt {
 
 namespace {
 
-constexpr int kFrameMilliseconds = 16;
 // A demo moves less than a pixel in this time.
 constexpr int kDemoFrameMilliseconds = 40;
 
@@ -43,8 +42,8 @@ void Renderer::Render() {
     return;
   }
   const bool isDemoAlone = demo.IsRunning() && !IsAnimating() && !layout.IsGliding();
-  chart_.RequestFrame(isDemoAlone ? kDemoFrameMilliseconds : kFrameMilliseconds);
-  events_.AwaitEvent(kFrameMilliseconds);
+  chart_.RequestFrame(isDemoAlone ? kDemoFrameMilliseconds : ChartWindow::kFrameMilliseconds);
+  events_.AwaitEvent(ChartWindow::kFrameMilliseconds);
 }
 
 void Renderer::Draw(QPainter& painter) {
