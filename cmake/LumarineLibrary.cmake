@@ -3,6 +3,8 @@ include(LumarineIncludes)
 # lumarine_library(NAME SOURCES a.cpp ... HEADERS a.h ... [PUBLIC lib ...] [PRIVATE lib ...])
 #
 # One static library per source folder. PUBLIC names the libraries whose headers this one's headers include.
+# The build `native` compiles its sources as one. So a name in an unnamed namespace stands in one source of a library only,
+# and whoever links the library links all of it, with what that needs.
 function(lumarine_library name)
   cmake_parse_arguments(LIB "" "" "SOURCES;HEADERS;PUBLIC;PRIVATE" ${ARGN})
   add_library(${name} STATIC)
