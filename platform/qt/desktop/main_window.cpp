@@ -195,6 +195,7 @@ app::Size MainWindow::ClientSize() const {
 void MainWindow::Show() {
   if (!Stands()) return;
   shown_ = true;
+  TakeFocus();  // or nobody has it, and a menu that is left could not give it back
   window_->show();
   logic_->OnSize(SizeKindOf(*window_));
   Inside().update();
