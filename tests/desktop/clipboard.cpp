@@ -7,7 +7,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "platform/win32/windows_headers.h"
-#include "tests/desktop/patience.h"
+#include "tests/support/patience.h"
 
 namespace desktop {
 

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "platform/win32/d2d_canvas.h"
-#include "tests/desktop/patience.h"
 #include "tests/desktop/screen_picture.h"
 #include "tests/desktop/test_window.h"
+#include "tests/support/patience.h"
 
 namespace {
 
@@ -70,7 +70,7 @@ class D2DCanvas : public testing::Test {
       picture = ScreenPicture::Take();
       return At(kWidth + 1, 1) == mark;
     };
-    EXPECT_TRUE(desktop::WaitUntil(isShown)) << "the frame is not shown";
+    EXPECT_TRUE(WaitUntil(isShown)) << "the frame is not shown";
   }
   // Of the canvas.
   static float Units(int pixels) {
@@ -80,7 +80,7 @@ class D2DCanvas : public testing::Test {
     return MulDiv(units, static_cast<int>(drawn->dpi), USER_DEFAULT_SCREEN_DPI);
   }
   Color At(int x, int y) const { return picture.At(window.x() + x, window.y() + y); }
-  int Count(const UX::Rect& area, Color color) const {
+  int Count(const Rect& area, Color color) const {
     return picture.Count({window.x() + area.x, window.y() + area.y, area.width, area.height}, color);
   }
   int CountAll(Color color) const { return Count({0, 0, kWidth, kHeight}, color); }
@@ -215,8 +215,8 @@ TEST_F(D2DCanvas, TextIsDrawnFromTheOrigin) {
     canvas.DrawLayout(Brush::Black);
   });
   const int all = kWidth * kHeight - CountAll(kWhite);
-  const UX::Rect box{49, 60, static_cast<std::int32_t>(size.width) + 2,
-                     static_cast<std::int32_t>(size.height) + 1};
+  const Rect box{49, 60, static_cast<std::int32_t>(size.width) + 2,
+                 static_cast<std::int32_t>(size.height) + 1};
   EXPECT_EQ(box.width * box.height - Count(box, kWhite), all) << "nothing beside its box";
   EXPECT_GT(all, 500);
 }
@@ -321,7 +321,7 @@ class D2DCanvasOnAFineScreen : public D2DCanvas, public testing::WithParamInterf
  protected:
   void SetUp() override { drawn->MakeTarget(GetParam()); }
 
-  std::vector<Color> PixelsOf(const UX::Rect& area) const {
+  std::vector<Color> PixelsOf(const Rect& area) const {
     std::vector<Color> pixels;
     for (int y = area.y; y < area.y + area.height; ++y)
       for (int x = area.x; x < area.x + area.width; ++x) pixels.push_back(At(x, y));

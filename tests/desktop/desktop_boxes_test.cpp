@@ -17,8 +17,8 @@
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/dialogs.h"
 #include "tests/desktop/first_day.h"
-#include "tests/desktop/patience.h"
 #include "tests/desktop/window_text.h"
+#include "tests/support/patience.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -93,7 +93,7 @@ class DesktopBoxes : public testing::TestWithParam<const char*> {
     SCOPED_TRACE(name);
     PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(number), 0);
     HWND box = nullptr;
-    ASSERT_TRUE(desktop::WaitUntil([&] {
+    ASSERT_TRUE(WaitUntil([&] {
       box = FindBox();
       return box != nullptr && FocusIn(box) != 0 && IsPainted(box);
     }));
@@ -105,7 +105,7 @@ class DesktopBoxes : public testing::TestWithParam<const char*> {
     ExpectAllIsShown(box, question);
     LeavePicture(name);
     desktop::dialogs::Answer(box, answer);
-    ASSERT_TRUE(desktop::WaitUntil([box] { return !IsWindow(box); }));
+    ASSERT_TRUE(WaitUntil([box] { return !IsWindow(box); }));
     user.Wait(0.0);
   }
 

@@ -1,12 +1,10 @@
-// Commands of the real window that are reached in other ways than by a menu item or a plain key, and what
-// people paste where a number is asked for.
+// Commands that have no menu item and no key, and reach the real window as messages.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "app/window/numbers.h"
 #include "common/files.h"
@@ -16,23 +14,17 @@
 #include "program/settings.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/first_day.h"
-#include "tests/desktop/input.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
 
 using app::Answer;
 using app::Control;
-using dialogs::kOk;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::SizeIs;
 using namespace in_dialog;
 namespace command = app::command;
 namespace value_id = dialogs::get_value_control;
-
-constexpr WORD kSlash = VK_OEM_2;  // and, with Shift, the question mark
-constexpr int kNobodysKey = VK_F23;
 
 class DesktopCommands : public testing::Test {
  protected:
@@ -84,43 +76,6 @@ TEST_F(DesktopCommands, TranslationsAreMerged) {
   std::string bytes;
   ASSERT_TRUE(ReadFileBytes(merged, bytes));
   EXPECT_THAT(bytes, HasSubstr("Přístroje 水"));
-}
-
-TEST_F(DesktopCommands, AboutIsOpenedByAltAndTheSlashOrTheQuestionMark) {
-  user.Start();
-  for (const bool shift : {false, true}) {
-    user.WillFill({PressEscape()});
-    input::HoldKey(VK_MENU);
-    if (shift) input::HoldKey(VK_SHIFT);
-    input::PressKey(kSlash);
-    if (shift) input::ReleaseKey(VK_SHIFT);
-    input::ReleaseKey(VK_MENU);
-    user.PressKey(kNobodysKey);  // behind those
-    const std::vector<SeenDialog> seen = user.Dialogs();
-    ASSERT_THAT(seen, SizeIs(1));
-    EXPECT_EQ(seen[0].title, "About...");
-  }
-}
-
-// Systems differ in what a field for digits takes from the clipboard. Whatever it shows is what is read: the
-// digits up to the first letter, and without any it is no number.
-TEST_F(DesktopCommands, LettersPastedIntoASpeedAreNoNumber) {
-  user.Start();
-  for (const std::string pasted : {"12x", "x12", "水槽 🐠"}) {
-    std::string shown;
-    bool asked = false;
-    user.WillFill({Paste(value_id::kValue, pasted), Look(), Await([&](const SeenDialog& seen) {
-                     shown = seen.controls.at(value_id::kValue).text;
-                     asked = !shown.starts_with("12");
-                     if (asked) user.WillAnswer(Answer::Ok);
-                     return true;
-                   }),
-                   Press(kOk)});
-    ASSERT_TRUE(user.Choose(command::kSpeedCustom));
-    EXPECT_THAT(user.Questions(), SizeIs(asked ? 1 : 0)) << shown;
-    EXPECT_EQ(user.Text(Control::DemoStatusLabel), asked ? "Ready (60s)" : "Ready (12s)") << shown;
-    ASSERT_TRUE(user.Choose(command::kSpeedFast));
-  }
 }
 
 }  // namespace

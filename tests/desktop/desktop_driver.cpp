@@ -17,14 +17,15 @@
 #include "tests/desktop/dialog_user.h"
 #include "tests/desktop/dialogs.h"
 #include "tests/desktop/input.h"
-#include "tests/desktop/patience.h"
 #include "tests/desktop/window_text.h"
+#include "tests/support/patience.h"
 
 namespace desktop {
 
 namespace {
 
 constexpr int kWheelNotch = 120;
+constexpr WORD kSlash = VK_OEM_2;  // and, with Shift, the question mark
 
 // What moves a slider or the scroll bar, by the code of the event.
 const std::map<int, WPARAM> kScrollKeys = {
@@ -312,13 +313,14 @@ DWORD DesktopUser::StyleOf(app::Control control) {
   return static_cast<DWORD>(GetWindowLongW(Handle(control), GWL_STYLE));
 }
 
-COLORREF DesktopUser::LogColor(const std::string& line) {
+UX::Color DesktopUser::LogColor(const std::string& line) {
   std::u16string before = WideFromUtf8(Log());
   const std::size_t place = before.find(WideFromUtf8(line));
   EXPECT_NE(place, std::u16string::npos) << line << " is not in the log";
   before.resize(std::min(place, before.size()));
   std::erase(before, u'\n');  // the pane counts the end of a line as one character
-  return program_->LookAtColor(static_cast<LONG>(before.size()));
+  const COLORREF color = program_->LookAtColor(static_cast<LONG>(before.size()));
+  return {GetRValue(color), GetGValue(color), GetBValue(color)};
 }
 
 void DesktopUser::MoveMouse(int x, int y) {
@@ -351,6 +353,20 @@ bool DesktopUser::OpenChartMenu(int x, int y) {
 
 void DesktopUser::LeaveMenu() {
   input::PressKey(VK_ESCAPE);
+  SettleInput();
+}
+
+void DesktopUser::EnterMenuBar() {
+  input::PressKey(VK_F10);
+  SettleInput();
+}
+
+void DesktopUser::PressAltSlash(bool shift) {
+  input::HoldKey(VK_MENU);
+  if (shift) input::HoldKey(VK_SHIFT);
+  input::PressKey(kSlash);
+  if (shift) input::ReleaseKey(VK_SHIFT);
+  input::ReleaseKey(VK_MENU);
   SettleInput();
 }
 
@@ -469,7 +485,7 @@ int DesktopUser::SliderPosition(app::Control slider) {
   return static_cast<int>(SendMessageW(Handle(slider), TBM_GETPOS, 0, 0));
 }
 
-UX::Rect DesktopUser::Place(app::Control control) {
+Rect DesktopUser::Place(app::Control control) {
   RECT place{};
   GetWindowRect(Handle(control), &place);
   POINT corner{0, 0};
@@ -495,7 +511,7 @@ bool DesktopUser::TakePicture(const std::filesystem::path& file) {
   return ScreenPicture::Take().Write(file);
 }
 
-ScreenPicture DesktopUser::ChartPicture() {
+PixelPicture DesktopUser::ChartPicture() {
   return ScreenPicture::OfWindow(Handle(app::Control::ChartWindow));
 }
 

@@ -16,11 +16,11 @@
 
 #include "tests/desktop/program_under_test.h"
 #include "tests/desktop/screen_picture.h"
-#include "tests/support/user.h"
+#include "tests/support/window_user.h"
 
 namespace desktop {
 
-class DesktopUser final : public User {
+class DesktopUser final : public WindowUser {
  public:
   DesktopUser() = default;
   /// Fails the test if a question that was expected did not come up.
@@ -65,7 +65,7 @@ class DesktopUser final : public User {
   std::string Text(app::Control control) override;
   bool IsEnabled(app::Control control) override;
   int SliderPosition(app::Control slider) override;
-  UX::Rect Place(app::Control control) override;
+  Rect Place(app::Control control) override;
   app::Size ClientSize() override;
   std::string Title() override;
   std::string Log() override;
@@ -78,31 +78,22 @@ class DesktopUser final : public User {
   /// beside the script. False if the key never comes.
   std::future<bool> CloseBehindNextSpace(Closed closed);
 
-  /// Clicks with the right button on the chart and leaves the menu open; false if none comes up.
-  bool OpenChartMenu(int x, int y);
-  void LeaveMenu();
-  /// The mouse's capture is taken from the chart, as by a window that comes up.
-  void TakeCapture();
+  // WindowUser
 
-  // The controls by the mouse.
-
-  /// Clicks in the middle between the thumb of a slider or the scroll bar and an end of it.
-  enum class Side { Before, Behind };
-  void ClickBesideThumb(app::Control bar, Side side);
-  /// Drags the thumb to that point of the control, by way of the points between.
-  void DragThumb(app::Control bar, int toX);
-  /// Page and position that the scroll bar shows, in minutes.
-  std::pair<int, int> ScrollBar();
-  /// Clicks into the first line that the log pane shows.
-  void ClickLog();
+  void ClickBesideThumb(app::Control bar, Side side) override;
+  void DragThumb(app::Control bar, int toX) override;
+  std::pair<int, int> ScrollBar() override;
+  void ClickLog() override;
+  UX::Color LogColor(const std::string& line) override;
+  bool OpenChartMenu(int x, int y) override;
+  void LeaveMenu() override;
+  void EnterMenuBar() override;
+  void PressAltSlash(bool shift) override;
+  void TakeCapture() override;
+  PixelPicture ChartPicture() override;
 
   /// Style bits of a control's window.
   DWORD StyleOf(app::Control control);
-  /// Colour of the first letter of `line`, which the log pane holds once. 0x00BBGGRR.
-  COLORREF LogColor(const std::string& line);
-
-  /// What the screen shows of the chart, in the chart's coordinates.
-  ScreenPicture ChartPicture();
 
  private:
   HWND Handle(app::Control control);

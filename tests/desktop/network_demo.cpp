@@ -8,10 +8,10 @@
 #include "app/window/numbers.h"
 #include "program/builtin_modes.h"
 #include "program/time_of_day.h"
-#include "tests/desktop/demo_user.h"
 #include "tests/desktop/desktop_driver.h"
 #include "tests/desktop/first_day.h"
-#include "tests/desktop/patience.h"
+#include "tests/support/demo_words.h"
+#include "tests/support/patience.h"
 
 namespace {
 
@@ -30,16 +30,16 @@ class NetworkDemo : public testing::Test {
 
 TEST_F(NetworkDemo, StandsWhereTheUserClicks) {
   ASSERT_TRUE(user.Choose(command::kScanWifi));
-  ASSERT_TRUE(desktop::WaitUntil([this] { return user.List(Control::DeviceList).size() == 1; }));
+  ASSERT_TRUE(WaitUntil([this] { return user.List(Control::DeviceList).size() == 1; }));
   ASSERT_TRUE(user.Choose(command::kSpeedSlow));
   user.Press(Control::PlayButton);
-  ASSERT_TRUE(desktop::AwaitDemoStatus(user, "Playing"));
+  ASSERT_TRUE(in_demo::AwaitStatus(user, "Playing"));
   user.Press(Control::PlayButton);
-  ASSERT_TRUE(desktop::AwaitDemoStatus(user, "Paused"));
+  ASSERT_TRUE(in_demo::AwaitStatus(user, "Paused"));
   for (const int hour : {9, 18}) {
     const int second = hour * TCBase::Program::kSecondsPerHour;
-    desktop::SeekTo(user, second);
-    ASSERT_TRUE(desktop::AwaitSecond(user, program.modes[0], second));
+    in_demo::SeekTo(user, second);
+    ASSERT_TRUE(in_demo::AwaitSecond(user, program.modes[0], second));
     std::cout << "shown " << user.Text(Control::PowerLabel) << std::endl;
   }
   user.Press(Control::StopButton);

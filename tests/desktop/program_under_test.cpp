@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "tests/desktop/input.h"
-#include "tests/desktop/patience.h"
 #include "tests/desktop/window_text.h"
+#include "tests/support/patience.h"
 
 namespace desktop {
 

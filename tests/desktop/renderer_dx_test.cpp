@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "program/builtin_modes.h"
-#include "tests/desktop/patience.h"
 #include "tests/desktop/screen_picture.h"
 #include "tests/desktop/test_window.h"
+#include "tests/support/patience.h"
 
 namespace {
 
@@ -59,7 +59,7 @@ class RendererDX : public testing::Test {
 
   // Draws until the window looks as it should.
   bool Shows(const std::function<bool(const ScreenPicture&)>& isShown) {
-    return desktop::WaitUntil([&] {
+    return WaitUntil([&] {
       renderer.Render();
       return isShown(ScreenPicture::OfWindow(window.handle()));
     });

@@ -1,8 +1,10 @@
 #include "tests/desktop/screen_picture.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 // after windows.h
 #include <objidl.h>
@@ -36,11 +38,6 @@ BITMAPINFO FormatOf(int width, int height) {
 
 }  // namespace
 
-ScreenPicture::ScreenPicture(int width, int height)
-    : width_(width),
-      height_(height),
-      pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
-
 ScreenPicture ScreenPicture::Take() {
   ScreenPicture picture(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
   picture.CopyFromScreen({0, 0});
@@ -60,38 +57,14 @@ ScreenPicture ScreenPicture::OfWindow(HWND window) {
 void ScreenPicture::CopyFromScreen(POINT corner) {
   const HDC screen = GetDC(nullptr);
   const HDC memory = CreateCompatibleDC(screen);
-  const BitmapHandle copy(CreateCompatibleBitmap(screen, width_, height_));
+  const BitmapHandle copy(CreateCompatibleBitmap(screen, width(), height()));
   const HGDIOBJ before = SelectObject(memory, copy.get());
-  BitBlt(memory, 0, 0, width_, height_, screen, corner.x, corner.y, SRCCOPY);
+  BitBlt(memory, 0, 0, width(), height(), screen, corner.x, corner.y, SRCCOPY);
   SelectObject(memory, before);
-  BITMAPINFO format = FormatOf(width_, height_);
-  GetDIBits(screen, copy.get(), 0, static_cast<UINT>(height_), pixels_.data(), &format, DIB_RGB_COLORS);
+  BITMAPINFO format = FormatOf(width(), height());
+  GetDIBits(screen, copy.get(), 0, static_cast<UINT>(height()), pixels().data(), &format, DIB_RGB_COLORS);
   DeleteDC(memory);
   ReleaseDC(nullptr, screen);
-}
-
-UX::Color ScreenPicture::At(int x, int y) const {
-  if (x < 0 || y < 0 || x >= width_ || y >= height_) return {};
-  const std::uint32_t pixel =
-      pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x)];
-  return {static_cast<std::uint8_t>(pixel >> 16), static_cast<std::uint8_t>(pixel >> 8),
-          static_cast<std::uint8_t>(pixel)};
-}
-
-int ScreenPicture::Count(const UX::Rect& area, UX::Color color) const {
-  int found = 0;
-  for (int y = area.y; y < area.y + area.height; ++y) {
-    for (int x = area.x; x < area.x + area.width; ++x) found += At(x, y) == color ? 1 : 0;
-  }
-  return found;
-}
-
-int ScreenPicture::CountDifferences(const UX::Rect& area, const ScreenPicture& other) const {
-  int found = 0;
-  for (int y = area.y; y < area.y + area.height; ++y) {
-    for (int x = area.x; x < area.x + area.width; ++x) found += At(x, y) == other.At(x, y) ? 0 : 1;
-  }
-  return found;
 }
 
 bool ScreenPicture::Write(const std::filesystem::path& file) const {
@@ -100,9 +73,9 @@ bool ScreenPicture::Write(const std::filesystem::path& file) const {
   if (Gdiplus::GdiplusStartup(&graphics, &version1, nullptr) != Gdiplus::Ok) return false;
   bool written = false;
   {
-    std::vector<std::uint32_t> pixels = pixels_;  // GDI+ asks for some that it may change
-    Gdiplus::Bitmap picture(width_, height_, width_ * kBytesPerPixel, PixelFormat32bppRGB,
-                            reinterpret_cast<BYTE*>(pixels.data()));
+    std::vector<std::uint32_t> own = pixels();  // GDI+ asks for some that it may change
+    Gdiplus::Bitmap picture(width(), height(), width() * kBytesPerPixel, PixelFormat32bppRGB,
+                            reinterpret_cast<BYTE*>(own.data()));
     written = picture.Save(file.c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
   }
   Gdiplus::GdiplusShutdown(graphics);

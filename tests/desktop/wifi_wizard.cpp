@@ -22,7 +22,7 @@
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"
 #include "tests/desktop/desktop_driver.h"
-#include "tests/desktop/patience.h"
+#include "tests/support/patience.h"
 #include "tests/support/wizard_steps.h"
 
 namespace {
@@ -49,7 +49,7 @@ class HeldPort {
  public:
   HeldPort() : socket_(platform::OpenDatagrams()) {
     const auto local = TCBase::MakeIpv4Address(TCBase::kAnyAddress, TCBase::kUdpPort);
-    EXPECT_TRUE(desktop::WaitUntil([&] { return platform::BindDatagrams(socket_, local); }))
+    EXPECT_TRUE(WaitUntil([&] { return platform::BindDatagrams(socket_, local); }))
         << "it is held by somebody else";
   }
   ~HeldPort() { platform::CloseDatagrams(socket_); }
@@ -123,7 +123,7 @@ class Wizard : public testing::Test {
     return Await([this, &told](const SeenDialog&) { return !(told = Told()).empty(); });
   }
   bool WaitForList() {
-    return desktop::WaitUntil([&] { return !user.List(app::Control::DeviceList).empty(); });
+    return WaitUntil([&] { return !user.List(app::Control::DeviceList).empty(); });
   }
   std::vector<std::string> Told() {
     std::vector<std::string> texts;

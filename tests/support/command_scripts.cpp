@@ -20,6 +20,7 @@
 #include "program/program_file.h"
 #include "program/resample.h"
 #include "program/view.h"
+#include "tests/support/demo_words.h"
 #include "tests/support/files.h"
 
 namespace scripts {
@@ -53,14 +54,6 @@ class NewLines {
   User& user_;
   std::size_t seen_ = 0;
 };
-
-bool AwaitStatus(User& user, const std::string& text) {
-  for (int tries = 0; tries < 600; ++tries) {
-    if (user.Text(Control::DemoStatusLabel) == text) return true;
-    user.Wait(0.1);
-  }
-  return false;
-}
 
 // Editing
 
@@ -311,11 +304,11 @@ void DevicesByMenu(User& user, const Folders&) {
   }
 
   ASSERT_TRUE(user.Choose(command::kPlayDemo));
-  ASSERT_TRUE(AwaitStatus(user, "Playing"));
+  ASSERT_TRUE(in_demo::AwaitStatus(user, "Playing"));
   EXPECT_FALSE(user.Choose(command::kPlayDemo)) << "the button alone pauses";
   ASSERT_TRUE(user.Choose(command::kStopDemo));
   EXPECT_TRUE(user.WaitForLog("Demo finished\r\n"));
-  EXPECT_TRUE(AwaitStatus(user, "Ready (60s)"));
+  EXPECT_TRUE(in_demo::AwaitStatus(user, "Ready (60s)"));
   EXPECT_FALSE(user.Choose(command::kStopDemo));
 
   user.WillFill({in_dialog::PressEscape()});

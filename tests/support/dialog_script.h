@@ -54,7 +54,8 @@ namespace in_dialog {
 inline DialogStep Type(int control, std::string text) {
   return {DialogStep::Kind::Type, control, std::move(text)};
 }
-/// Pastes the text in place of what stands in the field. A field of one line takes the first line of it.
+/// Pastes the text in place of what stands in the field, "\n" being a new line. A field of one line takes the
+/// first line of it.
 inline DialogStep Paste(int control, std::string text) {
   return {DialogStep::Kind::Paste, control, std::move(text)};
 }

@@ -30,6 +30,16 @@ std::string Quoted(const std::string& text) {
   return std::string(1, '"').append(text).append(1, '"');
 }
 
+// With the line ends that a clipboard gives and a field wants.
+std::u16string WithCrLf(const std::u16string& text) {
+  std::u16string lines;
+  for (const char16_t unit : text) {
+    if (unit == u'\n' && !lines.ends_with(u'\r')) lines += u'\r';
+    lines += unit;
+  }
+  return lines;
+}
+
 [[noreturn]] void Mistake(const std::string& what) {
   throw std::logic_error(what);
 }
@@ -265,7 +275,11 @@ void Window::Paste(int id, std::u16string text) {
   // Not even a field for digits looks at what is pasted.
   Control& edit = Reach(ExpectField(id));
   edit.selected = -1;
-  if (!edit.Has(trait::kMultiLine)) text.resize(std::min(text.find_first_of(u"\r\n"), text.size()));
+  if (edit.Has(trait::kMultiLine)) {
+    text = WithCrLf(text);
+  } else {
+    text.resize(std::min(text.find_first_of(u"\r\n"), text.size()));
+  }
   text.resize(std::min(text.size(), edit.limit));
   edit.text = std::move(text);
   NotifyTyped(edit);

@@ -10,8 +10,11 @@
 #include "common/files.h"
 #include "tests/support/chart_scripts.h"
 #include "tests/support/command_scripts.h"
+#include "tests/support/demo_scripts.h"
+#include "tests/support/dialog_scripts.h"
 #include "tests/support/files.h"
 #include "tests/support/language_scripts.h"
+#include "tests/support/view_scripts.h"
 
 namespace scripts {
 
@@ -294,6 +297,28 @@ constexpr Script kScripts[] = {
     {"DevicesByMenu", DevicesByMenu},
     {"SpeakGerman", SpeakGerman},
     {"TryATranslation", TryATranslation},
+    {"AddAndEditModes", AddAndEditModes},
+    {"NameAChannelAndTypeItsSteps", NameAChannelAndTypeItsSteps},
+    {"TypeADemoSpeed", TypeADemoSpeed},
+    {"PasteLettersIntoASpeed", PasteLettersIntoASpeed},
+    {"SetTheEmulatorsTime", SetTheEmulatorsTime},
+    {"LookAtAbout", LookAtAbout},
+    {"RenameDevicesInTheNetworkOnly", RenameDevicesInTheNetworkOnly},
+    {"PasteTenMegabytes", PasteTenMegabytes},
+    {"PauseSeekResumeAndStopADemo", PauseSeekResumeAndStopADemo},
+    {"LetADemoEndWithTheDay", LetADemoEndWithTheDay},
+    {"LookAtTheMenusDuringADemo", LookAtTheMenusDuringADemo},
+    {"LeaveADemo", LeaveADemo},
+    {"LeaveAPausedDemo", LeaveAPausedDemo},
+    {"LeaveASecondDemo", LeaveASecondDemo},
+    {"LeaveADemoThatHasEnded", LeaveADemoThatHasEnded},
+    {"LeaveAnUpload", LeaveAnUpload},
+    {"LeaveALongUpload", LeaveALongUpload},
+    {"ChangeTheMode", ChangeTheMode},
+    {"ZoomByKeysFromAnywhere", ZoomByKeysFromAnywhere},
+    {"FillTheLog", FillTheLog},
+    {"ReadTheKnownIssues", ReadTheKnownIssues},
+    {"CancelALoad", CancelALoad},
 };
 
 }  // namespace

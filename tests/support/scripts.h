@@ -15,6 +15,8 @@ struct Folders {
   std::filesystem::path documents;  // where the program keeps its settings and its log
   std::filesystem::path work;       // empty, for the script
   std::filesystem::path resources;  // with the translations that the program has
+  std::filesystem::path picture =
+      {};  // how the names of pictures begin that a script leaves, where there is a screen
 };
 
 struct Script {

@@ -1,5 +1,4 @@
-// The dialogs on the real window, filled with the keyboard alone. What they bring about is read back from the
-// files that the program writes and from what it shows.
+#include "tests/support/dialog_scripts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,15 +8,13 @@
 #include <vector>
 
 #include "app/window/numbers.h"
-#include "common/files.h"
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
 #include "program/settings.h"
-#include "tests/desktop/desktop_driver.h"
-#include "tests/desktop/first_day.h"
-#include "tests/support/temporary_folder.h"
+
+namespace scripts {
 
 namespace {
 
@@ -36,52 +33,42 @@ namespace command = app::command;
 namespace date_time = dialogs::date_time_control;
 namespace get_value = dialogs::get_value_control;
 namespace mode_name = dialogs::mode_name_control;
+namespace prog = TCBase::Program;
 namespace steps = dialogs::add_steps_control;
 
 // Lines of three languages, a character of two units, and one that menus and labels make a line of.
 constexpr char kAnyScript[] = "Žluť κύμα 水 🐠 & é";
 
-class DesktopDialogs : public testing::Test {
- protected:
-  void SetUp() override { user.Start(); }
-  void TearDown() override {
-    if (user.IsRunning()) user.Close();
-    EXPECT_FALSE(user.IsRunning());
-  }
+SeenDialog LastSeen(User& user) {
+  std::vector<SeenDialog> seen = user.Dialogs();
+  EXPECT_THAT(seen, Not(IsEmpty()));
+  return seen.empty() ? SeenDialog() : seen.back();
+}
 
-  SeenDialog LastSeen() {
-    std::vector<SeenDialog> seen = user.Dialogs();
-    EXPECT_THAT(seen, Not(IsEmpty()));
-    return seen.empty() ? SeenDialog() : seen.back();
-  }
+// Saves the program and reads what was saved, as somebody else would.
+prog::ModeListView SavedProgram(User& user, const Folders& folders) {
+  const std::filesystem::path file = folders.work / "saved.xml";
+  if (!std::filesystem::exists(file)) user.WillPick({file});
+  EXPECT_TRUE(user.Choose(command::kSaveProgram));
+  prog::ModeListView document = prog::NewProgram();
+  EXPECT_TRUE(prog::LoadProgram(file, document));
+  return document;
+}
 
-  // Saves the program and reads what was saved, as somebody else would.
-  TCBase::Program::ModeListView SavedProgram() {
-    const std::filesystem::path file = work / "saved.xml";
-    if (!std::filesystem::exists(file)) user.WillPick({file});
-    EXPECT_TRUE(user.Choose(command::kSaveProgram));
-    TCBase::Program::ModeListView document = TCBase::Program::NewProgram();
-    EXPECT_TRUE(TCBase::Program::LoadProgram(file, document));
-    return document;
-  }
+// Types a demo speed; false, if the program does not take it.
+bool TakesSpeed(User& user, const std::string& text) {
+  user.WillFill({Type(get_value::kValue, text), PressEnter()});
+  user.Choose(command::kSpeedCustom);
+  return user.Questions().empty();
+}
 
-  // Types a demo speed; false, if the program does not take it.
-  bool TakesSpeed(const std::string& text) {
-    user.WillFill({Type(get_value::kValue, text), PressEnter()});
-    user.Choose(command::kSpeedCustom);
-    return user.Questions().empty();
-  }
+}  // namespace
 
-  const desktop::FirstDay firstDay;
-  const TemporaryFolder work;
-  desktop::DesktopUser driver;
-  User& user = driver;
-};
-
-TEST_F(DesktopDialogs, ModesAreAddedAndEdited) {
+void AddAndEditModes(User& user, const Folders& folders) {
+  user.Start();
   user.WillFill({Type(mode_name::kName, "Never"), PressEscape()});
   user.Press(Control::AddModeButton);
-  SeenDialog seen = LastSeen();
+  SeenDialog seen = LastSeen(user);
   EXPECT_EQ(seen.title, "Add new mode");
   EXPECT_EQ(seen.x, 60);
   EXPECT_EQ(seen.y, 60);
@@ -97,27 +84,30 @@ TEST_F(DesktopDialogs, ModesAreAddedAndEdited) {
 
   user.WillFill({Paste(mode_name::kName, "水槽 🐠"), Press(kOk)});
   user.DoubleClickRow(Control::ModeList, 0);
-  seen = LastSeen();
+  seen = LastSeen(user);
   EXPECT_EQ(seen.title, "Edit mode");
   EXPECT_EQ(seen.controls[mode_name::kName].text, "Normal");
   EXPECT_FALSE(seen.controls[mode_name::kCopyFrom].visible);
   user.WillFill({Type(mode_name::kName, ""), Press(kCancel)});
   user.DoubleClickRow(Control::ModeList, 0);
 
-  const TCBase::Program::ModeListView saved = SavedProgram();
+  const prog::ModeListView saved = SavedProgram(user, folders);
   ASSERT_THAT(saved.modes, SizeIs(3));
   EXPECT_EQ(saved.modes[0].name, "水槽 🐠");
   EXPECT_EQ(saved.modes[2].name, "Ράδιο Ηλιοβασίλ");
   EXPECT_EQ(saved.modes[2].description, kAnyScript);
   EXPECT_EQ(saved.modes[2].channels, saved.modes[1].channels);
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
 }
 
-TEST_F(DesktopDialogs, AChannelIsNamedAndItsStepsAreTyped) {
+void NameAChannelAndTypeItsSteps(User& user, const Folders& folders) {
+  user.Start();
   user.ClickChart(452, 60);
   user.WillFill(
       {Type(mode_name::kName, "Modrá 水"), Paste(mode_name::kDescription, kAnyScript), PressEnter()});
   ASSERT_TRUE(user.Choose(command::kRenameChannel));
-  EXPECT_EQ(LastSeen().title, "Edit channel name");
+  EXPECT_EQ(LastSeen(user).title, "Edit channel name");
 
   // A wrong line and an emptied field keep the count.
   user.WillFill({Type(steps::kSteps, "08:00 0\n10:00 80 J\nnoon 5"), Look(), Type(steps::kSteps, ""), Look(),
@@ -138,36 +128,40 @@ TEST_F(DesktopDialogs, AChannelIsNamedAndItsStepsAreTyped) {
   user.WillFill({Type(steps::kSteps, "13:00 100"), PressEscape()});
   ASSERT_TRUE(user.Choose(command::kManualStepsAdd));
 
-  const TCBase::Program::ModeListView saved = SavedProgram();
+  const prog::ModeListView saved = SavedProgram(user, folders);
   EXPECT_EQ(saved.channelInfos[0].name, "Modrá 水");
   EXPECT_EQ(saved.channelInfos[0].description, kAnyScript);
-  EXPECT_THAT(saved.modes[0].channels[0], ElementsAre(TCBase::Program::Step{7, 30, 15.0F, false},
-                                                      TCBase::Program::Step{12, 0, 100.0F, false},
-                                                      TCBase::Program::Step{21, 15, 40.0F, true}));
+  EXPECT_THAT(saved.modes[0].channels[0],
+              ElementsAre(prog::Step{7, 30, 15.0F, false}, prog::Step{12, 0, 100.0F, false},
+                          prog::Step{21, 15, 40.0F, true}));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
 }
 
-TEST_F(DesktopDialogs, ADemoSpeedIsTakenInItsRangeOnly) {
+void TypeADemoSpeed(User& user, const Folders& folders) {
+  user.Start();
   for (const char* const wrong : {"9", "86401", ""}) {
     user.WillAnswer(Answer::Ok);
-    EXPECT_FALSE(TakesSpeed(wrong)) << wrong;
+    EXPECT_FALSE(TakesSpeed(user, wrong)) << wrong;
     EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (60s)");
   }
   user.WillFill({Type(get_value::kValue, "120"), Press(kCancel)});
   user.Choose(command::kSpeedCustom);
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (60s)");
 
-  EXPECT_TRUE(TakesSpeed("1x2e3 4")) << "letters are not taken";
+  EXPECT_TRUE(TakesSpeed(user, "1x2e3 4")) << "letters are not taken";
   EXPECT_EQ(user.Text(Control::DemoStatusLabel), "Ready (1234s)");
   EXPECT_TRUE(user.MenuItem(command::kSpeedCustom).checked);
   user.Close();
-  EXPECT_EQ(Settings(firstDay.documents() / "LumarineConfig.xml").GetValue("demo_speed"), "1234");
+  EXPECT_EQ(Settings(folders.documents / "LumarineConfig.xml").GetValue("demo_speed"), "1234");
 }
 
-TEST_F(DesktopDialogs, TheEmulatorGetsTheTimeThatWasSet) {
+void SetTheEmulatorsTime(User& user, const Folders&) {
+  user.Start();
   ASSERT_TRUE(user.Choose(command::kAddEmulator));
   user.WillFill({SetDateTime(date_time::kDateTime, {2031, 5, 17, 18, 9, 42}), Look(), PressEscape()});
   ASSERT_TRUE(user.Choose(command::kSetTime));
-  const DateTime shown = LastSeen().controls[date_time::kDateTime].time;
+  const DateTime shown = LastSeen(user).controls[date_time::kDateTime].time;
   EXPECT_EQ(shown.year, 2031);
   EXPECT_EQ(shown.month, 5);
   EXPECT_EQ(shown.day, 17);
@@ -180,12 +174,15 @@ TEST_F(DesktopDialogs, TheEmulatorGetsTheTimeThatWasSet) {
   ASSERT_TRUE(user.Choose(command::kSetTime));
   EXPECT_TRUE(user.WaitForLog("Syncing time\r\n"));
   EXPECT_TRUE(user.WaitForLog("Finished configuring device TC420_Emulator\r\n"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
 }
 
-TEST_F(DesktopDialogs, AboutSaysWhatTheProgramIs) {
+void LookAtAbout(User& user, const Folders&) {
+  user.Start();
   user.WillFill({Press(kOk)});
   ASSERT_TRUE(user.Choose(command::kAbout));
-  SeenDialog seen = LastSeen();
+  SeenDialog seen = LastSeen(user);
   EXPECT_EQ(seen.title, "About...");
   EXPECT_EQ(seen.controls[about::kProgram].text, "Lumarine, Version 4.7, Build 496 (64-bit)");
   EXPECT_FALSE(seen.controls[about::kNote].visible);
@@ -197,15 +194,21 @@ TEST_F(DesktopDialogs, AboutSaysWhatTheProgramIs) {
   ASSERT_TRUE(user.Choose(command::kAbout));
   user.WillFill({PressEnter()});
   ASSERT_TRUE(user.Choose(command::kAbout)) << "the focus is on OK, and not on a link";
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
 }
 
-TEST_F(DesktopDialogs, OnlyDevicesInTheNetworkAreRenamed) {
+void RenameDevicesInTheNetworkOnly(User& user, const Folders&) {
+  user.Start();
   ASSERT_TRUE(user.Choose(command::kAddEmulator));
   user.DoubleClickRow(Control::DeviceList, 0);
   EXPECT_THAT(user.Log(), HasSubstr("You can rename WiFi devices only!\r\n"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
 }
 
-TEST_F(DesktopDialogs, TenMegabytesCanBePastedIntoAnyField) {
+void PasteTenMegabytes(User& user, const Folders& folders) {
+  user.Start();
   const std::string tenMegabytes = [] {
     std::string text;
     while (text.size() < 10'000'000) text += "08:00 50 J 水槽 🐠 ";
@@ -221,7 +224,33 @@ TEST_F(DesktopDialogs, TenMegabytesCanBePastedIntoAnyField) {
   user.ClickChart(452, 60);
   user.WillFill({Paste(steps::kSteps, tenMegabytes), PressEscape()});
   user.Choose(command::kManualStepsAdd);
-  EXPECT_THAT(SavedProgram().modes.back().description, testing::StartsWith("08:00 50 J 水槽 🐠 08:00"));
+  EXPECT_THAT(SavedProgram(user, folders).modes.back().description,
+              testing::StartsWith("08:00 50 J 水槽 🐠 08:00"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
 }
 
-}  // namespace
+// Systems differ in what a field for digits takes from the clipboard. Whatever it shows is what is read: the
+// digits up to the first letter, and without any it is no number.
+void PasteLettersIntoASpeed(User& user, const Folders&) {
+  user.Start();
+  for (const std::string pasted : {"12x", "x12", "水槽 🐠"}) {
+    std::string shown;
+    bool asked = false;
+    user.WillFill({Paste(get_value::kValue, pasted), Look(), Await([&](const SeenDialog& seen) {
+                     shown = seen.controls.at(get_value::kValue).text;
+                     asked = !shown.starts_with("12");
+                     if (asked) user.WillAnswer(Answer::Ok);
+                     return true;
+                   }),
+                   Press(kOk)});
+    ASSERT_TRUE(user.Choose(command::kSpeedCustom));
+    EXPECT_THAT(user.Questions(), SizeIs(asked ? 1 : 0)) << shown;
+    EXPECT_EQ(user.Text(Control::DemoStatusLabel), asked ? "Ready (60s)" : "Ready (12s)") << shown;
+    ASSERT_TRUE(user.Choose(command::kSpeedFast));
+  }
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
+}  // namespace scripts

@@ -1,16 +1,20 @@
 #pragma once
 
-// What a user does to a demo on the real window, and sees of it.
+// Words of scripts for a demo: what a user does to it, and sees of it.
 
+#include <functional>
 #include <string>
 
 #include "program/program.h"
 #include "tests/support/user.h"
 
-namespace desktop {
+namespace in_demo {
 
-/// The demo's label says `text`, now or before patience ends.
-bool AwaitDemoStatus(User& user, const std::string& text);
+/// Lets time pass until something is so. False if it is not before patience ends.
+bool Await(User& user, const std::function<bool()>& isSo);
+
+/// The demo's label comes to say `text`. False if it does not before patience ends.
+bool AwaitStatus(User& user, const std::string& text);
 
 /// Clicks on the chart at a second of the day, or up to a pixel beside it.
 void SeekTo(User& user, int second);
@@ -22,4 +26,4 @@ int ShownSecond(User& user);
 /// curves. False if they do not before patience ends.
 bool AwaitSecond(User& user, const TCBase::Program::Mode& mode, int second);
 
-}  // namespace desktop
+}  // namespace in_demo
