@@ -182,7 +182,10 @@ void MainWindow::OnResize() {
 // The port
 
 void MainWindow::SetTitle(std::u16string_view title) {
-  if (Stands()) window_->setWindowTitle(QtText(title));
+  if (!Stands()) return;
+  // Else Qt takes it for the place of its mark of a changed document.
+  QString shown = QtText(title);
+  window_->setWindowTitle(shown.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
 app::Size MainWindow::ClientSize() const {
