@@ -181,6 +181,7 @@ void QtUser::FillDialog(QDialog& dialog) {
 
 void QtUser::AnswerMessageBox(QDialog& box) {
   asked_.push_back(dialogs::ReadMessageBox(box));
+  if (onQuestion) InGui([&] { onQuestion(dynamic_cast<QMessageBox&>(box)); });
   if (answers_.empty()) {
     ADD_FAILURE() << "nobody answers \"" << asked_.back().text.size() << "\"";
     dialogs::Answer(box, asked_.back().buttons == app::Buttons::Ok ? app::Answer::Ok : app::Answer::No);
@@ -425,11 +426,17 @@ bool QtUser::ChooseAtChart(int x, int y, int command) {
 }
 
 void QtUser::TurnWheel(int x, int y, int notches, bool ctrl, bool shift) {
-  if (ctrl) input::HoldKey(Qt::Key_Control);
   if (shift) input::HoldKey(Qt::Key_Shift);
-  input::MoveMouse(OnScreen(Control::ChartWindow, x, y));
-  for (int i = 0; i < std::abs(notches); ++i) input::TurnWheel(notches > 0 ? kWheelNotch : -kWheelNotch);
+  const auto count = static_cast<std::size_t>(std::abs(notches));
+  TurnWheelBy(x, y, std::vector<int>(count, notches > 0 ? kWheelNotch : -kWheelNotch), ctrl);
   if (shift) input::ReleaseKey(Qt::Key_Shift);
+  Settle();
+}
+
+void QtUser::TurnWheelBy(int x, int y, const std::vector<int>& eighths, bool ctrl) {
+  if (ctrl) input::HoldKey(Qt::Key_Control);
+  input::MoveMouse(OnScreen(Control::ChartWindow, x, y));
+  for (const int angle : eighths) input::TurnWheel(angle);
   if (ctrl) input::ReleaseKey(Qt::Key_Control);
   Settle();
 }

@@ -7,9 +7,11 @@
 #include <QDialog>
 #include <QListWidget>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -86,6 +88,10 @@ class QtUser final : public WindowUser {
   void TakeCapture() override;
   PixelPicture ChartPicture() override;
 
+  /// Looks at each question that comes up, in the windows' thread, before it is answered.
+  std::function<void(QMessageBox&)> onQuestion;
+  /// Turns the wheel, or strokes a touchpad, by eighths of a degree: 120 make a notch.
+  void TurnWheelBy(int x, int y, const std::vector<int>& eighths, bool ctrl);
   /// Waits until the program has worked off its queue, and answers what it asks meanwhile.
   void Settle();
 
