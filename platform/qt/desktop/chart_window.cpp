@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "platform/qt/desktop/accessible_role.h"
 #include "platform/qt/desktop/keys.h"
 
 namespace qt {
@@ -128,6 +129,7 @@ ChartWindow::~ChartWindow() = default;
 
 QWidget* ChartWindow::Create(QWidget* parent) {
   widget_ = new Area(*this, parent);
+  SetAccessibleRole(*widget_, QAccessible::Chart);
   return widget_;
 }
 

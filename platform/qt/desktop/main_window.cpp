@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "app/window/control_table.h"
+#include "platform/qt/desktop/accessible_role.h"
 #include "platform/qt/desktop/keys.h"
 #include "platform/qt/desktop/resource_ids.h"
 #include "platform/qt/desktop/text.h"
@@ -137,6 +138,9 @@ void MainWindow::Create(const QString& title) {
     window_->setWindowIcon(icon->AsIcon());
   }
   window_->setCentralWidget(new Background(*this, window_.get()));
+  // It has the keys while no control has them.
+  Inside().setAccessibleName(title);
+  SetAccessibleRole(Inside(), QAccessible::Pane);
   Inside().setFocus(Qt::OtherFocusReason);
   window_->setMinimumSize(app::kLeastWindowWidth, app::kLeastWindowHeight - kTitleBarHeight);
   const QSize room = window_->screen()->availableSize();
