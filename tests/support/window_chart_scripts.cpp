@@ -388,6 +388,7 @@ void Chart::UseTheChartsKeysBehindASlider() {
   const Point point = PointOf(0, 2);
   user.ClickChart(point.x, point.y);
   user.Press(Control::ZoomSlider);
+  EXPECT_EQ(user.SliderPosition(Control::ZoomSlider), 1);
   for (const int key : {app::key::kRight, app::key::kDown, app::key::kDown, app::key::kLeft, app::key::kRight,
                         app::key::kJ}) {
     user.PressKey(key);

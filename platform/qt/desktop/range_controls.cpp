@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -82,6 +83,17 @@ void Slider::keyReleaseEvent(QKeyEvent* event) {
   const bool isEnd = ActionOf(event->key()) != SliderNoAction && !event->isAutoRepeat();
   if (isEnd && tell_) tell_(scroll::kEnd, 0);
   QSlider::keyReleaseEvent(event);
+}
+
+void Slider::mousePressEvent(QMouseEvent* event) {
+  // The whole height counts as the groove's, the marks below it too.
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  const QRect groove = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
+  QMouseEvent onGroove(event->type(), QPointF(event->position().x(), groove.center().y()),
+                       event->globalPosition(), event->button(), event->buttons(), event->modifiers());
+  QSlider::mousePressEvent(&onGroove);
+  event->setAccepted(onGroove.isAccepted());
 }
 
 void Slider::mouseReleaseEvent(QMouseEvent* event) {
