@@ -131,9 +131,27 @@ void OpenDialog::PressEnter() {
 int OpenDialog::Run() {
   dialog_.OnInit(*this);
   if (ended_) return frame_->result();
+  NameFields();
   if (!focusGiven_) FocusFirst();
   KeepOnScreen();
   return frame_->exec();
+}
+
+// A field has no words of its own: the label or heading before it names it to screen readers, or else the
+// title.
+void OpenDialog::NameFields() {
+  QString words = frame_->windowTitle();
+  for (const dialogs::ControlTemplate& row : template_.controls) {
+    QWidget* const widget = Item(row.id);
+    if (widget == nullptr || row.kind == ControlKind::Button || row.kind == ControlKind::ProgramIcon)
+      continue;
+    if (row.kind == ControlKind::Label || row.kind == ControlKind::GroupBox) {
+      const QString shown = QtText(ControlText(widget));
+      words = row.kind == ControlKind::GroupBox ? WithoutMnemonics(shown) : shown;
+    } else {
+      widget->setAccessibleName(words);
+    }
+  }
 }
 
 void OpenDialog::FocusFirst() {

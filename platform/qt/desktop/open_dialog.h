@@ -56,6 +56,7 @@ class OpenDialog final : public dialogs::DialogWindow {
   void Notify(int control, int code);
   /// What the Enter key means where the control that has the focus leaves it to the dialog.
   void PressEnter();
+  void NameFields();
   void FocusFirst();
   void KeepOnScreen();
   /// Null if there is no such control.
