@@ -18,10 +18,22 @@ PATIENCE = 90
 # What stands in a widget of its own: the reader speaks of the widget.
 WHOLES = {"list", "text", "slider", "scroll bar"}
 # What holds other things and is never spoken of.
-CONTAINERS = {"filler", "popup menu", "menu bar", "separator"}
+CONTAINERS = {"filler", "panel", "image", "popup menu", "menu bar", "separator"}
+# They have their words while nobody sees them.
+MENU_PARTS = {"menu item", "popup menu", "separator"}
 
 MENUS = ["File", "Edit", "Device", "Channel", "Mode", "Language", "Help"]
 BUTTONS = ["Add new mode", "Delete mode", "Play or pause demo", "Stop demo"]
+DIALOGS = [
+    ("menu item", "About ..."),
+    ("menu item", "Known issues ..."),
+    ("menu item", "Set time"),
+    ("menu item", "Custom..."),
+    ("menu item", "Setup TC421 WiFi"),
+    ("push button", "Add new mode"),
+]
+# These act on the selected channel.
+CHANNEL_DIALOGS = [("menu item", "Manual steps add..."), ("menu item", "Rename channel")]
 LABELS = ["Ready (60s)", "Channel power", "Devices", "Zoom"]
 
 
@@ -125,6 +137,8 @@ def described(text):
 def offenders(node, found):
     """Adds what a reader would have no word for."""
     role = node.getRoleName()
+    if role not in MENU_PARTS and not has_state(node, pyatspi.STATE_VISIBLE):
+        return
     silent = role in CONTAINERS and not has_state(node, pyatspi.STATE_FOCUSABLE)
     if not silent and (node.name == "" or role in ("unknown", "invalid", "filler")):
         found.append(f"{role} {node.name!r} in {node.parent.getRoleName()} {node.parent.name!r}")
@@ -153,12 +167,25 @@ def check_names():
     check("the log can be read", lambda: "Loaded program contains 2 modes" in log())
 
 
-def check_all_named():
+def check_all_named(place, window):
     found = []
-    offenders(program()[0], found)
+    offenders(window, found)
     for offender in found:
         print("# " + offender)
-    check("everything has a name and a role", lambda: not found)
+    check(f"everything in {place} has a name and a role", lambda: not found)
+
+
+def dialog():
+    return next((window for window in program() if window.getRoleName() in ("dialog", "alert")), None)
+
+
+def check_dialogs(dialogs):
+    for role, command in dialogs:
+        press(role, command)
+        if check(f"{command} opens a dialog", dialog):
+            check_all_named(dialog().name, dialog())
+        keys("Escape")
+        check("and Escape leaves it", lambda: dialog() is None)
 
 
 def check_demo():
@@ -210,6 +237,7 @@ def check_chart():
     check("and what a menu makes of it", described("Royal blue, step 3 of 7: 11:00, 78 percent, jump"))
     choose("Channel", "Toggle step jump type")
     check("and of it again", described("Royal blue, step 3 of 7: 11:00, 78 percent, fade"))
+    check_dialogs(CHANNEL_DIALOGS)
     choose("Channel", "Delete step")
     check("and that it is gone", lambda: "of 6" in told() or "6 steps" in told())
 
@@ -228,7 +256,8 @@ def main():
         return
     if sys.argv[1] == "check":
         check_names()
-        check_all_named()
+        check_all_named("the window", program()[0])
+        check_dialogs(DIALOGS)
         check_demo()
         check_chart()
         check_language()

@@ -2,6 +2,7 @@
 # The installed desktop program under Wayland, on a compositor without a screen. Nobody can click there: its picture is
 # looked at, and a screen reader ends it.
 #   tests/installed/wayland_test.sh BUILD
+# shellcheck disable=SC2317   # the checks call functions by their names
 set -uo pipefail
 
 [ $# = 1 ] || { echo "usage: $0 BUILD" >&2; exit 2; }
