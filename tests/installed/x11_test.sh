@@ -35,6 +35,8 @@ start first reef-day.xml
 soon "the window comes up with the file" titled "Lumarine - $work/reef-day.xml"
 soon "nothing else comes up" are_open 1
 use
+# It is all there and listens.
+soon "the log tells of the file" logged "Loaded program contains 2 modes"
 moves_on click 400 $((first_lane + 10))
 twelve=$((left + (WIDTH - 140) / 2))
 click 351 $((first_lane + 87))
