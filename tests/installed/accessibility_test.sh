@@ -20,7 +20,7 @@ use
 screen_reader check | tee -a "$counted"
 screen_reader exit
 soon "Exit asks about the changed program" titled "Program modified"
-xdotool key alt+n
+answer alt+n
 ends "it ends without saving" 0
 check "the file is as it was" cmp reef-day.xml "$here/../../examples/reef-day.xml"
 check "nobody complained" test ! -s reader.err

@@ -184,6 +184,7 @@ def check_dialogs(dialogs):
         press(role, command)
         if check(f"{command} opens a dialog", dialog):
             check_all_named(dialog().name, dialog())
+        wait_for(lambda: has_state(dialog(), pyatspi.STATE_ACTIVE))
         keys("Escape")
         check("and Escape leaves it", lambda: dialog() is None)
 

@@ -10,6 +10,7 @@
 #   point X Y, click X Y   in the main window; a distance below 0 is from its right or lower edge
 #   choose MENU ITEM [ITEM]   gives a command by keys alone; menus and their items are counted from 1, without those that
 #                          are greyed
+#   answer KEY...          in the dialog, once it has the keys
 #   logged TEXT            succeeds if the log pane says so, which is read as a user copies it
 #   moves_on COMMAND...    gives the command and waits until the window looks different and then stays as it is
 # shellcheck disable=SC2034,SC2154
@@ -40,9 +41,16 @@ measure() { eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(WID
 point() { xdotool mousemove --window "$window" $(($1 < 0 ? WIDTH + $1 : $1)) $(($2 < 0 ? HEIGHT + $2 : $2)); }
 click() { point "$1" "$2" && xdotool click 1; }
 
+asks() {
+  local active
+  active=$(xdotool getactivewindow 2>/dev/null) && [ "$active" != "$window" ] && [ "$active" != 0 ]
+}
+answer() { await asks && xdotool key "$@"; }
+
 down() { for ((i = 1; i < $1; ++i)); do xdotool key Down; done; }
 choose() {
   local before i
+  await has_keys
   before=$(windows)
   xdotool key alt
   for ((i = 1; i < $1; ++i)); do xdotool key Right; done

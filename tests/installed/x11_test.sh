@@ -51,7 +51,7 @@ soon "a drag ends with the step where it was let go" logged "Step (Time: $(clock
 
 choose 1 4
 soon "a file dialog opens by keys" titled "Save As"
-xdotool key ctrl+a
+answer ctrl+a
 xdotool type --delay 20 "$work/mine.xml"
 xdotool key Return
 soon "the window has the new file's name" titled "Lumarine - $work/mine.xml"
@@ -86,17 +86,17 @@ xdotool key Escape Escape
 soon "and closes" are_open 1
 xdotool key alt+slash
 soon "a key opens About" titled "About"
-xdotool key Escape
+answer Escape
 soon "Escape leaves it" are_open 1
 choose 3 6 4
-soon "the last choice of a submenu opens a dialog" are_open 2
-xdotool key ctrl+a
+soon "the last choice of a submenu opens a dialog" asks
+answer ctrl+a
 xdotool type --delay 20 45
 xdotool key Return
 soon "Enter accepts what was typed" are_open 1
 choose 7 2
-soon "the known issues are shown" are_open 2
-xdotool key Return
+soon "the known issues are shown" asks
+answer Return
 soon "Enter closes them" are_open 1
 
 # --- the view and the window
@@ -130,11 +130,12 @@ soon "a step is added where the mouse is there, too, and the wheel has zoomed ou
 
 xdotool key alt+F4
 soon "it asks before it closes" titled "Program modified"
-xdotool key Escape
+answer Escape
 soon "Escape leaves it open" are_open 1
+await has_keys
 xdotool key alt+F4
 soon "it asks again" titled "Program modified"
-xdotool key Return
+answer Return
 ends "yes saves and closes" 0
 check "the last step is in the file" step mine.xml "$(minute_at 500)" 1 100
 check "the demo's speed is among the settings" setting demo_speed 45
