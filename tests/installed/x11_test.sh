@@ -14,6 +14,15 @@ desktop_begin "$1"
 x11_begin
 cp "$here"/../../examples/{reef-day,planted-tank}.xml .
 
+# --- what it says without a window
+
+same_version() { [ "$(env -u DISPLAY lumarine --version)" = "$(lumarinectl --version)" ]; }
+check "it tells the version of the command line" same_version
+helps() { env -u DISPLAY lumarine --help | grep -q '^Usage: lumarine \[FILE\.\.\.\]'; }
+check "it tells how it is used" helps
+refuses() { local said; said=$(lumarine --fsat 2>&1); [ $? = 2 ] && [[ $said == *"no option --fsat"* ]]; }
+check "it knows an option that it does not know" refuses
+
 # --- a day is drawn
 
 # Where the day stands in the window: ten pixels within the chart, which is 120 less wide than the window.
