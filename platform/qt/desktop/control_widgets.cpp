@@ -35,20 +35,31 @@ QWidget* MakeLabel(const dialogs::ControlTemplate& control, QWidget* parent) {
   return label;
 }
 
+// A field that nobody can write into looks like the window around it.
+void LookReadOnly(QWidget& field) {
+  QPalette palette = field.palette();
+  palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
+  field.setPalette(palette);
+}
+
 QWidget* MakeEdit(const dialogs::ControlTemplate& control, QWidget* parent) {
   if (!Has(control, trait::kMultiLine)) {
     auto* const line = new LineField(parent);
     line->setReadOnly(Has(control, trait::kReadOnly));
+    if (line->isReadOnly()) LookReadOnly(*line);
     return line;
   }
   auto* const lines = new LinesField(Has(control, trait::kWantsReturn), parent);
   lines->setReadOnly(Has(control, trait::kReadOnly));
+  if (lines->isReadOnly()) LookReadOnly(*lines);
   if (!Has(control, trait::kVerticalScrollBar)) lines->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   return lines;
 }
 
 QWidget* MakeButton(const dialogs::ControlTemplate& control, QWidget* parent) {
   auto* const button = new QPushButton(parent);
+  // Qt would mark the first button of a dialog that has no default one.
+  button->setAutoDefault(false);
   button->setDefault(Has(control, trait::kDefault));
   if (Has(control, trait::kLink)) button->setCursor(Qt::PointingHandCursor);
   return button;

@@ -50,7 +50,6 @@ void Controls::Create(const app::ControlRow& row, std::u16string_view text, cons
 
 void Controls::Connect(const app::ControlRow& row, QWidget& widget) {
   if (auto* const button = qobject_cast<QPushButton*>(&widget)) {
-    button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button,
                      [this, id = row.id] { window_.Notify(id, kPressed); });
   } else if (auto* const list = qobject_cast<QListWidget*>(&widget)) {
