@@ -5,6 +5,15 @@
 
 namespace qt {
 
+namespace {
+
+// Percent of the letters' usual width.
+constexpr int kUsual = 100;
+constexpr int kNarrowest = 76;
+constexpr int kStep = 4;
+
+}  // namespace
+
 SingleLineLabel::SingleLineLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setFrameStyle(QFrame::Panel | QFrame::Sunken);
@@ -16,14 +25,22 @@ void SingleLineLabel::SetWholeText(const QString& text) {
   OfferWholeText();
 }
 
+QFont SingleLineLabel::ShownFont() const {
+  QFont shown = font();
+  // Letters may be rounded to whole pixels, so it is tried which width will do.
+  for (int width = kUsual; width > kNarrowest && QFontMetrics(shown).horizontalAdvance(text()) > Room();) {
+    shown.setStretch(width -= kStep);
+  }
+  return shown;
+}
+
 QString SingleLineLabel::ShownText() const {
-  return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width() - 2 * indent());
+  return QFontMetrics(ShownFont()).elidedText(text(), Qt::ElideRight, Room());
 }
 
 void SingleLineLabel::OfferWholeText() {
   // Marked up, since Qt guesses from a tip's text whether it is.
-  setToolTip(ShownText() == text() ? QString()
-                                   : QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped()));
+  setToolTip(IsWhole() ? QString() : QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped()));
 }
 
 void SingleLineLabel::resizeEvent(QResizeEvent* event) {
@@ -34,6 +51,7 @@ void SingleLineLabel::resizeEvent(QResizeEvent* event) {
 void SingleLineLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   drawFrame(&painter);
+  painter.setFont(ShownFont());
   const QRect place = contentsRect().adjusted(indent(), 0, -indent(), 0);
   style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
                         ShownText(), foregroundRole());
