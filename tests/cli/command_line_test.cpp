@@ -39,7 +39,8 @@ TEST_F(CommandLineTest, EveryCommandTeachesByExample) {
   for (const std::string command : kCommands) {
     const Outcome outcome = Run({command, "--help"});
     EXPECT_EQ(outcome.status, kSuccess);
-    EXPECT_THAT(outcome.out, testing::ContainsRegex("\n  (sudo )?lumarinectl " + command));
+    EXPECT_THAT(outcome.out, testing::AnyOf(HasSubstr("\n  lumarinectl " + command),
+                                            HasSubstr("\n  sudo lumarinectl " + command)));
     help += Transcript(command + " --help", outcome);
   }
   golden::Expect("tests/cli/golden/help.txt", help);
