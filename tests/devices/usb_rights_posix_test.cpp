@@ -22,7 +22,9 @@ class UsbRightsTest : public testing::Test {
   bool MayOpen(const fs::path& path) const {
     constexpr uid_t kNobody = 65534;
     const uid_t user = geteuid();
-    if (user == 0) EXPECT_EQ(seteuid(kNobody), 0);
+    if (user == 0) {
+      EXPECT_EQ(seteuid(kNobody), 0);
+    }
     const bool may = platform::MayOpenDevice(path.native());
     EXPECT_EQ(seteuid(user), 0);
     return may;

@@ -23,7 +23,9 @@ void ExpectEntries(const QList<QAction*>& items, const std::vector<app::MenuEntr
     EXPECT_EQ(items[i]->menu() != nullptr, entry.kind == Kind::Submenu);
     if (entry.kind == Kind::Separator) continue;
     EXPECT_EQ(items[i]->text().toStdString(), std::string(entry.text).append(entry.suffix));
-    if (entry.kind == Kind::Command) EXPECT_EQ(items[i]->data().toInt(), entry.command);
+    if (entry.kind == Kind::Command) {
+      EXPECT_EQ(items[i]->data().toInt(), entry.command);
+    }
     if (entry.kind == Kind::Submenu) ExpectEntries(items[i]->menu()->actions(), entry.entries);
   }
 }
