@@ -134,9 +134,6 @@ void MainWindow::Create(const QString& title) {
   window_ = std::make_unique<Frame>(*this);
   window_->setObjectName(QStringLiteral("main-window"));
   window_->setWindowTitle(title);
-  if (const std::optional<SvgPicture> icon = SvgPicture::Load(resource::kIcon)) {
-    window_->setWindowIcon(icon->AsIcon());
-  }
   window_->setCentralWidget(new Background(*this, window_.get()));
   // It has the keys while no control has them.
   Inside().setAccessibleName(title);
@@ -156,6 +153,9 @@ void MainWindow::ShowControls() {
 
 void MainWindow::LoadLogo() {
   logo_ = SvgPicture::Load(resource::kLogo);
+  if (const std::optional<SvgPicture> icon = SvgPicture::Load(resource::kIcon)) {
+    window_->setWindowIcon(icon->AsIcon());
+  }
 }
 
 bool MainWindow::Owns(const QWidget& widget) const {

@@ -30,6 +30,7 @@ class MainWindow final : public app::MainWindowPort {
   /// Shows the window before the application has filled it: the first start's half second of rest is spent
   /// with a window on the screen.
   void ShowControls();
+  /// And the window's icon: drawing it in all its sizes takes as long as the window itself.
   void LoadLogo();
   void DeleteLogo() { logo_.reset(); }
 
