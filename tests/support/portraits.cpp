@@ -47,9 +47,9 @@ class Photographer {
     return Await("control " + std::to_string(control), [=, this] { return sitter_.HasControl(control); });
   }
   bool Take(const std::string& name);
-  /// Takes what is in front, and leaves it for the main window.
+  // Takes what is in front, and leaves it for the main window.
   bool TakeAndLeave(const std::string& name);
-  /// Takes the dialog that a command opens, after something was done in it.
+  // Takes the dialog that a command opens, after something was done in it.
   bool TakeDialog(int number, const std::string& name, const std::function<void()>& fill = {});
   bool TakeWizard();
   bool TakeConfiguration();
