@@ -14,7 +14,9 @@ class OtherUser {
  public:
   OtherUser() {
     constexpr uid_t kNobody = 65534;
-    if (before_ == 0) EXPECT_EQ(seteuid(kNobody), 0);
+    if (before_ == 0) {
+      EXPECT_EQ(seteuid(kNobody), 0);
+    }
   }
   ~OtherUser() { EXPECT_EQ(seteuid(before_), 0); }
   OtherUser(const OtherUser&) = delete;
