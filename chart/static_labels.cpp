@@ -81,12 +81,16 @@ void MakeAxisLabels(Canvas& canvas, const ChartScene& scene) {
   MakePercents(canvas, scene.layout);
 }
 
+std::string ShownChannelName(const TCBase::Program::ModeListView& program, std::int32_t channel) {
+  const std::string& name = program.channelInfos.at(static_cast<std::size_t>(channel)).name;
+  return name.empty() ? Message("Channel {1}", channel + 1).utf8() : name;
+}
+
 void MakeChannelNames(Canvas& canvas, const ChartScene& scene) {
   const LabelSize limits = NameLimits(scene.layout);
   if (limits.IsEmpty()) return;
   for (std::int32_t channel = 0; channel < kChannelCount; ++channel) {
-    const std::string& name = scene.program.channelInfos[static_cast<std::size_t>(channel)].name;
-    const std::string text = name.empty() ? Message("Channel {1}", channel + 1).utf8() : name;
+    const std::string text = ShownChannelName(scene.program, channel);
     const TextSize size = canvas.LayOutText(TextFormat::Large, text, limits.Limits());
     // Rounded up, or the edge of the last letter would be cut off.
     canvas.BeginLabel(ChannelNameLabel(channel),

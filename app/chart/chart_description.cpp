@@ -6,6 +6,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "OvkLib/src/ovk_format.h"
+#include "chart/static_labels.h"
 #include "common/message.h"
 #include "common/truncate.h"
 #include "program/channel_edit.h"
@@ -16,15 +17,10 @@ using namespace TCBase::Program;
 
 namespace {
 
-std::string NameOf(const ModeListView& document, std::int32_t channel) {
-  const std::string& name = document.channelInfos.at(static_cast<std::size_t>(channel)).name;
-  return name.empty() ? Message("Channel {1}", channel + 1).utf8() : name;
-}
-
 std::u16string InWords(const StepSelection& selection) {
   const Channel* const channel = SelectedChannel(selection);
   if (channel == nullptr) return Message("No channel selected").ToWide();
-  const std::string name = NameOf(selection.document, selection.channel);
+  const std::string name = UX::ShownChannelName(selection.document, selection.channel);
   const auto count = static_cast<std::int32_t>(channel->size());
   const Step* const step = SelectedStep(selection);
   if (step == nullptr) return Message("{1}, {2} steps, none selected", name, count).ToWide();

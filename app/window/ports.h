@@ -51,8 +51,8 @@ class MainWindowPort : public EventTarget {
   /// shown with, unless it comes up maximised: the controls are placed by it.
   virtual Size ClientSize() const = 0;
   /// Shows the window as the process was asked to: in its own size, maximised, minimised, whether it came up
-  /// with PlatformStep::ShowControls already or not. MainWindow::OnSize,
-  /// and the paint events of both windows unless they are hidden, come before this returns.
+  /// with PlatformStep::ShowControls already or not. MainWindow::OnSize, and the paint events of both windows
+  /// unless they are hidden, come before this returns.
   virtual void Show() = 0;
   /// Keys go to MainWindow::OnKeyDown and OnKeyUp from now on.
   virtual void TakeFocus() = 0;

@@ -6,6 +6,8 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 
 #include "platform/qt/desktop/accessible_role.h"
 #include "platform/qt/desktop/keys.h"
@@ -103,16 +105,20 @@ void ChartWindow::Area::mouseReleaseEvent(QMouseEvent* event) {
 void ChartWindow::Area::wheelEvent(QWheelEvent* event) {
   const bool shift = (event->modifiers() & Qt::ShiftModifier) != 0;
   const bool ctrl = (event->modifiers() & Qt::ControlModifier) != 0;
-  // With a key the wheel counts turns, and without one it moves the view as far as it was turned.
   const int turned = event->angleDelta().y();
-  const int delta = shift || ctrl ? window_.wheel_.WholeNotches(turned) : turned;
   event->accept();
-  if (delta == 0) return;
   const Point point = UnitAt(event->position());
-  const int step = shift || ctrl ? (delta < 0 ? -WheelNotches::kNotch : WheelNotches::kNotch) : delta;
-  for (int done = 0; done != delta; done += step) {
-    window_.logic_->OnWheel(point.x, point.y, step, shift, ctrl, event->buttons() != Qt::NoButton);
+  const auto turn = [&](int delta) {
+    window_.logic_->OnWheel(point.x, point.y, delta, shift, ctrl, event->buttons() != Qt::NoButton);
+  };
+  // Without a key the view moves as far as the wheel was turned; with one its notches count.
+  if (!shift && !ctrl) {
+    if (turned != 0) turn(turned);
+    return;
   }
+  const int notches = window_.wheel_.WholeNotches(turned) / WheelNotches::kNotch;
+  for (int i = 0; i < std::abs(notches); ++i)
+    turn(notches < 0 ? -WheelNotches::kNotch : WheelNotches::kNotch);
 }
 
 ChartWindow::ChartWindow() {

@@ -1,6 +1,7 @@
 #include "platform/qt/desktop/main_window.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -10,8 +11,6 @@
 #include <QPainter>
 #include <QScreen>
 #include <QUrl>
-
-#include <QCoreApplication>
 
 #include <vector>
 

@@ -9,8 +9,7 @@ namespace qt {
 namespace {
 
 QString English(std::string_view text, std::string_view suffix = {}) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())) +
-         QString::fromUtf8(suffix.data(), static_cast<qsizetype>(suffix.size()));
+  return QtText(text) + QtText(suffix);
 }
 
 }  // namespace

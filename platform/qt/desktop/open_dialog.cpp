@@ -84,8 +84,7 @@ OpenDialog::~OpenDialog() {
 
 void OpenDialog::MakeControls() {
   const DialogUnits units(frame_->fontMetrics());
-  frame_->setWindowTitle(
-      QString::fromUtf8(template_.title.data(), static_cast<qsizetype>(template_.title.size())));
+  frame_->setWindowTitle(QtText(template_.title));
   frame_->setFixedSize(units.Pixels(template_.place).size());
   MoveTo(template_.place.x, template_.place.y);
   QWidget* before = nullptr;
@@ -94,7 +93,7 @@ void OpenDialog::MakeControls() {
     if (row.id != dialogs::kNoControl) widget->setObjectName(QStringLiteral("item-%1").arg(row.id));
     // A list that is let down finds its height by itself.
     widget->setGeometry(units.Pixels(row.place.In(0, 0), row.kind));
-    SetControlText(*widget, row, QString::fromUtf8(row.text.data(), static_cast<qsizetype>(row.text.size())));
+    SetControlText(*widget, row, QtText(row.text));
     if (row.kind == ControlKind::ProgramIcon) ShowIcon(*widget);
     if (Has(row, trait::kNoTabStop)) widget->setFocusPolicy(Qt::ClickFocus);
     if (before != nullptr) QWidget::setTabOrder(before, widget);

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "app/window/control_table.h"
 #include "app/window/numbers.h"
@@ -60,17 +61,41 @@ QAbstractSlider::SliderAction ActionOf(int key) {
 
 }  // namespace
 
+// TellingBar
+
+template <class Base>
+void TellingBar<Base>::mouseReleaseEvent(QMouseEvent* event) {
+  const bool wasDragged = this->isSliderDown();
+  Base::mouseReleaseEvent(event);
+  if (event->button() != Qt::LeftButton) return;
+  if (wasDragged) Tell(scroll::kThumbReleased);
+  Tell(scroll::kEnd);
+}
+
+template <class Base>
+void TellingBar<Base>::wheelEvent(QWheelEvent* event) {
+  event->accept();
+  const int notches = wheel_.WholeNotches(event->angleDelta().y()) / WheelNotches::kNotch;
+  if (notches == 0) return;
+  const auto step = notches > 0 ? Base::SliderSingleStepSub : Base::SliderSingleStepAdd;
+  for (int i = 0; i < std::abs(notches); ++i) this->triggerAction(step);
+  Tell(scroll::kEnd);
+}
+
+template class TellingBar<QSlider>;
+template class TellingBar<QScrollBar>;
+
 // Slider
 
-Slider::Slider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
+Slider::Slider(QWidget* parent) : TellingBar(parent) {
   setRange(0, app::kSliderFirstMaximum);
   connect(this, &QAbstractSlider::actionTriggered, this, [this](int action) { OnAction(action); });
 }
 
 void Slider::OnAction(int action) {
-  if (!tell_ || action == SliderNoAction) return;
+  if (action == SliderNoAction) return;
   const int code = CodeOf(action);
-  tell_(code, code == scroll::kThumbMoving ? sliderPosition() : 0);
+  Tell(code, code == scroll::kThumbMoving ? sliderPosition() : 0);
 }
 
 void Slider::keyPressEvent(QKeyEvent* event) {
@@ -81,7 +106,7 @@ void Slider::keyPressEvent(QKeyEvent* event) {
 
 void Slider::keyReleaseEvent(QKeyEvent* event) {
   const bool isEnd = ActionOf(event->key()) != SliderNoAction && !event->isAutoRepeat();
-  if (isEnd && tell_) tell_(scroll::kEnd, 0);
+  if (isEnd) Tell(scroll::kEnd);
   QSlider::keyReleaseEvent(event);
 }
 
@@ -96,25 +121,9 @@ void Slider::mousePressEvent(QMouseEvent* event) {
   event->setAccepted(onGroove.isAccepted());
 }
 
-void Slider::mouseReleaseEvent(QMouseEvent* event) {
-  const bool wasDragged = isSliderDown();
-  const bool wasHeld = event->button() == Qt::LeftButton;
-  QSlider::mouseReleaseEvent(event);
-  if (!wasHeld || !tell_) return;
-  if (wasDragged) tell_(scroll::kThumbReleased, 0);
-  tell_(scroll::kEnd, 0);
-}
-
-void Slider::wheelEvent(QWheelEvent* event) {
-  event->accept();
-  if (event->angleDelta().y() == 0) return;
-  triggerAction(event->angleDelta().y() > 0 ? SliderSingleStepSub : SliderSingleStepAdd);
-  if (tell_) tell_(scroll::kEnd, 0);
-}
-
 // ScrollBar
 
-ScrollBar::ScrollBar(QWidget* parent) : QScrollBar(Qt::Horizontal, parent) {
+ScrollBar::ScrollBar(QWidget* parent) : TellingBar(parent) {
   setMaximum(0);
   setFocusPolicy(Qt::NoFocus);
   connect(this, &QAbstractSlider::actionTriggered, this, [this](int action) { OnAction(action); });
@@ -135,23 +144,7 @@ void ScrollBar::OnAction(int action) {
   const int moved = sliderPosition();
   // Before Qt makes the new place its value; the application's answer sets another.
   if (code != scroll::kThumbMoving) setSliderPosition(position_);
-  if (tell_) tell_(code, code == scroll::kThumbMoving ? moved : 0);
-}
-
-void ScrollBar::mouseReleaseEvent(QMouseEvent* event) {
-  const bool wasDragged = isSliderDown();
-  const bool wasHeld = event->button() == Qt::LeftButton;
-  QScrollBar::mouseReleaseEvent(event);
-  if (!wasHeld || !tell_) return;
-  if (wasDragged) tell_(scroll::kThumbReleased, 0);
-  tell_(scroll::kEnd, 0);
-}
-
-void ScrollBar::wheelEvent(QWheelEvent* event) {
-  event->accept();
-  if (event->angleDelta().y() == 0) return;
-  triggerAction(event->angleDelta().y() > 0 ? SliderSingleStepSub : SliderSingleStepAdd);
-  if (tell_) tell_(scroll::kEnd, 0);
+  Tell(code, code == scroll::kThumbMoving ? moved : 0);
 }
 
 // Its menu would go past the application.

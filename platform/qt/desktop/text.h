@@ -15,7 +15,12 @@ inline QString QtText(std::u16string_view text) {
   return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// The same for a text of several lines, which Qt ends with LF.
+/// UTF-8.
+inline QString QtText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Text of several lines, which Qt ends with LF.
 inline QString QtLines(std::u16string_view text) {
   return QtText(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }

@@ -119,6 +119,17 @@ TEST_F(SliderTest, IsTurnedByTheWheel) {
   EXPECT_THAT(told, ElementsAre(Pair(scroll::kLineBack, 0), Pair(scroll::kEnd, 0)));
 }
 
+TEST_F(SliderTest, TakesTheFractionsOfATouchpadTogether) {
+  for (int i = 0; i < 7; ++i) Turn(slider, -16);
+  EXPECT_TRUE(told.empty());
+  Turn(slider, -16);
+  EXPECT_THAT(told, ElementsAre(Pair(scroll::kLineForward, 0), Pair(scroll::kEnd, 0)));
+  told.clear();
+  Turn(slider, -232);
+  EXPECT_THAT(
+      told, ElementsAre(Pair(scroll::kLineForward, 0), Pair(scroll::kLineForward, 0), Pair(scroll::kEnd, 0)));
+}
+
 class ScrollBarTest : public testing::Test {
  protected:
   ScrollBarTest() {
