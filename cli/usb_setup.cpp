@@ -12,6 +12,7 @@
 #include "common/message.h"
 #include "common/platform.h"
 #include "devices/usb_rights.h"
+#include "devices/usb_rule.h"
 
 namespace cli {
 
@@ -22,7 +23,6 @@ namespace fs = std::filesystem;
 // The rule, among the program's resources.
 constexpr int kRuleResource = 136;
 constexpr std::string_view kRuleType = "RULES";
-constexpr char kRuleFile[] = "70-lumarine.rules";
 
 // Answers 0, or the C library's number of the error.
 int InstallRule(const fs::path& file) {
@@ -55,8 +55,12 @@ ExitStatus SetUp(const Session& session) {
         Message("Nothing is to be set up: on this system every user may open controllers on USB.").utf8());
     return ExitStatus::Success;
   }
-  const fs::path file = *folder / kRuleFile;
-  if (const int error = InstallRule(file); error != 0) return ExplainError(session, file, error);
+  // A package keeps its rule up to date; one of ours would stand before it for ever.
+  const auto installed = TCBase::InstalledUsbRule();
+  const bool packaged = installed && installed->parent_path() != *folder;
+  const fs::path file = packaged ? *installed : *folder / TCBase::kUsbRuleFile;
+  const int error = packaged ? 0 : InstallRule(file);
+  if (error != 0) return ExplainError(session, file, error);
   // The second goes through the devices that are there, as if each had just been plugged in.
   const bool told = TellUdev({"control", "--reload"}) &&
                     TellUdev({"trigger", "--action=change", "--subsystem-match=hidraw"});
@@ -79,8 +83,8 @@ const Command kUsbSetup = {
     "usb-setup",
     "Let users of this computer open controllers on USB (Linux)",
     R"(Linux keeps USB devices to root until a rule tells otherwise. This installs the rule for controllers,
-/etc/udev/rules.d/70-lumarine.rules, and has udev read it; once is enough. It counts for who is logged in at
-the computer itself, not for who comes over ssh.
+/etc/udev/rules.d/70-lumarine.rules, unless a package has brought it, and has udev read it; once is enough. It
+counts for who is logged in at the computer itself, not for who comes over ssh.
 Example:
   sudo lumarinectl usb-setup)",
     &DeclareUsbSetup,

@@ -1,5 +1,6 @@
 #include "devices/operations.h"
 
+#include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
@@ -7,6 +8,7 @@
 #include "devices/tc420.h"
 #include "devices/tc421.h"
 #include "devices/usb_rights.h"
+#include "devices/usb_rule.h"
 #include "program/resample.h"
 
 namespace TCBase {
@@ -51,6 +53,15 @@ std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info, OperationObserv
 }
 
 void WarnOfRights(const ControllerModel& model) {
+  if (const auto rule = InstalledUsbRule()) {
+    LogWarning(
+        Message(
+            "{1} is plugged in, but this user may not open it, though {2} is installed. Plug it in again. "
+            "The rule counts for who is logged in at this computer itself, not over ssh.",
+            model.name, Utf8FromPath(*rule))
+            .utf8());
+    return;
+  }
   LogWarning(
       Message("{1} is plugged in, but this user may not open it. This command changes that once and for "
               "all: {2}",

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -13,8 +14,13 @@ namespace platform {
 /// forbid it: a device that is not there, or that another program holds, is none of its business.
 bool MayOpenDevice(const std::string& path);
 
-/// The folder of the system's rules that give such rights. Nothing where every user has them.
+/// The folder of the system's rules that give such rights, for those that its administrator installs. Nothing
+/// where every user has them.
 std::optional<std::filesystem::path> RulesFolder();
+
+/// The folders of rules that come with packages. A rule in RulesFolder() stands for one of the same name
+/// there.
+std::vector<std::filesystem::path> PackagedRulesFolders();
 
 /// The command that gives this user the right, as it is typed into a shell. Empty where every user has it.
 std::string RightsCommand();

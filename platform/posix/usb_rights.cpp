@@ -47,6 +47,10 @@ std::optional<std::filesystem::path> RulesFolder() {
   return "/etc/udev/rules.d";
 }
 
+std::vector<std::filesystem::path> PackagedRulesFolders() {
+  return {"/usr/local/lib/udev/rules.d", "/usr/lib/udev/rules.d", "/lib/udev/rules.d"};
+}
+
 std::string RightsCommand() {
   return "sudo " + Lumarinectl() + " usb-setup";
 }

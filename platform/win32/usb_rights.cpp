@@ -12,6 +12,10 @@ std::optional<std::filesystem::path> RulesFolder() {
   return std::nullopt;
 }
 
+std::vector<std::filesystem::path> PackagedRulesFolders() {
+  return {};
+}
+
 std::string RightsCommand() {
   return {};
 }

@@ -25,6 +25,13 @@ class UsbSetupTest : public CommandTest {
     sim_hidapi::SetRulesFolder(PathOf("etc/rules.d"));
   }
 
+  // What a package brings, into the folder lib.
+  void GivenPackagedRule() {
+    sim_hidapi::SetPackagedRulesFolders({PathOf("local"), PathOf("lib")});
+    std::filesystem::create_directory(PathOf("lib"));
+    GivenFile("lib/70-lumarine.rules", "what the package has brought");
+  }
+
   static std::string ShippedRule() {
     return BytesOf(std::filesystem::path(LUMARINE_SOURCE_DIR) / "resources/linux/70-lumarine.rules");
   }
@@ -54,6 +61,26 @@ TEST_F(UsbSetupTest, ToDoItAgainIsToDoTheSame) {
   const std::filesystem::path folder = PathOf("etc/rules.d");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1)
       << "nothing else is left there";
+}
+
+TEST_F(UsbSetupTest, ARuleOfAPackageIsLeftToThePackage) {
+  GivenPackagedRule();
+  const Outcome outcome = Run({"usb-setup"});
+  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_THAT(outcome.err,
+              testing::StartsWith(Utf8FromPath(std::filesystem::path("lib") / "70-lumarine.rules") +
+                                  " is installed. "));
+  EXPECT_FALSE(Exists("etc")) << "it would stand before the package's, and stay when that is renewed";
+  EXPECT_EQ(ContentOf("lib/70-lumarine.rules"), "what the package has brought");
+  EXPECT_EQ(fake_helper::Starts().size(), 2U);
+}
+
+TEST_F(UsbSetupTest, TheAdministratorsRuleStandsBeforeThatOfAPackage) {
+  Run({"usb-setup"});
+  GivenPackagedRule();
+  GivenFile(kRule, "what an older program has installed");
+  EXPECT_THAT(Run({"usb-setup"}).err, testing::StartsWith(ToldRule() + " is installed. "));
+  EXPECT_EQ(ContentOf(kRule), ShippedRule());
 }
 
 TEST_F(UsbSetupTest, WhereUdevCannotBeToldTheCableHelps) {

@@ -6,7 +6,9 @@
 #include "devices/jobs.h"
 #include "program/demo_state.h"
 #include "tests/devices/device_test.h"
+#include "tests/support/files.h"
 #include "tests/support/golden.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -120,6 +122,25 @@ TEST_F(OperationsTest, AControllerThatMayNotBeOpenedIsAConnectErrorWithAWarningI
   }
   EXPECT_EQ(TakeTrace(), "");
   EXPECT_DOUBLE_EQ(virtual_clock::Seconds(), 0.0);
+}
+
+TEST_F(OperationsTest, WhereTheRuleIsInstalledNobodyIsToldToInstallIt) {
+  const TemporaryFolder folder;
+  sim_hidapi::SetAllowed(Family::TC420, false);
+  sim_hidapi::SetRulesFolder(folder / "etc");
+  sim_hidapi::SetPackagedRulesFolders({folder / "local", folder / "lib"});
+  const auto warnings = [&] {
+    SyncTimeOperation(SelectedTC420(), TwoModes(), kMoment, context);
+    return TakeWarnings();
+  };
+  EXPECT_THAT(warnings(), HasSubstr("usb-setup"));
+  for (const char* const place : {"lib", "etc"}) {
+    std::filesystem::create_directory(folder / place);
+    const std::filesystem::path rule = FileWith(folder / place / "70-lumarine.rules", "");
+    EXPECT_EQ(warnings(), "TC420 is plugged in, but this user may not open it, though " + Utf8FromPath(rule) +
+                              " is installed. Plug it in again. The rule counts for who is logged in at this "
+                              "computer itself, not over ssh.\n");
+  }
 }
 
 TEST_F(OperationsTest, AfterAConnectErrorTheNextDeviceIsServed) {

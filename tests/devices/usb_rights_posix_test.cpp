@@ -1,5 +1,6 @@
 // Who may open a device, as the system tells it of files.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -59,6 +60,10 @@ TEST_F(UsbRightsTest, RootMayOpenAll) {
 
 TEST(UsbRights, ARuleGivesThem) {
   EXPECT_EQ(platform::RulesFolder(), "/etc/udev/rules.d");
+}
+
+TEST(UsbRights, ARuleMayComeWithAPackage) {
+  EXPECT_THAT(platform::PackagedRulesFolders(), testing::Contains("/usr/lib/udev/rules.d"));
 }
 
 // The command names the lumarinectl beside the program that runs, since sudo looks into the system's folders

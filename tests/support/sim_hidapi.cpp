@@ -53,6 +53,7 @@ struct Simulation {
   std::map<Call, int> delays;  // milliseconds
   std::set<Family> forbidden;
   std::optional<std::filesystem::path> rulesFolder;
+  std::vector<std::filesystem::path> packagedRulesFolders;
   Answer answer = sim_hidapi::Prompt();
   std::vector<std::string> misuse;
   int openHandles = 0;
@@ -121,6 +122,7 @@ void Reset() {
   sim.delays.clear();
   sim.forbidden.clear();
   sim.rulesFolder.reset();
+  sim.packagedRulesFolders.clear();
   sim.answer = Prompt();
   sim.misuse.clear();
   sim.error = kSuccess;
@@ -160,6 +162,11 @@ void SetAllowed(Family family, bool allowed) {
 void SetRulesFolder(std::optional<std::filesystem::path> folder) {
   const std::lock_guard lock(Sim().mutex);
   Sim().rulesFolder = std::move(folder);
+}
+
+void SetPackagedRulesFolders(std::vector<std::filesystem::path> folders) {
+  const std::lock_guard lock(Sim().mutex);
+  Sim().packagedRulesFolders = std::move(folders);
 }
 
 std::vector<sim::Received> Frames(Family family) {
@@ -249,6 +256,11 @@ bool platform::MayOpenDevice(const std::string& path) {
 std::optional<std::filesystem::path> platform::RulesFolder() {
   const std::lock_guard lock(Sim().mutex);
   return Sim().rulesFolder;
+}
+
+std::vector<std::filesystem::path> platform::PackagedRulesFolders() {
+  const std::lock_guard lock(Sim().mutex);
+  return Sim().packagedRulesFolders;
 }
 
 std::string platform::RightsCommand() {

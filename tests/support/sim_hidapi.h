@@ -39,6 +39,9 @@ void SetAllowed(Family family, bool allowed);
 /// Where the rules are that give the rights; nothing for a system without, as it is until told otherwise.
 void SetRulesFolder(std::optional<std::filesystem::path> folder);
 
+/// Where packages bring rules to; nowhere until told otherwise.
+void SetPackagedRulesFolders(std::vector<std::filesystem::path> folders);
+
 // How controllers answer.
 
 /// From the reply that the controller would give, the reports in which it arrives.
