@@ -11,6 +11,8 @@ if(WIN32)
   target_compile_definitions(lumarine_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00 WINVER=0x0A00)
   target_link_options(lumarine_options INTERFACE -static)
+  # A program is the same whenever it is built. Where is kept out of it by packaging/windows/build.
+  add_link_options(-Wl,--no-insert-timestamp)
 endif()
 
 if(LUMARINE_SANITIZE)

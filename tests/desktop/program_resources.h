@@ -1,6 +1,6 @@
 #pragma once
 
-// What is built into Lumarine.exe, which stands beside the test program.
+// What is built into the programs, which stand beside the test program.
 
 #include <gtest/gtest.h>
 
@@ -13,13 +13,13 @@
 
 namespace desktop {
 
-inline std::filesystem::path ProgramFile() {
+inline std::filesystem::path ProgramFile(const std::string& name = "Lumarine.exe") {
   std::array<wchar_t, 1024> own{};
   GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size()));
-  return std::filesystem::path(own.data()).parent_path() / L"Lumarine.exe";
+  return std::filesystem::path(own.data()).parent_path() / name;
 }
 
-/// A test that looks into the program without starting it.
+/// A test that looks into Lumarine.exe without starting it.
 class ProgramResources : public testing::Test {
  protected:
   void SetUp() override {

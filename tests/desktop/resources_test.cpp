@@ -6,12 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdio>
 #include <filesystem>
 #include <set>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "app/commands.h"
@@ -22,7 +20,6 @@
 namespace {
 
 using desktop::Ascii;
-using testing::HasSubstr;
 namespace resource = win32::resource;
 
 class Resources : public desktop::ProgramResources {
@@ -162,56 +159,6 @@ TEST_F(Resources, LogoIsAPictureOfTwiceTheSizeItIsShownIn) {
   };
   EXPECT_EQ(number(16), 512);
   EXPECT_EQ(number(20), 200);
-}
-
-TEST_F(Resources, ManifestAsksForTodaysControlsAndScreens) {
-  const std::string manifest(Bytes(1, MAKEINTRESOURCEW(24)));
-  EXPECT_THAT(manifest, HasSubstr("Microsoft.Windows.Common-Controls"));
-  EXPECT_THAT(manifest, HasSubstr("PerMonitorV2"));
-  EXPECT_THAT(manifest, HasSubstr("longPathAware"));
-}
-
-// A text of the version resource, as Explorer shows it.
-std::string VersionText(std::vector<char>& block, const std::wstring& name) {
-  void* value = nullptr;
-  UINT length = 0;
-  EXPECT_TRUE(
-      VerQueryValueW(block.data(), (L"\\StringFileInfo\\040904B0\\" + name).c_str(), &value, &length));
-  return value == nullptr ? "" : Ascii(static_cast<const wchar_t*>(value));
-}
-
-// What lumarinectl, which stands beside the program, says to --version.
-std::string VersionOfTheCommandLine() {
-  const std::filesystem::path file = desktop::ProgramFile().parent_path() / "lumarinectl.exe";
-  FILE* const pipe = _popen(("\"" + file.string() + "\" --version").c_str(), "r");
-  EXPECT_NE(pipe, nullptr);
-  std::array<char, 200> line{};
-  EXPECT_NE(std::fgets(line.data(), static_cast<int>(line.size()), pipe), nullptr);
-  EXPECT_EQ(_pclose(pipe), 0);
-  return line.data();
-}
-
-TEST_F(Resources, VersionIsTheSameWhereverItStands) {
-  const std::wstring file = desktop::ProgramFile().native();
-  DWORD ignored = 0;
-  std::vector<char> block(GetFileVersionInfoSizeW(file.c_str(), &ignored));
-  ASSERT_FALSE(block.empty());
-  ASSERT_TRUE(GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
-  void* value = nullptr;
-  UINT length = 0;
-  ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &value, &length));
-  const auto* const numbers = static_cast<const VS_FIXEDFILEINFO*>(value);
-  for (const auto& [high, low] : {std::pair(numbers->dwFileVersionMS, numbers->dwFileVersionLS),
-                                  std::pair(numbers->dwProductVersionMS, numbers->dwProductVersionLS)}) {
-    EXPECT_EQ(high, MAKELONG(7U, 4U));
-    EXPECT_EQ(low, MAKELONG(496U, 0U));
-  }
-  EXPECT_EQ(VersionText(block, L"FileVersion"), "4.7.0.496");
-  EXPECT_EQ(VersionText(block, L"ProductVersion"), "4.7 build 496");
-  EXPECT_EQ(VersionText(block, L"FileDescription"), "Lumarine 4.7 build 496");
-  EXPECT_EQ(VersionOfTheCommandLine(), "Lumarine 4.7 build 496\n");
-  EXPECT_THAT(std::string(Bytes(1, MAKEINTRESOURCEW(24))),
-              HasSubstr("name=\"Lumarine\" version=\"4.7.0.496\""));
 }
 
 }  // namespace
