@@ -25,6 +25,7 @@
 #include "common/timer.h"
 #include "devices/device_info.h"
 #include "devices/operations.h"
+#include "devices/work_progress.h"
 #include "devices/worker.h"
 #include "program/builtin_modes.h"
 #include "program/channel_edit.h"
@@ -47,6 +48,7 @@ struct AppState {
   SavedBaseline savedProgram{program};
   UndoStack undoStack{program};
   TCBase::DemoState demoState;
+  TCBase::WorkProgress workProgress;  // of the worker's jobs
   TCBase::Worker worker;
   std::vector<TCBase::DeviceInfo> devices;                 // as listed, with the user's ticks
   timer_base::TimerFeatures<TimerCore_Counter> idleTimer;  // since the user last touched the chart
@@ -74,7 +76,7 @@ struct AppState {
 
   TCBase::Program::Mode& CurrentMode();
   /// What the worker's jobs work with.
-  TCBase::OperationContext JobContext() { return {demoState, worker.StopToken()}; }
+  TCBase::OperationContext JobContext() { return {demoState, worker.StopToken(), workProgress}; }
 
  private:
   MainWindowPort& window_;

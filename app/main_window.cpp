@@ -9,6 +9,21 @@
 
 namespace app {
 
+namespace {
+
+WorkSign SignOf(const TCBase::WorkStatus& status, bool pauses) {
+  switch (status.kind) {
+    case TCBase::WorkStatus::Unmeasured:
+      return {WorkSign::Unmeasured};
+    case TCBase::WorkStatus::Measured:
+      return {pauses ? WorkSign::Paused : WorkSign::Running, status.percent};
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
 void MainWindow::Touch() {
   state_.idleTimer.Restart(0.0);
 }
@@ -57,12 +72,20 @@ void MainWindow::OnAccelerator(int command) {
 
 Outcome MainWindow::OnTimer(int id) {
   if (id != kDemoTimer) return Outcome::Default;
+  ShowWork();
   if (!state_.demoState.IsRunning()) {
     MoveChartOn();
     return Outcome::Done;
   }
   state_.Refresh(part::kChart | part::kDemo);
   return Outcome::Done;
+}
+
+void MainWindow::ShowWork() {
+  const WorkSign sign = SignOf(state_.workProgress.Status(), state_.demoState.state == TCBase::StatePaused);
+  if (sign == shownWork_) return;
+  shownWork_ = sign;
+  shell_.mainWindow.ShowWork(sign);
 }
 
 void MainWindow::MoveChartOn() {

@@ -9,12 +9,12 @@
 #include <vector>
 
 #include "app/window/control_table.h"
+#include "app/window/ports.h"
 
 namespace app {
 
 struct AppState;
 class Commands;
-struct Shell;
 
 /// What is left for the shell to do with an event.
 enum class Outcome {
@@ -77,10 +77,13 @@ class MainWindow {
   bool IsForChart(int key) const;
   /// While a menu or a dialog stands open the main loop does not turn.
   void MoveChartOn();
+  /// Has the system show what the worker does, if that has changed.
+  void ShowWork();
 
   AppState& state_;
   Commands& commands_;
   const Shell& shell_;
+  WorkSign shownWork_;
 };
 
 /// The chart's window. Default handling follows on every event. Points are in its own coordinates, and may

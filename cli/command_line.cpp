@@ -112,7 +112,7 @@ ExitStatus Session::Fail(ExitStatus exitStatus, std::string_view reason) const {
 
 int RunLumarinectl(const std::vector<std::string>& arguments, MessageLanguage language, std::ostream& out,
                    std::ostream& err, Console& console) {
-  StatusLines status(err, console.ErrorIsTerminal(), console.Width());
+  StatusLines status(err, console);
   Session session{out, status, console};
   errno = 0;
   ExitStatus exitStatus = ParseAndRun(arguments, std::move(language), session);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -57,13 +58,22 @@ ExitStatus Upload(const Session& session, const UploadArguments& arguments) {
   const std::vector<DeviceInfo> devices = DevicesOf(arguments);
   WarnOfManySteps(session, document, devices);
   UploadProgress progress(document, devices);
-  return ServeDevices(
-      session, arguments,
-      {.operation = [&](const DeviceInfo& info,
-                        const OperationContext& context) { return UploadOperation(info, document, context); },
-       .progress = [&] { return progress.Text(); },
-       .observer = progress,
-       .stopsBehindMode = true});
+  std::vector<std::string> replies;
+  const ExitStatus served = ServeDevices(session, arguments,
+                                         {.operation =
+                                              [&](const DeviceInfo& info, const OperationContext& context) {
+                                                TCBase::OperationReport report =
+                                                    UploadOperation(info, document, context);
+                                                replies.push_back(LastReplyOf(info, report));
+                                                return report;
+                                              },
+                                          .progress = [&] { return progress.Line(); },
+                                          .observer = progress,
+                                          .stopsBehindMode = true});
+  for (const std::string& reply : replies) {
+    if (!reply.empty()) session.status.Print(reply);
+  }
+  return served;
 }
 
 Run DeclareUpload(CLI::App& app) {
@@ -115,7 +125,7 @@ ExitStatus Demo(const Session& session, const DemoArguments& arguments) {
              Seek seek(from, context.demo, context.observer);
              return DemoOperation(info, document, arguments.seconds, {context.demo, context.stop, seek});
            },
-       .progress = [&] { return progress.Text(); },
+       .progress = [&] { return progress.Line(); },
        .observer = progress});
 }
 

@@ -9,6 +9,7 @@
 #include "cli/explain.h"
 #include "cli/json.h"
 #include "cli/options.h"
+#include "cli/progress.h"
 #include "cli/serve.h"
 #include "common/message.h"
 #include "common/timer.h"
@@ -66,7 +67,10 @@ Plugged FindDevices(double wait) {
 // What is on the network, sorted, with a word for the user if that could not be found out.
 std::vector<DeviceInfo> ScanNetwork(const Session& session) {
   TCBase::ExchangeCount count(TCBase::NoObserver());
-  std::vector<DeviceInfo> devices = TCBase::FindNetworkDevices(TCBase::kLookupPatience, count);
+  std::vector<DeviceInfo> devices;
+  WorkWithProgress(
+      session, [turn = 0]() mutable { return UnmeasuredProgress(turn++); },
+      [&] { devices = TCBase::FindNetworkDevices(TCBase::kLookupPatience, count); });
   if (count.Counted().portTaken) ExplainPort(session);
   SortDevices(devices);
   return devices;

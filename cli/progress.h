@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/status_lines.h"
 #include "devices/device_info.h"
 #include "devices/operation_observer.h"
 #include "program/program.h"
@@ -14,7 +15,11 @@
 namespace cli {
 
 /// "[##########          ]  50 % 12:00", `part` being from 0 to 1.
-std::string ProgressText(double part, const std::string& label);
+ProgressLine MeasuredProgress(double part, const std::string& label);
+
+/// "[          ###       ]" for work that nobody can measure, in which the sign goes to and fro: one place
+/// further with each `turn` from 0 on.
+ProgressLine UnmeasuredProgress(int turn);
 
 /// A demo on one or more controllers.
 class DemoProgress final : public TCBase::OperationObserver {
@@ -23,7 +28,7 @@ class DemoProgress final : public TCBase::OperationObserver {
   void DemoEnded() override { second_ = kNoDemo; }
 
   /// Empty while no demo runs. Any thread.
-  std::string Text() const;
+  ProgressLine Line() const;
 
  private:
   static constexpr std::int32_t kNoDemo = -1;
@@ -40,7 +45,7 @@ class UploadProgress final : public TCBase::OperationObserver {
   void FrameSent() override { ++sent_; }
 
   /// Empty before the first frame. Any thread.
-  std::string Text() const;
+  ProgressLine Line() const;
 
  private:
   const int total_;

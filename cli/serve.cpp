@@ -9,7 +9,6 @@
 #include "cli/explain.h"
 #include "cli/options.h"
 #include "common/message.h"
-#include "devices/worker.h"
 
 namespace cli {
 
@@ -39,8 +38,17 @@ std::vector<DeviceInfo> DevicesOf(const DeviceArguments& arguments) {
   return devices;
 }
 
-ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Service& service) {
+void WorkWithProgress(const Session& session, const Progress& progress, const std::function<void()>& work) {
   constexpr std::chrono::milliseconds kRedraw{100};
+  std::future<void> done = std::async(std::launch::async, work);
+  while (done.wait_for(kRedraw) != std::future_status::ready) {
+    if (progress) session.status.ShowProgress(progress());
+  }
+  session.status.ShowProgress({});
+  done.get();
+}
+
+ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Service& service) {
   if (arguments.trace) session.status.Trace();
 
   TCBase::DemoState demo;
@@ -60,19 +68,11 @@ ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments
     worst = std::max(worst, Explain(session, info, report));
     return report.result;
   };
-  std::packaged_task<void()> serve([&] {
+  WorkWithProgress(session, service.progress, [&] {
     // The stop itself may be found only behind the operation.
     if (RunOnDevices(serveOne, DevicesOf(arguments), context) == TCBase::OperationResult::Cancelled)
       worst = std::max(worst, ExitStatus::OperationFailed);
   });
-  std::future<void> served = serve.get_future();
-  TCBase::Worker worker;
-  worker.AddJob([&] { serve(); });
-  while (served.wait_for(kRedraw) != std::future_status::ready) {
-    if (service.progress) session.status.ShowProgress(service.progress());
-  }
-  session.status.ShowProgress({});
-  served.get();  // hands on what the operation may have thrown
   return worst;
 }
 

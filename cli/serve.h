@@ -26,7 +26,11 @@ std::vector<TCBase::DeviceInfo> DevicesOf(const DeviceArguments& arguments);
 using Operation =
     std::function<TCBase::OperationReport(const TCBase::DeviceInfo&, const TCBase::OperationContext&)>;
 /// The line of progress at the moment; empty if there is none. Any thread.
-using Progress = std::function<std::string()>;
+using Progress = std::function<ProgressLine()>;
+/// Does the work on a thread of its own, of which this one shows the progress, ten times a second. What the
+/// work throws is thrown here. `progress` may be empty.
+void WorkWithProgress(const Session& session, const Progress& progress, const std::function<void()>& work);
+
 /// What is done to each controller.
 struct Service {
   Operation operation;
@@ -35,7 +39,7 @@ struct Service {
   bool stopsBehindMode = false;  // a stop lets the mode in hand come to its end
 };
 
-/// Runs the operation on each device, on the worker's thread, while this one watches over Ctrl+C and the
+/// Runs the operation on each device, on a thread of its own, while this one watches over Ctrl+C and the
 /// progress. The worst result counts: a controller that is not there is worse than one that failed or was
 /// stopped.
 ExitStatus ServeDevices(const Session& session, const DeviceArguments& arguments, const Service& service);

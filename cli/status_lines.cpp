@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/log.h"
+#include "common/terminal_progress.h"
 
 namespace cli {
 
@@ -25,8 +26,11 @@ void Detach(LogChannel& channel) {
 
 }  // namespace
 
-StatusLines::StatusLines(std::ostream& stream, bool onTerminal, int width)
-    : stream_(stream), onTerminal_(onTerminal), width_(width) {
+StatusLines::StatusLines(std::ostream& stream, const Console& console)
+    : stream_(stream),
+      onTerminal_(console.ErrorIsTerminal()),
+      hasSign_(console.ErrorShowsProgress()),
+      width_(console.Width()) {
   Attach(statusLog, [this](const std::string& text) { Gather(statusLine_, text, LineEnds::Replace); });
   Attach(warningLog, [this](const std::string& text) { Gather(warningLine_, text, LineEnds::Replace); });
   Attach(deviceLog, [this](const std::string& text) {
@@ -69,13 +73,24 @@ void StatusLines::PrintLocked(std::string line, LineEnds lineEnds) {
   progress_ = progress;
 }
 
-void StatusLines::ShowProgress(std::string_view text) {
+void StatusLines::ShowProgress(const ProgressLine& line) {
   const std::lock_guard lock(mutex_);
-  if (!onTerminal_ || text == progress_) return;
+  if (!onTerminal_) return;
+  ShowSign(line);
+  if (line.text == progress_) return;
   EraseProgress();
   // The last column stays free: a terminal may go to the next line behind it.
-  progress_ = text.substr(0, static_cast<std::size_t>(width_ > 1 ? width_ - 1 : 0));
+  progress_ = line.text.substr(0, static_cast<std::size_t>(width_ > 1 ? width_ - 1 : 0));
   stream_ << progress_ << std::flush;
+}
+
+void StatusLines::ShowSign(const ProgressLine& line) {
+  if (!hasSign_) return;
+  const std::string none = TerminalProgressEnd();
+  const std::string sign = line.text.empty() ? none : TerminalProgress(line.percent);
+  if (sign == (sign_.empty() ? none : sign_)) return;
+  sign_ = sign;
+  stream_ << sign_ << std::flush;
 }
 
 void StatusLines::EraseProgress() {

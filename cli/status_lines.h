@@ -4,19 +4,29 @@
 // below them on a terminal one line of progress that is drawn over.
 
 #include <mutex>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
 
 #include "cli/text.h"
+#include "common/console.h"
 
 namespace cli {
+
+/// What is shown of the work in hand, for as long as it lasts.
+struct ProgressLine {
+  std::string text;            // empty if there is nothing to show
+  std::optional<int> percent;  // done of it; nothing if nobody can tell
+
+  friend bool operator==(const ProgressLine&, const ProgressLine&) = default;
+};
 
 /// Attached to the log channels for as long as it lives; one at a time. It must outlive the threads that log.
 class StatusLines {
  public:
-  /// `width` is the terminal's in columns; it matters only with `onTerminal`.
-  StatusLines(std::ostream& stream, bool onTerminal, int width);
+  /// `stream` is what `console` calls standard error.
+  StatusLines(std::ostream& stream, const Console& console);
   ~StatusLines();
   StatusLines(const StatusLines&) = delete;
   StatusLines& operator=(const StatusLines&) = delete;
@@ -24,8 +34,9 @@ class StatusLines {
   /// Writes a line. Any thread.
   void Print(std::string_view line);
 
-  /// Replaces the line of progress; an empty one goes. Nothing happens off a terminal. Any thread.
-  void ShowProgress(std::string_view text);
+  /// Replaces the line of progress, and the sign of a terminal that has one; those of an empty line go.
+  /// Nothing happens off a terminal. Any thread.
+  void ShowProgress(const ProgressLine& line);
 
   /// Writes the device log too. Before there are other threads.
   void Trace();
@@ -35,9 +46,11 @@ class StatusLines {
   void Gather(std::string& line, const std::string& text, LineEnds lineEnds);
   void PrintLocked(std::string line, LineEnds lineEnds);
   void EraseProgress();
+  void ShowSign(const ProgressLine& line);
 
   std::ostream& stream_;
   const bool onTerminal_;
+  const bool hasSign_;  // the terminal shows how far we are by itself
   const int width_;
   bool tracing_ = false;
 
@@ -47,6 +60,7 @@ class StatusLines {
   std::string warningLine_;
   std::string deviceLine_;
   std::string progress_;
+  std::string sign_;  // the sequence that was written last for the terminal's own sign
 };
 
 }  // namespace cli

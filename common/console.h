@@ -26,6 +26,9 @@ class Console {
   virtual bool OutputIsTerminal() const = 0;
   virtual bool ErrorIsTerminal() const = 0;
 
+  /// Whether that terminal shows by itself how far a program is (common/terminal_progress.h).
+  virtual bool ErrorShowsProgress() const = 0;
+
   /// Columns of the terminal behind standard error; 80 if that cannot be told.
   virtual int Width() const = 0;
 

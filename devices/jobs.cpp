@@ -32,6 +32,18 @@ std::string FailureOf(const DeviceInfo& info, const Program::ModeListView& progr
       .utf8();
 }
 
+// An observer knows of the work for as long as it lives.
+class Working {
+ public:
+  Working(OperationObserver& observer, int frames) : observer_(observer) { observer_.WorkBegins(frames); }
+  ~Working() { observer_.WorkEnds(); }
+  Working(const Working&) = delete;
+  Working& operator=(const Working&) = delete;
+
+ private:
+  OperationObserver& observer_;
+};
+
 }  // namespace
 
 Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView program, const DateTime& time,
@@ -46,14 +58,20 @@ Worker::Job TimeSyncJob(std::vector<DeviceInfo> devices, Program::ModeListView p
 Worker::Job UploadJob(std::vector<DeviceInfo> devices, Program::ModeListView program,
                       const OperationContext& context) {
   return [devices = std::move(devices), program = std::move(program), context] {
+    const Working working(context.observer, CountUploadFrames(program, devices));
+    std::vector<std::string> replies;
     std::vector<std::string> failures;
     const auto upload = [&](const DeviceInfo& info) {
       const OperationReport report = UploadOperation(info, program, context);
+      replies.push_back(LastReplyOf(info, report));
       failures.push_back(FailureOf(info, program, report));
       return report.result;
     };
     RunOnDevices(upload, devices, context);
     // Last, where they are seen: the lines of the modes are many.
+    for (const std::string& reply : replies) {
+      if (!reply.empty()) LogPlain(reply);
+    }
     for (const std::string& failure : failures) {
       if (!failure.empty()) LogWarning(failure);
     }
@@ -77,8 +95,12 @@ Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView progr
   };
 }
 
-Worker::Job ScanJob(Worker& worker, std::shared_ptr<EventTarget> window, std::uint32_t message) {
-  return [&worker, window = std::move(window), message] { Scan(worker, *window, message); };
+Worker::Job ScanJob(Worker& worker, std::shared_ptr<EventTarget> window, std::uint32_t message,
+                    OperationObserver& observer) {
+  return [&worker, window = std::move(window), message, &observer] {
+    const Working working(observer, 0);
+    Scan(worker, *window, message);
+  };
 }
 
 }  // namespace TCBase

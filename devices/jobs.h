@@ -27,7 +27,8 @@ Worker::Job DemoJob(std::vector<DeviceInfo> devices, Program::ModeListView progr
                     const OperationContext& context);
 
 /// Looks for controllers on the network (scan.h) and hands them to `worker`, which is to run the job. Then
-/// `message` is posted to `window`, which lives for as long as the job does.
-Worker::Job ScanJob(Worker& worker, std::shared_ptr<EventTarget> window, std::uint32_t message);
+/// `message` is posted to `window`, which lives for as long as the job does. `observer` outlives it.
+Worker::Job ScanJob(Worker& worker, std::shared_ptr<EventTarget> window, std::uint32_t message,
+                    OperationObserver& observer = NoObserver());
 
 }  // namespace TCBase

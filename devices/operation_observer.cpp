@@ -11,6 +11,14 @@ OperationObserver& NoObserver() {
   return observer;
 }
 
+void ExchangeCount::WorkBegins(int frames) {
+  next_.WorkBegins(frames);
+}
+
+void ExchangeCount::WorkEnds() {
+  next_.WorkEnds();
+}
+
 void ExchangeCount::FrameSent() {
   next_.FrameSent();
 }
@@ -18,7 +26,10 @@ void ExchangeCount::FrameSent() {
 void ExchangeCount::PacketEnded(PacketOutcome outcome) {
   ++exchange_.packets;
   if (!IsConfirmed(outcome)) ++exchange_.unconfirmed;
-  if (outcome == PacketOutcome::Answered || outcome == PacketOutcome::Refused) ++exchange_.replies;
+  if (outcome == PacketOutcome::Answered || outcome == PacketOutcome::Refused) {
+    ++exchange_.replies;
+    exchange_.lastReply = sinceBegin_.Now();
+  }
   next_.PacketEnded(outcome);
 }
 

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "common/timer.h"
+
 namespace TCBase {
 
 /// What became of a packet, however often it was sent.
@@ -28,6 +30,11 @@ class OperationObserver {
   OperationObserver& operator=(const OperationObserver&) = delete;
   virtual ~OperationObserver() = default;
 
+  /// Work on controllers begins. As many frames leave until it ends, where none is lost; 0 if nobody can
+  /// tell.
+  virtual void WorkBegins(int /*frames*/) {}
+  /// It has ended, whatever came of it.
+  virtual void WorkEnds() {}
   /// A frame has left for the controller; one that is sent again comes again.
   virtual void FrameSent() {}
   /// A packet is done with.
@@ -47,16 +54,19 @@ OperationObserver& NoObserver();
 struct Exchange {
   bool portTaken = false;  // another program has the network port: nothing could be sent
   int packets = 0;
-  int unconfirmed = 0;  // of them: did not leave, or got no reply that will do where one is awaited
-  int replies = 0;      // that came from the controller, whatever stands in them
+  int unconfirmed = 0;     // of them: did not leave, or got no reply that will do where one is awaited
+  int replies = 0;         // that came from the controller, whatever stands in them
+  double lastReply = 0.0;  // when the last of them came, in seconds since the count began
 };
 
-/// Counts, and hands everything on.
+/// Counts from its construction on, and hands everything on.
 class ExchangeCount final : public OperationObserver {
  public:
   /// `next` outlives it.
   explicit ExchangeCount(OperationObserver& next) : next_(next) {}
 
+  void WorkBegins(int frames) override;
+  void WorkEnds() override;
   void FrameSent() override;
   void PacketEnded(PacketOutcome outcome) override;
   void PortTaken() override;
@@ -67,6 +77,7 @@ class ExchangeCount final : public OperationObserver {
 
  private:
   OperationObserver& next_;
+  const timer_base::TimerFeatures<TimerCore_Counter> sinceBegin_;
   Exchange exchange_;
 };
 

@@ -1,5 +1,8 @@
 #include "devices/operations.h"
 
+#include <cstdio>
+#include <string_view>
+
 #include "common/files.h"
 #include "common/log.h"
 #include "common/message.h"
@@ -30,6 +33,28 @@ DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode) {
     Program::CollectModeSteps(mode, steps);
   }
   return steps;
+}
+
+namespace {
+
+// A mode is its rows between an opening and a closing frame. One more ends the upload to a TC420; a TC421
+// gets a row for each half hour.
+int CountFrames(const Program::ModeListView& program, const DeviceInfo& info) {
+  constexpr int kHalfHours = 48;
+  const ControllerModel& model = ControllerModelOf(info);
+  const bool halfHours = model.keeps == Keeps::HalfHours;
+  int frames = model.family == Family::TC420 ? 1 : 0;
+  for (const Program::Mode& mode : program.modes)
+    frames += (halfHours ? kHalfHours : CountModeSteps(mode)) + 2;
+  return frames;
+}
+
+}  // namespace
+
+int CountUploadFrames(const Program::ModeListView& program, const std::vector<DeviceInfo>& devices) {
+  int frames = 0;
+  for (const DeviceInfo& info : devices) frames += info.selected ? CountFrames(program, info) : 0;
+  return frames;
 }
 
 OperationResult FailureOf(const DeviceInfo& info, const Exchange& exchange) {
@@ -161,6 +186,15 @@ OperationReport UploadOperation(const DeviceInfo& info, const Program::ModeListV
     if (report.result == OperationResult::Done && !confirmed) report.result = OperationResult::Failed;
     return report;
   });
+}
+
+std::string LastReplyOf(const DeviceInfo& info, const OperationReport& upload) {
+  if (upload.result != OperationResult::Done || upload.exchange.replies == 0) return {};
+  char seconds[32];
+  std::snprintf(seconds, sizeof seconds, "%.1f", upload.exchange.lastReply);
+  return Message("The last answer of {1} came {2} s after the upload began.", ShownName(info.name),
+                 std::string_view(seconds))
+      .utf8();
 }
 
 OperationResult RunOnDevices(const std::function<OperationResult(const DeviceInfo&)>& operation,

@@ -70,6 +70,9 @@ void WarnOfRights(const ControllerModel& model);
 /// The steps of a mode as a controller keeps them: a TC421 those of every half hour, without jumps.
 DeviceBase::Steps StepsFor(const DeviceInfo& info, const Program::Mode& mode);
 
+/// The frames of an upload to all selected entries of `devices`, where none is lost.
+int CountUploadFrames(const Program::ModeListView& program, const std::vector<DeviceInfo>& devices);
+
 /// Sets the clock to `time`; the computer's clock is not read. The program is not read either.
 OperationReport SyncTimeOperation(const DeviceInfo& info, const Program::ModeListView& program,
                                   const DateTime& time, const OperationContext& context);
@@ -83,6 +86,10 @@ OperationReport ClearAllOperation(const DeviceInfo& info, const Program::ModeLis
 /// the upload after the mode in hand and stays in the command slot.
 OperationReport UploadOperation(const DeviceInfo& info, const Program::ModeListView& program,
                                 const OperationContext& context);
+
+/// Tells the user when the last answer of the controller came in an upload that went well, which is in since
+/// then. Empty after any other, and for a controller that never answers.
+std::string LastReplyOf(const DeviceInfo& info, const OperationReport& upload);
 
 /// Plays the current mode of `program` as a day of `seconds` seconds, steered by the command slot and shown
 /// in `context.demo`. A stop stays in the command slot. A `seconds` of zero or less is a demo that ends at

@@ -152,7 +152,7 @@ Changed ScanWifi(CommandContext& context) {
   TCBase::Worker& worker = context.state.worker;
   // Owned by nobody here: the main window outlives the worker.
   std::shared_ptr<EventTarget> window(std::shared_ptr<EventTarget>(), &context.shell.mainWindow);
-  worker.AddJob(TCBase::ScanJob(worker, std::move(window), WM_SCAN_FINISHED));
+  worker.AddJob(TCBase::ScanJob(worker, std::move(window), WM_SCAN_FINISHED, context.state.workProgress));
   return Changed::No;
 }
 

@@ -41,6 +41,21 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
+/// How far the work is that the user waits for, which may be done while they look at other windows.
+struct WorkSign {
+  enum Kind {
+    None,        // no work
+    Unmeasured,  // somebody works, and cannot tell how far it is
+    Running,     // `percent` of it is done
+    Paused,      // the same, and it stands still
+  };
+
+  Kind kind = None;
+  int percent = 0;
+
+  friend bool operator==(const WorkSign&, const WorkSign&) = default;
+};
+
 /// The main window, from PlatformStep::CreateMainWindow on. Events posted to it arrive at
 /// MainWindow::OnEvent, in the order of posting; they may be posted before the window stands or after it has
 /// gone, and are then lost.
@@ -62,6 +77,9 @@ class MainWindowPort : public EventTarget {
   /// is not made up for. A second call for the same id takes the place of the first.
   virtual void StartTimer(int id, int milliseconds) = 0;
   virtual void StopTimer(int id) = 0;
+  /// Shows it where the system has a place for it outside the window: on its button in the task bar, on the
+  /// program's icon in a launcher. Nothing is shown before the first call.
+  virtual void ShowWork(const WorkSign& sign) = 0;
   /// Paints the logo; only within MainWindow::OnPaint. Nothing happens if there is no logo.
   virtual void PaintLogo(const Rect& area) = 0;
   /// Takes the window and its controls away. MainWindow::OnDestroy comes before this returns, and no event of

@@ -11,8 +11,12 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
+#include <string>
 #include <thread>
 #include <utility>
+
+#include "common/terminal_progress.h"
 
 namespace {
 
@@ -154,6 +158,12 @@ class PosixConsole : public Console {
  public:
   bool OutputIsTerminal() const override { return isatty(STDOUT_FILENO) != 0; }
   bool ErrorIsTerminal() const override { return isatty(STDERR_FILENO) != 0; }
+  bool ErrorShowsProgress() const override {
+    return ErrorIsTerminal() && TerminalShowsProgress([](const char* name) {
+             const char* const value = std::getenv(name);
+             return std::string(value != nullptr ? value : "");
+           });
+  }
 
   int Width() const override {
     winsize size{};

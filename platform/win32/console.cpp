@@ -5,12 +5,14 @@
 #include <fcntl.h>
 #include <io.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <wchar.h>
 
 #include <mutex>
 #include <utility>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
+#include "common/terminal_progress.h"
 #include "platform/win32/windows_headers.h"
 
 #include <shellapi.h>
@@ -22,6 +24,19 @@ constexpr int kDefaultWidth = 80;
 bool IsConsole(DWORD stream) {
   DWORD mode = 0;
   return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
+}
+
+// Whether it is a console that takes control sequences. It does from now on, if it can.
+bool TakesSequences(DWORD stream) {
+  const HANDLE console = GetStdHandle(stream);
+  DWORD mode = 0;
+  return GetConsoleMode(console, &mode) != 0 &&
+         SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
+std::string EnvironmentVariable(const char* name) {
+  const char* const value = getenv(name);
+  return value != nullptr ? value : "";
 }
 
 // The system calls the handler on a thread that it makes for the purpose.
@@ -98,6 +113,9 @@ class WindowsConsole : public Console {
 
   bool OutputIsTerminal() const override { return IsConsole(STD_OUTPUT_HANDLE); }
   bool ErrorIsTerminal() const override { return IsConsole(STD_ERROR_HANDLE); }
+  bool ErrorShowsProgress() const override {
+    return TerminalShowsProgress(&EnvironmentVariable) && TakesSequences(STD_ERROR_HANDLE);
+  }
 
   int Width() const override {
     CONSOLE_SCREEN_BUFFER_INFO info{};

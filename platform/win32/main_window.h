@@ -8,6 +8,7 @@
 #include "app/window/ports.h"
 #include "platform/win32/controls.h"
 #include "platform/win32/logo.h"
+#include "platform/win32/taskbar_button.h"
 #include "platform/win32/window_events.h"
 
 namespace win32 {
@@ -34,6 +35,7 @@ class MainWindow final : public app::MainWindowPort {
   bool TakesInput() const override;
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
+  void ShowWork(const app::WorkSign& sign) override { taskbarButton_.Show(handle_, sign); }
   void PaintLogo(const Rect& area) override;
   void Destroy() override;
   void PostQuit(int exitCode) override;
@@ -70,7 +72,8 @@ class MainWindow final : public app::MainWindowPort {
   const Logo& logo_;
   app::MainWindow* logic_ = nullptr;
   HWND handle_ = nullptr;  // set once, before any other thread knows the window
-  HDC paint_ = nullptr;    // while a paint event is handled
+  TaskbarButton taskbarButton_;
+  HDC paint_ = nullptr;  // while a paint event is handled
 };
 
 }  // namespace win32

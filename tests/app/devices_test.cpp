@@ -43,6 +43,8 @@ class Devices : public AppTest {
     Program().modes = {GivenModeOfMergedSteps(steps, 10)};
     Program().modes.front().name = "Reef";
   }
+  // What was shown outside the window.
+  const std::vector<app::WorkSign>& Work() { return user.GetDesktop().work; }
   // Waits until all jobs queued so far are done.
   void WaitForWorker() {
     std::atomic<bool> done{false};
@@ -106,6 +108,40 @@ TEST_F(Devices, AnUploadCarriesTheProgramAsItWasAtTheCommand) {
   EXPECT_EQ(NewLog(),
             "Configuring device TC420_Emulator\nUploading started\nUploading mode: Normal\nUploading mode: "
             "AlwaysOn\nUploading finished\nFinished configuring device TC420_Emulator\n");
+}
+
+// What is shown outside the window
+
+TEST_F(Devices, AnUploadIsShownOutsideTheWindowUntilItEnds) {
+  user.Choose(command::kAddEmulator);
+  user.Choose(command::kUploadProgram);
+  WaitForWorker();
+  ASSERT_TRUE(WaitUntil([this] { return !Work().empty() && Work().back() == app::WorkSign(); }));
+  ASSERT_GT(Work().size(), 2U);
+  for (std::size_t i = 0; i + 1 < Work().size(); ++i) {
+    EXPECT_EQ(Work()[i].kind, app::WorkSign::Running);
+    if (i > 0) EXPECT_GT(Work()[i].percent, Work()[i - 1].percent) << "each is shown once";
+  }
+}
+
+TEST_F(Devices, AScanIsShownAsWorkThatNobodyCanMeasure) {
+  user.Choose(command::kScanWifi);
+  ASSERT_TRUE(WaitUntil([this] { return Work().size() == 2; }));
+  EXPECT_THAT(Work(), ElementsAre(app::WorkSign{app::WorkSign::Unmeasured}, app::WorkSign()));
+}
+
+TEST_F(Devices, ADemoIsShownAsItsDayAndAPausedOneAsSuch) {
+  TCBase::WorkProgress& progress = user.State().workProgress;
+  GivenDemoAt(43'200);
+  progress.DemoAt(43'200);
+  ASSERT_TRUE(WaitUntil([this] { return Work().size() == 1; }));
+  user.State().demoState.state = TCBase::StatePaused;
+  ASSERT_TRUE(WaitUntil([this] { return Work().size() == 2; }));
+  GivenDemoAt(-1, TCBase::StateIdle);
+  progress.DemoEnded();
+  ASSERT_TRUE(WaitUntil([this] { return Work().size() == 3; }));
+  EXPECT_THAT(Work(), ElementsAre(app::WorkSign{app::WorkSign::Running, 50},
+                                  app::WorkSign{app::WorkSign::Paused, 50}, app::WorkSign()));
 }
 
 // Nothing selected

@@ -35,6 +35,7 @@ class FakeConsole : public Console {
  public:
   bool OutputIsTerminal() const override { return terminal; }
   bool ErrorIsTerminal() const override { return terminal; }
+  bool ErrorShowsProgress() const override { return terminalShowsProgress; }
   int Width() const override { return width; }
   bool InputIsTerminal() const override { return terminal; }
   std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) override;
@@ -44,6 +45,7 @@ class FakeConsole : public Console {
   bool Interrupt() const;
 
   bool terminal = false;
+  bool terminalShowsProgress = false;
   int width = 80;
   std::optional<std::string> secret;  // the line that is typed, or piped
   std::string prompts;                // that were shown

@@ -2,6 +2,8 @@
 
 #include "cli/progress.h"
 
+#include <optional>
+
 #include "devices/operations.h"
 #include "tests/cli/command_fixture.h"
 
@@ -35,7 +37,7 @@ class UploadProgressTest : public CommandTest {
   static std::string TextAfter(int frames, const std::vector<DeviceInfo>& controllers) {
     cli::UploadProgress progress(Program(), controllers);
     for (int i = 0; i < frames; ++i) progress.FrameSent();
-    const std::string text = progress.Text();
+    const std::string text = progress.Line().text;
     return text.substr(std::min(text.find('%'), text.size()));
   }
 
@@ -63,11 +65,21 @@ TEST_F(UploadProgressTest, IsEmptyBeforeTheFirstFrameAndNeverGoesBeyondTheLast) 
 
 TEST(DemoProgressText, IsTheDaysSecondWhileADemoRuns) {
   cli::DemoProgress progress;
-  EXPECT_EQ(progress.Text(), "");
+  EXPECT_EQ(progress.Line(), cli::ProgressLine());
   progress.DemoAt(43'200);
-  EXPECT_THAT(progress.Text(), testing::EndsWith(" 50 % 12:00"));
+  EXPECT_THAT(progress.Line().text, testing::EndsWith(" 50 % 12:00"));
+  EXPECT_EQ(progress.Line().percent, 50);
   progress.DemoEnded();
-  EXPECT_EQ(progress.Text(), "");
+  EXPECT_EQ(progress.Line(), cli::ProgressLine());
+}
+
+TEST(UnmeasuredProgress, GoesToAndFroAndNamesNoPercentage) {
+  EXPECT_EQ(cli::UnmeasuredProgress(0).text, "[###                           ]");
+  EXPECT_EQ(cli::UnmeasuredProgress(1).text, "[ ###                          ]");
+  EXPECT_EQ(cli::UnmeasuredProgress(27).text, "[                           ###]");
+  EXPECT_EQ(cli::UnmeasuredProgress(28).text, "[                          ### ]");
+  EXPECT_EQ(cli::UnmeasuredProgress(54).text, cli::UnmeasuredProgress(0).text);
+  EXPECT_EQ(cli::UnmeasuredProgress(7).percent, std::nullopt);
 }
 
 }  // namespace

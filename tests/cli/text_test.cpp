@@ -95,10 +95,10 @@ INSTANTIATE_TEST_SUITE_P(All, WrongTimeTest,
                                          "2026-03-14 09:26:5x"));
 
 TEST(ProgressTest, ShowsThePartThatIsDone) {
-  EXPECT_EQ(cli::ProgressText(0.0, "00:00"), "[                              ]   0 % 00:00");
-  EXPECT_EQ(cli::ProgressText(0.5, "12:00"), "[###############               ]  50 % 12:00");
-  EXPECT_EQ(cli::ProgressText(1.0, "end"), "[##############################] 100 % end");
-  EXPECT_EQ(cli::ProgressText(1.5, "over"), "[##############################] 100 % over");
+  EXPECT_EQ(cli::MeasuredProgress(0.0, "00:00").text, "[                              ]   0 % 00:00");
+  EXPECT_EQ(cli::MeasuredProgress(0.5, "12:00").text, "[###############               ]  50 % 12:00");
+  EXPECT_EQ(cli::MeasuredProgress(1.0, "end").text, "[##############################] 100 % end");
+  EXPECT_EQ(cli::MeasuredProgress(1.5, "over").text, "[##############################] 100 % over");
 }
 
 }  // namespace

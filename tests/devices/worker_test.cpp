@@ -270,6 +270,7 @@ TEST_F(WorkerTest, AControllerPluggedInDuringALongUploadIsNoticedAfterIt) {
   WaitUntil([this] { return window_.Messages().size() == 2; });
   EXPECT_THAT(window_.Messages(), ElementsAre("14.9: 1026 0 1", "14.9: 1026 0 1"));
   EXPECT_THAT(TakeStatus(), testing::EndsWith("Finished configuring device TC421\n"
+                                              "The last answer of TC421 came 14.3 s after the upload began.\n"
                                               "TC420 Device connected\nTC421 Device connected\n"));
 }
 

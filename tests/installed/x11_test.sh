@@ -9,9 +9,12 @@ here=$(realpath "$(dirname "$0")")
 . "$here/../support/checks.sh"
 . "$here/desktop.sh"
 . "$here/x11.sh"
-needs Xvfb openbox xdotool import xclip dbus-daemon xmllint jq
+needs Xvfb openbox xdotool import xclip dbus-daemon dbus-monitor xmllint jq
 desktop_begin "$1"
 x11_begin
+# What launchers are told.
+launcher() { dbus-monitor --session "interface='com.canonical.Unity.LauncherEntry'" >"$work/launcher.txt"; }
+in_background launcher
 cp "$here"/../../examples/{reef-day,planted-tank}.xml .
 
 # --- what it says without a window
@@ -77,6 +80,9 @@ soon "the device log is switched on" logged "Device communication logging ON."
 choose 3 9
 choose 3 3
 soon "the program is uploaded to the emulator" logged "Uploading finished"
+told_launcher() { grep -A12 'application://lumarine.desktop' "$work/launcher.txt" | grep -q "$1"; }
+soon "a launcher is told how far it is" told_launcher 'double 0\.[0-9]*[1-9]'
+soon "and that it is over" told_launcher 'boolean false'
 check "what it sent is in the device log" test -s "$documents/LumarineLog.txt"
 
 click 30 306

@@ -287,6 +287,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   void Show() override;
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
+  void ShowWork(const app::WorkSign& sign) override { work.push_back(sign); }
   void PaintLogo(const Rect& area) override { logo = area; }
   void Destroy() override;
   void PostQuit(int exitCode) override;
@@ -305,7 +306,8 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
 
   std::u16string title;
   app::Size size{app::kWindowWidth, app::kWindowHeight};
-  std::optional<Rect> logo;  // where it was painted last
+  std::vector<app::WorkSign> work;  // shown outside the window, since the start
+  std::optional<Rect> logo;         // where it was painted last
   Focus focus = Focus::MainWindow;
   ChartWindow chart{focus};
   bool refuseWindow = false;  // CreateMainWindow fails

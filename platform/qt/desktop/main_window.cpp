@@ -17,6 +17,7 @@
 #include "app/window/control_table.h"
 #include "platform/qt/desktop/accessible_role.h"
 #include "platform/qt/desktop/keys.h"
+#include "platform/qt/desktop/launcher_icon.h"
 #include "platform/qt/desktop/resource_ids.h"
 #include "platform/qt/desktop/text.h"
 
@@ -234,6 +235,10 @@ void MainWindow::StartTimer(int id, int milliseconds) {
 
 void MainWindow::StopTimer(int id) {
   timers_.erase(id);
+}
+
+void MainWindow::ShowWork(const app::WorkSign& sign) {
+  ShowOnLauncherIcon(sign);
 }
 
 void MainWindow::PaintLogo(const Rect& area) {

@@ -70,6 +70,7 @@ class MainWindow final : public app::MainWindowPort {
   bool TakesInput() const override { return blocks_ == 0; }
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
+  void ShowWork(const app::WorkSign& sign) override;
   void PaintLogo(const Rect& area) override;
   void Destroy() override;
   void PostQuit(int exitCode) override;
