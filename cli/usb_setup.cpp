@@ -20,16 +20,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The rule, among the program's resources.
-constexpr int kRuleResource = 136;
-constexpr std::string_view kRuleType = "RULES";
-
 // Answers 0, or the C library's number of the error.
 int InstallRule(const fs::path& file) {
   std::error_code error;
   fs::create_directories(file.parent_path(), error);
   if (error) return error.default_error_condition().value();
-  const std::string_view rule = platform::FindResourceBytes(kRuleResource, kRuleType).value();
+  const std::string_view rule = platform::FindResourceBytes(TCBase::kUsbRuleResource, TCBase::kUsbRuleType).value();
   return ReplaceFileBytes(*platform::SystemFileCalls(), file, rule);
 }
 

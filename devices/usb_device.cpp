@@ -1,6 +1,7 @@
 #include "devices/usb_device.h"
 
 #include <array>
+#include <mutex>
 #include <string_view>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
@@ -19,23 +20,35 @@ constexpr int kMaxPolls = 40;
 // The system keeps as many for a slow reader. A controller that sends more in one go never stops.
 constexpr std::size_t kMaxReplyBytes = 64 * kReportSize;
 
-// The path of the first device that the system lists with these ids; empty if there is none.
-std::string FindPath(std::uint16_t vendor, std::uint16_t product) {
-  hid_device_info* const found = hid_enumerate(vendor, product);
-  std::string path = found != nullptr ? found->path : "";
-  hid_free_enumeration(found);
-  return path;
+// hidapi keeps one text for the last error of what concerns no handle, and two threads may look for
+// controllers.
+std::mutex findAndOpen;
+
+hid_device* OpenPath(const std::string& path) {
+  const std::lock_guard lock(findAndOpen);
+  return hid_open_path(path.c_str());
 }
 
 }  // namespace
+
+std::vector<std::string> FindUsbPaths(const UsbIds& ids) {
+  const std::lock_guard lock(findAndOpen);
+  hid_device_info* const first = hid_enumerate(ids.vendor, ids.product);
+  std::vector<std::string> paths;
+  for (const hid_device_info* found = first; found != nullptr; found = found->next)
+    paths.emplace_back(found->path);
+  hid_free_enumeration(first);
+  return paths;
+}
 
 USBDevice::~USBDevice() {
   if (handle != nullptr) hid_close(handle);
 }
 
 bool USBDevice::Connect() {
-  path_ = FindPath(vendorId, productId);
-  if (!path_.empty()) handle = hid_open_path(path_.c_str());
+  const std::vector<std::string> paths = FindUsbPaths({vendorId, productId});
+  path_ = paths.empty() ? "" : paths.front();
+  if (!path_.empty()) handle = OpenPath(path_);
   // A handle that stays in blocking mode would hang on the first silent controller.
   return handle != nullptr && hid_set_nonblocking(handle, 1) == 0;
 }

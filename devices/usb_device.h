@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "devices/device_base.h"
 #include "devices/operation_observer.h"
@@ -20,6 +21,10 @@ struct UsbIds {
 };
 inline constexpr UsbIds kTC420Ids{0x0888, 0x4000};
 inline constexpr UsbIds kTC421Ids{0x0483, 0x5750};
+
+/// The paths of all controllers of a family, as the system lists them; the first is the one that is reached.
+/// Any thread.
+std::vector<std::string> FindUsbPaths(const UsbIds& ids);
 
 /// The first controller of a family that the system's enumeration lists: a second one of the same family on
 /// the same computer cannot be reached. There is no retry and no reconnect.

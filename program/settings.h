@@ -19,6 +19,9 @@
 /// the working folder alone, which neither opens nor takes a file.
 std::filesystem::path DocumentPath(std::u16string_view name);
 
+/// What the desktop program writes of its traffic with controllers, in the Documents folder.
+inline constexpr char16_t kDeviceLogName[] = u"LumarineLog.txt";
+
 /// All operations may be called on any thread; values come and go as copies.
 class Settings {
  public:

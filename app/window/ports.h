@@ -297,7 +297,7 @@ struct Shell {
 
   // What lasts from one run to the next. The one of the process unless told otherwise.
   Settings& settings = Settings::Instance();
-  std::filesystem::path deviceLogFile = DocumentPath(u"LumarineLog.txt");
+  std::filesystem::path deviceLogFile = DocumentPath(kDeviceLogName);
   /// Where copies of programs that could not be saved are kept: that of the settings.
   std::filesystem::path recoveryFolder = DocumentPath({});
 
