@@ -3,6 +3,9 @@
 include(LumarineIncludes)
 
 find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
+add_library(lumarine_zlib INTERFACE)
+target_link_libraries(lumarine_zlib INTERFACE ZLIB::ZLIB)
 
 if(WIN32)
   # The Windows build takes hidapi from the distribution's source package (scripts/setup unpacks it) and the
@@ -38,3 +41,4 @@ endif()
 lumarine_includable(lumarine_hidapi_headers hidapi/)
 lumarine_includable(lumarine_cli11 CLI/)
 lumarine_includable(lumarine_json nlohmann/)
+lumarine_includable(lumarine_zlib zlib.h)

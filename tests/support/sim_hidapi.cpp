@@ -277,6 +277,10 @@ int hid_exit(void) {
   return 0;
 }
 
+const char* hid_version_str(void) {
+  return "simulated";
+}
+
 hid_device_info* hid_enumerate(unsigned short vendor, unsigned short product) {
   std::unique_lock<std::mutex> lock;
   if (const Fault* fault = Enter(Call::Enumerate, lock)) {
