@@ -1,11 +1,13 @@
 // Takes pictures of Lumarine.exe for the documents.
-//   desktop_portraits LIST FOLDER DOTS EXAMPLE     DOTS to the inch; tests/support/portraits.h tells the rest
+//   desktop_portraits LIST FOLDER DOTS [EXAMPLE]     DOTS to the inch; tests/support/portraits.h tells the
+//   rest
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "app/window/control_table.h"
@@ -28,7 +30,7 @@ std::wstring Wide(const std::string& text) {
 
 class WindowsSitter final : public portraits::Sitter {
  public:
-  WindowsSitter(const std::filesystem::path& example, int dots) : program_({example}), dots_(dots) {}
+  WindowsSitter(const std::vector<std::filesystem::path>& files, int dots) : program_(files), dots_(dots) {}
 
   void Choose(int command) override {
     PostMessageW(program_.mainWindow(), WM_COMMAND, static_cast<WPARAM>(command), 0);
@@ -104,8 +106,10 @@ class WindowsSitter final : public portraits::Sitter {
 
 int main(int count, char** arguments) {
   testing::InitGoogleTest(&count, arguments);
-  if (count != 5) return 2;
+  if (count < 4) return 2;
   SetProcessDPIAware();
-  WindowsSitter sitter(PathFromUtf8(arguments[4]), std::atoi(arguments[3]));
+  std::vector<std::filesystem::path> files;
+  if (count > 4) files.push_back(PathFromUtf8(arguments[4]));
+  WindowsSitter sitter(files, std::atoi(arguments[3]));
   return portraits::Take(sitter, arguments[1], PathFromUtf8(arguments[2])) ? 0 : 1;
 }

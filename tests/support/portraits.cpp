@@ -31,12 +31,19 @@ constexpr int kLane = 0;
 constexpr int kStepHour = 17;
 constexpr float kStepPercent = 80.0F;
 
+// What the guide's first program adds to the built-in one.
+constexpr int kAddedHour = 15;
+constexpr float kAddedPercent = 85.0F;
+// Of a day that lasts a minute: about noon.
+constexpr std::chrono::seconds kHalfADemo{30};
+
 class Photographer {
  public:
   Photographer(Sitter& sitter, std::filesystem::path folder) : sitter_(sitter), folder_(std::move(folder)) {}
 
   bool TakeDialogs();
   bool TakeWindow();
+  bool TakeGuide();
 
  private:
   bool Await(const std::string& what, const std::function<bool()>& isSo);
@@ -180,12 +187,33 @@ bool Photographer::TakeWindow() {
   return Take("window");
 }
 
+// The same steps as in docs/guide/first-program.md.
+bool Photographer::TakeGuide() {
+  if (!Take("start")) return false;
+  ClickLane(false, kAddedHour, 50.0F);
+  if (!Take("channel")) return false;
+  ClickLane(true, kAddedHour, kAddedPercent);
+  if (!Take("step")) return false;
+  sitter_.Choose(command::kAddEmulator);
+  Rest();
+  sitter_.Choose(command::kPlayDemo);
+  std::this_thread::sleep_for(kHalfADemo);
+  if (!Take("demo")) return false;
+  sitter_.Choose(command::kStopDemo);
+  Rest();
+  sitter_.Choose(command::kUploadProgram);
+  if (!Take("upload")) return false;
+  sitter_.Choose(command::kToggleJump);
+  return Take("jump");
+}
+
 }  // namespace
 
 bool Take(Sitter& sitter, const std::string& list, const std::filesystem::path& folder) {
   Photographer photographer(sitter, folder);
   Rest();
-  return list == "window" ? photographer.TakeWindow() : photographer.TakeDialogs();
+  if (list == "window") return photographer.TakeWindow();
+  return list == "guide" ? photographer.TakeGuide() : photographer.TakeDialogs();
 }
 
 }  // namespace portraits

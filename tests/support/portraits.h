@@ -1,7 +1,7 @@
 #pragma once
 
-// The pictures of docs/dialogs.md and README.md, for every shell alike: what is done to the program, and when
-// a picture is taken. A shell's own program fills in the hands.
+// The pictures of docs/dialogs.md, README.md and the guide, for every shell alike: what is done to the
+// program, and when a picture is taken. A shell's own program fills in the hands.
 
 #include <cstdint>
 #include <filesystem>
@@ -44,9 +44,9 @@ class Sitter {
   virtual bool Photograph(const std::filesystem::path& file) = 0;
 };
 
-/// Takes the pictures of a list: "dialogs", for which a controller must be on the network, or "window". Each
-/// goes to `folder` as the whole screen; standard output says "file.png WIDTHxHEIGHT+X+Y", the part of it
-/// that is meant. False, if something does not come up.
+/// Takes the pictures of a list: "dialogs", for which a controller must be on the network, "window" or
+/// "guide". Each goes to `folder` as the whole screen; standard output says "file.png WIDTHxHEIGHT+X+Y", the
+/// part of it that is meant. False, if something does not come up.
 bool Take(Sitter& sitter, const std::string& list, const std::filesystem::path& folder);
 
 }  // namespace portraits

@@ -1,6 +1,6 @@
 // Takes pictures of lumarine for the documents, within its process: its own main runs, and the hands are a
 // thread beside it.
-//   qt_portraits LIST FOLDER EXAMPLE     tests/support/portraits.h tells the rest
+//   qt_portraits LIST FOLDER [EXAMPLE]     tests/support/portraits.h tells the rest
 
 #include <QAction>
 #include <QApplication>
@@ -174,7 +174,7 @@ bool IsOpen() {
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count != 4) return 2;
+  if (count < 3) return 2;
   std::thread hands([arguments] {
     do std::this_thread::sleep_for(std::chrono::seconds(1));
     while (qApp == nullptr || !InGui(IsOpen));
@@ -183,8 +183,9 @@ int main(int count, char** arguments) {
     std::cout << std::flush;
     std::_Exit(isTaken ? 0 : 1);  // the program is ended as it stands
   });
+  // Behind the last argument stands a null pointer.
   char* words[] = {arguments[0], arguments[3], nullptr};
-  LumarineMain(2, words);
+  LumarineMain(count - 2, words);
   hands.join();
   return 1;  // it has closed by itself
 }
