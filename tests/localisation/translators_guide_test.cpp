@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <regex>
-#include <sstream>
 #include <string>
 
 #include "app/window/numbers.h"
@@ -17,18 +16,11 @@ std::string Source(const char* path) {
   return BytesOf(std::filesystem::path(LUMARINE_SOURCE_DIR) / path);
 }
 
-// The first block of code behind a line, as one copies it: without the indentation that makes it one.
+// The first block of code behind a line.
 std::string CodeBehind(const std::string& guide, const std::string& text) {
-  std::istringstream lines(guide.substr(guide.find(text)));
-  std::string code;
-  for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with("    ")) {
-      code += line.substr(4) + "\n";
-    } else if (!code.empty()) {
-      break;
-    }
-  }
-  return code;
+  const std::string fence = "```\n";
+  const std::size_t begin = guide.find('\n', guide.find("```", guide.find(text))) + 1;
+  return guide.substr(begin, guide.find(fence, begin) - begin);
 }
 
 // The name of the main window's class, from the resources.

@@ -3,7 +3,7 @@
 # script. What it needs is root, or a system that lets users make namespaces of their own.
 #
 #   lab_enter "$0" "$@"        first of all: goes on inside, or answers 1 with a reason in lab_reason
-#   lab_computer NAME ADDRESS  a computer on the switch, with an address in 10.42.0.0/24
+#   lab_computer NAME ADDRESS  a computer on the switch, with an address in a network of 24 bits, as 10.42.0.1 is
 #   lab_cable NAME ADAPTER ADDRESS NAME ADAPTER ADDRESS   two computers by themselves, each made if it is not there
 #   lab_run NAME COMMAND...    runs on that computer
 #   lab_await COMMAND...       waits until it succeeds, for so long that only something broken does not
@@ -50,7 +50,7 @@ lab_computer() {
   ip -n "$1" addr add "$2/24" brd + dev eth0
   ip -n "$1" link set eth0 up
   # As from the router of a network, or a controller that is its own access point.
-  ip -n "$1" route add default via 10.42.0.254
+  ip -n "$1" route add default via "${2%.*}.254"
 }
 
 lab_cable() {

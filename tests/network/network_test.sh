@@ -379,7 +379,7 @@ if $native; then
   beside "$here/"$line >page.txt 2>&1
   says "which finds the simulator" "udp:Smart-123456@10.42.0.2  Smart-123456" page.txt
   echo "correct horse" >password.txt
-  sed -n '/with_tc421sim.sh --sim/,/exit/s/^      \(lumarinectl .*\)/\1/p' "$page" |
+  sed -n '/with_tc421sim.sh --sim/,/exit/s/^  \(lumarinectl .*\)/\1/p' "$page" |
     sed '/wifi-setup/s/$/ --password-file password.txt/' >page.sh
   check "and more for the shell on the other computer" test "$(wc -l <page.sh)" -ge 3
   rm -f memory.json tank.xml
