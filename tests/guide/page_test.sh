@@ -100,7 +100,7 @@ holds "every block has a mark" found.txt
 cat facts/docs/guide/*.md facts/docs/{command-line,networks,languages}.md | sed -n 's/^code [0-9]* //p' >sections.txt
 # tells WORD [OPTION]
 tells() {
-  grep -E "(^|[^a-z-])$1([^a-z-]|\$)" sections.txt | grep -qE -- "(^|[^a-z-])${2:-$1}([^a-z-]|\$)"
+  grep -E "(^|[^a-z-])$1([^a-z-]|\$)" sections.txt | grep -E -- "(^|[^a-z-])${2:-$1}([^a-z-]|\$)" >/dev/null
 }
 # options COMMAND...
 options() { "$lumarinectl" "$@" --help | grep -oE '^ +(-h,)?--[a-z0-9-]+' | grep -oE -- '--[a-z0-9-]+' | grep -vx -- --help; }
