@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/completion.h"
 #include "cli/language.h"
 #include "cli/lumarinectl.h"
 #include "cli/options.h"
@@ -84,6 +85,12 @@ ExitStatus ParseAndRun(const std::vector<std::string>& arguments, MessageLanguag
     subcommand->fallthrough();
     Run run = command->declare(*subcommand);
     subcommand->final_callback([&chosen, run = std::move(run)] { chosen = run; });
+  }
+
+  if (IsCompletion(arguments)) {
+    const std::vector<std::string> typed(arguments.begin() + 2, arguments.end());
+    session.out << CompletionsOf(app, typed, [&] { return LanguageIds(language); });
+    return ExitStatus::Success;
   }
 
   // The parser would list all words behind it as unexpected too.

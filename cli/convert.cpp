@@ -153,6 +153,7 @@ Run DeclareConvert(CLI::App& app) {
          },
          "The files to read, .xml, .tmf or .lmf, and last the one to write, which may be .raw")
       ->required()
+      ->check(TakesFile(".xml .tmf .lmf .raw"))
       ->expected(2, CLI::detail::expected_max_vector_size)
       ->type_name("");
   app.add_option("--mode", arguments->mode, "Write this mode alone, counted from 1 through all files")

@@ -135,9 +135,13 @@ void DeclareChanges(CLI::App& group, Change& change) {
 
 Run DeclareEdit(CLI::App& app) {
   const auto arguments = std::make_shared<EditArguments>();
-  app.add_option("IN", arguments->in.file, "The program file to read")->required()->type_name("");
+  app.add_option("IN", arguments->in.file, "The program file to read")
+      ->required()
+      ->check(TakesFile(".xml"))
+      ->type_name("");
   app.add_option("OUT", arguments->out, "The program file to write, which may be the same")
       ->required()
+      ->check(TakesFile(".xml"))
       ->type_name("");
   DeclareMode(app, arguments->in, true);
   CLI::App* const group = app.add_option_group("Change", "What to do with the mode");
@@ -148,7 +152,10 @@ Run DeclareEdit(CLI::App& app) {
 
 Run DeclareNew(CLI::App& app) {
   const auto out = std::make_shared<std::string>();
-  app.add_option("OUT", *out, "The program file to write")->required()->type_name("");
+  app.add_option("OUT", *out, "The program file to write")
+      ->required()
+      ->check(TakesFile(".xml"))
+      ->type_name("");
   return [out](Session&) { return Save(TCBase::Program::NewProgram(), *out); };
 }
 

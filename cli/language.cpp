@@ -28,13 +28,20 @@ std::string_view LanguageOfLocale(std::initializer_list<std::string_view> locale
   return row == std::end(kRows) ? kEnglish : row->id;
 }
 
+std::vector<std::string> LanguageIds(const MessageLanguage& language) {
+  std::vector<std::string> ids{std::string(kEnglish)};
+  for (const auto& each : language.translations().GetLanguages().children)
+    ids.emplace_back(each->attribute_or_empty("id").view());
+  return ids;
+}
+
 std::string CheckLanguage(const MessageLanguage& language) {
   if (language.id == kEnglish) return "";
-  const ovk::xml::element& languages = language.translations().GetLanguages();
-  if (languages.find_child_by_id("language", language.id) != nullptr) return "";
-  std::string known(kEnglish);
-  for (const auto& each : languages.children)
-    known.append(", ").append(each->attribute_or_empty("id").view());
+  std::string known;
+  for (const std::string& id : LanguageIds(language)) {
+    if (id == language.id) return "";
+    known += (known.empty() ? "" : ", ") + id;
+  }
   return "there is no language " + language.id + ", there are " + known;
 }
 

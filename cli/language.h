@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/lumarinectl.h"
 
@@ -15,6 +16,9 @@ namespace cli {
 /// which the first that is not empty decides. It says "cs_CZ.UTF-8", the answer is "cz". "en" where it names
 /// no language that this program may speak.
 std::string_view LanguageOfLocale(std::initializer_list<std::string_view> locales);
+
+/// All that there are, English first.
+std::vector<std::string> LanguageIds(const MessageLanguage& language);
 
 /// A check of an option: the text of a fault, which lists what there is, or nothing.
 std::string CheckLanguage(const MessageLanguage& language);

@@ -10,7 +10,10 @@
 namespace cli {
 
 void DeclareFile(CLI::App& app, ProgramArgument& argument) {
-  app.add_option("FILE", argument.file, "The program file")->required()->type_name("");
+  app.add_option("FILE", argument.file, "The program file")
+      ->required()
+      ->check(TakesFile(".xml"))
+      ->type_name("");
 }
 
 std::string CheckModeNumber(const std::string& text) {

@@ -118,6 +118,7 @@ Run DeclareRender(CLI::App& app) {
   app.add_option("OUT", arguments->out, "The picture to write: .png, .svg or .pdf")
       ->required()
       ->check(CLI::Validator(CheckPictureFile, ""))
+      ->check(TakesFile(".png .svg .pdf"))
       ->type_name("");
   DeclareMode(app, arguments->program, false);
   DeclareSize(app, "--width", arguments->width, "Width of the chart, 900 by default");
