@@ -81,8 +81,10 @@ class Shell:
 def complete_in_fish(setup, line):
     answer = subprocess.run(['fish', '--no-config', '-C', f'source {setup}', '-c', 'complete -C $argv[1]', line],
                             capture_output=True, text=True, check=True).stdout
-    # It tells the words; a single one would stand in the line.
+    # It tells the words; a single one would stand in the line, and without one the line would stay.
     words = [each.split('\t')[0] for each in answer.splitlines()]
+    if not words:
+        return line
     last_word = re.search(r'(\\.|[^ \\])*$', line)
     escaped = [word.replace(' ', '\\ ') for word in words]
     return line[:last_word.start()] + escaped[0] if len(words) == 1 else f'{len(words)} words: {words}'
