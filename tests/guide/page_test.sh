@@ -25,7 +25,7 @@ mkdir elsewhere && cp -r "$top/docs" elsewhere
 check "the page is made" make_page "$top" "$work/page.html"
 check "and made elsewhere" make_page "$work/elsewhere" "$work/elsewhere.html"
 check "both are equal to the byte" cmp page.html elsewhere.html
-{ grep -oE '(src|href)="[^"]{1,80}' page.html | grep -vE '="(data:|#)'; grep -n 'url(' page.html; } >found.txt
+{ grep -oE '(src|href)="[^"]{1,80}' page.html | grep -vE '="(data:|#)'; grep -n 'url(' page.html; } >found.txt 2>&1
 holds "the page needs nothing from outside" found.txt
 
 # What every document says of itself.
