@@ -13,13 +13,13 @@ function(lumarine_add_test name)
     ENVIRONMENT GTEST_OUTPUT=xml:test-results/${name}.xml
     SKIP_RETURN_CODE 77
     TIMEOUT 1200)
-  if(CMAKE_CROSSCOMPILING)
+  if(CMAKE_CROSSCOMPILING AND WIN32)
     set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED session)
   endif()
 endfunction()
 
-# Programs of another system run in a session that begins before the first of them and ends after the last.
-if(CMAKE_CROSSCOMPILING)
+# Programs of Windows run in a session that begins before the first of them and ends after the last.
+if(CMAKE_CROSSCOMPILING AND WIN32)
   add_test(NAME session_begins COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-session begin)
   add_test(NAME session_ends COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-session end)
   set_tests_properties(session_begins PROPERTIES FIXTURES_SETUP session)

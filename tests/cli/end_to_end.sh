@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # lumarinectl as its users run it: real files, pipes, signals, terminals and time.
 #   tests/cli/end_to_end.sh COMMAND OUTDIR
-# COMMAND may be several words, as in "scripts/with-wine lumarinectl.exe". What must come out the same on every platform
-# is left in OUTDIR.
+# COMMAND may be several words, as in "scripts/with-wine lumarinectl.exe" or "/usr/bin/qemu-aarch64-static lumarinectl".
+# What must come out the same on every platform is left in OUTDIR.
 # shellcheck disable=SC2317   # the checks call functions by their names
 set -uo pipefail
 export LC_ALL=C.UTF-8  # messages are compared; what is about another language says so
@@ -16,8 +16,11 @@ source=$(cd "$(dirname "$0")/../.." && pwd)
 # The checks run in a folder of their own, so the paths must not depend on this one.
 read -ra words <<<"$1"
 mapfile -t command < <(realpath "${words[@]}")
+binary=${command[-1]}
+runner=("${command[@]:0:${#command[@]}-1}")
+# A program of Windows has no signals, terminals and pictures here.
 native=true
-[ ${#command[@]} = 1 ] || native=false
+[[ $binary != *.exe ]] || native=false
 begin
 
 # A run that hangs must not take the others with it. No measure of speed.
@@ -211,15 +214,15 @@ if $native; then
   exits "a picture below a file" 4 render reef-day.xml day.svg/day.png
   exits "a picture of a hostile mode" 0 render hostile.xml hostile.svg --mode 1 --time 23:59
   check "and it is well-formed" xmllint --noout --nonet hostile.svg
-  check "the command line does without Qt" bash -c '! ldd "$0" | grep -qi "qt"' "${command[@]: -1}"
+  check "the command line does without Qt" bash -c '! ldd "$0" | grep -qi "qt"' "$binary"
   mkdir alone
-  cp "${command[@]: -1}" alone/
+  cp "$binary" alone/
   check "without the helper it says what is missing" bash -c \
-    'alone/lumarinectl render reef-day.xml a.png 2>err.txt; [ $? = 1 ] && grep -q "lumarine-render.*cannot be started" err.txt'
+    '"$@" alone/lumarinectl render reef-day.xml a.png 2>err.txt; [ $? = 1 ] && grep -q "lumarine-render.*cannot be started" err.txt' - "${runner[@]}"
   mkdir -p installed/bin installed/libexec/lumarine
-  cp "${command[@]: -1}" installed/bin/
-  cp "$(dirname "${command[@]: -1}")/lumarine-render" installed/libexec/lumarine/
-  check "an installed helper is found" installed/bin/lumarinectl render reef-day.xml installed.png
+  cp "$binary" installed/bin/
+  cp "$(dirname "$binary")/lumarine-render" installed/libexec/lumarine/
+  check "an installed helper is found" "${runner[@]}" installed/bin/lumarinectl render reef-day.xml installed.png
 else
   exits "pictures are made elsewhere" 2 render reef-day.xml day.png
   says "and it is told where" "pictures are made by lumarinectl on Linux only"
@@ -292,9 +295,9 @@ says "it is a connect error" "Connect error"
 if $native; then
   # A user who may not, with a copy that he may start, in a folder that a shell would take for two words.
   chmod 711 .
-  install -D "${command[0]}" "a folder/lumarinectl"
+  install -D "$binary" "a folder/lumarinectl"
   as_user() { if [ "$(id -u)" = 0 ]; then setpriv --reuid=65534 --regid=65534 --clear-groups "$@"; else "$@"; fi; }
-  as_user "$PWD/a folder/lumarinectl" usb-setup 2>err.txt
+  as_user "${runner[@]}" "$PWD/a folder/lumarinectl" usb-setup 2>err.txt
   ended "usb-setup is for root" 4 $?
   says "it is told what to type" "Give this command: sudo '$PWD/a folder/lumarinectl' usb-setup"
 else
