@@ -3,7 +3,8 @@
 # it outlives the test.
 #
 #   needs COMMAND...       skips the test where one of them is not installed
-#   desktop_begin BUILD    begin; installs that build into installed/ and starts a message bus
+#   desktop_begin [BUILD]  begin; installs that build into installed/, without one the system's own programs are meant;
+#                          starts a message bus
 #   in_background COMMAND...   runs it until the desktop ends; its process is in $started
 #   needs_accessibility    skips the test where a screen reader cannot be played
 #   accessibility_bus      starts what carries the windows' words to screen readers
@@ -32,7 +33,7 @@ needs() {
 # The toolkit's own dialogs and style, whatever desktop the test is started from.
 desktop_begin() {
   local build
-  build=$(realpath "$1")
+  build=${1:+$(realpath "$1")}
   begin desktop_end
   export LC_ALL=C.UTF-8 HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_RUNTIME_DIR=$work/run
   export QT_STYLE_OVERRIDE=Fusion PATH=$work/installed/bin:$PATH
@@ -41,7 +42,7 @@ desktop_begin() {
   # The program makes the folder.
   echo 'XDG_DOCUMENTS_DIR="$HOME/Papers"' >"$XDG_CONFIG_HOME/user-dirs.dirs"
   documents=$HOME/Papers
-  check "it is installed" cmake --install "$build" --prefix "$work/installed"
+  [ -z "$build" ] || check "it is installed" cmake --install "$build" --prefix "$work/installed"
   in_background dbus-daemon --session --nofork --print-address=3 3>bus.address
   await test -s bus.address
   DBUS_SESSION_BUS_ADDRESS=$(head -n 1 bus.address)

@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
 # The installed desktop program under X11, with a mouse and a keyboard: draw a day, upload it, play a demo, save, close.
-#   tests/installed/x11_test.sh BUILD
+#   tests/installed/x11_test.sh [BUILD]     without a build, the programs that the system has installed
 # shellcheck disable=SC2317   # the checks call functions by their names
 set -uo pipefail
 
-[ $# = 1 ] || { echo "usage: $0 BUILD" >&2; exit 2; }
+[ $# -le 1 ] || { echo "usage: $0 [BUILD]" >&2; exit 2; }
 here=$(realpath "$(dirname "$0")")
 . "$here/../support/checks.sh"
 . "$here/desktop.sh"
 . "$here/x11.sh"
 needs Xvfb openbox xdotool import xclip dbus-daemon dbus-monitor xmllint jq
-desktop_begin "$1"
+desktop_begin "$@"
 x11_begin
 # What launchers are told.
 launcher() { dbus-monitor --session "interface='com.canonical.Unity.LauncherEntry'" >"$work/launcher.txt"; }

@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# The package for 64-bit ARM, installed in a clean Debian system and run under qemu; what it writes is held against what
+# the package for PCs writes.
+#   tests/package/arm64_test.sh ARM64_DEB AMD64_DEB
+# It takes root's rights and a Debian mirror.
+set -uo pipefail
+
+[ $# = 2 ] || { echo "usage: $0 ARM64_DEB AMD64_DEB" >&2; exit 2; }
+here=$(realpath "$(dirname "$0")")
+debs=("$(realpath "$1")" "$(realpath "$2")")
+. "$here/../support/checks.sh"
+. "$here/clean_root.sh"
+begin root_end
+
+root_begin --foreign arm64 arm64-test qemu-user-static file librsvg2-bin libxml2-utils python3-minimal xvfb
+home=$root/home/person
+system() { "$root_sh" run "$root" "$@"; }
+person() { "$root_sh" run --person "$root" "$@"; }
+qemu=/usr/bin/qemu-aarch64-static
+
+(cd "$here/../.." && "$root_sh" run --person "$root" mkdir checks && cp -R --parents tests/support tests/cli examples "$home/checks/")
+
+# end_to_end NAME: all that the command line does, by NAME/lumarinectl. Its checks count here, too.
+end_to_end() {
+  person env GTEST_OUTPUT= bash checks/tests/cli/end_to_end.sh "${2:+$2 }$1/lumarinectl" "$1-output" >"$1.txt" 2>&1
+  check "$1: the command line end to end" test $? = 0
+  grep -E -A3 '^not ok ' "$1.txt"
+  grep -E '^(not )?ok ' "$1.txt" | sed "s/ok /&$1: /" >>"$counted"
+}
+# draw NAME: pictures of an example.
+draw() {
+  local kind
+  for kind in svg png pdf; do
+    check "$1: a picture is drawn, $kind" person $2 "$1/lumarinectl" render checks/examples/reef-day.xml "$1-output/day.$kind" --time 12:00
+  done
+}
+
+cp "${debs[0]}" "$root/tmp/arm64.deb"
+cp "${debs[1]}" "$root/tmp/amd64.deb"
+check "the package for ARM is installed, with all that it needs" system apt-get -q -y install /tmp/arm64.deb
+check "it is for ARM" grep -q "ARM aarch64" <(system file -b /usr/bin/lumarinectl /usr/bin/lumarine /usr/libexec/lumarine/lumarine-render)
+check "the desktop program starts" grep -q "^Lumarine" <(person env QT_QPA_PLATFORM=offscreen $qemu /usr/bin/lumarine --version)
+# A kernel that knows nothing of qemu cannot start one program for ARM from another: a script does.
+person mkdir arm64
+cp "$root/usr/bin/lumarinectl" "$home/arm64/"
+printf '#!/bin/sh\nexec %s /usr/libexec/lumarine/lumarine-render "$@"\n' $qemu >"$home/arm64/lumarine-render"
+chmod 755 "$home"/arm64/*
+end_to_end arm64 $qemu
+draw arm64 $qemu
+
+check "the package for PCs takes its place" system apt-get -q -y install /tmp/amd64.deb
+check "it is for PCs" grep -q "x86-64" <(system file -b /usr/bin/lumarinectl)
+person mkdir amd64
+cp "$root/usr/bin/lumarinectl" "$root/usr/libexec/lumarine/lumarine-render" "$home/amd64/"
+end_to_end amd64
+draw amd64
+
+check "both have written something" test "$(find "$home/arm64-output" -type f | wc -l)" -gt 60
+check "both have written the same bytes" diff -r "$home/arm64-output" "$home/amd64-output"
+cat check.log
+finish
