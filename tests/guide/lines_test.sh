@@ -76,7 +76,7 @@ split_chapter() {
 for file in "$top"/docs/guide/*.md "$top"/docs/*.md; do
   chapter=$(basename "$file" .md)
   split_chapter "$chapter" "$file"
-  ls "blocks/$chapter" | grep -qE '\.(sh|console)$' || continue
+  [ -n "$(find "blocks/$chapter" -name '*.sh' -o -name '*.console')" ] || continue
   make_folder "$chapter" && run_blocks "$chapter"
 done
 

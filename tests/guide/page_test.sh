@@ -86,7 +86,8 @@ sed -nE "s/.*<string id='(.*)'>.*/\1/p" "$top"/resources/translations*.xml |
 # With something filled in.
 grep '{1}' texts.txt | grep '[A-Za-z]\{6\}' | sed 's/[][\.*^$(){}?+|]/\\&/g; s/\\{[0-9]\\}/.*/g' >filled.txt
 check "the program has texts" test "$(wc -l <texts.txt)" -gt 200
-for document in $(cd "$top" && ls docs/guide/*.md); do
+for document in "${documents[@]}"; do
+  [[ $document == docs/guide/* ]] || continue
   grep -o '"[^"]*"' "prose/$document" | sed 's/^"//; s/"$//' | while read -r text; do
     [[ " ${not_texts[*]} " == *" $text "* ]] || grep -qF -- "$text" texts.txt || grep -qxEf filled.txt <<<"$text" ||
       echo "$document: \"$text\""
@@ -96,7 +97,8 @@ holds "what is quoted is what the program says" found.txt
 
 # Blocks. README.md, and what is not in the page, need no marks.
 
-for block in $(cd "$top" && ls docs/guide/*.md | grep -v README) docs/{command-line,networks,languages,formats}.md; do
+for block in "${documents[@]}"; do
+  [[ $block == docs/guide/* || $block =~ /(command-line|networks|languages|formats).md$ ]] || continue
   for part in "blocks/$block"/*; do
     case $part in
       *.none) echo "$block: without a mark: $(head -n 1 "$part")" ;;
