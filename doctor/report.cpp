@@ -30,10 +30,11 @@ Mark MarkOf(Sign sign) {
 
 // Others have written some of it: nothing in it is obeyed by a terminal.
 std::string Harmless(std::string text) {
-  constexpr char kFirstPrintable = ' ';
-  constexpr char kDelete = 127;
+  constexpr unsigned char kFirstPrintable = ' ';
+  constexpr unsigned char kDelete = 127;
+  // A char has a sign on some processors and none on others.
   for (char& letter : text)
-    if ((letter >= 0 && letter < kFirstPrintable) || letter == kDelete) letter = '?';
+    if (const auto byte = static_cast<unsigned char>(letter); byte < kFirstPrintable || byte == kDelete) letter = '?';
   return text;
 }
 
