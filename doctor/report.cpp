@@ -34,7 +34,8 @@ std::string Harmless(std::string text) {
   constexpr unsigned char kDelete = 127;
   // A char has a sign on some processors and none on others.
   for (char& letter : text)
-    if (const auto byte = static_cast<unsigned char>(letter); byte < kFirstPrintable || byte == kDelete) letter = '?';
+    if (const auto byte = static_cast<unsigned char>(letter); byte < kFirstPrintable || byte == kDelete)
+      letter = '?';
   return text;
 }
 

@@ -12,14 +12,14 @@ begin end
 # What was compiled is kept for the next time.
 cache=$source/build/package/ccache-arm64
 end() {
-  [ ! -d "${root:-}/home/person/.ccache" ] || mv "$root/home/person/.ccache" "$cache"
+  [ ! -d "${root:-}/home/person/.cache/ccache" ] || mv "$root/home/person/.cache/ccache" "$cache"
   root_end
 }
 # The package's own needs stand in its control file.
 root_begin --foreign arm64 arm64-units ccache clang-format cmake ninja-build graphviz g++ crossbuild-essential-arm64 qemu-user-static \
   libcli11-dev nlohmann-json3-dev fonts-dejavu-core fonts-symbola librsvg2-bin \
   {libhidapi-dev,pkg-config,qt6-base-dev,qt6-base-private-dev,qt6-svg-dev,zlib1g-dev,libgtest-dev,libgmock-dev}:arm64
-[ ! -d "$cache" ] || mv "$cache" "$root/home/person/.ccache"
+[ ! -d "$cache" ] || install -d "$root/home/person/.cache" && mv "$cache" "$root/home/person/.cache/ccache"
 mkdir "$root/home/person/source"
 tar -C "$source" --exclude=./build --exclude=./.git -c . | tar -C "$root/home/person/source" -x
 chown -R 1000:1000 "$root/home/person"
