@@ -69,6 +69,10 @@ sed 's/.* //; s/#.*//' links.txt | sort -u >linked.txt
 for document in "${documents[@]:1}"; do grep -qxF "$document" linked.txt || echo "$document"; done >found.txt
 holds "a link leads to every document" found.txt
 
+# "Lumarine 4.7 build 496"
+version=$("$lumarinectl" --version)
+check "the changelog tells of this version" grep -qF "## [${version#Lumarine }]" "$top/CHANGELOG.md"
+
 # Spelling.
 
 words=$top/docs/guide/words.txt
