@@ -19,7 +19,10 @@ end() {
 root_begin --foreign arm64 arm64-units ccache clang-format cmake ninja-build graphviz g++ crossbuild-essential-arm64 qemu-user-static \
   libcli11-dev nlohmann-json3-dev fonts-dejavu-core fonts-symbola librsvg2-bin \
   {libhidapi-dev,pkg-config,qt6-base-dev,qt6-base-private-dev,qt6-svg-dev,zlib1g-dev,libgtest-dev,libgmock-dev}:arm64
-[ ! -d "$cache" ] || install -d "$root/home/person/.cache" && mv "$cache" "$root/home/person/.cache/ccache"
+if [ -d "$cache" ]; then
+  mkdir -p "$root/home/person/.cache"
+  mv "$cache" "$root/home/person/.cache/ccache"
+fi
 mkdir "$root/home/person/source"
 tar -C "$source" --exclude=./build --exclude=./.git -c . | tar -C "$root/home/person/source" -x
 chown -R 1000:1000 "$root/home/person"
