@@ -6,6 +6,7 @@
 #include "app/handlers/edit_commands.h"
 #include "app/handlers/exchange_commands.h"
 #include "app/handlers/file_commands.h"
+#include "app/handlers/help_commands.h"
 #include "app/handlers/language_commands.h"
 #include "app/handlers/mode_commands.h"
 #include "app/handlers/view_commands.h"
@@ -151,6 +152,9 @@ constexpr Command kCommands[] = {
      .handler = TestTranslation, .refreshes = kLanguage},
     {.number = command::kAbout, .text = TextKey("About ..."), .menu = menu::kHelp, .beginsGroup = true,
      .keys = {Alt('/'), Alt('?')}, .handler = ShowAbout},
+    {.number = command::kGuide, .text = TextKey("User guide"), .menu = menu::kHelp, .beginsGroup = true,
+     .handler = ShowGuide},
+    {.number = command::kCheckUp, .text = TextKey("Check-up ..."), .menu = menu::kHelp, .handler = CheckUp},
 
     // No menu item
     {.number = command::kZoomIn, .keys = {Key(key::kNumpadAdd)}, .handler = ZoomIn, .refreshes = kView},

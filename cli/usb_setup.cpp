@@ -25,7 +25,8 @@ int InstallRule(const fs::path& file) {
   std::error_code error;
   fs::create_directories(file.parent_path(), error);
   if (error) return error.default_error_condition().value();
-  const std::string_view rule = platform::FindResourceBytes(TCBase::kUsbRuleResource, TCBase::kUsbRuleType).value();
+  const std::string_view rule =
+      platform::FindResourceBytes(TCBase::kUsbRuleResource, TCBase::kUsbRuleType).value();
   return ReplaceFileBytes(*platform::SystemFileCalls(), file, rule);
 }
 

@@ -33,6 +33,10 @@ DateTime LocalTime();
 /// configured is made if it is missing, with the folders above it.
 std::optional<std::filesystem::path> DocumentsFolder();
 
+/// The file `name` (UTF-8, no folders) that came with the program: it stands beside it, or in
+/// ../share/lumarine from there. Nothing if there is none.
+std::optional<std::filesystem::path> FindCompanionFile(const std::string& name);
+
 /// A view of the resource `id` of the kind `type` ("XML", "PNG") that was built into this executable; valid
 /// until the process ends. An absent or empty resource gives nothing.
 std::optional<std::string_view> FindResourceBytes(int id, std::string_view type);

@@ -120,6 +120,19 @@ constexpr ControlTemplate kGetDateTimeControls[] = {
     {kCancel, Kind::Button, {95, 37, 50, 14}, "Cancel"},
 };
 
+constexpr ControlTemplate kCheckUpControls[] = {
+    {check_up_control::kReport,
+     Kind::Edit,
+     {7, 7, 366, 176},
+     "",
+     trait::kMultiLine | trait::kReadOnly | trait::kVerticalScrollBar},
+    {check_up_control::kSummary, Kind::Label, {7, 189, 366, 8}, ""},
+    {check_up_control::kAgain, Kind::Button, {7, 204, 90, 14}, "Look again"},
+    {check_up_control::kPack, Kind::Button, {101, 204, 114, 14}, "Pack for a question"},
+    {check_up_control::kSave, Kind::Button, {219, 204, 98, 14}, "Save as ZIP ..."},
+    {kOk, Kind::Button, {323, 204, 50, 14}, "OK", trait::kDefault},
+};
+
 constexpr DialogTemplate kTemplates[] = {
     {template_id::kAbout, "About Lumarine", {20, 20, 243, 199}, kAboutControls},
     {template_id::kModeName, "Add new mode", {50, 50, 251, 130}, kModeNameControls},
@@ -130,6 +143,7 @@ constexpr DialogTemplate kTemplates[] = {
     {template_id::kTC421Success, "Setup TC421 WiFi - Success", {50, 50, 411, 272}, kTC421SuccessControls},
     {template_id::kAddSteps, "Add Steps", {0, 0, 309, 176}, kAddStepsControls},
     {template_id::kGetDateTime, "Enter date and time", {50, 50, 154, 56}, kGetDateTimeControls},
+    {template_id::kCheckUp, "Check-up", {50, 50, 380, 225}, kCheckUpControls},
 };
 
 }  // namespace

@@ -24,6 +24,7 @@ inline constexpr int kTC421Config = 137;
 inline constexpr int kTC421Success = 138;
 inline constexpr int kAddSteps = 139;
 inline constexpr int kGetDateTime = 140;
+inline constexpr int kCheckUp = 141;
 }  // namespace template_id
 
 /// Numbers of the controls, but for the buttons kOk and kCancel that most dialogs have (dialog.h).
@@ -87,6 +88,14 @@ inline constexpr int kPasswordLabel = 1023;
 inline constexpr int kSecurityLabel = 1024;
 inline constexpr int kEncryptionLabel = 1025;
 }  // namespace tc421_config_control
+
+namespace check_up_control {
+inline constexpr int kReport = 1050;
+inline constexpr int kSummary = 1051;
+inline constexpr int kAgain = 1052;
+inline constexpr int kPack = 1053;
+inline constexpr int kSave = 1054;
+}  // namespace check_up_control
 
 namespace tc421_success_control {
 inline constexpr int kText = 32912;

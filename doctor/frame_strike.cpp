@@ -126,9 +126,9 @@ class LogReader {
   }
 
  protected:
-  /// A line, or what stands in front of a row.
+  // A line, or what stands in front of a row.
   virtual void Text(std::string_view line) = 0;
-  /// All bytes of a dump. One whose beginning is missing does not begin with offset 0.
+  // All bytes of a dump. One whose beginning is missing does not begin with offset 0.
   virtual void Dump(std::size_t offset, std::string_view bytes) = 0;
 
  private:

@@ -70,6 +70,8 @@ inline constexpr int kKnownIssues = 32939;
 inline constexpr int kExportTranslation = 32943;
 inline constexpr int kTestTranslation = 32942;
 inline constexpr int kAbout = 104;
+inline constexpr int kGuide = 33000;
+inline constexpr int kCheckUp = 33001;
 // No menu item
 inline constexpr int kZoomIn = 32921;
 inline constexpr int kZoomOut = 32922;

@@ -19,14 +19,17 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/window/control_table.h"
 #include "chart/chart_window.h"
 #include "chart/renderer_base.h"
 #include "common/event_target.h"
+#include "common/platform.h"
 #include "dialogs/dialog.h"
 #include "localisation/translation_store.h"
 #include "program/settings.h"
@@ -80,6 +83,9 @@ class MainWindowPort : public EventTarget {
   /// Shows it where the system has a place for it outside the window: on its button in the task bar, on the
   /// program's icon in a launcher. Nothing is shown before the first call.
   virtual void ShowWork(const WorkSign& sign) = 0;
+  /// Opens the file with whatever the user opens such files with, outside of this program. False if there is
+  /// no such program, as far as the system tells.
+  virtual bool OpenFile(const std::filesystem::path& file) = 0;
   /// Paints the logo; only within MainWindow::OnPaint. Nothing happens if there is no logo.
   virtual void PaintLogo(const Rect& area) = 0;
   /// Takes the window and its controls away. MainWindow::OnDestroy comes before this returns, and no event of
@@ -300,6 +306,11 @@ struct Shell {
   std::filesystem::path deviceLogFile = DocumentPath(kDeviceLogName);
   /// Where copies of programs that could not be saved are kept: that of the settings.
   std::filesystem::path recoveryFolder = DocumentPath({});
+
+  /// The page of the guide; nothing if this copy of the program came without it.
+  std::optional<std::filesystem::path> guide = platform::FindCompanionFile("guide.html");
+  /// What the shell is built on, by name and version.
+  std::vector<std::pair<std::string, std::string>> versions = {};
 
   // What the process was told to open; empty if nothing.
   std::vector<std::filesystem::path> filesToOpen = {};

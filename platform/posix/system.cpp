@@ -86,6 +86,16 @@ std::optional<fs::path> DocumentsFolder() {
   return std::nullopt;
 }
 
+std::optional<fs::path> FindCompanionFile(const std::string& name) {
+  std::error_code error;
+  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  if (error) return std::nullopt;
+  const fs::path folder = program.parent_path();
+  for (const fs::path& file : {folder / name, folder.parent_path() / "share" / "lumarine" / name})
+    if (fs::is_regular_file(file, error)) return file;
+  return std::nullopt;
+}
+
 std::optional<std::string_view> FindResourceBytes(int id, std::string_view type) {
   for (const ResourceRecord* record = __start_lumarine_resources; record != __stop_lumarine_resources;
        ++record) {

@@ -110,6 +110,13 @@ void MainWindow::StopTimer(int id) {
   KillTimer(handle_, static_cast<UINT_PTR>(id));
 }
 
+bool MainWindow::OpenFile(const std::filesystem::path& file) {
+  // The answer is no handle: what is up to 32 is an error.
+  constexpr INT_PTR kLastError = 32;
+  const HINSTANCE opened = ShellExecuteW(handle_, L"open", file.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+  return reinterpret_cast<INT_PTR>(opened) > kLastError;
+}
+
 void MainWindow::PaintLogo(const Rect& area) {
   logo_.Paint(paint_, Scale(handle_).Pixels(area));
 }

@@ -36,6 +36,7 @@ class MainWindow final : public app::MainWindowPort {
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
   void ShowWork(const app::WorkSign& sign) override { taskbarButton_.Show(handle_, sign); }
+  bool OpenFile(const std::filesystem::path& file) override;
   void PaintLogo(const Rect& area) override;
   void Destroy() override;
   void PostQuit(int exitCode) override;

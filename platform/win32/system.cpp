@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "common/files.h"
 #include "common/platform.h"
 #include "platform/win32/windows_headers.h"
 // after windows.h
@@ -17,6 +18,18 @@ std::optional<std::filesystem::path> DocumentsFolder() {
   const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> held(folder, &CoTaskMemFree);
   if (FAILED(result)) return std::nullopt;
   return std::filesystem::path(folder);
+}
+
+std::optional<std::filesystem::path> FindCompanionFile(const std::string& name) {
+  constexpr DWORD kMostLetters = 32'768;  // of a path with long names
+  std::wstring program(kMostLetters, L'\0');
+  program.resize(GetModuleFileNameW(nullptr, program.data(), kMostLetters));
+  const std::filesystem::path folder = std::filesystem::path(program).parent_path();
+  std::error_code error;
+  for (const auto& file :
+       {folder / PathFromUtf8(name), folder.parent_path() / "share" / "lumarine" / PathFromUtf8(name)})
+    if (std::filesystem::is_regular_file(file, error)) return file;
+  return std::nullopt;
 }
 
 std::optional<std::string_view> FindResourceBytes(int id, std::string_view type) {

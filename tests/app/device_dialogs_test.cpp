@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "dialogs/dialog.h"
 #include "dialogs/dialog_template.h"
 #include "tests/app/app_test.h"
@@ -268,6 +271,87 @@ TEST_F(DeviceDialogs, EnterLeavesAboutAndOpensNoLink) {
   user.Choose(command::kAbout);
   EXPECT_THAT(user.Dialogs(), SizeIs(1));
   EXPECT_THAT(Desk().dialogs.links, IsEmpty());
+}
+
+// Help
+
+class Help : public AppTest {
+ protected:
+  // Another program, such as a browser, can be started.
+  void GivenTheGuide(bool opens) {
+    guide_ = GivenFile("guide.html", "<html>");
+    GivenTheProgramRuns();
+    user.GetDesktop().opensFiles = opens;
+    if (!opens) user.WillAnswer(app::Answer::Ok);
+    user.Choose(command::kGuide);
+  }
+
+  // What is said instead of showing the guide.
+  std::string Told() {
+    const std::vector<app::Question> questions = user.Questions();
+    EXPECT_THAT(questions, SizeIs(1));
+    EXPECT_EQ(questions.back().title, u"User guide");
+    return Utf8FromWide(questions.back().text);
+  }
+
+  // The check-up, left by the button behind what `look` does.
+  void CheckUp(DialogScript look, int button) {
+    namespace check_up = dialogs::check_up_control;
+    look.insert(look.begin(),
+                Await([](const SeenDialog& seen) { return seen.controls.at(check_up::kPack).enabled; }));
+    look.push_back(Press(button));
+    user.WillFill(std::move(look));
+    user.Choose(command::kCheckUp);
+  }
+
+  std::filesystem::path guide_;
+};
+
+TEST_F(Help, TheGuideIsOpenedByWhateverTheUserReadsPagesWith) {
+  GivenTheGuide(true);
+  EXPECT_THAT(user.GetDesktop().opened, ElementsAre(guide_));
+  EXPECT_THAT(user.Questions(), IsEmpty());
+}
+
+TEST_F(Help, WhereNoProgramOpensItTheUserIsToldWhereItIs) {
+  GivenTheGuide(false);
+  EXPECT_THAT(Told(), testing::EndsWith(Utf8FromPath(guide_)));
+}
+
+TEST_F(Help, ACopyWithoutTheGuideSaysSo) {
+  GivenTheProgramRuns();
+  user.WillAnswer(app::Answer::Ok);
+  user.Choose(command::kGuide);
+  EXPECT_THAT(Told(), HasSubstr("came without the file guide.html"));
+  EXPECT_THAT(user.GetDesktop().opened, IsEmpty());
+}
+
+TEST_F(Help, ACheckUpThatIsLeftSavesNothing) {
+  GivenTheProgramRuns();
+  CheckUp({}, kOk);
+  EXPECT_THAT(user.Questions(), IsEmpty());
+  EXPECT_EQ(NewLog(), "");
+}
+
+TEST_F(Help, WhatWasPackedIsSavedWhereTheUserWants) {
+  GivenTheProgramRuns();
+  const std::filesystem::path file = folder.path() / "mine.zip";
+  user.WillPick({file});
+  CheckUp({Press(dialogs::check_up_control::kPack)}, dialogs::check_up_control::kSave);
+  EXPECT_THAT(BytesOf(file), testing::StartsWith("PK"));
+  EXPECT_THAT(BytesOf(file), HasSubstr("report.txt"));
+  EXPECT_EQ(NewLog(), "The report is in " + Utf8FromPath(file) + ". Nothing was sent to anybody.\n");
+}
+
+TEST_F(Help, TheEndThatTheFileDialogAddsIsNotThatOfAProgram) {
+  GivenTheProgramRuns();
+  const std::filesystem::path there = GivenFile("mine.zip", "of mine");
+  user.WillPick({folder.path() / "mine.xml"});
+  user.WillAnswer(app::Answer::No);
+  CheckUp({Press(dialogs::check_up_control::kPack)}, dialogs::check_up_control::kSave);
+  EXPECT_EQ(BytesOf(there), "of mine");
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "mine.xml"));
+  EXPECT_EQ(NewLog(), "");
 }
 
 }  // namespace

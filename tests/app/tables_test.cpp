@@ -42,7 +42,7 @@ TEST(MenuTable, HoldsTheMenusFromLeftToRight) {
                   "Channel: 32930 - 32904 - 32908 32909 - 32897 32898 32907 - 32918 32919 - 32896 32899",
                   "Mode: 32913 - [Add endpoint steps: 32940 32941] - [Align steps: 32932 32933 32934 32935 "
                   "32936 32937]",
-                  "Language: 32796", "Help: 32774 - 32939 - 32943 32942 - 104"));
+                  "Language: 32796", "Help: 32774 - 32939 - 32943 32942 - 104 - 33000 33001"));
 }
 
 TEST(MenuTable, OnlyHelpStandsAtTheRight) {
@@ -114,6 +114,8 @@ constexpr ExpectedText kTexts[] = {
     {32943, "Export localization XML"},
     {32942, "Test localization XML"},
     {104, "About ..."},
+    {33000, "User guide"},
+    {33001, "Check-up ..."},
 };
 
 void Collect(std::span<const MenuEntry> entries, std::vector<MenuEntry>& items) {

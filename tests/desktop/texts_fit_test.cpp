@@ -346,6 +346,14 @@ TEST_P(TextsFit, About) {
   ExpectDialogsToFit(template_id::kAbout);
 }
 
+TEST_P(TextsFit, TheCheckUp) {
+  namespace check_up = dialogs::check_up_control;
+  const auto canPack = [](const SeenDialog& seen) { return seen.controls.at(check_up::kPack).enabled; };
+  user.WillFill({Look(), Await(canPack), Look(), Press(check_up::kPack), Look(), PressEscape()});
+  ASSERT_TRUE(user.Choose(command::kCheckUp));
+  ExpectDialogsToFit(template_id::kCheckUp);
+}
+
 TEST_P(TextsFit, TheWifiWizard) {
   sim_network::PlugIn(kTank, kSmart);
   sim_network::SetWifi(platform::WifiQuery::Answered,

@@ -118,6 +118,16 @@ const Form kForms[] = {
       {137, 137, 50, 50},
       {8, 15, 14, 14},
       {"Enter date and time", "", "OK", "Cancel"}}},
+    {141,
+     "Check-up",
+     {50, 50, 380, 225},
+     {{1050, 1051, 1052, 1053, 1054, 1},
+      {"edit", "label", "button", "button", "button", "button"},
+      {7, 7, 7, 101, 219, 323},
+      {7, 189, 204, 204, 204, 204},
+      {366, 366, 90, 114, 98, 50},
+      {176, 8, 14, 14, 14, 14},
+      {"", "", "Look again", "Pack for a question", "Save as ZIP ...", "OK"}}},
 };
 
 TEST(DialogTemplates, HaveTheseColumns) {
@@ -136,13 +146,13 @@ TEST(DialogTemplates, GiveEachTraitToTheControlsThatHaveIt) {
   using Controls = std::vector<std::pair<int, int>>;  // dialog and control
   const std::pair<unsigned, Controls> rows[] = {
       {trait::kAutoScroll, {{129, 1000}, {133, 1000}, {137, 1019}, {137, 1015}, {137, 1018}}},
-      {trait::kMultiLine, {{129, 1001}, {139, 1030}, {139, 1031}}},
+      {trait::kMultiLine, {{129, 1001}, {139, 1030}, {139, 1031}, {141, 1050}}},
       {trait::kVerticalScrollBar,
-       {{129, 1039}, {136, 1013}, {137, 1015}, {137, 1016}, {137, 1017}, {139, 1030}}},
+       {{129, 1039}, {136, 1013}, {137, 1015}, {137, 1016}, {137, 1017}, {139, 1030}, {141, 1050}}},
       {trait::kWantsReturn, {{139, 1030}}},
-      {trait::kReadOnly, {{137, 1019}, {139, 1031}}},
+      {trait::kReadOnly, {{137, 1019}, {139, 1031}, {141, 1050}}},
       {trait::kNoTabStop, {{137, 1019}, {139, 1031}}},
-      {trait::kDefault, {{103, 1}, {129, 1}, {133, 1}, {135, 1}, {138, 1}, {139, 1}, {140, 1}}},
+      {trait::kDefault, {{103, 1}, {129, 1}, {133, 1}, {135, 1}, {138, 1}, {139, 1}, {140, 1}, {141, 1}}},
       {trait::kLink, {{103, 1002}, {103, 1003}, {103, 1005}}},
       {trait::kHidden, {{103, 1029}, {103, 1026}}},
       {trait::kSorted, {{136, 1013}, {137, 1015}, {137, 1016}, {137, 1017}}},

@@ -178,6 +178,23 @@ void SetTheEmulatorsTime(User& user, const Folders&) {
   EXPECT_FALSE(user.IsRunning());
 }
 
+void PackACheckUp(User& user, const Folders&) {
+  namespace check_up = dialogs::check_up_control;
+  const auto canPack = [](const SeenDialog& seen) { return seen.controls.at(check_up::kPack).enabled; };
+  const auto canSave = [](const SeenDialog& seen) { return seen.controls.at(check_up::kSave).enabled; };
+  user.Start();
+  user.WillFill({Await(canPack), Look(), Press(check_up::kPack), Await(canSave), Look(), PressEscape()});
+  ASSERT_TRUE(user.Choose(command::kCheckUp));
+  const std::vector<SeenDialog> seen = user.Dialogs();
+  ASSERT_EQ(seen.size(), 3U);
+  EXPECT_EQ(seen[0].title, "Check-up");
+  EXPECT_THAT(seen[1].controls.at(check_up::kReport).text, HasSubstr("UDP"));
+  EXPECT_THAT(seen[2].controls.at(check_up::kReport).text, testing::StartsWith("=== report.txt ("));
+  EXPECT_NE(seen[1].controls.at(check_up::kSummary).text, seen[2].controls.at(check_up::kSummary).text);
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
 void LookAtAbout(User& user, const Folders&) {
   user.Start();
   user.WillFill({Press(kOk)});

@@ -14,6 +14,7 @@ void TypeADemoSpeed(User& user, const Folders& folders);
 void PasteLettersIntoASpeed(User& user, const Folders& folders);
 void SetTheEmulatorsTime(User& user, const Folders& folders);
 void LookAtAbout(User& user, const Folders& folders);
+void PackACheckUp(User& user, const Folders& folders);
 void RenameDevicesInTheNetworkOnly(User& user, const Folders& folders);
 /// Into each field that takes text.
 void PasteTenMegabytes(User& user, const Folders& folders);

@@ -351,6 +351,9 @@ Desktop::~Desktop() {
 }
 
 app::Shell Desktop::Ports() {
+  // The folder of a test is the program's own as well.
+  std::optional<std::filesystem::path> guide = deviceLogFile_.parent_path() / "guide.html";
+  if (!std::filesystem::exists(*guide)) guide.reset();
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
     return std::make_unique<RecordingRenderer>(scene, journal);
   };
@@ -367,6 +370,8 @@ app::Shell Desktop::Ports() {
           settings_,
           deviceLogFile_,
           deviceLogFile_.parent_path(),
+          guide,
+          {{"Headless", "1"}},
           filesToOpen_,
           translations_};
 }

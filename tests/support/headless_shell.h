@@ -288,6 +288,10 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   void StartTimer(int id, int milliseconds) override;
   void StopTimer(int id) override;
   void ShowWork(const app::WorkSign& sign) override { work.push_back(sign); }
+  bool OpenFile(const std::filesystem::path& file) override {
+    opened.push_back(file);
+    return opensFiles;
+  }
   void PaintLogo(const Rect& area) override { logo = area; }
   void Destroy() override;
   void PostQuit(int exitCode) override;
@@ -306,8 +310,10 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
 
   std::u16string title;
   app::Size size{app::kWindowWidth, app::kWindowHeight};
-  std::vector<app::WorkSign> work;  // shown outside the window, since the start
-  std::optional<Rect> logo;         // where it was painted last
+  std::vector<app::WorkSign> work;            // shown outside the window, since the start
+  std::vector<std::filesystem::path> opened;  // with other programs, since the start
+  bool opensFiles = true;                     // there are such programs
+  std::optional<Rect> logo;                   // where it was painted last
   Focus focus = Focus::MainWindow;
   ChartWindow chart{focus};
   bool refuseWindow = false;  // CreateMainWindow fails

@@ -303,6 +303,7 @@ constexpr Script kScripts[] = {
     {"PasteLettersIntoASpeed", PasteLettersIntoASpeed},
     {"SetTheEmulatorsTime", SetTheEmulatorsTime},
     {"LookAtAbout", LookAtAbout},
+    {"PackACheckUp", PackACheckUp},
     {"RenameDevicesInTheNetworkOnly", RenameDevicesInTheNetworkOnly},
     {"PasteTenMegabytes", PasteTenMegabytes},
     {"PauseSeekResumeAndStopADemo", PauseSeekResumeAndStopADemo},

@@ -17,8 +17,10 @@ app::Shell DesktopShell::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
     return std::make_unique<Renderer>(scene, chartWindow_, events_);
   };
-  return {platform_, mainWindow_, chartWindow_, controls_, logPane_,
-          menu_,     questions_,  dialogs_,     events_,   makeRenderer};
+  app::Shell ports{platform_, mainWindow_, chartWindow_, controls_, logPane_,
+                   menu_,     questions_,  dialogs_,     events_,   makeRenderer};
+  ports.versions = {{"Qt", qVersion()}};
+  return ports;
 }
 
 void DesktopShell::Connect(app::Application& application) {

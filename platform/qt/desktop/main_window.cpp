@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -239,6 +240,10 @@ void MainWindow::StopTimer(int id) {
 
 void MainWindow::ShowWork(const app::WorkSign& sign) {
   ShowOnLauncherIcon(sign);
+}
+
+bool MainWindow::OpenFile(const std::filesystem::path& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QtText(file.u16string())));
 }
 
 void MainWindow::PaintLogo(const Rect& area) {
