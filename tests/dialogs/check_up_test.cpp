@@ -12,6 +12,7 @@
 #include "tests/support/headless_dialogs.h"
 #include "tests/support/scripted_computer.h"
 #include "tests/support/sim_hidapi.h"
+#include "tests/support/sim_network.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -36,6 +37,7 @@ class CheckUpTest : public testing::Test {
  protected:
   void SetUp() override {
     sim_hidapi::Reset();
+    sim_network::Reset();
     scripted_computer::Set({});
     params_.subject.settingsFile = folder_.path() / "LumarineConfig.xml";
     params_.subject.deviceLogFile = folder_.path() / "LumarineLog.txt";
@@ -71,6 +73,7 @@ TEST_F(CheckUpTest, LooksAgainAtWhatHasChanged) {
     scripted_computer::Facts facts;
     facts.portHolders = {{.program = "other-program", .process = 77}};
     scripted_computer::Set(facts);
+    sim_network::HoldPort(true);
   };
   EXPECT_EQ(Run({Await(&HasLooked), Look(), Meanwhile(takePort), Press(kAgain), Look(), Await(&HasLooked),
                  Look(), PressEscape()}),
