@@ -47,6 +47,10 @@ start first reef-day.xml
 soon "the window comes up with the file" titled "Lumarine - $work/reef-day.xml"
 soon "nothing else comes up" are_open 1
 use
+# By its class the desktop finds the launcher of a window, and shows that one's icon.
+class=$(sed -n 's/^StartupWMClass=//p' "$(dirname "$(command -v lumarine)")/../share/applications/lumarine.desktop")
+has_class() { xdotool search --onlyvisible --pid "$program" --class "^$class\$" | grep -qx "$window"; }
+check "the launcher knows its window" has_class
 # It is all there and listens.
 soon "the log tells of the file" logged "Loaded program contains 2 modes"
 moves_on click 400 $((first_lane + 10))
