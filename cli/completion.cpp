@@ -1,7 +1,6 @@
 #include "cli/completion.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -115,9 +114,7 @@ void OfferAlternative(std::string_view alternative, const std::string& before, A
   constexpr std::string_view kFile = "FILE";
   const std::size_t file = alternative.find(kFile);
   if (file != std::string_view::npos) return answer.OfferFile(alternative.substr(file + kFile.size()));
-  const auto* const capital =
-      std::ranges::find_if(alternative, [](unsigned char letter) { return std::isupper(letter) != 0; });
-  const std::string word(alternative.begin(), capital);
+  const std::string word(alternative.substr(0, alternative.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ")));
   if (!word.empty() && !word.starts_with('"')) answer.Offer(before + word);
 }
 
