@@ -32,7 +32,7 @@ make() {
 # unpack ROOT NAME SCRIPT MAKER: from what is kept; what is not is made by MAKER ROOT SCRIPT.
 unpack() {
   local root=$1 tar
-  tar=$kept/$2-$(cat "$0" - <<<"$3" | sha256sum | cut -c 1-16).tar
+  tar=$kept/$2-$({ declare -f minimal; echo "$3"; } | sha256sum | cut -c 1-16).tar
   exec {lock}>"$kept/.lock-$2"
   flock "$lock"
   if [ -z "$(find "$tar" -mtime -7 2>/dev/null)" ]; then
@@ -90,6 +90,9 @@ run() {
   shift
   [ -e "$root/etc/debian_version" ] || { echo "packaging/root.sh: $root is no root" >&2; exit 1; }
   [ ${#network[@]} != 0 ] || cp -L /etc/resolv.conf "$root/etc/resolv.conf"
+  # unshare itself heeds no other signal, and all in there ends with it.
+  local status=0 system=
+  trap '[ -z "$system" ] || kill -KILL "$system"; exit 143' INT TERM
   # The shell stays, as the first process: it buries what others leave.
   # shellcheck disable=SC2016
   unshare --mount --propagation private --pid --ipc --uts "${network[@]}" --fork --kill-child bash -ec '
@@ -104,7 +107,11 @@ run() {
     chroot "$root" setpriv --reuid "$user" --regid "$user" --init-groups \
       env -i -C "$home" HOME="$home" USER="$user" LOGNAME="$user" SHELL=/bin/bash LC_ALL=C.UTF-8 TERM=dumb \
       PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive "$@" || status=$?
-    exit $status' - "$root" "$user" "$home" "${environment[@]}" "$@"
+    exit $status' - "$root" "$user" "$home" "${environment[@]}" "$@" <&0 &
+  system=$!
+  wait "$system" || status=$?
+  trap - INT TERM
+  return $status
 }
 
 case ${1:-} in

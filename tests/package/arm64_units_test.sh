@@ -29,8 +29,11 @@ chown -R 1000:1000 "$root/home/person"
 
 person() { "$root_sh" run --person --offline --env QT_QPA_PLATFORM=offscreen "$root" env -C source "$@"; }
 check "it is configured" person cmake --preset arm64
-check "it is built" person nice ninja -C build/arm64
-person nice ctest --preset arm64 -L unit -j "$(nproc)" ${1:+-R "$1"} --timeout 3000 --output-junit results.xml >ctest.txt 2>&1
+units=(--preset arm64 -L unit ${1:+-R "$1"})
+# Each test is named as its program is.
+mapfile -t programs < <(person ctest "${units[@]}" -N | sed -n 's/^ *Test *#[0-9]*: //p')
+check "it is built" person nice ninja -C build/arm64 "${programs[@]}"
+person nice ctest "${units[@]}" -j "$(nproc)" --timeout 3000 --output-junit results.xml >ctest.txt 2>&1
 junit=$root/home/person/source/build/arm64/results.xml
 check "the tests ran" test -s "$junit"
 while read -r status name; do
