@@ -10,10 +10,12 @@
 
 #include "app/window/numbers.h"
 #include "chart/chart_layout.h"
+#include "common/files.h"
 #include "common/truncate.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
 #include "program/view.h"
+#include "tests/support/demo_words.h"
 #include "tests/support/text_count.h"
 
 namespace scripts {
@@ -166,6 +168,45 @@ void DrawADay(User& user, const Folders& folders) {
   EXPECT_EQ(SavedSteps(folders.work / "undone.xml", 0), StepsOf(TCBase::Program::NewProgram(), 0));
   user.Close();
   EXPECT_FALSE(user.IsRunning());
+}
+
+void TheFirstFiveMinutes(User& user, const Folders& folders) {
+  user.Start();
+  Map map(user, 0);
+  Click(user, map.At(15, 0, 30.0F));
+  EXPECT_GT(user.SliderPosition(Control::PowerSlider), 0);
+  map.Enlarge();
+  user.Wait(kGlideSeconds);
+  const Map::Point added = map.At(15, 0, 85.0F);
+  Click(user, added);
+  EXPECT_THAT(user.Log(), HasSubstr("Current number of steps: 13\r\n"));
+  user.PressKey(key::kUp);
+  user.PressKey('Z', true);
+
+  ASSERT_TRUE(user.Choose(command::kAddEmulator));
+  EXPECT_THAT(user.List(Control::DeviceList), ElementsAre("TC420_Emulator"));
+  user.Press(Control::PlayButton);
+  EXPECT_TRUE(in_demo::AwaitStatus(user, "Playing"));
+  constexpr int kEvening = 20 * TCBase::Program::kSecondsPerHour;
+  in_demo::SeekTo(user, kEvening);
+  EXPECT_TRUE(in_demo::Await(user, [&] { return in_demo::ShownSecond(user) >= kEvening; }));
+  user.Press(Control::StopButton);
+  EXPECT_TRUE(user.WaitForLog("Demo finished\r\n"));
+
+  const std::filesystem::path file = folders.work / "tank.xml";
+  user.WillPick({file});
+  ASSERT_TRUE(user.Choose(command::kSaveProgram));
+  EXPECT_THAT(SavedSteps(file, 0), testing::Contains(map.StepAt(added)));
+  ASSERT_TRUE(user.Choose(command::kSyncTime));
+  ASSERT_TRUE(user.WaitForLog("Syncing time\r\nFinished configuring device TC420_Emulator\r\n"));
+  ASSERT_TRUE(user.Choose(command::kUploadProgram));
+  ASSERT_TRUE(user.WaitForLog("Uploading finished\r\nFinished configuring device TC420_Emulator\r\n"));
+
+  user.Close();
+  ASSERT_FALSE(user.IsRunning());
+  user.Start();
+  EXPECT_EQ(user.Title(), "Lumarine - " + Utf8FromPath(file));
+  user.Close();
 }
 
 void DeleteSteps(User& user, const Folders& folders) {

@@ -7,6 +7,8 @@
 namespace scripts {
 
 /// A day's curve from mouse clicks, a drag, zoomed in, nudged with the arrows, saved, and all undone.
+/// As docs/guide/first-program.md tells them.
+void TheFirstFiveMinutes(User& user, const Folders& folders);
 void DrawADay(User& user, const Folders& folders);
 /// Steps deleted with the key and from the chart's menu, and what is saved of it.
 void DeleteSteps(User& user, const Folders& folders);

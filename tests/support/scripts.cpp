@@ -289,6 +289,7 @@ constexpr Script kScripts[] = {
     {"OpenByCommandLineAndByDrop", OpenByCommandLineAndByDrop},
     {"ReplaceAFileOnlyWhenAsked", ReplaceAFileOnlyWhenAsked},
     {"GetBackWhatCouldNotBeSaved", GetBackWhatCouldNotBeSaved},
+    {"TheFirstFiveMinutes", TheFirstFiveMinutes},
     {"DrawADay", DrawADay},
     {"DeleteSteps", DeleteSteps},
     {"EditByMenu", EditByMenu},
