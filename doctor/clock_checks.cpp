@@ -32,10 +32,9 @@ Finding Controllers(Sign sign, const Sentence& found, const Sentence& advice = S
   return {sign, "controller-clock", Sentence(TextKey("Clocks of controllers")), found, advice};
 }
 
-const TextKey kSetClock("Set it: \"Synchronize time\" in the program, or {1}");
-
 Sentence SetIt() {
-  return Sentence(kSetClock, {"lumarinectl sync-time"});
+  return Sentence(TextKey("Compare its display with this computer's clock, and set it if it differs: {1}"),
+                  {"lumarinectl sync-time"});
 }
 
 Finding SetAt(const DateTime& time, const DateTime& now) {
@@ -93,8 +92,7 @@ Findings CheckControllerClock(const Subject& subject) {
       Sign::Look,
       Sentence(TextKey("A controller can be told the time, but not asked for it, and the device log "
                        "does not say when that was.")),
-      Sentence(TextKey("Compare its display with this computer's clock. {1} sets it."),
-               {"lumarinectl sync-time"}))};
+      SetIt())};
 }
 
 }  // namespace doctor

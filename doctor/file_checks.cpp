@@ -137,12 +137,11 @@ Findings CheckDocuments(const Subject&) {
                       Sentence(TextKey("Make a folder for documents: settings and logs are kept there.")))};
   const std::string name = Utf8FromPath(*folder);
   if (const int error = WriteProbe(*folder); error != 0)
-    return {Documents(
-        Sign::Broken, Sentence(TextKey("{1} cannot be written: {2}"), {name, ReasonOf(error)}),
-        Sentence(TextKey("Give yourself the right to write there: settings and logs are kept there.")))};
+    return {Documents(Sign::Broken, Sentence(TextKey("{1} cannot be written: {2}"), {name, ReasonOf(error)}),
+                      Sentence(TextKey("Give yourself the right to read and write it.")))};
   std::error_code error;
   const fs::space_info space = fs::space(*folder, error);
-  if (error) return {Documents(Sign::Good, Sentence(TextKey("{1} can be written."), {name}))};
+  if (error) return {Documents(Sign::Good, Sentence(TextKey("{1} can be read and written."), {name}))};
   return {FreeSpace(name, space.available)};
 }
 

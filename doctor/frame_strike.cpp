@@ -234,8 +234,8 @@ class LogStriker : public LogReader {
   void Judge(std::string_view bytes, std::vector<bool>& struck) {
     const bool isOurs = bytes.starts_with(kHead);
     if (isOurs || IsOfWifi(bytes)) afterWifi_ = IsOfWifi(bytes);
-    if (afterWifi_)
-      for (std::size_t i = kToldBytes; i < struck.size(); ++i) struck[i] = true;
+    if (!afterWifi_) return;
+    for (std::size_t i = IsOfWifi(bytes) ? kToldBytes : 0; i < struck.size(); ++i) struck[i] = true;
   }
 
   const Secrets& secrets_;

@@ -41,7 +41,7 @@ Finding Port(Sign sign, const Sentence& found, const Sentence& advice = Sentence
 Finding TakenPort(const std::vector<platform::Holder>& holders) {
   const std::string others = NamesOf(holders);
   if (HasThisOne(holders)) return Port(Sign::Good, Sentence(TextKey("This program itself uses it.")));
-  const Sentence advice(TextKey("Close that program and try again. A second Lumarine is one, too."));
+  const Sentence advice(TextKey("Close that program and try again."));
   if (others.empty())
     return Port(Sign::Broken, Sentence(TextKey("Another program has it; this user is not told which one.")),
                 advice);
@@ -115,13 +115,8 @@ Finding Broadcast(Sign sign, const Sentence& found, const Sentence& advice = Sen
 
 // How to reach a controller in the network of another adapter.
 Sentence ByAnother(const Adapter& adapter) {
-  const std::string command = platform::BroadcastCommand(adapter.name);
-  if (command.empty())
-    return Sentence(
-        TextKey("Switch the others off for the time, or give the controller's address yourself: {1}"),
-        {"--device udp:NAME@ADDRESS"});
   return Sentence(TextKey("Switch the others off for the time, or have a scan leave by {1}: {2}"),
-                  {adapter.name, command});
+                  {adapter.name, platform::BroadcastCommand(adapter.name)});
 }
 
 Finding BroadcastBy(const std::string& name, const std::vector<Adapter>& candidates) {

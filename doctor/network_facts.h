@@ -33,8 +33,7 @@ std::vector<Adapter> NetworkAdapters();
 /// The name of the adapter by which a datagram to everybody (255.255.255.255) leaves. Empty if it cannot
 /// leave.
 std::string BroadcastAdapter();
-/// The command, as it is typed into a shell, that has them leave by the named adapter; empty if there is
-/// none.
+/// The command, as it is typed into a shell, that has them leave by the named adapter.
 std::string BroadcastCommand(const std::string& adapter);
 
 /// Who has the UDP port, of IPv4 or of both. Holders that this user may not see have no name.

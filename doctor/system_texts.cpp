@@ -54,15 +54,19 @@ bool IsElsewhere(const Words& words) {
   return Has(words, "\"lo\"") || Has(words, "lo");
 }
 
-// The ports that "udp dport" names, in a list without blanks.
+// What "dport" names, in a list without blanks: "5000" or "53,4000-6000"; something else where it names none.
 std::optional<std::string> PortsOf(const Words& words) {
-  const auto dport = std::ranges::find(words, "dport");
-  if (dport == words.end()) return std::nullopt;
+  auto word = std::ranges::find(words, "dport");
+  if (word == words.end() || ++word == words.end()) return std::nullopt;
+  if (*word != "{") return *word;
   std::string ports;
-  for (auto word = dport + 1; word != words.end() && *word != "accept" && *word != "drop"; ++word)
-    ports += *word;
-  std::erase_if(ports, [](char letter) { return letter == '{' || letter == '}'; });
+  while (++word != words.end() && *word != "}") ports += *word;
   return ports;
+}
+
+// Whether it is a list of ports, as against the name of a set or a comparison.
+bool IsListOfPorts(std::string_view text) {
+  return text.find_first_not_of("0123456789,-") == std::string_view::npos;
 }
 
 Verdict VerdictOf(const Words& words, std::uint16_t port) {
@@ -73,7 +77,8 @@ Verdict VerdictOf(const Words& words, std::uint16_t port) {
   if (IsElsewhere(words)) return Verdict::None;
   if (jumps) return Verdict::Unclear;
   const auto ports = PortsOf(words);
-  if (ports && !HoldsPort(*ports, port)) return ports->starts_with('@') ? Verdict::Unclear : Verdict::None;
+  if (ports && !IsListOfPorts(*ports)) return Verdict::Unclear;
+  if (ports && !HoldsPort(*ports, port)) return Verdict::None;
   // "accept" alone, or with a counter; else it holds for some datagrams.
   const bool isForAll = (ports && Has(words, "udp")) || words.front() == "accept" ||
                         words.front() == "drop" || words.front() == "reject" || words.front() == "counter";

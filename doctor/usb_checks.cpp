@@ -36,7 +36,7 @@ Finding Forbidden(const std::string& name) {
                          "computer itself. Plug the controller in again, or log out and in again.")));
   return Controller(
       Sign::Broken, found,
-      Sentence(TextKey("This command changes that once and for all: {1}"), {platform::RightsCommand()}));
+      Sentence(TextKey("For controllers on USB give this command once: {1}"), {platform::RightsCommand()}));
 }
 
 bool CanBeOpened(TCBase::DeviceModel model) {

@@ -38,6 +38,7 @@ constexpr auto kOthers = std::to_array<Others>({
     {"tests/", "gmock/"},
     {"tests/", "hidapi/"},
     {"tests/", "nlohmann/"},
+    {"tests/doctor/", "zlib.h"},
     {"bench/", "benchmark/"},
     {"bench/", "fmt/"},
     {"bench/", "expat.h"},
