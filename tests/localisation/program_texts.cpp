@@ -32,8 +32,8 @@ void AddMenu(std::span<const app::MenuEntry> entries, std::set<std::string>& tex
 
 const std::vector<source_texts::Literal>& Sources() {
   static const auto literals = source_texts::ReadFolders(
-      LUMARINE_SOURCE_DIR,
-      {"common", "program", "localisation", "devices", "chart", "dialogs", "app", "platform", "cli"});
+      LUMARINE_SOURCE_DIR, {"common", "program", "localisation", "devices", "doctor", "chart", "dialogs",
+                            "app", "platform", "cli"});
   return literals;
 }
 
@@ -113,6 +113,10 @@ const std::vector<English>& NeverLookedUp() {
   static const char* const kTraffic = "of the log of device traffic";
   static const char* const kMistake = "of a mistake in the program, which ends there";
   static const char* const kFilledIn = "filled into a sentence, which is translated without it";
+  static const char* const kVersions = "of the list of versions in a bundle, which others read";
+  static const char* const kRegistry = "names something in the system's registry";
+  static const char* const kCommand = "is typed into a shell";
+  static const char* const kStruck = "stands in a bundle, which others read";
   static const std::vector<English> texts = {
       {"All Files", kFilter},
       {"LMF LEDControl File", kFilter},
@@ -120,6 +124,7 @@ const std::vector<English>& NeverLookedUp() {
       {"TMF PLed File", kFilter},
       {"XML Files", kFilter},
       {"XML Program", kFilter},
+      {"ZIP Files", kFilter},
       {"Enter language ID (en, fr, sk, etc...)", kMerging},
       {"Enter language name", kMerging},
       {"Language ID", kMerging},
@@ -132,6 +137,22 @@ const std::vector<English>& NeverLookedUp() {
       {"PRG{1}", kName},
       {"Rand_", kName},
       {"TC420_Emulator", kName},
+      {"Windows Firewall", kName},
+      {"Windows", kName},
+      {"Wine", kName},
+      {"System", kVersions},
+      {"Edition", kVersions},
+      {"Locale", kVersions},
+      {"Kernel", kVersions},
+      {"Program", kVersions},
+      {"Start", kRegistry},
+      {"Type", kRegistry},
+      {R"(SOFTWARE\Microsoft\Windows NT\CurrentVersion)", kRegistry},
+      {"lumarinectl sync-time", kCommand},
+      {"netsh advfirewall firewall add rule name=\"Lumarine\" dir=in action=allow protocol=UDP localport=",
+       kCommand},
+      {"netsh interface ipv4 set interface \"", kCommand},
+      {"(struck out)", kStruck},
       {"ON.", kFilledIn},
       {"OFF.", kFilledIn},
       {"the document has no current mode", kMistake},

@@ -295,10 +295,10 @@ TEST_P(EachLanguage, HasNoStrayBlanks) {
 
 // Words that a language shares with English.
 const std::map<std::string, std::set<std::string>> kSameWords = {
-    {"de", {"Normal", "OK", "Zoom", "{1}, Version {2}.{3}, Build {4}"}},
-    {"sk", {"Normal", "OK"}},
-    {"it", {"File", "OK", "Password", "Password:", "Zoom"}},
-    {"cz", {"Normal", "OK"}},
+    {"de", {"Firewall", "Normal", "OK", "Zoom", "{1}, Version {2}.{3}, Build {4}"}},
+    {"sk", {"UDP port 5000", "Normal", "OK"}},
+    {"it", {"Firewall", "File", "OK", "Password", "Password:", "Zoom"}},
+    {"cz", {"UDP port 5000", "Normal", "OK"}},
     {"fr01", {"Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
     {"fr", {"Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
     {"pl", {"OK"}},
