@@ -34,6 +34,7 @@ constexpr char kEpilogue[] = R"(Examples:
   lumarinectl demo tank.xml --device tc420                   the whole day in a minute
   lumarinectl upload tank.xml --device tc420                 hand the program over
   lumarinectl scan                                           which are on the network
+  lumarinectl doctor                                         what is wrong where something fails
 
 "lumarinectl COMMAND --help" tells more. Data goes to standard output, messages to standard error.
 Exit status: 0 done, 1 the device operation failed or was stopped, 2 wrong usage, 3 no such device,
@@ -41,7 +42,7 @@ Exit status: 0 done, 1 the device operation failed or was stopped, 2 wrong usage
 
 const Command* const kCommands[] = {
     &kInfo, &kCurve,  &kNew,  &kEdit,     &kConvert, &kRender,    &kFrames,   &kDevices,
-    &kScan, &kUpload, &kDemo, &kSyncTime, &kClear,   &kWifiSetup, &kUsbSetup,
+    &kScan, &kUpload, &kDemo, &kSyncTime, &kClear,   &kWifiSetup, &kUsbSetup, &kDoctor,
 };
 
 bool IsCommand(const std::string& word) {

@@ -39,4 +39,7 @@ extern const Command kWifiSetup;
 // usb_setup.cpp
 extern const Command kUsbSetup;
 
+// doctor.cpp
+extern const Command kDoctor;
+
 }  // namespace cli

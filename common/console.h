@@ -26,6 +26,10 @@ class Console {
   virtual bool OutputIsTerminal() const = 0;
   virtual bool ErrorIsTerminal() const = 0;
 
+  /// Whether standard output is a terminal that shows UTF-8 and obeys the escapes of colours, and its user
+  /// wants them.
+  virtual bool OutputShowsColours() const = 0;
+
   /// Whether that terminal shows by itself how far a program is (common/terminal_progress.h).
   virtual bool ErrorShowsProgress() const = 0;
 
@@ -38,6 +42,9 @@ class Console {
   /// A line of standard input (UTF-8) without its end, or as much of it as `most` bytes hold. A person is
   /// shown `prompt` first, and not what is typed. Nothing at the end of the input, or if the person gives up.
   virtual std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) = 0;
+
+  /// The same of a line that is shown as it is typed.
+  virtual std::optional<std::string> ReadLine(std::string_view prompt, std::size_t most) = 0;
 
   /// From now on the first request to stop (Ctrl+C, the terminal closed, the system asking) calls `action`,
   /// once and on a thread of the console's own, instead of ending the program; a second one ends the program

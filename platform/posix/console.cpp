@@ -154,15 +154,30 @@ std::optional<std::string> TypeSecret(std::size_t most) {
   return std::nullopt;
 }
 
+std::string Environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+// Whether the terminal of this environment takes colours and UTF-8; a NO_COLOR asks for none.
+bool ShowsColours() {
+  const std::string terminal = Environment("TERM");
+  if (terminal.empty() || terminal == "dumb" || !Environment("NO_COLOR").empty()) return false;
+  for (const char* const name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+    const std::string locale = Environment(name);
+    if (locale.empty()) continue;
+    return locale.find("UTF-8") != std::string::npos || locale.find("utf8") != std::string::npos;
+  }
+  return false;
+}
+
 class PosixConsole : public Console {
  public:
   bool OutputIsTerminal() const override { return isatty(STDOUT_FILENO) != 0; }
   bool ErrorIsTerminal() const override { return isatty(STDERR_FILENO) != 0; }
+  bool OutputShowsColours() const override { return OutputIsTerminal() && ShowsColours(); }
   bool ErrorShowsProgress() const override {
-    return ErrorIsTerminal() && TerminalShowsProgress([](const char* name) {
-             const char* const value = std::getenv(name);
-             return std::string(value != nullptr ? value : "");
-           });
+    return ErrorIsTerminal() && TerminalShowsProgress(&Environment);
   }
 
   int Width() const override {
@@ -182,6 +197,11 @@ class PosixConsole : public Console {
     std::optional<std::string> line = TypeSecret(most);
     if (write(STDERR_FILENO, "\n", 1) < 0) return std::nullopt;
     return line;
+  }
+
+  std::optional<std::string> ReadLine(std::string_view prompt, std::size_t most) override {
+    if (InputIsTerminal() && write(STDERR_FILENO, prompt.data(), prompt.size()) < 0) return std::nullopt;
+    return ReadInputLine(most);
   }
 
   std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) override {

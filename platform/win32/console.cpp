@@ -112,6 +112,13 @@ class WindowsConsole : public Console {
   }
 
   bool OutputIsTerminal() const override { return IsConsole(STD_OUTPUT_HANDLE); }
+  bool OutputShowsColours() const override {
+    const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
+    DWORD mode = 0;
+    wchar_t unwanted[2] = {};
+    return GetEnvironmentVariableW(L"NO_COLOR", unwanted, 2) == 0 && GetConsoleMode(console, &mode) != 0 &&
+           SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+  }
   bool ErrorIsTerminal() const override { return IsConsole(STD_ERROR_HANDLE); }
   bool ErrorShowsProgress() const override {
     return TerminalShowsProgress(&EnvironmentVariable) && TakesSequences(STD_ERROR_HANDLE);
@@ -132,6 +139,11 @@ class WindowsConsole : public Console {
     fputs("\n", stderr);
     if (line && line->size() > most) line->resize(most);
     return line;
+  }
+
+  std::optional<std::string> ReadLine(std::string_view prompt, std::size_t most) override {
+    if (InputIsTerminal()) fwrite(prompt.data(), 1, prompt.size(), stderr);
+    return ReadInputLine(most);
   }
 
   std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) override {

@@ -78,6 +78,12 @@ std::optional<std::string> FakeConsole::ReadSecret(std::string_view prompt, std:
   return secret->substr(0, most);
 }
 
+std::optional<std::string> FakeConsole::ReadLine(std::string_view prompt, std::size_t most) {
+  if (terminal) prompts += prompt;
+  if (!answer) return std::nullopt;
+  return answer->substr(0, most);
+}
+
 bool FakeConsole::Interrupt() const {
   if (action_) action_();
   return static_cast<bool>(action_);

@@ -35,19 +35,23 @@ class FakeConsole : public Console {
  public:
   bool OutputIsTerminal() const override { return terminal; }
   bool ErrorIsTerminal() const override { return terminal; }
+  bool OutputShowsColours() const override { return colours; }
   bool ErrorShowsProgress() const override { return terminalShowsProgress; }
   int Width() const override { return width; }
   bool InputIsTerminal() const override { return terminal; }
   std::optional<std::string> ReadSecret(std::string_view prompt, std::size_t most) override;
+  std::optional<std::string> ReadLine(std::string_view prompt, std::size_t most) override;
   std::unique_ptr<InterruptWatch> WatchInterrupts(std::function<void()> action) override;
 
   /// Presses Ctrl+C; false if nobody watches. Any thread, while the command runs.
   bool Interrupt() const;
 
   bool terminal = false;
+  bool colours = false;
   bool terminalShowsProgress = false;
   int width = 80;
   std::optional<std::string> secret;  // the line that is typed, or piped
+  std::optional<std::string> answer;  // to a question
   std::string prompts;                // that were shown
 
  private:

@@ -13,9 +13,9 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kCommands[] = {"info",   "curve",     "new",     "edit",       "convert",
-                                     "render", "frames",    "devices", "scan",       "upload",
-                                     "demo",   "sync-time", "clear",   "wifi-setup", "usb-setup"};
+constexpr const char* kCommands[] = {"info",   "curve",      "new",       "edit",   "convert", "render",
+                                     "frames", "devices",    "scan",      "upload", "demo",    "sync-time",
+                                     "clear",  "wifi-setup", "usb-setup", "doctor"};
 
 class CommandLineTest : public CommandTest {};
 

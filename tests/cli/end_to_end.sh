@@ -333,6 +333,19 @@ stopped() {
   wait "$pid"
   [ $? = "$wanted" ]
 }
+# --- the doctor
+
+run_ctl doctor --json
+check "the doctor says what is wrong with this computer" test $? -le 1
+check "in JSON" jq -e '.version == "4.7 build 496" and (.findings | length > 8)' out.txt
+run_ctl doctor --bundle question.zip --yes
+check "a bundle is written" test $? -le 1
+check "unzip finds it whole" unzip -tq question.zip
+check "and so does Python" python3 -m zipfile -t question.zip
+exits "without a word it is not replaced" 2 doctor --bundle question.zip
+exits "a file of it is shown" 0 doctor --show versions.txt
+check "as the bundle has it" cmp out.txt <(unzip -p question.zip versions.txt)
+
 if $native; then
   check "a demo can be stopped" stopped 1 1 "Playing whole day" demo reef-day.xml --device emulator
   check "a stopped demo gives the controller back" diff <(tail -n 2 err.txt) <(printf 'Demo finished\nCancelled!\n')
