@@ -1,4 +1,4 @@
-# Libraries from the distribution. scripts/setup installs every one of them.
+# Libraries of others. On Linux they are the distribution's, and scripts/setup installs every one of them.
 
 include(LumarineIncludes)
 
@@ -7,7 +7,21 @@ find_package(ZLIB REQUIRED)
 add_library(lumarine_zlib INTERFACE)
 target_link_libraries(lumarine_zlib INTERFACE ZLIB::ZLIB)
 
-if(WIN32)
+if(WIN32 AND NOT CMAKE_CROSSCOMPILING)
+  # On Windows itself a package manager brings them: vcpkg by vcpkg.json, or that of MSYS2.
+  find_package(CLI11 CONFIG REQUIRED)
+  find_package(nlohmann_json CONFIG REQUIRED)
+  find_path(HIDAPI_INCLUDE_DIR hidapi/hidapi.h REQUIRED)
+  find_library(HIDAPI_LIBRARY NAMES hidapi hidapi-winapi REQUIRED)
+  add_library(lumarine_hidapi_headers INTERFACE)
+  target_include_directories(lumarine_hidapi_headers SYSTEM INTERFACE ${HIDAPI_INCLUDE_DIR})
+  add_library(lumarine_hidapi INTERFACE)
+  target_link_libraries(lumarine_hidapi INTERFACE lumarine_hidapi_headers ${HIDAPI_LIBRARY})
+  add_library(lumarine_cli11 INTERFACE)
+  target_link_libraries(lumarine_cli11 INTERFACE CLI11::CLI11)
+  add_library(lumarine_json INTERFACE)
+  target_link_libraries(lumarine_json INTERFACE nlohmann_json::nlohmann_json)
+elseif(WIN32)
   # The Windows build takes hidapi from the distribution's source package (scripts/setup unpacks it) and the
   # header-only libraries from the native packages, through a folder that holds nothing else.
   set(HIDAPI_SOURCE ${CMAKE_SOURCE_DIR}/build/deps/hidapi-0.13.1 CACHE PATH "hidapi 0.13 sources")

@@ -1,5 +1,5 @@
-# GoogleTest: the distribution's library natively, its sources for Windows.
-if(WIN32)
+# GoogleTest: a library natively, the distribution's sources for Windows from Linux.
+if(WIN32 AND CMAKE_CROSSCOMPILING)
   set(INSTALL_GTEST OFF CACHE BOOL "")
   add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/deps/googletest EXCLUDE_FROM_ALL)
 else()

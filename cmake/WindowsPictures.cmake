@@ -4,12 +4,20 @@
 #   lumarine.ico        all sizes that Windows asks for
 #   lumarine-small.ico  those of title bars and lists
 #   logo.png            twice the size that it is shown in, for screens of high resolution
-# Whoever takes one in depends on the file by its name.
+# Whoever takes one in depends on the file by its name. Where there are no tools to draw with, LUMARINE_DRAWN_PICTURES names
+# a folder that has all three, as another build has drawn them.
 
-find_program(RSVG_CONVERT rsvg-convert REQUIRED)
-find_program(ICOTOOL icotool REQUIRED)
+set(LUMARINE_DRAWN_PICTURES "" CACHE PATH "Pictures of the Windows program that need not be drawn")
+if(NOT LUMARINE_DRAWN_PICTURES)
+  find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+  find_program(ICOTOOL icotool REQUIRED)
+endif()
 
 function(lumarine_windows_pictures folder_variable)
+  if(LUMARINE_DRAWN_PICTURES)
+    set(${folder_variable} ${LUMARINE_DRAWN_PICTURES} PARENT_SCOPE)
+    return()
+  endif()
   set(resources ${CMAKE_SOURCE_DIR}/resources)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/pictures)
   file(MAKE_DIRECTORY ${folder})

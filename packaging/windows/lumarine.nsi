@@ -58,6 +58,7 @@ ShowUninstDetails hide
 !define MUI_ABORTWARNING
 !define MUI_COMPONENTSPAGE_SMALLDESC
 
+!define MUI_WELCOMEPAGE_TEXT "$(TextWelcome)$\r$\n$\r$\n$_CLICK"
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_COMPONENTS
@@ -204,6 +205,7 @@ Section "-"
   ${IfNot} ${SectionIsSelected} ${SectionDesktop}
     Delete "$DESKTOP\Lumarine.lnk"
   ${EndIf}
+  !insertmacro TellPath
 SectionEnd
 
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
@@ -290,10 +292,16 @@ Section "Uninstall"
     DeleteRegKey SHCTX "${OPENER}"
     DeleteRegKey SHCTX "Software\Classes\${KIND}"
     DeleteRegValue SHCTX "Software\Classes\.xml\OpenWithProgids" "${KIND}"
-    ; Windows has them; where they are for one user, they may have been made for us.
-    DeleteRegKey /ifempty SHCTX "Software\Classes\.xml\OpenWithProgids"
-    DeleteRegKey /ifempty SHCTX "Software\Classes\.xml"
+    ; For all users Windows has them; for one they may have been made for us.
+    ${If} $MultiUser.InstallMode == "CurrentUser"
+      DeleteRegKey /ifempty SHCTX "Software\Classes\.xml\OpenWithProgids"
+      DeleteRegKey /ifempty SHCTX "Software\Classes\.xml"
+      DeleteRegKey /ifempty SHCTX "Software\Classes\Applications"
+      DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\App Paths"
+      DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+    ${EndIf}
     !insertmacro TellExplorer
+    !insertmacro TellPath
   ${EndIf}
 SectionEnd
 

@@ -49,7 +49,10 @@
     IntOp $0 $0 + 2
     System::Call 'advapi32::RegSetValueExW(p r1, w "Path", i 0, i r2, p r4, i r0)'
   ${EndIf}
-  ; Those that run already; a terminal that is opened next has it.
+!macroend
+
+; Tells those that run already, so that a terminal that is opened next has the path of today.
+!macro TellPath
   SendMessage ${HWND_BROADCAST} ${WM_SETTINGCHANGE} 0 "STR:Environment" /TIMEOUT=1000
 !macroend
 

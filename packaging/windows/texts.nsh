@@ -1,8 +1,9 @@
 ; What the installer says, beside what NSIS brings, in the languages of the program. Windows tells which one; it is
 ; English where it is none of these.
 
-!macro Texts LANGUAGE PROGRAM_TELLS DESKTOP DESKTOP_TELLS PATH PATH_TELLS RUNNING NEWER STAYS TOO_OLD KIND
+!macro Texts LANGUAGE WELCOME PROGRAM_TELLS DESKTOP DESKTOP_TELLS PATH PATH_TELLS RUNNING NEWER STAYS TOO_OLD KIND
   !insertmacro MUI_LANGUAGE "${LANGUAGE}"
+  LangString TextWelcome ${LANG_${LANGUAGE}} "${WELCOME}"
   LangString TextProgramTells ${LANG_${LANGUAGE}} "${PROGRAM_TELLS}"
   LangString TextDesktop ${LANG_${LANGUAGE}} "${DESKTOP}"
   LangString TextDesktopTells ${LANG_${LANGUAGE}} "${DESKTOP_TELLS}"
@@ -16,6 +17,7 @@
 !macroend
 
 !insertmacro Texts English \
+  "This installs Lumarine ${VERSION}, with which you design the light over your aquarium and hand it to its controller." \
   "The program, its command line lumarinectl, examples and the guide." \
   "Shortcut on the desktop" \
   "Puts Lumarine on the desktop as well as into the start menu." \
@@ -28,6 +30,7 @@
   "Light program"
 
 !insertmacro Texts German \
+  "Hiermit wird Lumarine ${VERSION} installiert. Damit gestalten Sie das Licht über Ihrem Aquarium und übergeben es der Steuerung." \
   "Das Programm, seine Befehlszeile lumarinectl, Beispiele und die Anleitung." \
   "Verknüpfung auf dem Desktop" \
   "Legt Lumarine außer in das Startmenü auch auf den Desktop." \
@@ -40,6 +43,7 @@
   "Lichtprogramm"
 
 !insertmacro Texts Slovak \
+  "Nainštaluje sa Lumarine ${VERSION}, v ktorom navrhnete svetlo nad svojím akváriom a odovzdáte ho jeho ovládaču." \
   "Program, jeho príkazový riadok lumarinectl, príklady a príručka." \
   "Odkaz na pracovnej ploche" \
   "Pridá Lumarine okrem ponuky Štart aj na pracovnú plochu." \
@@ -52,6 +56,7 @@
   "Svetelný program"
 
 !insertmacro Texts Italian \
+  "Verrà installato Lumarine ${VERSION}, con cui disegnare la luce sopra l'acquario e trasmetterla alla centralina." \
   "Il programma, la sua riga di comando lumarinectl, gli esempi e la guida." \
   "Collegamento sul desktop" \
   "Mette Lumarine sul desktop, oltre che nel menu Start." \
@@ -64,6 +69,7 @@
   "Programma luce"
 
 !insertmacro Texts Czech \
+  "Nainstaluje se Lumarine ${VERSION}, ve kterém navrhnete světlo nad svým akváriem a předáte je jeho ovladači." \
   "Program, jeho příkazový řádek lumarinectl, příklady a příručka." \
   "Zástupce na ploše" \
   "Přidá Lumarine kromě nabídky Start také na plochu." \
@@ -76,6 +82,7 @@
   "Světelný program"
 
 !insertmacro Texts French \
+  "Lumarine ${VERSION} va être installé. Il vous permet de composer la lumière de votre aquarium et de la transmettre à son contrôleur." \
   "Le programme, sa ligne de commande lumarinectl, des exemples et le guide." \
   "Raccourci sur le bureau" \
   "Place Lumarine sur le bureau, en plus du menu Démarrer." \
@@ -88,6 +95,7 @@
   "Programme d'éclairage"
 
 !insertmacro Texts Polish \
+  "Zostanie zainstalowany Lumarine ${VERSION}, w którym zaprojektujesz światło nad swoim akwarium i przekażesz je sterownikowi." \
   "Program, jego wiersz poleceń lumarinectl, przykłady i podręcznik." \
   "Skrót na pulpicie" \
   "Umieszcza Lumarine także na pulpicie, oprócz menu Start." \
@@ -100,6 +108,7 @@
   "Program oświetlenia"
 
 !insertmacro Texts Spanish \
+  "Se instalará Lumarine ${VERSION}, con el que se diseña la luz del acuario y se entrega a su controlador." \
   "El programa, su línea de comandos lumarinectl, ejemplos y la guía." \
   "Acceso directo en el escritorio" \
   "Pone Lumarine en el escritorio, además del menú Inicio." \
