@@ -25,7 +25,7 @@ if(MSVC)
   add_link_options(/Brepro /MANIFEST:NO)
 elseif(WIN32)
   target_link_options(lumarine_options INTERFACE -static)
-  # A program is the same whenever it is built. Where is kept out of it by packaging/windows/build.
+  # A program is the same whenever it is built, and wherever: no source asks for the name of its file.
   add_link_options(-Wl,--no-insert-timestamp)
 endif()
 

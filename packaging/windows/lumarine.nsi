@@ -292,10 +292,10 @@ Section "Uninstall"
     DeleteRegKey SHCTX "${OPENER}"
     DeleteRegKey SHCTX "Software\Classes\${KIND}"
     DeleteRegValue SHCTX "Software\Classes\.xml\OpenWithProgids" "${KIND}"
-    ; For all users Windows has them; for one they may have been made for us.
+    ; What may have been made for us, and holds nothing else.
+    DeleteRegKey /ifempty SHCTX "Software\Classes\.xml\OpenWithProgids"
+    DeleteRegKey /ifempty SHCTX "Software\Classes\.xml"
     ${If} $MultiUser.InstallMode == "CurrentUser"
-      DeleteRegKey /ifempty SHCTX "Software\Classes\.xml\OpenWithProgids"
-      DeleteRegKey /ifempty SHCTX "Software\Classes\.xml"
       DeleteRegKey /ifempty SHCTX "Software\Classes\Applications"
       DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\App Paths"
       DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\Uninstall"

@@ -68,8 +68,8 @@ snapshot() {
   wineboot -r >/dev/null 2>&1
   wineserver -k
   wineserver -w
-  # Without times and what Wine notes of its own.
-  sed -E 's/^(\[.*\]) [0-9]+( .*)?$/\1/; /^(#time|"DriverDate)/d' "$WINEPREFIX"/{system,user}.reg >"$1.registry"
+  # Without times, what Wine notes of its own, and a key that every user of Windows has.
+  sed -E 's/^(\[.*\]) [0-9]+( .*)?$/\1/; /^(#time|"DriverDate|\[Software\\\\Classes\]|$)/d' "$WINEPREFIX"/{system,user}.reg >"$1.registry"
   # NSIS has its copy of the uninstaller removed at a restart, from an empty folder among the temporary files.
   (cd "$WINEPREFIX/drive_c" && find . -not -path '*/Temp/~nsu*.tmp' -printf '%y %p\n' | sort) >"$1.files"
   wineserver -p
