@@ -307,16 +307,16 @@ struct Shell {
   /// Where copies of programs that could not be saved are kept: that of the settings.
   std::filesystem::path recoveryFolder = DocumentPath({});
 
-  /// The page of the guide; nothing if this copy of the program came without it.
-  std::optional<std::filesystem::path> guide = platform::FindCompanionFile("guide.html");
-  /// What the shell is built on, by name and version.
-  std::vector<std::pair<std::string, std::string>> versions = {};
-
   // What the process was told to open; empty if nothing.
   std::vector<std::filesystem::path> filesToOpen = {};
 
   // The one that messages ask.
   TranslationStore& translations = TranslationStore::Instance();
+
+  /// The page of the guide; nothing if this copy of the program came without it.
+  std::optional<std::filesystem::path> guide = platform::FindCompanionFile("guide.html");
+  /// What the shell is built on, by name and version.
+  std::vector<std::pair<std::string, std::string>> versions = {};
 };
 
 }  // namespace app

@@ -370,10 +370,10 @@ app::Shell Desktop::Ports() {
           settings_,
           deviceLogFile_,
           deviceLogFile_.parent_path(),
-          guide,
-          {{"Headless", "1"}},
           filesToOpen_,
-          translations_};
+          translations_,
+          guide,
+          {{"Headless", "1"}}};
 }
 
 RecordingRenderer& Desktop::Renderer() {
