@@ -51,7 +51,7 @@ void ProgramUnderTest::Run(const Folders& folders, const std::vector<std::filesy
     app::Application application({ports.platform, ports.mainWindow, ports.chartWindow, ports.controls,
                                   ports.logPane, ports.menu, ports.questions, ports.dialogs, ports.events,
                                   ports.makeRenderer, settings, folders.documents / "LumarineLog.txt",
-                                  folders.documents, ports.guide, ports.versions, files, translations});
+                                  folders.documents, files, translations, ports.guide, ports.versions});
     shell.Connect(application);
     if (application.StartUp()) {
       hasStarted_ = true;
