@@ -170,7 +170,6 @@ done
 for ((i = 0; i + 5 <= ${#password}; ++i)); do
   check "no part of the password either ($i)" shows_not "${password:i:5}" bundle
 done
-cp question.zip first.zip
 lab_run computer "$lumarinectl" doctor --show LumarineLog.txt >shown.txt 2>err.txt
 check "what is shown is what is packed" cmp shown.txt bundle/LumarineLog.txt
 finish
