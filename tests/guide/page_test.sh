@@ -135,4 +135,8 @@ check "there are commands" test "$(wc -w <<<"$commands")" -gt 10
   done
 } >found.txt
 holds "every command and every option is told" found.txt
+"$lumarinectl" doctor --json | grep -oE '"what": ?"[^"]*"' | cut -d'"' -f4 | sort -u >looked.txt
+check "the doctor looks at things" test -s looked.txt
+while read -r what; do grep -qF "| $what |" "$top/docs/guide/trouble.md" || echo "$what"; done <looked.txt >found.txt
+holds "what the doctor looks at is told" found.txt
 finish
