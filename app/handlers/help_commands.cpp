@@ -55,7 +55,8 @@ Changed ShowGuide(CommandContext& context) {
 
 Changed CheckUp(CommandContext& context) {
   const Shell& shell = context.shell;
-  dialogs::CheckUpParams params{.versions = {{"Lumarine", LUMARINE_VERSION}}};
+  dialogs::CheckUpParams params;
+  params.versions = {{"Lumarine", LUMARINE_VERSION}};
   params.subject.deviceLogFile = shell.deviceLogFile;
   params.versions.insert(params.versions.end(), shell.versions.begin(), shell.versions.end());
   if (dialogs::DlgCheckUp(shell.dialogs, params).DoModal() == dialogs::DlgCheckUp::kSaveBundle)
