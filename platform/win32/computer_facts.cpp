@@ -110,7 +110,8 @@ std::optional<int> UtcOffsetMinutes(const DateTime& local) {
   time.wMinute = static_cast<WORD>(local.minute);
   time.wSecond = static_cast<WORD>(local.second);
   SYSTEMTIME utc{};
-  if (TzSpecificLocalTimeToSystemTimeEx(nullptr, &time, &utc) == 0) return std::nullopt;
+  // The newer call, which knows the rules of past years, is not there under Wine.
+  if (TzSpecificLocalTimeToSystemTime(nullptr, &time, &utc) == 0) return std::nullopt;
   return static_cast<int>(MinuteOf(time) - MinuteOf(utc));
 }
 

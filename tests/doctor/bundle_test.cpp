@@ -63,9 +63,10 @@ TEST_F(Bundle, HoldsReportAndVersionsWithoutNames) {
             R"({"version":"1.0","worst":"look","findings":[{"id":"settings","sign":"look","what":"Settings",)"
             R"("found":"~/x is installed.","advice":"(user) is written."}]})"
             "\n");
-  EXPECT_THAT(ContentOf(bundle, "versions.txt"),
-              testing::MatchesRegex("Lumarine: 1.0\nProgram: test\nSystem: Linux of \\(computer\\)\nhidapi: "
-                                    "simulated\nzlib: [0-9.]+\n"));
+  EXPECT_THAT(
+      ContentOf(bundle, "versions.txt"),
+      testing::StartsWith("Lumarine: 1.0\nProgram: test\nSystem: Linux of (computer)\nhidapi: simulated\n"
+                          "zlib: 1."));
 }
 
 TEST_F(Bundle, HoldsSettingsAndLogWithoutNames) {

@@ -11,7 +11,9 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "devices/datagrams.h"
 #include "doctor/computer_facts.h"
+#include "doctor/network_facts.h"
 #include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
@@ -62,6 +64,17 @@ TEST(OpenFiles, HaveHolders) {
     EXPECT_FALSE(use.holders.front().isThisOne);
   }
   EXPECT_THAT(platform::UseOfDevice(folder / "none").holders, testing::IsEmpty());
+}
+
+TEST(Ports, HaveHoldersThatAreTold) {
+  constexpr std::uint16_t kPort = 50138;
+  const platform::DatagramSocket socket = platform::OpenDatagrams();
+  ASSERT_TRUE(platform::BindDatagrams(socket, TCBase::MakeIpv4Address(TCBase::kAnyAddress, kPort)));
+  const std::vector<platform::Holder> holders = platform::HoldersOfUdpPort(kPort);
+  platform::CloseDatagrams(socket);
+  ASSERT_EQ(holders.size(), 1U);
+  EXPECT_TRUE(holders.front().isThisOne);
+  EXPECT_EQ(holders.front().process, getpid());
 }
 
 TEST(TimeZones, AreThoseOfTheDay) {
