@@ -12,7 +12,7 @@ debs=("$(realpath "$1")" "$(realpath "$2")")
 . "$here/clean_root.sh"
 begin root_end
 
-root_begin --foreign arm64 arm64-test qemu-user-static file librsvg2-bin libxml2-utils python3-minimal xvfb
+root_begin --foreign arm64 arm64-test qemu-user-static file jq librsvg2-bin libxml2-utils python3 unzip xvfb
 home=$root/home/person
 system() { "$root_sh" run "$root" "$@"; }
 person() { "$root_sh" run --person "$root" "$@"; }
@@ -35,6 +35,8 @@ draw() {
   for kind in svg png pdf; do
     check "$1: a picture is drawn, $kind" person ${2:-} "$1/lumarinectl" render checks/examples/reef-day.xml "$1-output/day.$kind" --time 12:00
   done
+  # It holds the second when it was drawn.
+  sed -i '/^\/CreationDate/d' "$home/$1-output/day.pdf"
 }
 
 cp "${debs[0]}" "$root/tmp/arm64.deb"
