@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 
-#include "common/files.h"
 #include "common/platform.h"
 #include "platform/win32/windows_headers.h"
 // after windows.h
@@ -25,10 +24,10 @@ std::optional<std::filesystem::path> FindCompanionFile(const std::string& name) 
   std::wstring program(kMostLetters, L'\0');
   program.resize(GetModuleFileNameW(nullptr, program.data(), kMostLetters));
   const std::filesystem::path folder = std::filesystem::path(program).parent_path();
+  const std::filesystem::path file(std::u8string(name.begin(), name.end()));
   std::error_code error;
-  for (const auto& file :
-       {folder / PathFromUtf8(name), folder.parent_path() / "share" / "lumarine" / PathFromUtf8(name)})
-    if (std::filesystem::is_regular_file(file, error)) return file;
+  for (const auto& place : {folder / file, folder.parent_path() / "share" / "lumarine" / file})
+    if (std::filesystem::is_regular_file(place, error)) return place;
   return std::nullopt;
 }
 

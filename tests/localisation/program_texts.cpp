@@ -17,9 +17,9 @@ namespace program_texts {
 namespace {
 
 // The templates whose own texts stay. The others are given all of theirs as they open.
-constexpr int kTranslatedTemplates[] = {dialogs::template_id::kTC421Init, dialogs::template_id::kTC421Search,
-                                        dialogs::template_id::kTC421Config,
-                                        dialogs::template_id::kTC421Success};
+constexpr int kTranslatedTemplates[] = {
+    dialogs::template_id::kCheckUp, dialogs::template_id::kTC421Init, dialogs::template_id::kTC421Search,
+    dialogs::template_id::kTC421Config, dialogs::template_id::kTC421Success};
 
 void AddMenu(std::span<const app::MenuEntry> entries, std::set<std::string>& texts) {
   for (const app::MenuEntry& entry : entries) {
