@@ -120,7 +120,9 @@ TEST_F(Devices, AnUploadIsShownOutsideTheWindowUntilItEnds) {
   ASSERT_GT(Work().size(), 2U);
   for (std::size_t i = 0; i + 1 < Work().size(); ++i) {
     EXPECT_EQ(Work()[i].kind, app::WorkSign::Running);
-    if (i > 0) EXPECT_GT(Work()[i].percent, Work()[i - 1].percent) << "each is shown once";
+    if (i > 0) {
+      EXPECT_GT(Work()[i].percent, Work()[i - 1].percent) << "each is shown once";
+    }
   }
 }
 
