@@ -3,6 +3,8 @@
 include(LumarineIncludes)
 
 find_package(Threads REQUIRED)
+# A Windows program is a single file.
+set(ZLIB_USE_STATIC_LIBS ${WIN32})
 find_package(ZLIB REQUIRED)
 add_library(lumarine_zlib INTERFACE)
 target_link_libraries(lumarine_zlib INTERFACE ZLIB::ZLIB)
