@@ -66,7 +66,8 @@ sleep 3
 check "nor is it taken away" test -e "$installed/uninstall.exe"
 user closes reef-day
 user misses reef-day
-soon "the settings are kept in the documents" test -n "$(ls -A "$documents")"
+has_settings() { [ -s "$documents/LumarineConfig.xml" ]; }
+soon "the settings are kept in the documents" has_settings
 cp "$stage/examples/reef-day.xml" "$documents/mine.xml"
 
 ends_with "it is taken away silently" 0 "C:\\Program Files\\Lumarine\\uninstall.exe" /S
