@@ -74,9 +74,11 @@ TEST_F(CheckUpTest, LooksAgainAtWhatHasChanged) {
     facts.portHolders = {{.program = "other-program", .process = 77}};
     scripted_computer::Set(facts);
     sim_network::HoldPort(true);
+    scripted_computer::KeepWaiting(true);
   };
-  EXPECT_EQ(Run({Await(&HasLooked), Look(), Meanwhile(takePort), Press(kAgain), Look(), Await(&HasLooked),
-                 Look(), PressEscape()}),
+  const auto goOn = [] { scripted_computer::KeepWaiting(false); };
+  EXPECT_EQ(Run({Await(&HasLooked), Look(), Meanwhile(takePort), Press(kAgain), Look(), Meanwhile(goOn),
+                 Await(&HasLooked), Look(), PressEscape()}),
             kCancel);
   EXPECT_THAT(port_.seen.at(1).controls.at(kReport).text, Not(HasSubstr("other-program")));
   EXPECT_EQ(port_.seen.at(2).controls.at(kSummary).text, kLooking);

@@ -1,12 +1,15 @@
 #include "tests/support/scripted_computer.h"
 
+#include <condition_variable>
 #include <mutex>
 
 namespace {
 
 struct Computer {
   std::mutex mutex;
-  scripted_computer::Facts facts;
+  std::condition_variable goesOn;
+  scripted_computer::Facts facts;  // guarded by mutex
+  bool keepsWaiting = false;       // the same
 };
 
 Computer& TheComputer() {
@@ -24,6 +27,14 @@ scripted_computer::Facts Facts() {
 void scripted_computer::Set(const scripted_computer::Facts& facts) {
   const std::lock_guard lock(TheComputer().mutex);
   TheComputer().facts = facts;
+}
+
+void scripted_computer::KeepWaiting(bool keep) {
+  {
+    const std::lock_guard lock(TheComputer().mutex);
+    TheComputer().keepsWaiting = keep;
+  }
+  TheComputer().goesOn.notify_all();
 }
 
 namespace platform {
@@ -53,7 +64,9 @@ std::vector<std::pair<std::string, std::string>> SystemVersions() {
 }
 
 std::vector<Adapter> NetworkAdapters() {
-  return Facts().adapters;
+  std::unique_lock lock(TheComputer().mutex);
+  TheComputer().goesOn.wait(lock, [] { return !TheComputer().keepsWaiting; });
+  return TheComputer().facts.adapters;
 }
 
 std::string BroadcastAdapter() {

@@ -36,4 +36,7 @@ struct Facts {
 /// From now on.
 void Set(const Facts& facts);
 
+/// Whether who asks for the adapters waits until this is called with false.
+void KeepWaiting(bool keep);
+
 }  // namespace scripted_computer
