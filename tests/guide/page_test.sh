@@ -71,6 +71,9 @@ holds "a link leads to every document" found.txt
 
 # "Lumarine 4.7 build 496"
 version=$("$lumarinectl" --version)
+downloads() { grep -hoE '[Ll]umarine[-_][0-9][0-9.]*[0-9]' "$top/README.md" "$top"/docs/guide/*.md | tr _ - | cut -d- -f2 | sort -u; }
+told=${version#Lumarine } told=${told/ build /.}
+check "what is downloaded is of this version" test "$(downloads)" = "$told"
 check "the changelog tells of this version" grep -qF "## [${version#Lumarine }]" "$top/CHANGELOG.md"
 
 # Spelling.

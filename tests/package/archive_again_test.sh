@@ -7,19 +7,10 @@ set -uo pipefail
 here=$(dirname "$(realpath "$0")")
 . "$here/../support/checks.sh"
 . "$here/installation.sh"
-cd "$here/../.." || exit 1
-root=$PWD
-version=$(version_of CMakeLists.txt)
+version=$(version_of "$here/../../CMakeLists.txt")
 begin
-SOURCE_DATE_EPOCH=$(git -C "$root" log -1 --format=%ct)
-LUMARINE_ROOTS=${LUMARINE_ROOTS:-$root/build/package/roots}
-export SOURCE_DATE_EPOCH LUMARINE_ROOTS
-# The tree as it is, committed or not.
-mkdir source first again
-git -C "$root" ls-files -z --cached --others --exclude-standard |
-  tar -C "$root" --null --ignore-failed-read -T - -c 2>/dev/null | tar -x -C source
-check "it is made" source/packaging/archive/build source first
-check "it is made again" source/packaging/archive/build --differently source again
+check "it is made" "$here/make.sh" archive first
+check "it is made again" "$here/make.sh" archive again --differently
 name=lumarine-$version-linux-$(uname -m)
 check "it is the same to the byte" cmp "first/$name.tar.xz" "again/$name.tar.xz"
 check "it is unpacked" tar -xJf "first/$name.tar.xz"

@@ -8,7 +8,7 @@ here=$(dirname "$(realpath "$0")")
 root=$(realpath "$here/../..")
 build=$(realpath "$1")
 version=$(version_of "$root/CMakeLists.txt")
-for command in rsvg-convert objdump xz; do
+for command in rsvg-convert readelf xz; do
   command -v "$command" >/dev/null || skip "the archive: $command is not installed"
 done
 

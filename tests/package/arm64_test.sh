@@ -1,18 +1,19 @@
 #!/usr/bin/env bash
 # The package for 64-bit ARM, installed in a clean Debian system and run under qemu; what it writes is held against what
-# the package for PCs writes.
-#   tests/package/arm64_test.sh ARM64_DEB AMD64_DEB
+# the package for PCs writes. The archive starts there, too.
+#   tests/package/arm64_test.sh ARM64_DEB AMD64_DEB ARM64_ARCHIVE
 # It takes root's rights and a Debian mirror.
 set -uo pipefail
 
-[ $# = 2 ] || { echo "usage: $0 ARM64_DEB AMD64_DEB" >&2; exit 2; }
+[ $# = 3 ] || { echo "usage: $0 ARM64_DEB AMD64_DEB ARM64_ARCHIVE" >&2; exit 2; }
 here=$(realpath "$(dirname "$0")")
 debs=("$(realpath "$1")" "$(realpath "$2")")
+archive=$(realpath "$3")
 . "$here/../support/checks.sh"
 . "$here/clean_root.sh"
 begin root_end
 
-root_begin --foreign arm64 arm64-test qemu-user-static file jq librsvg2-bin libxml2-utils python3 unzip xvfb
+root_begin --foreign arm64 arm64-test qemu-user-static xz-utils file jq librsvg2-bin libxml2-utils python3 unzip xvfb
 home=$root/home/person
 system() { "$root_sh" run "$root" "$@"; }
 person() { "$root_sh" run --person "$root" "$@"; }
@@ -42,6 +43,19 @@ cp "${debs[1]}" "$root/tmp/amd64.deb"
 check "the package for ARM is installed, with all that it needs" system apt-get -q -y install /tmp/arm64.deb
 check "it is for ARM" grep -q "ARM aarch64" <(system file -b /usr/bin/lumarinectl /usr/bin/lumarine /usr/libexec/lumarine/lumarine-render)
 check "the desktop program starts" grep -q "^Lumarine" <(person env QT_QPA_PLATFORM=offscreen $qemu /usr/bin/lumarine --version)
+
+# The package has brought the libraries that the archive names.
+cp "$archive" "$root/tmp/archive.tar.xz"
+check "the archive for ARM is unpacked" person tar -xJf /tmp/archive.tar.xz
+unpacked=$(basename "$archive" .tar.xz)
+check "its programs are for ARM" test "$(person file -b "$unpacked"/bin/{lumarinectl,lumarine} "$unpacked"/libexec/lumarine/lumarine-render | grep -c "ARM aarch64")" = 3
+for program in lumarinectl lumarine; do
+  check "$program of the archive starts" grep -q "^Lumarine" <(person env QT_QPA_PLATFORM=offscreen $qemu "$unpacked/bin/$program" --version)
+done
+says "what is written on it tells what it needs" "  libQt6Widgets.so.6" "$home/$unpacked/README.txt"
+check "it holds the same files as the package" diff <(cd "$home/$unpacked" && find . -type f -path './[bls]*' | sed 's#zsh/site-functions#zsh/vendor-completions#' | sort) \
+  <(system dpkg -L lumarine | sed -n 's#^/usr/#./#p' | while read -r file; do [ -d "$root/usr/$file" ] || echo "$file"; done | sort)
+
 # A kernel that knows nothing of qemu cannot start one program for ARM from another: a script does.
 person mkdir arm64
 cp "$root/usr/bin/lumarinectl" "$home/arm64/"

@@ -7,7 +7,7 @@ here=$(realpath "$(dirname "$0")")
 deb=$(realpath "$1")
 . "$here/../support/checks.sh"
 begin
-check "it is made again" "$here/make.sh" again --arch "$(dpkg-deb -f "$deb" Architecture)" --differently
+check "it is made again" "$here/make.sh" debian again --arch "$(dpkg-deb -f "$deb" Architecture)" --differently
 check "it is the same to the byte" cmp "$deb" again/*.deb
 cmp -s "$deb" again/*.deb || diffoscope --text-color never "$deb" again/*.deb | head -n 60 | sed 's/^/# /'
 finish

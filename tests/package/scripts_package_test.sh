@@ -20,9 +20,11 @@ mkdir -p build && echo "$1" >build/set-up
 END
 cat >packaging/archive/build <<'END'
 #!/usr/bin/env bash
+arch=amd64
+if [ "$1" = --arch ]; then arch=$2; shift 2; fi
 mkdir -p "$1/work/lumarine/bin"
 printf 'an ELF\0Lumarine 4.7 build 496\0and more' >"$1/work/lumarine/bin/lumarinectl"
-tar -cJf "$2/lumarine-linux.tar.xz" -C "$1/work" lumarine
+tar -cJf "$2/lumarine-linux-$arch.tar.xz" -C "$1/work" lumarine
 echo "$SOURCE_DATE_EPOCH $1" >"$2/../told"
 END
 cat >packaging/debian/build <<'END'
@@ -69,7 +71,7 @@ done
 
 exits "all parts" 0
 check "what is missing is installed first" test "$(cat build/set-up)" = package
-for file in lumarine-linux.tar.xz lumarine_amd64.deb lumarine_arm64.deb Lumarine-windows.zip; do
+for file in lumarine-linux-amd64.tar.xz lumarine-linux-arm64.tar.xz lumarine_amd64.deb lumarine_arm64.deb Lumarine-windows.zip; do
   says "$file is in the list, with sum, size and version" \
     "$(printf '%s  %10d  4.7.496   %s' "$(sha256sum <"build/package/out/$file" | cut -d' ' -f1)" "$(stat -c %s "build/package/out/$file")" "$file")" out.txt
 done
@@ -83,7 +85,7 @@ check "what was there before is gone" test "$(ls build/package/out)" = lumarine_
 
 sed -i 's/build 496/build 495/' packaging/archive/build && commit 1700000001
 exits "a program of another version" 1 archive
-says "it is in the list as it is" "4.7.495   lumarine-linux.tar.xz" out.txt
+says "it is in the list as it is" "4.7.495   lumarine-linux-amd64.tar.xz" out.txt
 says "it says so" "1 of these hold another version than 4.7.496"
 sed -i 's/Lumarine 4.7/Something 4.7/' packaging/archive/build && commit 1700000002
 exits "a program of no version" 1 archive
