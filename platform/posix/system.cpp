@@ -9,6 +9,7 @@
 #include <string>
 
 #include "common/platform.h"
+#include "platform/posix/program_folder.h"
 
 namespace {
 
@@ -87,13 +88,8 @@ std::optional<fs::path> DocumentsFolder() {
 }
 
 std::optional<fs::path> FindCompanionFile(const std::string& name) {
-  std::error_code error;
-  const fs::path program = fs::read_symlink("/proc/self/exe", error);
-  if (error) return std::nullopt;
-  const fs::path folder = program.parent_path();
-  for (const fs::path& file : {folder / name, folder.parent_path() / "share" / "lumarine" / name})
-    if (fs::is_regular_file(file, error)) return file;
-  return std::nullopt;
+  const fs::path file = FindInstalledFile("share/lumarine", name);
+  return file.empty() ? std::nullopt : std::optional(file);
 }
 
 std::optional<std::string_view> FindResourceBytes(int id, std::string_view type) {

@@ -7,7 +7,8 @@
 
 #include <cerrno>
 #include <string_view>
-#include <system_error>
+
+#include "platform/posix/program_folder.h"
 
 namespace platform {
 
@@ -30,9 +31,8 @@ std::string ShellWord(const std::string& text) {
 // How a shell finds lumarinectl, which stands beside each program of ours.
 std::string Lumarinectl() {
   constexpr char kName[] = "lumarinectl";
-  std::error_code error;
-  const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-  if (error || IsSearched(folder) || access((folder / kName).c_str(), X_OK) != 0) return kName;
+  const std::filesystem::path folder = ProgramFolder();
+  if (folder.empty() || IsSearched(folder) || access((folder / kName).c_str(), X_OK) != 0) return kName;
   return ShellWord((folder / kName).native());
 }
 

@@ -1,6 +1,7 @@
 // common/platform.h, the clock, on Windows.
 
 #include "common/platform.h"
+#include "platform/win32/system_time.h"
 #include "platform/win32/windows_headers.h"
 
 namespace platform {
@@ -24,7 +25,7 @@ void SleepMilliseconds(int milliseconds) {
 DateTime LocalTime() {
   SYSTEMTIME now{};
   GetLocalTime(&now);
-  return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
+  return win32::DateTimeOf(now);
 }
 
 }  // namespace platform

@@ -7,6 +7,7 @@
 
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "common/files.h"
+#include "platform/win32/system_time.h"
 #include "platform/win32/windows_headers.h"
 // after windows.h
 #define SECURITY_WIN32
@@ -102,13 +103,7 @@ ClockKeeper WhoKeepsTheClock() {
 }
 
 std::optional<int> UtcOffsetMinutes(const DateTime& local) {
-  SYSTEMTIME time{};
-  time.wYear = static_cast<WORD>(local.year);
-  time.wMonth = static_cast<WORD>(local.month);
-  time.wDay = static_cast<WORD>(local.day);
-  time.wHour = static_cast<WORD>(local.hour);
-  time.wMinute = static_cast<WORD>(local.minute);
-  time.wSecond = static_cast<WORD>(local.second);
+  const SYSTEMTIME time = win32::SystemTimeOf(local);
   SYSTEMTIME utc{};
   // The newer call, which knows the rules of past years, is not there under Wine.
   if (TzSpecificLocalTimeToSystemTime(nullptr, &time, &utc) == 0) return std::nullopt;

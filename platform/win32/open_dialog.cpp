@@ -10,6 +10,7 @@
 
 #include "platform/win32/message_box.h"
 #include "platform/win32/scale.h"
+#include "platform/win32/system_time.h"
 #include "platform/win32/text.h"
 
 namespace win32 {
@@ -36,18 +37,6 @@ const ListMessages& MessagesOf(HWND list) {
   std::array<wchar_t, 20> name{};
   GetClassNameW(list, name.data(), static_cast<int>(name.size()));
   return lstrcmpiW(name.data(), WC_COMBOBOXW) == 0 ? kComboBox : kListBox;
-}
-
-SYSTEMTIME SystemTimeOf(const DateTime& time) {
-  SYSTEMTIME result{};
-  result.wYear = static_cast<WORD>(time.year);
-  result.wMonth = static_cast<WORD>(time.month);
-  result.wDay = static_cast<WORD>(time.day);
-  result.wHour = static_cast<WORD>(time.hour);
-  result.wMinute = static_cast<WORD>(time.minute);
-  result.wSecond = static_cast<WORD>(time.second);
-  result.wMilliseconds = static_cast<WORD>(time.millisecond);
-  return result;
 }
 
 }  // namespace
@@ -174,8 +163,7 @@ void OpenDialog::SetDateTime(int control, const DateTime& time, std::u16string_v
 DateTime OpenDialog::GetDateTime(int control) const {
   SYSTEMTIME system{};
   Send(control, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&system));
-  return {system.wYear,   system.wMonth,  system.wDay,         system.wHour,
-          system.wMinute, system.wSecond, system.wMilliseconds};
+  return DateTimeOf(system);
 }
 
 // Beyond the window
