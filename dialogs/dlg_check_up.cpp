@@ -109,7 +109,7 @@ void DlgCheckUp::ShowFindings(DialogWindow& window) {
   auto [found, done] = examiner_->Take();
   std::ranges::move(found, std::back_inserter(findings_));
   std::string text;
-  for (const doctor::Finding& finding : findings_) text += LinesOf(finding, doctor::Signs::Words);
+  for (const doctor::Finding& finding : findings_) text += LinesOf(finding, doctor::Signs::LooseWords);
   window.SetText(kReport, ForField(text));
   if (!done) return;
   examiner_.reset();

@@ -19,9 +19,9 @@ struct Mark {
 Mark MarkOf(Sign sign) {
   switch (sign) {
     case Sign::Good:
-      return {"[good]  ", "\x1B[32m\xE2\x9C\x94\x1B[0m"};
+      return {"[good]", "\x1B[32m\xE2\x9C\x94\x1B[0m"};
     case Sign::Look:
-      return {"[look]  ", "\x1B[33m\xE2\x97\x8F\x1B[0m"};
+      return {"[look]", "\x1B[33m\xE2\x97\x8F\x1B[0m"};
     case Sign::Broken:
       break;
   }
@@ -46,12 +46,16 @@ int CountOf(const std::vector<Finding>& findings, Sign sign) {
 }  // namespace
 
 std::string LinesOf(const Finding& finding, Signs signs) {
+  constexpr std::size_t kWidestWord = 8;
   const Mark mark = MarkOf(finding.sign);
-  const std::string_view shown = signs == Signs::Words ? mark.word : mark.coloured;
-  const std::string indent(signs == Signs::Words ? mark.word.size() : 1, ' ');
-  std::string lines(shown);
+  std::string lines(signs == Signs::Coloured ? mark.coloured : mark.word);
+  std::string indent(4, ' ');
+  if (signs == Signs::Words) {
+    lines.resize(kWidestWord, ' ');
+    indent.resize(kWidestWord + 3, ' ');
+  }
   lines += ' ' + Harmless(finding.what.Text() + ": " + finding.found.Text()) + '\n';
-  if (!finding.advice.empty()) lines += indent + "   " + Harmless(finding.advice.Text()) + '\n';
+  if (!finding.advice.empty()) lines += indent + Harmless(finding.advice.Text()) + '\n';
   return lines;
 }
 

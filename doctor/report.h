@@ -11,8 +11,9 @@ namespace doctor {
 
 /// How signs are shown.
 enum class Signs {
-  Words,     // "[broken]": plain, for files, pipes and old terminals
-  Coloured,  // a coloured mark, by the escapes of terminals; UTF-8
+  Words,       // "[broken]", aligned: plain, for files, pipes and old terminals
+  LooseWords,  // the same for letters of different widths, where nothing can be aligned
+  Coloured,    // a coloured mark, by the escapes of terminals; UTF-8
 };
 
 /// A finding in the language of now: a line with its sign, what was looked at and how it is, and, indented

@@ -42,6 +42,12 @@ TEST(Report, IsPlainWordsWhereNothingElseCanBeShown) {
             "\nBroken: 1. To look at: 1\n");
 }
 
+TEST(Report, AlignsNothingWhereLettersDifferInWidth) {
+  EXPECT_EQ(LinesOf(Given(Sign::Good), Signs::LooseWords), "[good] Settings: x is installed.\n");
+  EXPECT_EQ(LinesOf(Given(Sign::Broken), Signs::LooseWords),
+            "[broken] Settings: x is installed.\n    Nothing was written.\n");
+}
+
 TEST(Report, HasColouredMarks) {
   EXPECT_EQ(LinesOf(Given(Sign::Broken), Signs::Coloured),
             "\x1B[31m\xE2\x9C\x98\x1B[0m Settings: x is installed.\n    Nothing was written.\n");
