@@ -58,6 +58,7 @@ class Photographer {
   bool TakeAndLeave(const std::string& name);
   // Takes the dialog that a command opens, after something was done in it.
   bool TakeDialog(int number, const std::string& name, const std::function<void()>& fill = {});
+  bool TakeCheckUp();
   bool TakeWizard();
   bool TakeConfiguration();
   bool TakeQuestion();
@@ -135,6 +136,12 @@ bool Photographer::TakeConfiguration() {
   return AwaitControl(config_id::kNetwork) && AwaitControl(kOk);
 }
 
+bool Photographer::TakeCheckUp() {
+  sitter_.Choose(command::kCheckUp);
+  // It has looked at everything by then.
+  return AwaitFront() && AwaitControl(dialogs::check_up_control::kPack) && TakeAndLeave("check-up");
+}
+
 bool Photographer::TakeWizard() {
   sitter_.Choose(command::kSetupWifi);
   if (!AwaitControl(dialogs::tc421_init_control::kText) || !Take("wifi-start")) return false;
@@ -174,7 +181,7 @@ bool Photographer::TakeDialogs() {
          TakeDialog(
              command::kManualStepsAdd, "add-steps",
              type(dialogs::add_steps_control::kSteps, "08:00 0\n09:30 40\n12:00 85\n17:00 85\n21:00 0")) &&
-         TakeWizard() && TakeMenu() && TakeQuestion();
+         TakeCheckUp() && TakeWizard() && TakeMenu() && TakeQuestion();
 }
 
 bool Photographer::TakeWindow() {
