@@ -21,6 +21,11 @@ function(lumarine_test_built_soon target)
   target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
 endfunction()
 
+if(TARGET gtest)
+  lumarine_test_built_soon(gtest)
+  lumarine_test_built_soon(gmock)
+endif()
+
 # What every test includes, compiled once.
 add_library(test_headers OBJECT ${CMAKE_SOURCE_DIR}/tests/support/test_headers.cpp)
 lumarine_test_built_soon(test_headers)

@@ -20,10 +20,13 @@ using TCBase::Program::ModeListView;
 constexpr int kModes = 10;
 // Built with sanitizers, and for debugging, an upload takes thirty times as long.
 #ifdef LUMARINE_SANITIZED
-constexpr std::uint32_t kSeeds = 60;
+constexpr std::uint32_t kThin = 5;
 #else
-constexpr std::uint32_t kSeeds = 200;
+constexpr std::uint32_t kThin = 1;
 #endif
+constexpr std::uint32_t kSeeds = 200 / kThin;
+constexpr std::uint32_t kFewSeeds = 50 / kThin;
+constexpr std::uint32_t kFewestSeeds = 20 / kThin;
 
 // Ten modes that differ in every step.
 ModeListView TenModes() {
@@ -141,7 +144,7 @@ TEST_F(LossyNetworkTest, WithALossOf30PercentEachWayEveryIncompleteModeIsReporte
 }
 
 TEST_F(LossyNetworkTest, WithALossOf30PercentOnTheWayThereExactlyTheIncompleteModesAreReported) {
-  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {}, 50);
+  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {}, kFewSeeds);
   EXPECT_EQ(tally.missed, 0);
   EXPECT_EQ(tally.unacknowledged, 0);
   EXPECT_GT(tally.reported, 0);
@@ -149,13 +152,14 @@ TEST_F(LossyNetworkTest, WithALossOf30PercentOnTheWayThereExactlyTheIncompleteMo
 }
 
 TEST_F(LossyNetworkTest, WithALossOf5PercentEachWayMostUploadsSucceed) {
-  const Tally tally = UploadOverAllSeeds({.loss = 0.05}, {.loss = 0.05}, 20);
+  const Tally tally = UploadOverAllSeeds({.loss = 0.05}, {.loss = 0.05}, kFewestSeeds);
   EXPECT_EQ(tally.missed, 0);
-  EXPECT_GE(tally.uploads, 10);
+  EXPECT_GE(tally.uploads, kFewestSeeds / 2);
 }
 
 TEST_F(LossyNetworkTest, OfAControllerThatRefusesTheEndOfAnIncompleteModeTheLogTellsToo) {
-  const Tally tally = UploadOverAllSeeds({.loss = 0.3}, {.loss = 0.3}, 50, Closing::RefusedWithStepsMissing);
+  const Tally tally =
+      UploadOverAllSeeds({.loss = 0.3}, {.loss = 0.3}, kFewSeeds, Closing::RefusedWithStepsMissing);
   EXPECT_EQ(tally.missed, 0);
   EXPECT_EQ(tally.silent, 0);
   EXPECT_GT(tally.reported, 0);
@@ -166,9 +170,9 @@ TEST_F(LossyNetworkTest, OfAControllerThatRefusesTheEndOfAnIncompleteModeTheLogT
 TEST_F(LossyNetworkTest, InFoulWeatherEveryUploadComesToItsEnd) {
   const Weather foul{
       .loss = 0.1, .repeat = 0.1, .shorten = 0.05, .corrupt = 0.05, .delay = 0.2, .longestDelay = 3.0};
-  const Tally tally = UploadOverAllSeeds(foul, foul, 20);
+  const Tally tally = UploadOverAllSeeds(foul, foul, kFewestSeeds);
   EXPECT_GT(tally.modes, 0);
-  EXPECT_LT(tally.modes, 20 * kModes);
+  EXPECT_LT(tally.modes, kFewestSeeds * kModes);
 }
 
 // Frames are not numbered, and any block from the controller counts as the reply to the frame in hand: so
