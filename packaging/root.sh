@@ -96,9 +96,11 @@ run() {
   # The shell stays, as the first process: it buries what others leave.
   # shellcheck disable=SC2016
   unshare --mount --propagation private --pid --ipc --uts "${network[@]}" --fork --kill-child bash -ec '
-    root=$1 user=$2 home=$3
-    shift 3
+    root=$1 user=$2 home=$3 offline=$4
+    shift 4
     hostname lumarine
+    # Without a network a computer still has itself.
+    [ -z "$offline" ] || ip link set lo up
     mount -t proc proc "$root/proc"
     mount -t sysfs -o ro sysfs "$root/sys" 2>/dev/null || true
     mount -t devpts -o newinstance,ptmxmode=0666,gid=5 devpts "$root/dev/pts"
@@ -107,7 +109,7 @@ run() {
     chroot "$root" setpriv --reuid "$user" --regid "$user" --init-groups \
       env -i -C "$home" HOME="$home" USER="$user" LOGNAME="$user" SHELL=/bin/bash LC_ALL=C.UTF-8 TERM=dumb \
       PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive "$@" || status=$?
-    exit $status' - "$root" "$user" "$home" "${environment[@]}" "$@" <&0 &
+    exit $status' - "$root" "$user" "$home" "${network[*]}" "${environment[@]}" "$@" <&0 &
   system=$!
   wait "$system" || status=$?
   trap - INT TERM

@@ -17,7 +17,7 @@ end() {
 }
 # The package's own needs stand in its control file.
 root_begin --foreign arm64 arm64-units ccache clang-format cmake ninja-build graphviz g++ crossbuild-essential-arm64 qemu-user-static \
-  libcli11-dev nlohmann-json3-dev fonts-dejavu-core fonts-symbola librsvg2-bin \
+  libcli11-dev nlohmann-json3-dev fonts-dejavu-core fonts-symbola librsvg2-bin libxml2-utils \
   {libhidapi-dev,pkg-config,qt6-base-dev,qt6-base-private-dev,qt6-svg-dev,zlib1g-dev,libgtest-dev,libgmock-dev}:arm64
 if [ -d "$cache" ]; then
   mkdir -p "$root/home/person/.cache"
@@ -33,7 +33,9 @@ units=(--preset arm64 -L unit ${1:+-R "$1"})
 # Each test is named as its program is.
 mapfile -t programs < <(person ctest "${units[@]}" -N | sed -n 's/^ *Test *#[0-9]*: //p')
 check "it is built" person nice ninja -C build/arm64 "${programs[@]}"
-person nice ctest "${units[@]}" -j "$(nproc)" --timeout 3000 --output-junit results.xml >ctest.txt 2>&1
+# What is the emulator's: processes bear its name, and who starts a program that is missing is not told so.
+emulator=ComputerFacts.WhoHasAPort:OpenFiles.HaveHolders:ChildProcess.OfAMissingProgramIsNone
+person env GTEST_FILTER="-$emulator" nice ctest "${units[@]}" -j "$(nproc)" --timeout 3000 --output-junit results.xml >ctest.txt 2>&1
 junit=$root/home/person/source/build/arm64/results.xml
 check "the tests ran" test -s "$junit"
 while read -r status name; do

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QColor>
-#include <QProcess>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/posix/ask_program.h"
 #include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
@@ -21,15 +21,6 @@ bool Differ(QRgb a, QRgb b, int difference) {
 
 QString PathText(const std::filesystem::path& path) {
   return QString::fromStdString(path.string());
-}
-
-// Runs a program; the picture, or what else it prints, is its output.
-std::string OutputOf(const char* program, const QStringList& arguments) {
-  QProcess process;
-  process.start(QString::fromLatin1(program), arguments);
-  EXPECT_TRUE(process.waitForFinished()) << program;
-  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-  return process.readAllStandardOutput().toStdString();
 }
 
 }  // namespace
@@ -70,10 +61,13 @@ QImage pictures::FromBytes(std::string_view bytes) {
   return QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()));
 }
 
-std::string pictures::OutputOver(std::string_view svg, const char* program, const QStringList& options) {
+std::string pictures::OutputOver(std::string_view svg, const std::string& program,
+                                 std::vector<std::string> options) {
   const TemporaryFolder folder;
-  const std::filesystem::path file = FileWith(folder / "a.svg", svg);
-  return OutputOf(program, options + QStringList{PathText(file)});
+  options.push_back(FileWith(folder / "a.svg", svg).string());
+  const auto output = platform::AskProgram(program, options);
+  EXPECT_TRUE(output.has_value()) << program;
+  return output.value_or("");
 }
 
 QImage pictures::FromSvg(std::string_view svg) {

@@ -3,10 +3,10 @@
 // Pictures that are compared, with golden ones or with each other.
 
 #include <QImage>
-#include <QStringList>
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pictures {
 
@@ -30,6 +30,6 @@ QImage FromBytes(std::string_view bytes);
 QImage FromSvg(std::string_view svg);
 
 /// What a program says of an SVG in memory; fails the test if the program does.
-std::string OutputOver(std::string_view svg, const char* program, const QStringList& options);
+std::string OutputOver(std::string_view svg, const std::string& program, std::vector<std::string> options);
 
 }  // namespace pictures
