@@ -113,6 +113,8 @@ TEST_F(JobProgressTest, AScanIsWorkThatNobodyCanMeasure) {
   EXPECT_THAT(watched_.begins, ElementsAre(0));
   EXPECT_EQ(watched_.last.kind, WorkStatus::Unmeasured);
   EXPECT_EQ(watched_.ends, 1);
+  const virtual_clock::Waiting forTheWorker;
+  worker.Shutdown();
 }
 
 // The last answer

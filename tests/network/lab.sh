@@ -40,6 +40,14 @@ lab_set_up() {
     mount -t tmpfs lab /run && mkdir -p /run/netns &&
       ip link set lo up && ip link add switch type bridge && ip link set switch up
   } 2>&1); then return 1; fi
+  lab_be_prompt
+}
+
+# An answer that takes two seconds counts as none, so nobody here waits for a disk that others write to, nor for a
+# processor that others compile on, if the system allows that.
+lab_be_prompt() {
+  export TMPDIR=/run
+  renice -n -10 $$ >/dev/null 2>&1 || true
 }
 
 lab_computer() {

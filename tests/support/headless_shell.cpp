@@ -347,6 +347,7 @@ Desktop::Desktop(Settings& settings, TranslationStore& translations, std::filesy
 }
 
 Desktop::~Desktop() {
+  const virtual_clock::Waiting forTheWorker;
   application.reset();  // it speaks to all the rest until it is gone
 }
 

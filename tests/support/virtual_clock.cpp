@@ -14,7 +14,7 @@ namespace {
 constexpr std::int64_t kTicksPerSecond = 1'000'000;
 constexpr std::int64_t kTicksPerMillisecond = kTicksPerSecond / 1000;
 // For how long, in real time, a sleeper believes that a thread that does not sleep is at work.
-constexpr std::chrono::milliseconds kPatience{20};
+constexpr std::chrono::milliseconds kPatience{2000};
 
 struct Clock {
   std::mutex mutex;

@@ -5,8 +5,9 @@
 //
 // Of several threads nobody is overtaken: time passes when all who have slept since Reset() sleep again, up
 // to the earliest of their goals. So a thread that listens for a second loses none of it to a busy machine.
-// One that stays awake while nothing happens for 20 ms of real time is taken to wait for another, and counts
-// as asleep; whoever is known to wait says so by Waiting.
+// One that stays awake while nothing happens for two seconds of real time is taken to wait for another, and
+// counts as asleep; so long, since a busy machine may keep a thread waiting. Whoever is known to wait says so
+// by Waiting.
 
 #include <cstdint>
 #include <functional>
