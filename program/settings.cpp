@@ -98,6 +98,12 @@ std::string Settings::GetValue(std::string_view key) {
   return TextOf(root_.child(key));
 }
 
+std::string Settings::FindValue(std::string_view key) {
+  const std::lock_guard guard(lock_);
+  const std::int32_t found = root_.find_next_child(key, -1);
+  return found < 0 ? std::string() : TextOf(*root_.children[found]);
+}
+
 void Settings::SetValue(std::string_view key, std::string_view value) {
   const std::lock_guard guard(lock_);
   Assign(root_.child(key).text, value);
@@ -128,5 +134,5 @@ void Settings::SetDemoSpeed(std::int32_t seconds) {
 }
 
 bool Settings::LoggingEnabled() {
-  return GetValue("logging") == "on";
+  return GetValue("logging") == kOn;
 }

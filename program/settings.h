@@ -50,7 +50,14 @@ class Settings {
 
   /// The text of a key. Reading a key creates it, so it stands in the file from then on.
   std::string GetValue(std::string_view key);
+  /// The same, and the key is not created.
+  std::string FindValue(std::string_view key);
   void SetValue(std::string_view key, std::string_view value);
+
+  /// A choice that the user turns on and off: on for the text "on", off for any other and for none. Reading
+  /// it creates no key.
+  bool IsOn(std::string_view key) { return FindValue(key) == kOn; }
+  void SetOn(std::string_view key, bool on) { SetValue(key, on ? kOn : kOff); }
 
   /// The text of a key of one device, or `fallback` if it was never set.
   std::string GetDeviceValue(std::string_view tag, std::string_view id, std::string_view fallback);
@@ -64,6 +71,9 @@ class Settings {
   bool LoggingEnabled();
 
  private:
+  static constexpr std::string_view kOn = "on";
+  static constexpr std::string_view kOff = "off";
+
   const std::filesystem::path file_;
 
   std::mutex lock_;

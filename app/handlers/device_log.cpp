@@ -18,7 +18,7 @@ void ConfigureDeviceLog(Settings& settings, const std::filesystem::path& file) {
 
 void ToggleDeviceLog(Settings& settings, const std::filesystem::path& file) {
   const bool on = !settings.LoggingEnabled();
-  settings.SetValue("logging", on ? "on" : "off");
+  settings.SetOn("logging", on);
   LogStatus(Message("Device communication logging {1}", on ? "ON." : "OFF."));
   ConfigureDeviceLog(settings, file);
 }

@@ -83,6 +83,9 @@ struct Command {
   When when = When::Always;
   bool needsStep = false;  // there must be a selected step
 
+  std::string_view setting =
+      {};  // that the command turns on and off (Settings::IsOn); its item has a mark while it is on
+
   Undo undo = Undo::None;
   CommandHandler handler;
   Parts refreshes = part::kNothing;  // after a handler that has changed something

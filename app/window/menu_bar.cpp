@@ -88,9 +88,9 @@ void MenuBar::MarkLanguageMenu() {
 void MenuBar::Refresh(std::int32_t demoPosition, bool loggingOn) {
   const bool demoRuns = demoPosition >= 0;
   for (const Command& command : commands_) {
-    if (command.menu != menu::kNone) {
-      menu_.SetEnabled(command.number, IsEnabled(command, demoRuns, selection_));
-    }
+    if (command.menu == menu::kNone) continue;
+    menu_.SetEnabled(command.number, IsEnabled(command, demoRuns, selection_));
+    if (!command.setting.empty()) menu_.SetChecked(command.number, settings_.IsOn(command.setting));
   }
   for (int position = 0; position < static_cast<int>(menus_.size()); ++position) {
     menu_.SetPopupEnabled(position, IsMenuEnabled(position, demoRuns));

@@ -111,6 +111,32 @@ TEST_F(SettingsFile, HoldsAnEmptyElementForEachKeyThatWasRead) {
   EXPECT_EQ(again.DemoSpeed(), 60);
 }
 
+TEST_F(SettingsFile, HoldsNoElementForAKeyThatWasOnlyLookedFor) {
+  Settings settings(file_);
+  EXPECT_EQ(settings.FindValue("light_strip"), "");
+  EXPECT_FALSE(settings.IsOn("light_strip"));
+  settings.SetValue("locale", "de");
+  EXPECT_EQ(settings.FindValue("locale"), "de");
+  ASSERT_TRUE(settings.Save());
+  EXPECT_THAT(Text(),
+              testing::AllOf(HasSubstr("<locale>de</locale>"), testing::Not(HasSubstr("light_strip"))));
+}
+
+TEST_F(SettingsFile, AChoiceIsOnForExactlyThatWordAndComesBack) {
+  Settings settings(file_);
+  for (const char* off : {"", "ON", "on ", "1", "off"}) {
+    settings.SetValue("choice", off);
+    EXPECT_FALSE(settings.IsOn("choice")) << off;
+  }
+  settings.SetOn("choice", true);
+  settings.SetOn("other", true);
+  settings.SetOn("other", false);
+  ASSERT_TRUE(settings.Save());
+  Settings again(file_);
+  EXPECT_TRUE(again.IsOn("choice"));
+  EXPECT_FALSE(again.IsOn("other"));
+}
+
 TEST_F(SettingsFile, KeepsWhatItDoesNotKnow) {
   Write("<config><from_a_later_version kind='x'>y</from_a_later_version></config>");
   Settings settings(file_);
