@@ -4,10 +4,13 @@ namespace app {
 
 AppState::AppState(const Shell& shell)
     : chartInput({shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout,
-                  demoState, shownHints}),
-      renderer(shell.makeRenderer({program, selection, hoverStep, chartLayout, demoState, now})),
+                  demoState, shownHints, stepGroup, chartOverlay, shell.settings}),
+      renderer(shell.makeRenderer(
+          {program, selection, hoverStep, chartLayout, demoState, now, stepGroup, chartOverlay})),
       window_(shell.mainWindow),
-      settings_(shell.settings) {}
+      settings_(shell.settings) {
+  chartOverlay.comparison.saved = &savedProgram.copy;
+}
 
 void AppState::BuildControls(const Shell& shell, std::span<const Command> commands) {
   const auto refresh = [this](Parts parts) { Refresh(parts); };

@@ -30,6 +30,7 @@
 #include "program/builtin_modes.h"
 #include "program/channel_edit.h"
 #include "program/demo_state.h"
+#include "program/step_group.h"
 
 namespace app {
 
@@ -54,6 +55,8 @@ struct AppState {
   timer_base::TimerFeatures<TimerCore_Counter> idleTimer;  // since the user last touched the chart
   TCBase::Program::StepSelection selection{program};
   TCBase::Program::StepSelection hoverStep{program};  // under the mouse
+  TCBase::Program::StepGroup stepGroup;               // counts while `selection` is of it
+  UX::ChartOverlay chartOverlay;
   TCBase::Program::StepClipboard stepClipboard;
   UX::ChartLayout chartLayout{now};
   ShownHints shownHints;

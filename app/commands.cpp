@@ -63,6 +63,11 @@ constexpr Command kCommands[] = {
      .when = WithoutDemo, .handler = UndoChange, .refreshes = kAfterHistory},
     {.number = command::kRedo, .text = TextKey("Redo"), .menu = menu::kEdit, .keys = {Ctrl('Y')},
      .when = WithoutDemo, .handler = RedoChange, .refreshes = kAfterHistory},
+    {.number = command::kSelectAllSteps, .text = TextKey("Select all steps"), .menu = menu::kEdit,
+     .beginsGroup = true, .keys = {Ctrl('A')}, .when = WithoutDemo, .handler = SelectAllSteps,
+     .refreshes = part::kPower | part::kDescription},
+    {.number = command::kCarefulMouse, .text = TextKey("Careful mouse"), .menu = menu::kEdit, .beginsGroup = true,
+     .setting = kCarefulMouseSetting, .handler = ToggleCarefulMouse},
 
     // Device
     {.number = command::kSyncTime, .text = TextKey("Sync time"), .menu = menu::kDevice, .when = WithoutDemo,
@@ -137,6 +142,10 @@ constexpr Command kCommands[] = {
      .undo = Snapshot, .handler = With<Align, 30>, .refreshes = kSteps},
     {.number = command::kAlign60, .text = TextKey("1 hour intervals"), .menu = menu::kMode, .submenu = kAlignment,
      .undo = Snapshot, .handler = With<Align, 60>, .refreshes = kSteps},
+    {.number = command::kCompareWithSaved, .text = TextKey("Compare with what was saved"), .menu = menu::kMode,
+     .beginsGroup = true, .handler = CompareWithSaved, .refreshes = part::kChart},
+    {.number = command::kCompareWithThis, .text = TextKey("Compare others with this mode"), .menu = menu::kMode,
+     .handler = CompareWithThis, .refreshes = part::kChart},
 
     // Language: which others there are is up to the translations.
     {.number = command::kEnglish, .lastNumber = command::kLastLanguage, .text = TextKey("English"),

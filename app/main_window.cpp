@@ -114,6 +114,9 @@ Outcome MainWindow::OnHorizontalScroll(Control sender, int code, int position) {
 
 Outcome MainWindow::OnInitMenuPopup() {
   state_.menuBar->Refresh(state_.demoState.position, shell_.settings.LoggingEnabled());
+  const UX::Comparison::With with = state_.chartOverlay.comparison.with;
+  shell_.menu.SetChecked(command::kCompareWithSaved, with == UX::Comparison::With::Saved);
+  shell_.menu.SetChecked(command::kCompareWithThis, with == UX::Comparison::With::Kept);
   return Outcome::Default;
 }
 
@@ -210,18 +213,18 @@ void ChartWindow::OnKeyUp(int key) {
   state_.Refresh(part::kDescription);
 }
 
-void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton) {
+void ChartWindow::OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton, const HeldKeys& keys) {
   Touch();
   if (!leftButton && state_.chartInput.IsHolding()) OnLeftUp(x, y);
   state_.renderer->MouseMoved(x, y);
-  state_.chartInput.OnMouseMove(x, y);
+  state_.chartInput.OnMouseMove(x, y, keys);
   if (state_.demoState.IsRunning()) return;  // the labels show the demo's time
   state_.ctrls->ShowModeAt(state_.chartInput.TimeAt(x));
 }
 
-void ChartWindow::OnLeftDown(std::int32_t x, std::int32_t y) {
+void ChartWindow::OnLeftDown(std::int32_t x, std::int32_t y, const HeldKeys& keys) {
   Touch();
-  state_.chartInput.OnLeftDown(x, y);
+  state_.chartInput.OnLeftDown(x, y, keys);
 }
 
 void ChartWindow::OnLeftUp(std::int32_t, std::int32_t) {

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "app/chart/held_keys.h"
 #include "app/window/control_table.h"
 #include "app/window/ports.h"
 
@@ -100,8 +101,8 @@ class ChartWindow {
   void OnKeyUp(int key);
   /// `leftButton`: it is down. Where it is up although something is held, its release went elsewhere and is
   /// made up for first.
-  void OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton);
-  void OnLeftDown(std::int32_t x, std::int32_t y);
+  void OnMouseMove(std::int32_t x, std::int32_t y, bool leftButton, const HeldKeys& keys = {});
+  void OnLeftDown(std::int32_t x, std::int32_t y, const HeldKeys& keys = {});
   void OnLeftUp(std::int32_t x, std::int32_t y);
   /// Another window has the mouse's capture now, or nobody; that may be the chart's own doing. A release.
   void OnCaptureLost();

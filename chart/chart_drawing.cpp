@@ -33,6 +33,7 @@ constexpr BrushRow kBrushes[] = {
     {Brush::CornflowerBlue, {100, 149, 237}, 1.0F},
 };
 constexpr float kChannelOpacity = 0.5F;
+constexpr float kFrameOpacity = 0.15F;
 
 struct FontRow {
   TextFormat format;
@@ -63,6 +64,15 @@ void SetFonts(Canvas& canvas, const ChartLayout& layout) {
   for (const auto& [format, part, bold] : kFonts) canvas.SetFont(format, {height / part, bold});
 }
 
+void DrawSelectionFrame(Canvas& canvas, const Rect& frame) {
+  const Rectangle area{static_cast<float>(frame.x), static_cast<float>(frame.y),
+                       static_cast<float>(frame.width), static_cast<float>(frame.height)};
+  canvas.SetOpacity(Brush::CornflowerBlue, kFrameOpacity);
+  canvas.Fill(area, Brush::CornflowerBlue);
+  canvas.SetOpacity(Brush::CornflowerBlue, 1.0F);
+  canvas.Stroke(area, Brush::CornflowerBlue, 1.0F);
+}
+
 }  // namespace
 
 ChartDrawing::ChartDrawing(const ChartScene& scene)
@@ -87,6 +97,7 @@ void ChartDrawing::Draw(Canvas& canvas) {
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) lanes_.DrawBackground(canvas, lane);
   cursorLabels_.DrawCursorLabels(canvas, follower);
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) {
+    lanes_.DrawComparedCurve(canvas, lane);
     lanes_.DrawCurve(canvas, lane);
     const bool isHovered = hovers && scene_.hoverStep.channel == lane;
     if (!isHovered) cursorLabels_.DrawValueLabel(canvas, lane, follower);
@@ -95,6 +106,7 @@ void ChartDrawing::Draw(Canvas& canvas) {
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) popups_.DrawPopups(canvas, lane);
   demoCursor_.DrawDemoCursor(canvas);
   cursorLabels_.DrawCrosshair(canvas, follower);
+  if (scene_.overlay.frame) DrawSelectionFrame(canvas, *scene_.overlay.frame);
 }
 
 void ChartDrawing::Update() {

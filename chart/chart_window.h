@@ -20,6 +20,8 @@ class ChartWindowPort {
   /// window takes it. app::ChartWindow::OnCaptureLost comes in both cases, within ReleaseCapture, too.
   virtual void Capture() = 0;
   virtual void ReleaseCapture() = 0;
+  /// Within what time a second press makes a double click: the user's setting of the system.
+  virtual double DoubleClickSeconds() const = 0;
 };
 
 }  // namespace UX

@@ -19,6 +19,7 @@ constexpr float kGridLine = 0.5F;
 constexpr float kFrameLine = 3.0F;
 constexpr float kFrameDistance = 4.0F;
 constexpr float kCurveLine = 4.0F;
+constexpr float kComparedLine = 1.5F;
 constexpr float kAreaOpacity = 0.5F;
 constexpr std::int32_t kAreaDepth = 3;  // how far the area goes under the lane
 constexpr float kMarkerLine = 3.0F;
@@ -106,6 +107,15 @@ void LaneDrawing::DrawBackground(Canvas& canvas, std::int32_t lane) {
   DrawLaneLabels(canvas, lane, area, scene_.layout);
 }
 
+void LaneDrawing::DrawComparedCurve(Canvas& canvas, std::int32_t lane) {
+  const Mode* const mode = ModeBehind(scene_.overlay.comparison, scene_.program);
+  if (mode == nullptr) return;
+  const Channel& channel = mode->channels[static_cast<std::size_t>(lane)];
+  if (channel.size() < 2) return;
+  BuildCurveLine(line_, channel, scene_.layout.LaneRect(lane), scene_.program);
+  canvas.StrokeFigure(line_, Brush::Black, kComparedLine);
+}
+
 void LaneDrawing::DrawCurve(Canvas& canvas, std::int32_t lane) {
   const Channel& channel = ChannelOfLane(scene_.program, lane);
   if (channel.size() < 2) return;
@@ -129,6 +139,7 @@ void LaneDrawing::DrawSteps(Canvas& canvas, std::int32_t lane) {
   const Channel& channel = ChannelOfLane(scene_.program, lane);
   const Step* const selected = SelectedStep(scene_.selection);
   const Step* const hovered = SelectedStep(scene_.hoverStep);
+  const bool areSeveral = IsGroupSelected(scene_.selection, scene_.group);
 
   std::optional<Marker> last;
   bool lastIsASecond = false;  // on the one before it
@@ -136,7 +147,7 @@ void LaneDrawing::DrawSteps(Canvas& canvas, std::int32_t lane) {
     const MarkerCenter center = GetMarkerCenter(area, scene_.program, step);
     const Marker marker{{static_cast<float>(center.x), static_cast<float>(center.y)},
                         step.jump,
-                        &step == selected,
+                        &step == selected || (areSeveral && scene_.group.Holds(step.id)),
                         &step == hovered};
     const bool isASecond = last == marker;
     if (last && !(isASecond && lastIsASecond)) DrawMarker(canvas, *last, scene_.layout);

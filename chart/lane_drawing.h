@@ -23,6 +23,8 @@ class LaneDrawing {
 
   /// Grid, frame of the current channel, axis labels and name.
   void DrawBackground(Canvas& canvas, std::int32_t lane);
+  /// The thin line of the mode that this one is compared with, if there is one.
+  void DrawComparedCurve(Canvas& canvas, std::int32_t lane);
   /// The line and the area under it. A channel of fewer than two steps has neither.
   void DrawCurve(Canvas& canvas, std::int32_t lane);
   /// A circle for a step that fades, a square for one that jumps. Those out of sight are left out, and of

@@ -5,11 +5,16 @@
 #include <cstdint>
 
 #include "chart/chart_layout.h"
+#include "chart/chart_overlay.h"
 #include "chart/chart_window.h"
 #include "program/demo_state.h"
 #include "program/program.h"
+#include "program/step_group.h"
 
 namespace UX {
+
+inline const TCBase::Program::StepGroup kNoGroup;
+inline const ChartOverlay kNoOverlay;
 
 /// What there is to draw. The application owns all of it, and it outlives the renderer.
 struct ChartScene {
@@ -18,7 +23,9 @@ struct ChartScene {
   const TCBase::Program::StepSelection& hoverStep;  // the step under the mouse
   ChartLayout& layout;
   const TCBase::DemoState& demo;
-  const double& now;  // the time of the present frame, in seconds
+  const double& now;                                   // the time of the present frame, in seconds
+  const TCBase::Program::StepGroup& group = kNoGroup;  // steps selected together
+  const ChartOverlay& overlay = kNoOverlay;
 };
 
 /// Draws the chart. User interface thread; nothing but Initialise fails.

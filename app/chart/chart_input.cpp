@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 
 #include "app/chart/chart_hit.h"
 #include "app/window/command.h"
@@ -46,27 +47,66 @@ ChartInput::ChartInput(const ChartParts& parts)
       undoStack_(parts.undoStack),
       chartLayout_(parts.chartLayout),
       demo_(parts.demo),
-      shownHints_(parts.shownHints) {}
+      shownHints_(parts.shownHints),
+      group_(parts.group),
+      overlay_(parts.overlay),
+      settings_(parts.settings),
+      groupInput_({parts.program, parts.selection, parts.group, parts.chartLayout, parts.overlay}) {}
 
-void ChartInput::OnLeftDown(std::int32_t x, std::int32_t y) {
+void ChartInput::OnLeftDown(std::int32_t x, std::int32_t y, const HeldKeys& keys) {
   chartWindow_.TakeFocus();
   if (demo_.IsRunning()) {
     dragging_ = seeking_ = true;
     SeekDemo(x);
     return;
   }
-  if (const auto hit = HitStep(chartLayout_, program_, x, y)) {
+  const bool isDouble = IsDoublePress(x, y);
+  const auto hit = HitStep(chartLayout_, program_, x, y);
+  if (keys.ctrl) return PressWithCtrl(hit, x, y);
+  if (hit) {
+    const bool isOfSeveral = groupInput_.Holds(*hit);
+    if (!isOfSeveral) DropGroup();
     Select(hit->channel, hit->step);
     undoStack_.BeginPending();
-    Grab();
+    Grab(x, y);
+    alone_ = isOfSeveral;
     return;
   }
+  DropGroup();
   const std::int32_t lane = chartLayout_.LaneAt(x, y);
   if (lane != selection_.channel) {
     Select(lane, -1);
-  } else {
+  } else if (isDouble || !settings_.IsOn(kCarefulMouseSetting)) {
     AddStep(lane, x, y);
   }
+}
+
+void ChartInput::PressWithCtrl(const std::optional<StepPlace>& hit, std::int32_t x, std::int32_t y) {
+  if (!hit) {
+    groupInput_.BeginFrame(x, y);
+    Grab(x, y);
+  } else if (groupInput_.Toggle(*hit)) {
+    chartLayout_.FocusLane(selection_.channel);
+    undoStack_.BeginPending();
+    Grab(x, y);
+  }
+  InvalidateChart();
+}
+
+bool ChartInput::IsDoublePress(std::int32_t x, std::int32_t y) {
+  const bool isNear = std::abs(x - press_.x) < kCarefulPixels && std::abs(y - press_.y) < kCarefulPixels;
+  const bool isDouble = mayBeDouble_ && isNear && sincePress_.Elapsed() < chartWindow_.DoubleClickSeconds();
+  press_ = {x, y};
+  sincePress_.Restart(0.0);
+  // A third one begins anew.
+  mayBeDouble_ = !isDouble;
+  return isDouble;
+}
+
+void ChartInput::DropGroup() {
+  if (group_.Ids().empty()) return;
+  group_.Clear();
+  InvalidateChart();
 }
 
 void ChartInput::AddStep(std::int32_t lane, std::int32_t x, std::int32_t y) {
@@ -100,7 +140,7 @@ void ChartInput::AddStep(std::int32_t lane, std::int32_t x, std::int32_t y) {
     return other.hour == step.hour && other.minute == step.minute;
   });
   Select(lane, added == channel.end() ? -1 : static_cast<std::int32_t>(added - channel.begin()));
-  Grab();
+  Grab(x, y);
 }
 
 void ChartInput::OnLeftUp() {
@@ -117,39 +157,74 @@ void ChartInput::OnCaptureLost() {
 void ChartInput::LetGo() {
   if (!dragging_) return;
   dragging_ = seeking_ = false;
+  if (groupInput_.IsFraming()) {
+    groupInput_.EndFrame();
+    chartLayout_.FocusLane(selection_.channel);
+    InvalidateChart();
+    return;
+  }
+  LetGoOfSteps();
+  groupInput_.EndDrag();
+}
+
+void ChartInput::LetGoOfSteps() {
   const Step* step = SelectedStep(selection_);
   if (demo_.IsRunning() || step == nullptr) return;
-  LogStatus(Message("Step {1}", ToDescription(*step)));
+  if (alone_ && !moved_) DropGroup();
+  const auto count = static_cast<std::int32_t>(SelectedStepIds(selection_, group_).size());
+  if (count > 1) {
+    LogStatus(Message(moved_ ? TextKey("Moved steps: {1}") : TextKey("Selected steps: {1}"), count));
+  } else {
+    LogStatus(Message("Step {1}", ToDescription(*step)));
+  }
   Hint("Press DELETE or BACKSPACE to remove the selected step.", shownHints_);
   Hint("You can also use keyboard ARROWS to move the step with higher accuracy.", shownHints_);
   OptimizeMode(CurrentMode());
   undoStack_.CommitPending();
 }
 
-void ChartInput::OnMouseMove(std::int32_t x, std::int32_t y) {
+void ChartInput::OnMouseMove(std::int32_t x, std::int32_t y, const HeldKeys& keys) {
   UpdateHover(x, y);
   if (!dragging_) return;
-  if (demo_.IsRunning()) {
+  if (groupInput_.IsFraming()) {
+    groupInput_.DrawFrame(x, y);
+    InvalidateChart();
+  } else if (demo_.IsRunning()) {
     SeekDemo(x);
-  } else {
-    DragStep(x, y);
+  } else if (HasBegunToDrag(x, y)) {
+    DragStep(x, y, keys);
   }
 }
 
-void ChartInput::DragStep(std::int32_t x, std::int32_t y) {
+bool ChartInput::HasBegunToDrag(std::int32_t x, std::int32_t y) {
+  const std::int32_t distance = std::max(std::abs(x - press_.x), std::abs(y - press_.y));
+  const bool isCareful = settings_.IsOn(kCarefulMouseSetting);
+  moved_ = moved_ || distance >= (isCareful ? kCarefulPixels : 1);
+  // A single step goes under the mouse at the first sign of it.
+  return moved_ || !(isCareful || IsGroupSelected(selection_, group_));
+}
+
+std::optional<std::int32_t> ChartInput::SecondUnder(const UX::Rect& lane, std::int32_t x) const {
+  const std::int32_t pointed = UX::XToTime(lane, program_, x);
+  if (!UX::IsOnDay(pointed)) return std::nullopt;
+  // A view may begin within a minute, so that the full minute is before it.
+  return std::max(std::min(WholeMinute(pointed), program_.viewEnd - 1), program_.viewStart);
+}
+
+void ChartInput::DragStep(std::int32_t x, std::int32_t y, const HeldKeys& keys) {
   Step* step = SelectedStep(selection_);
   if (step == nullptr) return;
   const UX::Rect lane = chartLayout_.LaneRect(selection_.channel);
-  const std::int32_t pointed = UX::XToTime(lane, program_, x);
+  const GroupInput::Target target = groupInput_.TargetOf(x, y, keys);
+  const auto second = target.x ? SecondUnder(lane, *target.x) : groupInput_.OriginSecond();
   // Off the day the step stays as it is, its value too.
-  if (!UX::IsOnDay(pointed)) return;
-  // A view may begin within a minute, so that the full minute is before it.
-  const std::int32_t second =
-      std::max(std::min(WholeMinute(pointed), program_.viewEnd - 1), program_.viewStart);
+  if (!second) return;
+  const float value = target.y ? StrengthAt(lane, *target.y) : groupInput_.OriginValue();
   // A seek whose demo has ended under it goes on as a drag.
   if (seeking_) undoStack_.BeginPending();
-  step->value = StrengthAt(lane, y);
-  SetTime(*step, second);
+  if (groupInput_.DragTo(*second, value)) return InvalidateChart();
+  step->value = value;
+  SetTime(*step, *second);
   Resort(step->id);
   InvalidateLane(selection_.channel);
 }
@@ -162,9 +237,10 @@ void ChartInput::Select(std::int32_t channel, std::int32_t step) {
   InvalidateLane(channel);
 }
 
-void ChartInput::Grab() {
+void ChartInput::Grab(std::int32_t x, std::int32_t y) {
   dragging_ = true;
-  seeking_ = false;
+  moved_ = alone_ = seeking_ = false;
+  groupInput_.BeginDrag(x, y);
   chartWindow_.Capture();
   InvalidateLane(selection_.channel);
 }
@@ -188,7 +264,9 @@ void ChartInput::OnRightDown(std::int32_t x, std::int32_t y) {
   chartWindow_.TakeFocus();
   const StepPlace place =
       HitStep(chartLayout_, program_, x, y).value_or(StepPlace{chartLayout_.LaneAt(x, y), -1});
-  if (place.channel >= 0) Select(place.channel, place.step);
+  if (place.channel < 0) return;
+  if (!groupInput_.Holds(place)) DropGroup();
+  Select(place.channel, place.step);
 }
 
 void ChartInput::OnRightUp(std::int32_t x, std::int32_t y) {

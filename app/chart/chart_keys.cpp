@@ -52,6 +52,7 @@ void ChartInput::OnKeyUp(int key) {
 
 void ChartInput::DeleteStep() {
   if (SelectedStep(selection_) == nullptr) return;
+  if (IsGroupSelected(selection_, group_)) return DeleteGroup();
   if (SelectedChannel(selection_)->size() <= kMinChannelSteps) {
     LogStatus(Message("Unable to delete step. Minimum 2 steps per channel is required."));
     return;
@@ -62,16 +63,34 @@ void ChartInput::DeleteStep() {
   LogStatus(Message("Step deleted. Current number of steps: {1}", CountModeSteps(CurrentMode())));
 }
 
+void ChartInput::DeleteGroup() {
+  undoStack_.BeginPending();
+  const StepsDeleted result = DeleteSelectedSteps(selection_, group_);
+  InvalidateChart();
+  if (result.kept > 0) LogStatus(Message("Unable to delete step. Minimum 2 steps per channel is required."));
+  if (result.deleted == 0) return;
+  LogStatus(Message("Deleted steps: {1}. Current number of steps: {2}", result.deleted,
+                    CountModeSteps(CurrentMode())));
+}
+
+void ChartInput::SelectAllSteps() {
+  groupInput_.SelectAll();
+  chartLayout_.FocusLane(selection_.channel);
+  InvalidateChart();
+}
+
 void ChartInput::ToggleJump() {
   undoStack_.Snapshot();
-  if (Step* step = SelectedStep(selection_)) step->jump = !step->jump;
+  if (const Step* step = SelectedStep(selection_)) SetSelectedJumps(selection_, group_, !step->jump);
   InvalidateChart();
   LogStatus(Message("Step jump toggle"));
 }
 
 void ChartInput::Nudge(std::int32_t minutes, float value) {
   undoStack_.BeginPending();
-  if (const Step* step = SelectedStep(selection_)) {
+  if (IsGroupSelected(selection_, group_)) {
+    StepMove(selection_, group_).MoveTo(selection_, minutes, value);
+  } else if (const Step* step = SelectedStep(selection_)) {
     NudgeSelectedStep(selection_, 0, minutes, value);
     // The step may have come to stand before or behind others.
     Resort(step->id);

@@ -39,6 +39,12 @@ Changed TypeSteps(const CommandContext& context, TextKey title, std::u16string t
   return Changed::Yes;
 }
 
+std::size_t CountChannelSteps(const Mode& mode) {
+  std::size_t count = 0;
+  for (const Channel& channel : mode.channels) count += channel.size();
+  return count;
+}
+
 Changed MoveSteps(AppState& state, void (*move)(StepSelection&), TextKey said) {
   if (SelectedChannel(state.selection) == nullptr) return Changed::No;
   state.undoStack.Snapshot();
@@ -52,10 +58,9 @@ Changed MoveSteps(AppState& state, void (*move)(StepSelection&), TextKey said) {
 
 Changed DeleteStep(CommandContext& context) {
   AppState& state = context.state;
-  const Channel* channel = SelectedChannel(state.selection);
-  const std::size_t before = channel != nullptr ? channel->size() : 0;
+  const std::size_t before = CountChannelSteps(state.CurrentMode());
   state.chartInput.OnKey(key::kDelete);
-  if (channel == nullptr || channel->size() == before) return Changed::No;
+  if (CountChannelSteps(state.CurrentMode()) == before) return Changed::No;
   // The release of the key makes the entry of the history. From a menu no key is down, and from another
   // window's focus its release does not come here.
   if (context.fromKey && state.chartInput.WillSeeRelease()) return Changed::No;

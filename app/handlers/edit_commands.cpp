@@ -17,4 +17,19 @@ Changed RedoChange(CommandContext& context) {
   return Changed::Yes;
 }
 
+Changed SelectAllSteps(CommandContext& context) {
+  context.state.chartInput.SelectAllSteps();
+  return Changed::Yes;
+}
+
+Changed ToggleCarefulMouse(CommandContext& context) {
+  Settings& settings = context.shell.settings;
+  const bool on = !settings.IsOn(kCarefulMouseSetting);
+  settings.SetOn(kCarefulMouseSetting, on);
+  LogStatus(on ? Message("Careful mouse: a double click adds a step, and a drag begins after {1} pixels.",
+                         kCarefulPixels)
+               : Message("The mouse is no longer careful: a click adds a step."));
+  return Changed::No;
+}
+
 }  // namespace app

@@ -8,5 +8,8 @@ namespace app {
 
 Changed UndoChange(CommandContext& context);
 Changed RedoChange(CommandContext& context);
+/// All steps of the channel, and once more all of the mode.
+Changed SelectAllSteps(CommandContext& context);
+Changed ToggleCarefulMouse(CommandContext& context);
 
 }  // namespace app

@@ -39,6 +39,10 @@ void AppendNamedMode(AppState& state, const dialogs::ModeNameParams& params) {
   AppendMode(state.program, std::move(mode));
 }
 
+void Compare(UX::Comparison& comparison, UX::Comparison::With with) {
+  comparison.with = comparison.with == with ? UX::Comparison::With::Nothing : with;
+}
+
 }  // namespace
 
 Changed SelectMode(CommandContext& context) {
@@ -107,6 +111,18 @@ Changed AddEndpoint(CommandContext& context, std::int32_t second) {
 
 Changed Align(CommandContext& context, std::int32_t minutes) {
   AlignCurrentMode(context.state.program, minutes);
+  return Changed::Yes;
+}
+
+Changed CompareWithSaved(CommandContext& context) {
+  Compare(context.state.chartOverlay.comparison, UX::Comparison::With::Saved);
+  return Changed::Yes;
+}
+
+Changed CompareWithThis(CommandContext& context) {
+  UX::Comparison& comparison = context.state.chartOverlay.comparison;
+  Compare(comparison, UX::Comparison::With::Kept);
+  if (comparison.with == UX::Comparison::With::Kept) comparison.kept = context.state.CurrentMode();
   return Changed::Yes;
 }
 

@@ -19,4 +19,11 @@ Changed OptimizeModeForTC421(CommandContext& context);
 Changed AddEndpoint(CommandContext& context, std::int32_t second);
 Changed Align(CommandContext& context, std::int32_t minutes);
 
+// What the curves are compared with; once more, and it is nothing.
+
+/// The mode as it was last loaded or saved.
+Changed CompareWithSaved(CommandContext& context);
+/// The current mode as it is now, whatever becomes of it and whichever is chosen then.
+Changed CompareWithThis(CommandContext& context);
+
 }  // namespace app

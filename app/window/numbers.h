@@ -24,6 +24,8 @@ inline constexpr int kExit = 105;
 // Edit
 inline constexpr int kUndo = 32785;
 inline constexpr int kRedo = 32786;
+inline constexpr int kSelectAllSteps = 33010;
+inline constexpr int kCarefulMouse = 33011;
 // Device
 inline constexpr int kSyncTime = 32790;
 inline constexpr int kSetTime = 32791;
@@ -60,6 +62,8 @@ inline constexpr int kAlign10 = 32934;
 inline constexpr int kAlign15 = 32935;
 inline constexpr int kAlign30 = 32936;
 inline constexpr int kAlign60 = 32937;
+inline constexpr int kCompareWithSaved = 33013;
+inline constexpr int kCompareWithThis = 33014;
 // Language: English, and from kFirstLanguage on the others by their place among the translations.
 inline constexpr int kEnglish = 32796;
 inline constexpr int kFirstLanguage = 32797;

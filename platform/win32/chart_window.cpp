@@ -6,6 +6,14 @@
 
 namespace win32 {
 
+namespace {
+
+app::HeldKeys KeysHeldAt(const Event& event) {
+  return {(event.first & MK_CONTROL) != 0, (event.first & MK_SHIFT) != 0};
+}
+
+}  // namespace
+
 void ChartWindow::Attach(HWND handle) {
   handle_ = handle;
 }
@@ -27,6 +35,10 @@ void ChartWindow::Capture() {
   SetCapture(handle_);
 }
 
+double ChartWindow::DoubleClickSeconds() const {
+  return GetDoubleClickTime() / 1000.0;
+}
+
 void ChartWindow::ReleaseCapture() {
   ::ReleaseCapture();
 }
@@ -38,7 +50,7 @@ std::span<const Handler<ChartWindow>> ChartWindow::Handlers() {
       {WM_KEYDOWN, &ChartWindow::OnKey<&Logic::OnKeyDown>},
       {WM_KEYUP, &ChartWindow::OnKey<&Logic::OnKeyUp>},
       {WM_MOUSEMOVE, &ChartWindow::OnMouseMove},
-      {WM_LBUTTONDOWN, &ChartWindow::OnMouse<&Logic::OnLeftDown>},
+      {WM_LBUTTONDOWN, &ChartWindow::OnLeftDown},
       {WM_LBUTTONUP, &ChartWindow::OnMouse<&Logic::OnLeftUp>},
       {WM_RBUTTONDOWN, &ChartWindow::OnMouse<&Logic::OnRightDown>},
       {WM_RBUTTONUP, &ChartWindow::OnMouse<&Logic::OnRightUp>},
@@ -66,7 +78,15 @@ LRESULT ChartWindow::OnMouse(const Event& event) {
 LRESULT ChartWindow::OnMouseMove(const Event& event) {
   const Scale scale(handle_);
   const POINT point = event.Point();
-  logic_->OnMouseMove(scale.Units(point.x), scale.Units(point.y), (event.first & MK_LBUTTON) != 0);
+  logic_->OnMouseMove(scale.Units(point.x), scale.Units(point.y), (event.first & MK_LBUTTON) != 0,
+                      KeysHeldAt(event));
+  return event.Default();
+}
+
+LRESULT ChartWindow::OnLeftDown(const Event& event) {
+  const Scale scale(handle_);
+  const POINT point = event.Point();
+  logic_->OnLeftDown(scale.Units(point.x), scale.Units(point.y), KeysHeldAt(event));
   return event.Default();
 }
 

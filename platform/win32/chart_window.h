@@ -26,6 +26,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   bool HasFocus() const override;
   void Capture() override;
   void ReleaseCapture() override;
+  double DoubleClickSeconds() const override;
 
   // For the window procedure.
   void Attach(HWND handle);
@@ -37,6 +38,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   template <void (app::ChartWindow::*method)(std::int32_t, std::int32_t)>
   LRESULT OnMouse(const Event& event);
   LRESULT OnMouseMove(const Event& event);
+  LRESULT OnLeftDown(const Event& event);
   LRESULT OnCaptureChanged(const Event& event);
   LRESULT OnCommand(const Event& event);
   LRESULT OnPaint(const Event& event);

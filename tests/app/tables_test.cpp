@@ -35,13 +35,13 @@ TEST(MenuTable, HoldsTheMenusFromLeftToRight) {
   EXPECT_THAT(menus,
               testing::ElementsAre(
                   "File: 32784 32777 32781 32782 - 32776 32938 - 32944 32945 - 32946 - 32773 - 105",
-                  "Edit: 32785 32786",
+                  "Edit: 32785 32786 - 33010 - 33011",
                   "Device: 32790 32791 32792 - 32793 - 32794 32795 [Demo speed: 32914 32915 32916 - 32917] - "
                   "32910 - 32911 "
                   "- 32929",
                   "Channel: 32930 - 32904 - 32908 32909 - 32897 32898 32907 - 32918 32919 - 32896 32899",
                   "Mode: 32913 - [Add endpoint steps: 32940 32941] - [Align steps: 32932 32933 32934 32935 "
-                  "32936 32937]",
+                  "32936 32937] - 33013 33014",
                   "Language: 32796", "Help: 32774 - 32939 - 32943 32942 - 104 - 33000 33001"));
 }
 
@@ -75,6 +75,8 @@ constexpr ExpectedText kTexts[] = {
     {105, "Exit"},
     {32785, "Undo"},
     {32786, "Redo"},
+    {33010, "Select all steps"},
+    {33011, "Careful mouse"},
     {32790, "Sync time"},
     {32791, "Set time"},
     {32792, "Upload program"},
@@ -108,6 +110,8 @@ constexpr ExpectedText kTexts[] = {
     {32935, "15 minute intervals"},
     {32936, "30 minute intervals"},
     {32937, "1 hour intervals"},
+    {33013, "Compare with what was saved"},
+    {33014, "Compare others with this mode"},
     {32796, "English"},
     {32774, "Logging"},
     {32939, "Known issues ..."},
@@ -146,9 +150,9 @@ TEST(AcceleratorTable, HoldsEachKey) {
     keys.push_back(kind + std::to_string(row.key.key) + " " + std::to_string(row.command));
   }
   EXPECT_THAT(keys, testing::UnorderedElementsAre(
-                        "alt 47 104", "alt 63 104", "ctrl 89 32786", "ctrl 90 32785", "key 107 32921",
-                        "key 109 32922", "key 106 32923", "key 33 32924", "key 34 32925", "key 36 32926",
-                        "key 35 32927", "key 46 32930", "key 8 32930"));
+                        "alt 47 104", "alt 63 104", "ctrl 65 33010", "ctrl 89 32786", "ctrl 90 32785",
+                        "key 107 32921", "key 109 32922", "key 106 32923", "key 33 32924", "key 34 32925",
+                        "key 36 32926", "key 35 32927", "key 46 32930", "key 8 32930"));
 }
 
 }  // namespace

@@ -35,7 +35,10 @@ TEST(ChartAllocation, FramesInMotionTakeNoMemory) {
   double now = 100.0;
   UX::ChartLayout layout(now);
   layout.Update(1024, 768);
-  UX::ChartDrawing drawing({document, selection, hover, layout, demo, now});
+  StepGroup group;
+  group.Set({document.modes[0].channels[1][20].id, document.modes[0].channels[3][1].id});
+  UX::ChartOverlay overlay{{UX::Comparison::With::Kept, document.modes[0]}, Rect{10, 10, 200, 100}};
+  UX::ChartDrawing drawing({document, selection, hover, layout, demo, now, group, overlay});
   chart_test::CheckingCanvas canvas;
   drawing.Rebuild(canvas);
   demo.step.values = {0, 25, 50, 75, 100};

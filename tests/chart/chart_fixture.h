@@ -92,7 +92,9 @@ class GivenChart {
   TCBase::DemoState demo;
   double now = 0.0;
   UX::ChartLayout layout{now};
-  const UX::ChartScene scene{document, selection, hover, layout, demo, now};
+  StepGroup group;
+  UX::ChartOverlay overlay;
+  const UX::ChartScene scene{document, selection, hover, layout, demo, now, group, overlay};
   UX::ChartDrawing drawing{scene};
   UX::LaneDrawing lanes{scene};
   RecordingCanvas canvas;

@@ -328,6 +328,17 @@ void DesktopUser::MoveMouse(int x, int y) {
   SettleInput();
 }
 
+void DesktopUser::HoldModifiers(const app::HeldKeys& keys) {
+  const auto hold = [](WORD key, bool was, bool is) {
+    if (is && !was) input::HoldKey(key);
+    if (was && !is) input::ReleaseKey(key);
+  };
+  hold(VK_CONTROL, heldKeys_.ctrl, keys.ctrl);
+  hold(VK_SHIFT, heldKeys_.shift, keys.shift);
+  heldKeys_ = keys;
+  SettleInput();
+}
+
 void DesktopUser::HoldButton() {
   input::HoldButton(input::Button::Left);
   SettleInput();

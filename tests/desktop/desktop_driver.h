@@ -45,6 +45,7 @@ class DesktopUser final : public WindowUser {
   void DoubleClickRow(app::Control list, int row) override;
   void Scroll(app::Control bar, int code, int position) override;
   void MoveMouse(int x, int y) override;
+  void HoldModifiers(const app::HeldKeys& keys) override;
   void HoldButton() override;
   void ReleaseButton() override;
   void RightClickChart(int x, int y) override;
@@ -122,6 +123,7 @@ class DesktopUser final : public WindowUser {
   std::vector<app::Question> asked_;
   std::deque<DialogScript> fills_;
   std::vector<SeenDialog> seenDialogs_;
+  app::HeldKeys heldKeys_;
 };
 
 }  // namespace desktop

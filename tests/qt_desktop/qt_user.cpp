@@ -370,6 +370,17 @@ void QtUser::MoveMouse(int x, int y) {
   Settle();
 }
 
+void QtUser::HoldModifiers(const app::HeldKeys& keys) {
+  const auto hold = [](Qt::Key key, bool was, bool is) {
+    if (is && !was) input::HoldKey(key);
+    if (was && !is) input::ReleaseKey(key);
+  };
+  hold(Qt::Key_Control, heldKeys_.ctrl, keys.ctrl);
+  hold(Qt::Key_Shift, heldKeys_.shift, keys.shift);
+  heldKeys_ = keys;
+  Settle();
+}
+
 void QtUser::HoldButton() {
   input::HoldButton(Qt::LeftButton);
   Settle();

@@ -48,6 +48,7 @@ class QtUser final : public WindowUser {
   void DoubleClickRow(app::Control list, int row) override;
   void Scroll(app::Control bar, int code, int position = 0) override;
   void MoveMouse(int x, int y) override;
+  void HoldModifiers(const app::HeldKeys& keys) override;
   void HoldButton() override;
   void ReleaseButton() override;
   void RightClickChart(int x, int y) override;
@@ -124,6 +125,7 @@ class QtUser final : public WindowUser {
   std::deque<DialogScript> fills_;
   std::vector<SeenDialog> seenDialogs_;
   bool holdsThumb_ = false;
+  app::HeldKeys heldKeys_;
 };
 
 }  // namespace qt_desktop

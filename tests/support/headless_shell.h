@@ -255,6 +255,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   bool HasFocus() const override { return focus_ == Focus::Chart; }
   void Capture() override { captured = true; }
   void ReleaseCapture() override { LoseCapture(); }
+  double DoubleClickSeconds() const override { return 0.5; }
 
   /// To nobody, or to another window.
   void LoseCapture() {

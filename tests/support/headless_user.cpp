@@ -189,15 +189,18 @@ void HeadlessUser::PushMouse(std::function<void(app::ChartWindow&, std::int32_t 
 void HeadlessUser::MoveMouse(int x, int y) {
   mouseX_ = x;
   mouseY_ = y;
-  PushMouse([held = buttonHeld_](app::ChartWindow& chart, std::int32_t toX, std::int32_t toY) {
-    chart.OnMouseMove(toX, toY, held);
-  });
+  PushMouse(
+      [held = buttonHeld_, keys = heldKeys_](app::ChartWindow& chart, std::int32_t toX, std::int32_t toY) {
+        chart.OnMouseMove(toX, toY, held, keys);
+      });
   Settle();
 }
 
 void HeadlessUser::HoldButton() {
   buttonHeld_ = true;
-  PushMouse(&app::ChartWindow::OnLeftDown);
+  PushMouse([keys = heldKeys_](app::ChartWindow& chart, std::int32_t x, std::int32_t y) {
+    chart.OnLeftDown(x, y, keys);
+  });
   Settle();
 }
 

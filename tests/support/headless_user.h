@@ -44,6 +44,7 @@ class HeadlessUser final : public User {
   void DoubleClickRow(app::Control list, int row) override;
   void Scroll(app::Control bar, int code, int position = 0) override;
   void MoveMouse(int x, int y) override;
+  void HoldModifiers(const app::HeldKeys& keys) override { heldKeys_ = keys; }
   void HoldButton() override;
   void ReleaseButton() override;
   void RightClickChart(int x, int y) override;
@@ -114,6 +115,7 @@ class HeadlessUser final : public User {
   int mouseX_ = 0;                    // in the chart window
   int mouseY_ = 0;
   bool buttonHeld_ = false;  // the left one
+  app::HeldKeys heldKeys_;
   std::size_t questionsSeen_ = 0;
   std::deque<app::Answer> answersAtStart_;
 };

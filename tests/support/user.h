@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "app/chart/held_keys.h"
 #include "app/window/control_table.h"
 #include "app/window/ports.h"
 #include "tests/support/dialog_script.h"
@@ -64,6 +65,8 @@ class User {
   // The mouse on the chart, in the chart window's coordinates; points may lie beside it.
 
   virtual void MoveMouse(int x, int y) = 0;
+  /// These keys are held, from now on, by whatever the mouse does on the chart.
+  virtual void HoldModifiers(const app::HeldKeys& keys) = 0;
   /// The left button, where the mouse is.
   virtual void HoldButton() = 0;
   virtual void ReleaseButton() = 0;

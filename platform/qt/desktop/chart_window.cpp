@@ -1,5 +1,6 @@
 #include "platform/qt/desktop/chart_window.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,6 +25,10 @@ struct Point {
 Point UnitAt(QPointF position) {
   const QPoint point = QPointF(std::floor(position.x()), std::floor(position.y())).toPoint();
   return {point.x(), point.y()};
+}
+
+app::HeldKeys KeysHeldAt(const QInputEvent& event) {
+  return {(event.modifiers() & Qt::ControlModifier) != 0, (event.modifiers() & Qt::ShiftModifier) != 0};
 }
 
 }  // namespace
@@ -85,12 +90,12 @@ void ChartWindow::Area::mouseMoveEvent(QMouseEvent* event) {
   // While any button is down Qt sends moves from everywhere.
   if (!window_.captured_ && !rect().contains(event->position().toPoint())) return;
   const Point point = UnitAt(event->position());
-  window_.logic_->OnMouseMove(point.x, point.y, (event->buttons() & Qt::LeftButton) != 0);
+  window_.logic_->OnMouseMove(point.x, point.y, (event->buttons() & Qt::LeftButton) != 0, KeysHeldAt(*event));
 }
 
 void ChartWindow::Area::mousePressEvent(QMouseEvent* event) {
   const Point point = UnitAt(event->position());
-  if (event->button() == Qt::LeftButton) window_.logic_->OnLeftDown(point.x, point.y);
+  if (event->button() == Qt::LeftButton) window_.logic_->OnLeftDown(point.x, point.y, KeysHeldAt(*event));
   if (event->button() == Qt::RightButton) window_.logic_->OnRightDown(point.x, point.y);
 }
 
@@ -171,6 +176,10 @@ bool ChartWindow::HasFocus() const {
 // asked for it.
 void ChartWindow::Capture() {
   captured_ = true;
+}
+
+double ChartWindow::DoubleClickSeconds() const {
+  return QApplication::doubleClickInterval() / 1000.0;
 }
 
 void ChartWindow::ReleaseCapture() {

@@ -44,6 +44,7 @@ class ChartWindow final : public UX::ChartWindowPort {
   bool HasFocus() const override;
   void Capture() override;
   void ReleaseCapture() override;
+  double DoubleClickSeconds() const override;
 
  private:
   class Area;
