@@ -245,4 +245,76 @@ void DeleteSteps(User& user, const Folders& folders) {
   EXPECT_FALSE(user.IsRunning());
 }
 
+void MoveSeveralSteps(User& user, const Folders& folders) {
+  user.Start();
+  Map map = ClearLane(user, 0);
+  const Map::Point morning = map.At(10, 0, 20.0F);
+  const Map::Point noon = map.At(13, 0, 50.0F);
+  const Map::Point evening = map.At(17, 0, 40.0F);
+  for (const Map::Point& point : {morning, noon, evening}) Click(user, point);
+  const std::filesystem::path file = folders.work / "several.xml";
+
+  // Two of them by Ctrl, dragged together by the second; the mouse begins on its marker's centre.
+  Click(user, morning);
+  user.HoldModifiers({.ctrl = true});
+  Click(user, noon);
+  user.HoldModifiers({});
+  EXPECT_THAT(user.Log(), HasSubstr("Selected steps: 2\r\n"));
+  const Map::Point moved = map.At(14, 0, 60.0F);
+  Drag(user, noon, moved);
+  EXPECT_THAT(user.Log(), HasSubstr("Moved steps: 2\r\n"));
+  SaveAs(user, file);
+  std::vector<std::string> steps = SavedSteps(file, 0);
+  ASSERT_EQ(steps.size(), 5U);
+  EXPECT_EQ(steps[2], map.StepAt(moved));
+  EXPECT_EQ(steps[3], map.StepAt(evening));
+  EXPECT_NE(steps[1], map.StepAt(morning)) << "it went with the other one";
+
+  // A frame around the evening takes it in, too, and an arrow moves all three.
+  user.HoldModifiers({.ctrl = true});
+  Drag(user, map.At(16, 0, 10.0F), map.At(18, 0, 90.0F));
+  user.HoldModifiers({});
+  const std::string before = map.StepAt(evening);
+  user.PressKey(key::kUp);
+  SaveAs(user, file);
+  steps = SavedSteps(file, 0);
+  ASSERT_EQ(steps.size(), 5U);
+  EXPECT_EQ(std::stoi(steps[3].substr(6)), std::stoi(before.substr(6)) + 1);
+  EXPECT_NE(steps[2], map.StepAt(moved));
+
+  // All of the channel: but for two they go, and come back.
+  user.PressKey('A', true);
+  user.PressKey(key::kDelete);
+  EXPECT_THAT(user.Log(), HasSubstr("Deleted steps: 3. Current number of steps: "));
+  SaveAs(user, file);
+  EXPECT_EQ(SavedSteps(file, 0).size(), 2U);
+  user.PressKey('Z', true);
+  SaveAs(user, file);
+  EXPECT_EQ(SavedSteps(file, 0), steps);
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
+void WorkWithACarefulMouse(User& user, const Folders& folders) {
+  user.Start();
+  ASSERT_TRUE(user.Choose(command::kCarefulMouse));
+  EXPECT_TRUE(user.MenuItem(command::kCarefulMouse).checked);
+  Map map = ClearLane(user, 0);
+  const Map::Point noon = map.At(12, 0, 50.0F);
+  user.Wait(1.0);
+  Click(user, noon);
+  EXPECT_EQ(CountOf(user.Log(), "Added new step "), 0);
+  user.Wait(1.0);
+  Click(user, noon);
+  Click(user, noon);
+  EXPECT_EQ(CountOf(user.Log(), "Added new step "), 1);
+  user.Wait(1.0);
+  user.DragOnChart(noon.x, noon.y, noon.x + 3, noon.y + 3);
+  const std::filesystem::path file = folders.work / "careful.xml";
+  SaveAs(user, file);
+  EXPECT_THAT(SavedSteps(file, 0), ElementsAre("08:00 0", map.StepAt(noon), "22:00 0"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
 }  // namespace scripts

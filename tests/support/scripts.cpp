@@ -291,6 +291,8 @@ constexpr Script kScripts[] = {
     {"GetBackWhatCouldNotBeSaved", GetBackWhatCouldNotBeSaved},
     {"TheFirstFiveMinutes", TheFirstFiveMinutes},
     {"DrawADay", DrawADay},
+    {"MoveSeveralSteps", MoveSeveralSteps},
+    {"WorkWithACarefulMouse", WorkWithACarefulMouse},
     {"DeleteSteps", DeleteSteps},
     {"EditByMenu", EditByMenu},
     {"MoveTheViewByKeys", MoveTheViewByKeys},
