@@ -17,6 +17,16 @@ void FollowStep(StepSelection& selection, std::uint32_t id) {
   if (place.step >= 0) selection.step = place.step;
 }
 
+// The action may change the step, but not its number.
+template <class Action>
+void ForEachSelectedStep(const StepSelection& selection, const StepGroup& group, const Action& action) {
+  if (SelectedStep(selection) == nullptr) return;
+  for (Channel& channel : CurrentMode(selection.document).channels) {
+    for (Step& step : channel)
+      if (IsStepSelected(selection, group, step)) action(step);
+  }
+}
+
 }  // namespace
 
 bool StepGroup::Holds(std::uint32_t id) const {
@@ -50,12 +60,7 @@ bool IsStepSelected(const StepSelection& selection, const StepGroup& group, cons
 
 std::vector<std::uint32_t> SelectedStepIds(const StepSelection& selection, const StepGroup& group) {
   std::vector<std::uint32_t> ids;
-  const Step* const selected = SelectedStep(selection);
-  if (selected == nullptr) return ids;
-  for (const Channel& channel : CurrentMode(selection.document).channels) {
-    for (const Step& step : channel)
-      if (IsStepSelected(selection, group, step)) ids.push_back(step.id);
-  }
+  ForEachSelectedStep(selection, group, [&ids](const Step& step) { ids.push_back(step.id); });
   std::ranges::sort(ids);
   return ids;
 }
@@ -92,20 +97,14 @@ StepsDeleted DeleteSelectedSteps(StepSelection& selection, StepGroup& group) {
 }
 
 void SetSelectedJumps(const StepSelection& selection, const StepGroup& group, bool jump) {
-  const std::vector<std::uint32_t> ids = SelectedStepIds(selection, group);
-  if (ids.empty()) return;
-  for (Channel& channel : CurrentMode(selection.document).channels) {
-    for (Step& step : channel)
-      if (std::ranges::binary_search(ids, step.id)) step.jump = jump;
-  }
+  ForEachSelectedStep(selection, group, [jump](Step& step) { step.jump = jump; });
 }
 
 StepMove::StepMove(const StepSelection& selection, const StepGroup& group) {
-  for (const std::uint32_t id : SelectedStepIds(selection, group)) {
-    const StepIndex place = FindStep(selection.document, id);
-    const Step& step = *SelectedStep({selection.document, place.channel, place.step});
-    origins_.push_back({id, MinuteOfDay(step), step.value});
-  }
+  ForEachSelectedStep(selection, group, [this](const Step& step) {
+    origins_.push_back({step.id, MinuteOfDay(step), step.value});
+  });
+  std::ranges::sort(origins_, {}, &Origin::id);
 }
 
 void StepMove::MoveTo(StepSelection& selection, std::int64_t minutes, float value) const {

@@ -43,9 +43,15 @@ class ChartRandom : public ChartTest {
     return {Below(940) - 20, Below(640) - 20};
   }
 
+  app::HeldKeys Keys() { return {.ctrl = OneIn(4), .shift = OneIn(6)}; }
+
   void Gesture() {
     const auto [x, y] = Point();
-    switch (Below(5)) {
+    const app::HeldKeys keys = Keys();
+    switch (Below(6)) {
+      case 5:
+        user.State().chartInput.SelectAllSteps();
+        return;
       case 0:
         Chart().OnKeyDown(kKeys[Below(std::size(kKeys))]);
         return;
@@ -63,19 +69,22 @@ class ChartRandom : public ChartTest {
         Chart().OnRightUp(x, y);
         return;
       default:
-        Chart().OnMouseMove(x, y, OneIn(10));
-        Chart().OnLeftDown(x, y);
+        Chart().OnMouseMove(x, y, OneIn(10), keys);
+        Chart().OnLeftDown(x, y, keys);
     }
     for (int moves = Below(4); moves > 0; --moves) {
       const auto [toX, toY] = Point();
-      Chart().OnMouseMove(toX, toY, !OneIn(10));
+      Chart().OnMouseMove(toX, toY, !OneIn(10), OneIn(10) ? Keys() : keys);
     }
     if (OneIn(10)) user.GetDesktop().chart.LoseCapture();
     if (!OneIn(10)) Chart().OnLeftUp(x, y);
   }
 
   void Other() {
-    switch (Below(6)) {
+    switch (Below(7)) {
+      case 6:
+        user.GetSettings().SetOn(app::kCarefulMouseSetting, OneIn(2));
+        return;
       case 0:
         GivenDemoAt(OneIn(2) ? Below(86400) : -1);
         return;
@@ -107,6 +116,7 @@ class ChartRandom : public ChartTest {
         ASSERT_TRUE(step.hour >= 0 && step.hour < 24 && step.minute >= 0 && step.minute < 60) << Told(lane);
         ASSERT_TRUE(step.value >= 0.0F && step.value <= 100.0F) << Told(lane);
       }
+      ASSERT_TRUE(Channel(lane).size() >= kMinChannelSteps) << Told(lane);
       ASSERT_TRUE(
           std::is_sorted(Channel(lane).begin(), Channel(lane).end(),
                          [](const Step& a, const Step& b) { return MinuteOfDay(a) < MinuteOfDay(b); }))
@@ -131,8 +141,12 @@ TEST_F(ChartRandom, WholeGesturesCanAllBeUndone) {
     const auto [x, y] = Point();
     const auto [toX, toY] = Point();
     const int pressed = kKeys[Below(std::size(kKeys))];
+    if (OneIn(20)) user.State().chartInput.SelectAllSteps();
     if (OneIn(2)) {
-      Drag(x, y, toX, toY);
+      const app::HeldKeys keys = Keys();
+      Chart().OnLeftDown(x, y, keys);
+      Chart().OnMouseMove(toX, toY, true, keys);
+      Release();
     } else {
       Chart().OnKeyDown(pressed);
       Chart().OnKeyUp(pressed);
@@ -189,6 +203,9 @@ TEST_F(ChartRandom, ChannelsOfTenThousandStepsDoNoHarm) {
     Chart().OnMouseMove(x, y, false);
     Chart().OnRightDown(x, y);
   }
+  Drag(450, 60, 460, 70);
+  user.State().chartInput.SelectAllSteps();
+  user.State().chartInput.SelectAllSteps();
   Drag(450, 60, 460, 70);
   EXPECT_LE(CountModeSteps(Mode()), kMaxModeSteps) << "the release brings the mode within the limit";
 }
