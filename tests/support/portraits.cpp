@@ -211,7 +211,12 @@ bool Photographer::TakeGuide() {
   sitter_.Choose(command::kUploadProgram);
   if (!Take("upload")) return false;
   sitter_.Choose(command::kToggleJump);
-  return Take("jump");
+  if (!Take("jump")) return false;
+  sitter_.Choose(command::kCompareWithSaved);
+  if (!Take("compare")) return false;
+  sitter_.Choose(command::kCompareWithSaved);
+  sitter_.Choose(command::kSelectAllSteps);
+  return Take("several");
 }
 
 }  // namespace
