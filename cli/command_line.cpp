@@ -41,8 +41,8 @@ Exit status: 0 done, 1 the device operation failed or was stopped, 2 wrong usage
 4 a file that cannot be read or written.)";
 
 const Command* const kCommands[] = {
-    &kInfo, &kCurve,  &kNew,  &kEdit,     &kConvert, &kRender,    &kFrames,   &kDevices,
-    &kScan, &kUpload, &kDemo, &kSyncTime, &kClear,   &kWifiSetup, &kUsbSetup, &kDoctor,
+    &kInfo,   &kCurve, &kNew,      &kEdit,  &kConvert,   &kRender,   &kFrames, &kDevices,  &kScan,
+    &kUpload, &kDemo,  &kSyncTime, &kClear, &kWifiSetup, &kUsbSetup, &kDoctor, &kGenerate, &kPlaces,
 };
 
 bool IsCommand(const std::string& word) {
@@ -79,14 +79,7 @@ ExitStatus ParseAndRun(const std::vector<std::string>& arguments, MessageLanguag
       ->type_name("ID");
 
   Run chosen;
-  for (const Command* const command : kCommands) {
-    CLI::App* const subcommand = app.add_subcommand(command->name, command->summary);
-    subcommand->footer(command->examples);
-    // --language may stand behind the command, too.
-    subcommand->fallthrough();
-    Run run = command->declare(*subcommand);
-    subcommand->final_callback([&chosen, run = std::move(run)] { chosen = run; });
-  }
+  for (const Command* const command : kCommands) AddCommand(app, *command, chosen);
 
   if (IsCompletion(arguments)) {
     const std::vector<std::string> typed(arguments.begin() + 2, arguments.end());

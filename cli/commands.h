@@ -14,6 +14,10 @@ extern const Command kCurve;
 extern const Command kNew;
 extern const Command kEdit;
 
+// generate.cpp
+extern const Command kGenerate;
+extern const Command kPlaces;
+
 // convert.cpp
 extern const Command kConvert;
 

@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/options.h"
+#include "program/generate/place.h"
 #include "program/program.h"
 
 namespace cli {
@@ -63,7 +64,7 @@ Before Read(CLI::App& app, const std::vector<std::string>& words) {
   Before before{&app};
   for (const std::string& word : words) {
     if (std::exchange(before.awaiting, nullptr) != nullptr) continue;
-    CLI::App* const command = before.command == &app ? FindCommand(app, word) : nullptr;
+    CLI::App* const command = FindCommand(*before.command, word);
     if (before.onlyFiles || !word.starts_with('-')) {
       if (command != nullptr) {
         before.command = command;
@@ -138,10 +139,20 @@ std::string EndingsOf(CLI::Option& file) {
   }
 }
 
+void OfferPlaces(const std::string& before, Answer& answer) {
+  for (const auto& place : TCBase::Program::Generate::Places())
+    answer.Offer(before + place.name, place.country);
+}
+
 void OfferValues(const CLI::Option& option, const std::string& before,
                  const std::function<std::vector<std::string>()>& languages, Answer& answer) {
+  if (NameOf(option) == "--place") return OfferPlaces(before, answer);
   if (NameOf(option) != "--language") return OfferType(option.get_type_name(), before, answer);
   for (const std::string& language : languages()) answer.Offer(before + language);
+}
+
+bool HasCommands(CLI::App& app) {
+  return !app.get_subcommands([](CLI::App* each) { return !each->get_name().empty(); }).empty();
 }
 
 void OfferCommands(CLI::App& app, Answer& answer) {
@@ -175,8 +186,8 @@ CLI::Option* NextFile(const Before& before) {
 
 void OfferNext(CLI::App& app, const Before& before, Answer& answer) {
   CLI::Option* const file = NextFile(before);
-  if (before.command == &app && !before.onlyFiles) {
-    OfferCommands(app, answer);
+  if (HasCommands(*before.command) && !before.onlyFiles) {
+    OfferCommands(*before.command, answer);
   } else if (file != nullptr) {
     answer.OfferFile(EndingsOf(*file));
   } else if (!before.onlyFiles) {

@@ -1,13 +1,29 @@
 #include "cli/program_argument.h"
 
 #include <charconv>
+#include <filesystem>
+#include <system_error>
 
 #include "cli/options.h"
 #include "common/files.h"
 #include "common/message.h"
+#include "common/platform.h"
+#include "program/generate/season.h"
 #include "program/program_file.h"
 
 namespace cli {
+
+namespace {
+
+// What `generate season` has written into a folder for this week, or else the path itself.
+std::filesystem::path ThisWeeksFile(const std::filesystem::path& path) {
+  using namespace TCBase::Program::Generate;
+  const std::filesystem::path file = path / WeekFileName(WeekOfYear(DateOf(platform::LocalTime())));
+  std::error_code error;
+  return std::filesystem::is_regular_file(file, error) ? file : path;
+}
+
+}  // namespace
 
 void DeclareFile(CLI::App& app, ProgramArgument& argument) {
   app.add_option("FILE", argument.file, "The program file")
@@ -32,7 +48,7 @@ void DeclareMode(CLI::App& app, ProgramArgument& argument, bool required) {
 
 ExitStatus LoadArgument(const Session& session, const ProgramArgument& argument,
                         TCBase::Program::ModeListView& document) {
-  if (!LoadProgram(PathFromUtf8(argument.file), document))
+  if (!LoadProgram(ThisWeeksFile(PathFromUtf8(argument.file)), document))
     return session.Fail(ExitStatus::FileFailed,
                         Message("{1} cannot be read, or is no light program", argument.file).utf8());
   const std::size_t count = document.modes.size();

@@ -20,7 +20,8 @@ void DeclareFile(CLI::App& app, ProgramArgument& argument);
 std::string CheckModeNumber(const std::string& text);
 void DeclareMode(CLI::App& app, ProgramArgument& argument, bool required);
 
-/// Loads the file and makes the mode the current one. Anything but Success has been explained.
+/// Loads the file, or of a folder with the programs of a season that of this week, and makes the mode the
+/// current one. Anything but Success has been explained.
 ExitStatus LoadArgument(const Session& session, const ProgramArgument& argument,
                         TCBase::Program::ModeListView& document);
 

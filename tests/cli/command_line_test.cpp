@@ -13,9 +13,9 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kCommands[] = {"info",   "curve",      "new",       "edit",   "convert", "render",
-                                     "frames", "devices",    "scan",      "upload", "demo",    "sync-time",
-                                     "clear",  "wifi-setup", "usb-setup", "doctor"};
+constexpr const char* kCommands[] = {"info",   "curve",      "new",       "edit",   "convert",  "render",
+                                     "frames", "devices",    "scan",      "upload", "demo",     "sync-time",
+                                     "clear",  "wifi-setup", "usb-setup", "doctor", "generate", "places"};
 
 class CommandLineTest : public CommandTest {};
 
@@ -42,6 +42,11 @@ TEST_F(CommandLineTest, EveryCommandTeachesByExample) {
     EXPECT_THAT(outcome.out, testing::AnyOf(HasSubstr("\n  lumarinectl " + command),
                                             HasSubstr("\n  sudo lumarinectl " + command)));
     help += Transcript(command + " --help", outcome);
+  }
+  for (const std::string kind : {"sun", "moon", "ramp", "acclimation", "season"}) {
+    const Outcome outcome = Run({"generate", kind, "--help"});
+    EXPECT_THAT(outcome.out, HasSubstr("\n  lumarinectl generate " + kind));
+    help += Transcript("generate " + kind + " --help", outcome);
   }
   golden::Expect("tests/cli/golden/help.txt", help);
 }
@@ -97,6 +102,31 @@ TEST_F(CommandLineTest, WrongUsageSaysWhatIsWrongAndHowToLearnMore) {
       {{"demo", "@tank.xml", "--device", "emulator", "--mode", "3"}, "there is no mode 3"},
       {{"sync-time", "--device", "emulator", "--time", "2026-02-30 10:00:00"}, "2026-02-30 10:00:00"},
       {{"clear"}, "--device is required"},
+      {{"generate"}, "A subcommand is required"},
+      {{"generate", "mars"}, "A subcommand is required"},
+      {{"generate", "sun"}, "--place"},
+      {{"generate", "sun", "--place", "Atlantis"}, "lumarinectl places"},
+      {{"generate", "sun", "--at", "91,0"}, "a latitude from -90 to 90"},
+      {{"generate", "sun", "--at", "nan,0"}, "a latitude from -90 to 90"},
+      {{"generate", "sun", "--at", "0,0", "--date", "2026-02-30"}, "a date from 1950 to 2099"},
+      {{"generate", "sun", "--at", "0,0", "--date", "1800-01-01"}, "a date from 1950 to 2099"},
+      {{"generate", "sun", "--at", "0,0", "--levels", "1,2,3"}, "one percent, or five"},
+      {{"generate", "sun", "--at", "0,0", "--levels", "nan"}, "one percent, or five"},
+      {{"generate", "sun", "--at", "0,0", "--moon", "6=20"}, "a channel from 1 to 5"},
+      {{"generate", "sun", "--at", "0,0", "--hours", "10-22"}, "two times"},
+      {{"generate", "sun", "--at", "0,0", "--hours", "10:00-22:00", "--begin", "10:00"}, "excludes"},
+      {{"generate", "sun", "--at", "0,0", "--twilight", "dim"}, "none, civil or nautical"},
+      {{"generate", "sun", "--at", "0,0", "--utc-offset", "16:00"}, "an offset of at most 15 hours"},
+      {{"generate", "sun", "--at", "0,0", "--rows", "49"}, "--rows"},
+      {{"generate", "sun", "--at", "0,0", "@out.xml", "--mode", "1"}, "requires --program"},
+      {{"generate", "ramp", "--stagger", "121"}, "--stagger"},
+      {{"generate", "ramp", "--break-level", "40"}, "requires --break"},
+      {{"generate", "acclimation", "@tank.xml"}, "OUT is required"},
+      {{"generate", "acclimation", "@tank.xml", "@out.xml", "--days", "0"}, "--days"},
+      {{"generate", "acclimation", "@tank.xml", "@out.xml", "--mode", "3"}, "there is no mode 3"},
+      {{"generate", "season"}, "FOLDER is required"},
+      {{"generate", "season", "@out.xml", "--at", "0,0", "--year", "1900"}, "--year"},
+      {{"places", "Atlantis"}, "there is no place or country"},
   };
   for (const Row& row : rows) {
     const Outcome outcome = Run(row.words);

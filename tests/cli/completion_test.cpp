@@ -97,6 +97,22 @@ TEST_F(CompletionTest, ChannelsAreCounted) {
   EXPECT_THAT(Offered({"edit", "--power", "5="}), IsEmpty());
 }
 
+TEST_F(CompletionTest, ACommandMayHaveCommands) {
+  EXPECT_THAT(Offered({"generate", ""}), ElementsAre("sun", "moon", "ramp", "acclimation", "season"));
+  EXPECT_THAT(Offered({"generate", "se"}), ElementsAre("season"));
+  EXPECT_THAT(Lines({"generate", "acclimation", ""}), ElementsAre("/\t.xml"));
+  EXPECT_THAT(Offered({"generate", "sun", "--tw"}), ElementsAre("--twilight"));
+  EXPECT_THAT(Offered({"generate", "sun", "--twilight", ""}), ElementsAre("none", "civil", "nautical"));
+  EXPECT_THAT(Offered({"generate", "moon", "--moon", ""}), ElementsAre("1=", "2=", "3=", "4=", "5="));
+  EXPECT_THAT(Offered({"generate", "moon", "sun", "--fo"}), ElementsAre("--force"))
+      << "a file may be called so";
+}
+
+TEST_F(CompletionTest, PlacesAreThoseThatThereAre) {
+  EXPECT_THAT(Lines({"generate", "sun", "--place", "Europe/Berl"}), ElementsAre("Europe/Berlin\tGermany"));
+  EXPECT_THAT(Offered({"generate", "season", "--place=Europe/Berl"}), ElementsAre("--place=Europe/Berlin"));
+}
+
 TEST_F(CompletionTest, LanguagesAreThoseThatThereAre) {
   GivenTranslations(
       "<localisation><languages><language id='de'/><language id='fr01'/><language id='fr'/></languages>"
