@@ -115,6 +115,26 @@ for example in made/*.xml; do
   check "$(basename "$example") is what the recipe makes" cmp "$example" "$source/examples/$(basename "$example")"
 done
 
+# --- days that nature makes
+
+days=0
+for day in "sun --place Europe/Berlin --moon 5=20" "sun --at -18.3,147.7 --hours 10:00-22:00" "sun --at 78.2,15.6" \
+  "moon" "ramp --break 13:00-15:00 --stagger 10"; do
+  read -ra words <<<"$day"
+  name=day-${words[0]}-$((++days))
+  exits "generate $day" 0 generate "${words[@]}" "$name.xml" --date 2026-12-21
+  cp out.txt "$outdir/$name.txt"
+  cp "$name.xml" "$outdir/"
+done
+exits "generate acclimation" 0 generate acclimation reef-day.xml day-3.xml --day 3
+cp day-3.xml "$outdir/"
+exits "generate season" 0 generate season season --place Manaus --year 2026
+cp -r season "$outdir/"
+check "a season has 52 programs" test "$(ls season | wc -l)" = 52
+exits "a season is not overwritten" 2 generate season season --place Manaus --year 2026
+exits "places" 0 places
+cp out.txt "$outdir/places.txt"
+
 # --- files of other tools
 
 for program in built-in reef-day planted-tank seedling-bed hostile; do

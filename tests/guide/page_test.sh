@@ -128,13 +128,18 @@ tells() {
 }
 # options COMMAND...
 options() { "$lumarinectl" "$@" --help | grep -oE '^ +(-h,)?--[a-z0-9-]+' | grep -oE -- '--[a-z0-9-]+' | grep -vx -- --help; }
-commands=$("$lumarinectl" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p')
-check "there are commands" test "$(wc -w <<<"$commands")" -gt 10
+# commands_below COMMAND...
+commands_below() { "$lumarinectl" "$@" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p'; }
+mapfile -t commands < <(for command in $(commands_below); do
+  echo "$command" && commands_below "$command" | sed "s/^/$command /"
+done)
+check "there are commands" test "${#commands[@]}" -gt 10
 {
   for option in $(options) --help; do tells "lumarinectl" "$option" || echo "$option"; done
-  for command in $commands; do
+  for command in "${commands[@]}"; do
     tells "$command" || echo "$command"
-    for option in $(options "$command"); do tells "$command" "$option" || echo "$command $option"; done
+    # shellcheck disable=SC2086  # a command may be two words
+    for option in $(options $command); do tells "$command" "$option" || echo "$command $option"; done
   done
 } >found.txt
 holds "every command and every option is told" found.txt
