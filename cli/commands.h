@@ -10,6 +10,9 @@ namespace cli {
 extern const Command kInfo;
 extern const Command kCurve;
 
+// figures.cpp
+extern const Command kFigures;
+
 // edit.cpp
 extern const Command kNew;
 extern const Command kEdit;

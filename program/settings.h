@@ -4,9 +4,10 @@
 // back when it ends. Values are text, and an empty one means the same as an absent one. What other running
 // copies of the program have written meanwhile stays: only what this one changed goes into the file.
 //
-// Keys: "locale", "last_open_file" (UTF-8), "demo_speed" (seconds), "logging" and "careful_mouse" ("on" or
-// "off"); for each
-// device, told apart by the device's name for itself: "device" (the name shown) and "device_description".
+// Keys: "locale", "last_open_file" (UTF-8), "demo_speed" (seconds), "logging", "careful_mouse" and
+// "light_strip" ("on" or "off"), "lamp_watts" and "lamp_par" (five numbers with semicolons between them),
+// "electricity_price", "figures_level" (percent); for each device, told apart by the device's name for
+// itself: "device" (the name shown) and "device_description".
 
 #include <cstdint>
 #include <filesystem>

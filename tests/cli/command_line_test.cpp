@@ -13,9 +13,10 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kCommands[] = {"info",   "curve",      "new",       "edit",   "convert",  "render",
-                                     "frames", "devices",    "scan",      "upload", "demo",     "sync-time",
-                                     "clear",  "wifi-setup", "usb-setup", "doctor", "generate", "places"};
+constexpr const char* kCommands[] = {"info",   "curve",     "new",     "edit",       "convert",
+                                     "render", "frames",    "devices", "scan",       "upload",
+                                     "demo",   "sync-time", "clear",   "wifi-setup", "usb-setup",
+                                     "doctor", "generate",  "places",  "figures"};
 
 class CommandLineTest : public CommandTest {};
 

@@ -81,6 +81,10 @@ for program in built-in reef-day planted-tank seedling-bed hostile; do
   cp out.txt "$outdir/$program.info.json"
   exits "curve $program" 0 curve $program.xml --mode 2
   cp out.txt "$outdir/$program.curve.csv"
+  exits "figures $program" 0 figures $program.xml --mode 2 --watts 24,24,12.5,6,6 --price 0.32 --par 180,120 --level 50
+  cp out.txt "$outdir/$program.figures.txt"
+  exits "figures --json $program" 0 figures $program.xml --mode 1 --watts 24,24 --json
+  cp out.txt "$outdir/$program.figures.json"
   exits "frames $program" 0 frames $program.xml --model tc420
   cp out.txt "$outdir/$program.frames.txt"
 done
