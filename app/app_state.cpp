@@ -10,6 +10,7 @@ AppState::AppState(const Shell& shell)
       window_(shell.mainWindow),
       settings_(shell.settings) {
   chartOverlay.comparison.saved = &savedProgram.copy;
+  chartLayout.ShowStrip(settings_.IsOn(Settings::kLightStrip));
 }
 
 void AppState::BuildControls(const Shell& shell, std::span<const Command> commands) {

@@ -146,6 +146,8 @@ constexpr Command kCommands[] = {
      .beginsGroup = true, .handler = CompareWithSaved, .refreshes = part::kChart},
     {.number = command::kCompareWithThis, .text = TextKey("Compare others with this mode"), .menu = menu::kMode,
      .handler = CompareWithThis, .refreshes = part::kChart},
+    {.number = command::kLightStrip, .text = TextKey("Show light strip"), .menu = menu::kMode,
+     .setting = Settings::kLightStrip, .handler = ToggleLightStrip, .refreshes = part::kRenderer | part::kChart},
 
     // Language: which others there are is up to the translations.
     {.number = command::kEnglish, .lastNumber = command::kLastLanguage, .text = TextKey("English"),

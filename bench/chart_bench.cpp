@@ -27,6 +27,7 @@ class IdleCanvas final : public UX::Canvas {
   void Stroke(const UX::Shape&, UX::Brush, float) override { ++operations; }
   void FillFigure(const UX::Figure&, UX::Brush) override { ++operations; }
   void StrokeFigure(const UX::Figure&, UX::Brush, float) override { ++operations; }
+  void FillColumns(const UX::Rectangle&, std::span<const UX::Color>) override { ++operations; }
   UX::TextSize LayOutText(UX::TextFormat, std::string_view text, const UX::TextSize& limits) override {
     return chart_test::MeasureText(font_, text, limits);
   }

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <variant>
 
@@ -138,6 +139,9 @@ class Canvas {
   virtual void Stroke(const Shape& shape, Brush brush, float width) = 0;
   virtual void FillFigure(const Figure& figure, Brush brush) = 0;
   virtual void StrokeFigure(const Figure& figure, Brush brush, float width) = 0;
+  /// Fills a box of some size with columns of equal width, opaque, the first colour at the left. There is at
+  /// least one, and nothing shows between two. The transform must not scale.
+  virtual void FillColumns(const Rectangle& box, std::span<const Color> colors) = 0;
 
   /// Sets a text (UTF-8, lines ended by LF), broken at `limits.width`. The size is that of the text as laid
   /// out, which can be larger than the limits.

@@ -76,7 +76,7 @@ void DrawSelectionFrame(Canvas& canvas, const Rect& frame) {
 }  // namespace
 
 ChartDrawing::ChartDrawing(const ChartScene& scene)
-    : scene_(scene), lanes_(scene), cursorLabels_(scene), popups_(scene), demoCursor_(scene) {}
+    : scene_(scene), lanes_(scene), strip_(scene), cursorLabels_(scene), popups_(scene), demoCursor_(scene) {}
 
 void ChartDrawing::Rebuild(Canvas& canvas) {
   SetBrushes(canvas, scene_.program);
@@ -94,6 +94,7 @@ void ChartDrawing::Draw(Canvas& canvas) {
   // Asked for once, so that all that stands at it stands together.
   const Point follower = follower_.Position();
   canvas.SetTransform(kIdentity);
+  strip_.Draw(canvas);
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) lanes_.DrawBackground(canvas, lane);
   cursorLabels_.DrawCursorLabels(canvas, follower);
   for (std::int32_t lane = 0; lane < kChannelCount; ++lane) {

@@ -10,6 +10,7 @@
 #include "chart/cursor_labels.h"
 #include "chart/demo_cursor.h"
 #include "chart/lane_drawing.h"
+#include "chart/light_strip.h"
 #include "chart/renderer_base.h"
 #include "chart/step_popups.h"
 
@@ -37,6 +38,7 @@ class ChartDrawing {
  private:
   const ChartScene scene_;
   LaneDrawing lanes_;
+  LightStrip strip_;
   CursorFollower follower_;
   CursorLabels cursorLabels_;
   StepPopups popups_;

@@ -22,6 +22,7 @@ constexpr std::int32_t kLeftColumn = 120;
 constexpr std::int32_t kTopStrip = 30;
 constexpr std::int32_t kBelowChart = 166;
 constexpr std::int32_t kMargin = 10;
+constexpr std::int32_t kStripHeight = 16;
 
 bool IsLane(std::int32_t index) {
   return index >= 0 && index < kChannelCount;
@@ -49,8 +50,18 @@ ChartLayout::ChartLayout(const double& now)
 
 void ChartLayout::Update(std::int32_t clientWidth, std::int32_t clientHeight) {
   clientRect = {0, 0, clientWidth, clientHeight};
-  chartRect = {kMargin, kMargin, clientWidth - kLeftColumn - 2 * kMargin,
-               clientHeight - kBelowChart - 2 * kMargin};
+  PlaceLanes();
+}
+
+void ChartLayout::ShowStrip(bool shown) {
+  showsStrip_ = shown;
+  PlaceLanes();
+}
+
+void ChartLayout::PlaceLanes() {
+  const std::int32_t above = kMargin + (showsStrip_ ? kStripHeight + kLaneGap : 0);
+  chartRect = {kMargin, above, clientRect.width - kLeftColumn - 2 * kMargin,
+               clientRect.height - kBelowChart - above - kMargin};
   collapsedHeight = chartRect.height / kCollapsedLanes;
   Reflow();
 }
@@ -102,6 +113,11 @@ std::int32_t ChartLayout::LaneAt(std::int32_t x, std::int32_t y) const {
     top += height + kLaneGap;
   }
   return -1;
+}
+
+Rect ChartLayout::StripRect() const {
+  if (!showsStrip_) return {};
+  return {chartRect.x, kMargin, chartRect.width, kStripHeight};
 }
 
 Rect ChartLayout::LaneStrip() const {

@@ -28,6 +28,10 @@ class ChartLayout {
   /// Takes over the size of the main window's client area.
   void Update(std::int32_t clientWidth, std::int32_t clientHeight);
 
+  /// Makes room for the strip of mixed light above the lanes, or gives it back to them. There is none at
+  /// first.
+  void ShowStrip(bool shown);
+
   /// Enlarges a lane. Nothing happens, and no motion starts over, for a lane that is enlarged already and for
   /// a number that is no lane.
   void FocusLane(std::int32_t index);
@@ -41,6 +45,9 @@ class ChartLayout {
   Rect LaneRect(std::int32_t index);
   /// The lane that holds a point, or -1. Lanes are taken to be where they are gliding to.
   std::int32_t LaneAt(std::int32_t x, std::int32_t y) const;
+  /// Where the strip of mixed light is, in the chart window's coordinates; without a size where it is not
+  /// shown, or where there is no room.
+  Rect StripRect() const;
   /// Where balloons stay and a demo's cursor runs: as wide as the lanes and as high as the chart's window, in
   /// the chart window's coordinates.
   Rect LaneStrip() const;
@@ -61,7 +68,10 @@ class ChartLayout {
   Rect chartRect;  // that the lanes share, in the chart window's coordinates
 
  private:
+  void PlaceLanes();
   void Reflow();
+
+  bool showsStrip_ = false;
 };
 
 // Conversions between a point of a lane and what it stands for, over the stretch of the day that the document

@@ -30,6 +30,7 @@ struct RenderArguments {
   int height = 600;
   std::string scale = "1";
   std::string time;
+  bool strip = false;
 };
 
 template <class Number>
@@ -101,11 +102,12 @@ ExitStatus Render(const Session& session, const RenderArguments& arguments) {
   if (loaded != ExitStatus::Success) return loaded;
 
   const auto minute = ParseTimeOfDay(arguments.time);
-  return Explain(session, platform::RunHelper(
-                              "lumarine-render",
-                              {arguments.program.file, std::to_string(arguments.program.mode), arguments.out,
-                               format, std::to_string(arguments.width), std::to_string(arguments.height),
-                               arguments.scale, minute ? std::to_string(*minute) : "-"}));
+  return Explain(session,
+                 platform::RunHelper(
+                     "lumarine-render",
+                     {arguments.program.file, std::to_string(arguments.program.mode), arguments.out, format,
+                      std::to_string(arguments.width), std::to_string(arguments.height), arguments.scale,
+                      minute ? std::to_string(*minute) : "-", arguments.strip ? "strip" : "-"}));
 }
 
 void DeclareSize(CLI::App& app, const char* option, int& size, const char* what) {
@@ -129,6 +131,7 @@ Run DeclareRender(CLI::App& app) {
   app.add_option("--time", arguments->time, "Show what shines at this time")
       ->check(CLI::Validator(CheckTimeOfDay, ""))
       ->type_name("HH:MM");
+  app.add_flag("--strip", arguments->strip, "Show the light of all channels together above them");
   return [arguments](Session& session) { return Render(session, *arguments); };
 }
 

@@ -34,6 +34,9 @@ class Settings {
 
   static constexpr char16_t fileName[] = u"LumarineConfig.xml";
 
+  /// Choices for IsOn and SetOn.
+  static constexpr std::string_view kLightStrip = "light_strip";
+
   /// The one of the process, from `fileName` in the Documents folder. It is built at the first call, saved at
   /// the process's regular end, and never destroyed. A crash loses the changes of the run.
   static Settings& Instance();

@@ -26,4 +26,12 @@ Changed Pan(CommandContext& context, std::int32_t seconds) {
   return Changed::Yes;
 }
 
+Changed ToggleLightStrip(CommandContext& context) {
+  Settings& settings = context.shell.settings;
+  const bool shown = !settings.IsOn(Settings::kLightStrip);
+  settings.SetOn(Settings::kLightStrip, shown);
+  context.state.chartLayout.ShowStrip(shown);
+  return Changed::Yes;
+}
+
 }  // namespace app

@@ -14,4 +14,7 @@ Changed ShowWholeDay(CommandContext& context);
 /// A distance that leads off the day stops at its end.
 Changed Pan(CommandContext& context, std::int32_t seconds);
 
+/// Shows the strip of mixed light, or takes it away.
+Changed ToggleLightStrip(CommandContext& context);
+
 }  // namespace app

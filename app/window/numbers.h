@@ -64,6 +64,7 @@ inline constexpr int kAlign30 = 32936;
 inline constexpr int kAlign60 = 32937;
 inline constexpr int kCompareWithSaved = 33013;
 inline constexpr int kCompareWithThis = 33014;
+inline constexpr int kLightStrip = 33015;
 // Language: English, and from kFirstLanguage on the others by their place among the translations.
 inline constexpr int kEnglish = 32796;
 inline constexpr int kFirstLanguage = 32797;

@@ -11,6 +11,7 @@ namespace win32 {
 namespace {
 
 constexpr float kBrightest = 255.0F;
+constexpr UINT32 kOpaque = 0xFF000000;
 
 D2D1_POINT_2F At(const UX::Point& point) {
   return {point.x, point.y};
@@ -85,6 +86,7 @@ void D2DCanvas::MakeTarget(HWND window, UINT dpi) {
       D2D1_PRESENT_OPTIONS_NONE};
   // One target at a time in a window.
   labelContext_.Reset();
+  columns_.Reset();
   target_.Reset();
   ThrowIfFailed(factory_->CreateHwndRenderTarget(properties, place, target_.GetAddressOf()));
   drawn_ = target_.Get();
@@ -160,6 +162,25 @@ void D2DCanvas::StrokeFigure(const UX::Figure& figure, UX::Brush brush, float wi
   if (const auto geometry = MakeGeometry(figure)) {
     drawn_->DrawGeometry(geometry.Get(), BrushOf(brush).Get(), width);
   }
+}
+
+void D2DCanvas::FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) {
+  columnPixels_.clear();
+  for (const UX::Color& color : colors) {
+    columnPixels_.push_back(kOpaque | static_cast<UINT32>(color.red) << 16 |
+                            static_cast<UINT32>(color.green) << 8 | color.blue);
+  }
+  const D2D1_SIZE_U size{static_cast<UINT32>(colors.size()), 1};
+  const UINT32 pitch = size.width * sizeof columnPixels_.front();
+  if (columns_ == nullptr || columns_->GetPixelSize().width != size.width) {
+    const D2D1_BITMAP_PROPERTIES properties{
+        {DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_PREMULTIPLIED}, 0.0F, 0.0F};
+    const HRESULT made =
+        target_->CreateBitmap(size, nullptr, 0, properties, columns_.ReleaseAndGetAddressOf());
+    if (FAILED(made)) return;
+  }
+  columns_->CopyFromMemory(nullptr, columnPixels_.data(), pitch);
+  drawn_->DrawBitmap(columns_.Get(), Edges(box), 1.0F, D2D1_BITMAP_INTERPOLATION_MODE_NEAREST_NEIGHBOR);
 }
 
 ComPtr<ID2D1PathGeometry> D2DCanvas::MakeGeometry(const UX::Figure& figure) const {

@@ -6,6 +6,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
+#include <vector>
 
 #include "chart/canvas.h"
 #include "chart/figure.h"
@@ -53,6 +55,7 @@ class D2DCanvas final : public UX::Canvas {
   void Stroke(const UX::Shape& shape, UX::Brush brush, float width) override;
   void FillFigure(const UX::Figure& figure, UX::Brush brush) override;
   void StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) override;
+  void FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) override;
   UX::TextSize LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) override;
   void DrawLayout(UX::Brush brush) override;
   /// What reaches beyond the window's size is cut off.
@@ -97,6 +100,8 @@ class D2DCanvas final : public UX::Canvas {
   std::array<Channel, TCBase::Program::kChannelCount> channels_;
   Bitmap hoursLabels_;
   std::array<Bitmap, 10> percentLabels_;
+  ComPtr<ID2D1Bitmap> columns_;       // of FillColumns, kept while their number stays
+  std::vector<UINT32> columnPixels_;  // 0xAARRGGBB, kept for its memory
 
   // While something is drawn.
   ID2D1RenderTarget* drawn_ = nullptr;       // the target, or the context of a label

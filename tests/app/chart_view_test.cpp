@@ -246,4 +246,19 @@ TEST_F(ChartView, CommandsOfTheViewRebuildAndWheelsOnlyRelayout) {
   EXPECT_THAT(NewJournal(), ElementsAre("renderer: relayout"));
 }
 
+TEST_F(ChartView, TheLightStripIsACommandThatTheNextRunRemembers) {
+  EXPECT_EQ(user.State().chartLayout.StripRect(), (Rect{}));
+  user.SendCommand(command::kLightStrip);
+  EXPECT_EQ(user.State().chartLayout.StripRect(), (Rect{10, 10, 884, 16}));
+  EXPECT_THAT(NewJournal(), testing::Contains("renderer: rebuild"));
+  user.Close();
+  GivenTheProgramRuns();
+  EXPECT_EQ(user.State().chartLayout.StripRect().height, 16);
+  user.SendCommand(command::kLightStrip);
+  EXPECT_EQ(user.State().chartLayout.StripRect(), (Rect{}));
+  user.Close();
+  GivenTheProgramRuns();
+  EXPECT_EQ(user.State().chartLayout.StripRect(), (Rect{}));
+}
+
 }  // namespace

@@ -194,6 +194,17 @@ TEST_F(MenuBar, MarksLogging) {
   EXPECT_FALSE(Menu().Find(command::kLogging)->checked);
 }
 
+TEST_F(MenuBar, MarksASettingThatIsOn) {
+  Bar().Refresh(-1, false);
+  EXPECT_FALSE(Menu().Find(command::kLightStrip)->checked);
+  user.GetSettings().SetOn(Settings::kLightStrip, true);
+  Bar().Refresh(-1, false);
+  EXPECT_TRUE(Menu().Find(command::kLightStrip)->checked);
+  user.GetSettings().SetOn(Settings::kLightStrip, false);
+  Bar().Refresh(-1, false);
+  EXPECT_FALSE(Menu().Find(command::kLightStrip)->checked);
+}
+
 TEST_F(MenuBar, MarksTheSpeed) {
   const std::pair<int, const char*> rows[] = {{60, "Fast (60 secs)"},
                                               {180, "Normal (180 secs)"},

@@ -41,7 +41,7 @@ TEST(MenuTable, HoldsTheMenusFromLeftToRight) {
                   "- 32929",
                   "Channel: 32930 - 32904 - 32908 32909 - 32897 32898 32907 - 32918 32919 - 32896 32899",
                   "Mode: 32913 - [Add endpoint steps: 32940 32941] - [Align steps: 32932 32933 32934 32935 "
-                  "32936 32937] - 33013 33014",
+                  "32936 32937] - 33013 33014 33015",
                   "Language: 32796", "Help: 32774 - 32939 - 32943 32942 - 104 - 33000 33001"));
 }
 
@@ -112,6 +112,7 @@ constexpr ExpectedText kTexts[] = {
     {32937, "1 hour intervals"},
     {33013, "Compare with what was saved"},
     {33014, "Compare others with this mode"},
+    {33015, "Show light strip"},
     {32796, "English"},
     {32774, "Logging"},
     {32939, "Known issues ..."},

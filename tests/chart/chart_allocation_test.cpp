@@ -35,6 +35,7 @@ TEST(ChartAllocation, FramesInMotionTakeNoMemory) {
   double now = 100.0;
   UX::ChartLayout layout(now);
   layout.Update(1024, 768);
+  layout.ShowStrip(true);
   StepGroup group;
   group.Set({document.modes[0].channels[1][20].id, document.modes[0].channels[3][1].id});
   UX::ChartOverlay overlay{{UX::Comparison::With::Kept, document.modes[0]}, Rect{10, 10, 200, 100}};

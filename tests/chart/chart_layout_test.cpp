@@ -52,6 +52,25 @@ TEST_F(ChartLayoutTest, FollowsTheClientArea) {
   EXPECT_EQ(layout_.DialogAnchorBottom(), (Rect{10, 538, 110, 64}));
 }
 
+TEST_F(ChartLayoutTest, TheStripTakesItsRoomFromTheLanes) {
+  EXPECT_EQ(layout_.StripRect(), (Rect{}));
+  layout_.ShowStrip(true);
+  FinishGliding();
+  EXPECT_EQ(layout_.StripRect(), (Rect{10, 10, 884, 16}));
+  EXPECT_EQ(layout_.chartRect, (Rect{10, 40, 884, 552}));
+  EXPECT_EQ(layout_.collapsedHeight, 78);
+  EXPECT_EQ(Heights(), (Ints{99, 99, 99, 99, 99}));
+  EXPECT_EQ(Tops()[0], 40);
+  EXPECT_EQ(layout_.LaneAt(500, 20), -1) << "the strip is no lane";
+  EXPECT_EQ(layout_.LaneAt(500, 40), 0);
+  EXPECT_EQ(layout_.ChartWindowRect(), (Rect{120, 30, 904, 602})) << "of the window nothing changes";
+  layout_.Update(1000, 700);
+  EXPECT_EQ(layout_.chartRect, (Rect{10, 40, 860, 484})) << "it stays in another size";
+  layout_.ShowStrip(false);
+  EXPECT_EQ(layout_.chartRect, (Rect{10, 10, 860, 514}));
+  EXPECT_EQ(layout_.StripRect(), (Rect{}));
+}
+
 TEST_F(ChartLayoutTest, GivesFiveLanesAlike) {
   EXPECT_EQ(Heights(), (Ints{105, 105, 105, 105, 105}));
   EXPECT_EQ(Tops(), (Ints{10, 129, 248, 367, 486}));

@@ -32,6 +32,7 @@ class AnyChart {
 
   void Resize(std::int32_t width, std::int32_t height) {
     layout.Update(width, height);
+    layout.ShowStrip(width % 2 == 0);
     drawing.Rebuild(canvas);
   }
 

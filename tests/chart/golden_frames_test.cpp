@@ -63,6 +63,13 @@ constexpr Document kNonsense{"steps on one minute, off the day, out of range and
                                channel[1].value = std::numeric_limits<float>::infinity();
                                return document;
                              }};
+constexpr Document kColors{"a blue, a white and a red channel that fade", [] {
+                             ModeListView document = program_test::GivenDocument(program_test::GivenMode(
+                                 {"06:00 0, 12:00 100", "09:00 0, 12:00 80", "10:00 50 J, 11:00 0 J"}));
+                             const std::uint32_t colors[] = {0xFF2060FF, 0xFFF0F0E0, 0xFFFF3020};
+                             for (std::size_t i = 0; i < 3; ++i) document.channelInfos[i].color = colors[i];
+                             return document;
+                           }};
 constexpr Document kNothing{"no modes", [] { return ModeListView(); }};
 
 // Frames.
@@ -89,6 +96,7 @@ struct FrameCase {
   std::optional<Pair> mouse = std::nullopt;
   std::optional<Demo> demo = std::nullopt;
   int milliseconds = kAtRest;  // since all of this
+  bool strip = false;
 };
 
 const FrameCase kFrames[] = {
@@ -131,6 +139,15 @@ const FrameCase kFrames[] = {
      .view = {6 * 60, 12 * 60},
      .focusedLane = 4,
      .demo = Demo{18 * 3600 + 59, {80, 85, 30, 0, 0}}},
+    // The strip of mixed light.
+    {.name = "strip", .selected = {0, 1}, .mouse = Pair{452, 100}, .strip = true},
+    {.name = "strip_of_colors",
+     .document = kColors,
+     .view = {5 * 60, 13 * 60},
+     .focusedLane = 2,
+     .strip = true},
+    {.name = "strip_of_nonsense", .document = kNonsense, .strip = true},
+    {.name = "strip_in_a_small_window", .window = {400, 330}, .strip = true},
     // Moments.
     {.name = "focus_and_balloons_on_their_way",
      .focusedLane = 1,
@@ -156,6 +173,7 @@ void Pass(GivenChart& chart, int milliseconds) {
 }
 
 void Show(GivenChart& chart, const FrameCase& frame) {
+  chart.layout.ShowStrip(frame.strip);
   chart.document.viewStart = frame.view.first * 60;
   chart.document.viewEnd = frame.view.second * 60;
   chart.drawing.Relayout(chart.canvas);
@@ -206,6 +224,7 @@ std::string ToldScene(const FrameCase& frame) {
   text += "\nmouse: " + (frame.mouse ? Told(*frame.mouse) : "has not moved") + "\n";
   text += "demo: " + (frame.demo ? ToldDemo(*frame.demo) : "none") + "\n";
   text += "after: " + std::to_string(frame.milliseconds) + " ms\n";
+  if (frame.strip) text += "strip: shown\n";
   return text;
 }
 

@@ -55,6 +55,7 @@ class SketchCanvas final : public UX::Canvas {
   }
   void FillFigure(const UX::Figure&, UX::Brush) override {}
   void StrokeFigure(const UX::Figure&, UX::Brush, float) override {}
+  void FillColumns(const UX::Rectangle&, std::span<const UX::Color>) override {}
   UX::TextSize LayOutText(UX::TextFormat, std::string_view newText, const UX::TextSize& newLimits) override {
     text = newText;
     limits = newLimits;

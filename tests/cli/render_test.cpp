@@ -23,16 +23,16 @@ TEST_F(RenderTest, WithoutOptionsTheFirstModeIsDrawnInTheUsualSize) {
   EXPECT_EQ(outcome.status, kSuccess) << outcome.err;
   EXPECT_THAT(fake_helper::Starts(),
               ElementsAre(ElementsAre("lumarine-render", PathOf("tank.xml"), "1", PathOf("tank.png"), "png",
-                                      "900", "600", "1", "-")));
+                                      "900", "600", "1", "-", "-")));
 }
 
 TEST_F(RenderTest, EveryOptionReachesTheDrawing) {
   const Outcome outcome = Run({"render", "@tank.xml", "@day.svg", "--mode", "2", "--width", "1200",
-                               "--height", "300", "--scale", "2.5", "--time", "12:05"});
+                               "--height", "300", "--scale", "2.5", "--time", "12:05", "--strip"});
   EXPECT_EQ(outcome.status, kSuccess) << outcome.err;
   EXPECT_THAT(fake_helper::Starts(),
               ElementsAre(ElementsAre("lumarine-render", PathOf("tank.xml"), "2", PathOf("day.svg"), "svg",
-                                      "1200", "300", "2.5", "725")));
+                                      "1200", "300", "2.5", "725", "strip")));
 }
 
 TEST_F(RenderTest, TheEndOfTheNameTellsTheFormatInAnyCase) {

@@ -115,6 +115,22 @@ TEST_F(D2DCanvas, FillsShapes) {
   EXPECT_EQ(Count({0, 50, 300, 20}, kWhite), 300 * 20) << "a line has no inside";
 }
 
+TEST_F(D2DCanvas, FillsColumnsFromTheLeft) {
+  const Color colors[] = {kRed, kBlack, kWhite, kBlack};
+  Frame([&] {
+    canvas.FillColumns({10, 20, 40, 10}, colors);
+    canvas.FillColumns({100, 20, 40, 10}, std::span(colors).first(2));
+  });
+  EXPECT_EQ(At(12, 25), kRed);
+  EXPECT_EQ(At(18, 25), kRed);
+  EXPECT_EQ(At(22, 25), kBlack);
+  EXPECT_EQ(At(35, 25), kWhite);
+  EXPECT_EQ(At(45, 25), kBlack);
+  EXPECT_EQ(At(52, 25), kWhite);
+  EXPECT_EQ(At(105, 25), kRed);
+  EXPECT_EQ(At(135, 25), kBlack);
+}
+
 TEST_F(D2DCanvas, StrokesShapes) {
   Frame([&] {
     canvas.Stroke(UX::Rectangle{10, 10, 40, 30}, Brush::Black, 3.0F);

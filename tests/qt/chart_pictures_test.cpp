@@ -42,6 +42,9 @@ class WordlessCanvas : public UX::Canvas {
   void StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) override {
     canvas_.StrokeFigure(figure, brush, width);
   }
+  void FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) override {
+    canvas_.FillColumns(box, colors);
+  }
   UX::TextSize LayOutText(UX::TextFormat, std::string_view, const UX::TextSize&) override {
     return {24.0F, 12.0F};
   }

@@ -97,6 +97,18 @@ TEST_F(PictureTest, TheDemoIsThereIfATimeIsAskedForAndGoneAfterwards) {
   EXPECT_EQ(pictures::FromBytes(Draw({PictureFormat::Png, 900, 600, 1.0, {}})), plain);
 }
 
+TEST_F(PictureTest, TheStripIsThereIfItIsAskedFor) {
+  document_.channelInfos = {};
+  for (auto& channel : document_.channelInfos) channel.color = 0xFF2060FF;
+  for (auto& channel : document_.modes.front().channels) channel = {{12, 0, 100.0F}};
+  const PictureRequest request = {PictureFormat::Png, 900, 600, 1.0, {}, true};
+  EXPECT_EQ(pictures::FromBytes(Draw(request)).pixel(450, 18), 0xFF2060FF);
+  EXPECT_EQ(pictures::FromSvg(Draw({PictureFormat::Svg, 900, 600, 1.0, {}, true})).pixel(450, 18),
+            0xFF2060FF);
+  EXPECT_NE(pictures::FromBytes(Draw({PictureFormat::Png, 900, 600, 1.0, {}})).pixel(450, 18), 0xFF2060FF);
+  EXPECT_FALSE(Draw({PictureFormat::Pdf, 900, 600, 1.0, {}, true}).empty());
+}
+
 TEST_F(PictureTest, AnyModeIsDrawnInAnySize) {
   document_.modes.emplace_back();
   document_.currentMode = static_cast<std::int32_t>(document_.modes.size() - 1);

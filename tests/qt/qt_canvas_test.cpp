@@ -73,6 +73,36 @@ TEST_F(QtCanvasTest, ARectangleOffThePixelsIsSmooth) {
   EXPECT_EQ(At(11, 30), kBlack);
 }
 
+TEST_F(QtCanvasTest, ColumnsFillTheirBoxFromTheLeft) {
+  const UX::Color colors[] = {{255, 165, 0}, {0, 0, 0}, {255, 255, 255}, {0, 0, 0}};
+  for (int time = 0; time < 2; ++time) {
+    canvas().SetTransform(UX::Translation(0.0F, 0.0F));
+    canvas().FillColumns({10, 20, 40, 5}, colors);
+    EXPECT_EQ(At(10, 20), kOrange);
+    EXPECT_EQ(At(19, 24), kOrange);
+    EXPECT_EQ(At(20, 20), kBlack);
+    EXPECT_EQ(At(29, 24), kBlack);
+    EXPECT_EQ(At(30, 22), kWhite);
+    EXPECT_EQ(At(49, 22), kBlack);
+    EXPECT_EQ(At(50, 22), kWhite);
+    EXPECT_EQ(At(9, 22), kWhite);
+    EXPECT_EQ(At(40, 25), kWhite);
+  }
+  canvas().FillColumns({100, 20, 40, 5}, std::span(colors).first(2));
+  EXPECT_EQ(At(119, 22), kOrange) << "of another number";
+  EXPECT_EQ(At(120, 22), kBlack);
+}
+
+TEST_F(QtCanvasTest, ColumnsAreSharpOnAFineScreen) {
+  Start(1.5);
+  const UX::Color colors[] = {{0, 0, 0}, {255, 165, 0}};
+  canvas().FillColumns({10, 20, 40, 6}, colors);
+  EXPECT_EQ(At(15, 30), kBlack);
+  EXPECT_EQ(At(44, 30), kBlack);
+  EXPECT_EQ(At(45, 30), kOrange);
+  EXPECT_EQ(At(74, 38), kOrange);
+}
+
 TEST_F(QtCanvasTest, AStrokeLiesOnBothSidesOfItsLine) {
   canvas().Stroke(Rectangle{100, 50, 150, 100}, Brush::Black, 4.0F);
   EXPECT_EQ(At(98, 48), kBlack) << "the corner is a corner";

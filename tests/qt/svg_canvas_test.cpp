@@ -72,6 +72,22 @@ TEST_F(SvgCanvasTest, DrawsShapesWhereTheyAre) {
   EXPECT_EQ(seen.pixel(230, 101), kOrange);
 }
 
+TEST_F(SvgCanvasTest, FillsColumns) {
+  const UX::Color colors[] = {{255, 165, 0}, {255, 165, 0}, {0, 0, 0}, {255, 255, 255}};
+  canvas.Fill(Rectangle{0, 0, 300, 100}, Brush::Black);
+  canvas.SetTransform(UX::Translation(0.0F, 10.0F));
+  canvas.FillColumns({10, 20, 40, 5}, colors);
+  const QImage seen = Seen();
+  EXPECT_EQ(seen.pixel(9, 32), kBlack);
+  EXPECT_EQ(seen.pixel(10, 30), kOrange);
+  EXPECT_EQ(seen.pixel(20, 32), kOrange) << "no gap";
+  EXPECT_EQ(seen.pixel(29, 34), kOrange);
+  EXPECT_EQ(seen.pixel(30, 32), kBlack);
+  EXPECT_EQ(seen.pixel(40, 32), kWhite);
+  EXPECT_EQ(seen.pixel(49, 32), kWhite);
+  EXPECT_EQ(seen.pixel(50, 32), kBlack);
+}
+
 TEST_F(SvgCanvasTest, DrawsFigures) {
   Figure figure;
   figure.Begin({10, 10});

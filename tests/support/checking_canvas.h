@@ -53,6 +53,13 @@ class CheckingCanvas final : public UX::Canvas {
     CheckFigure(figure, brush);
   }
 
+  void FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) override {
+    CheckBox(box);
+    Require(box.width > 0.0F && box.height > 0.0F, "columns without a size");
+    Require(!colors.empty(), "no columns");
+    ++operations;
+  }
+
   UX::TextSize LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) override {
     const UX::Font& font = fonts_[static_cast<std::size_t>(format)];
     Require(font.size != kNoFont.size, "a font that was not set");

@@ -1,5 +1,6 @@
 #include "tests/support/recording_canvas.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <span>
@@ -55,6 +56,16 @@ struct ShapeTeller {
     return Join("circle ", Told(circle.center), " r", Told(circle.radius));
   }
 };
+
+std::string Told(Color color) {
+  constexpr const char* kDigits = "0123456789abcdef";
+  std::string hex = "#";
+  for (const unsigned part : {color.red, color.green, color.blue}) {
+    hex += kDigits[part / 16];
+    hex += kDigits[part % 16];
+  }
+  return hex;
+}
 
 std::string Told(const Shape& shape) {
   return std::visit(ShapeTeller(), shape);
@@ -158,14 +169,8 @@ std::string RecordingCanvas::ToldAnew(const Figure& figure) {
 }
 
 void RecordingCanvas::SetBrush(Brush brush, Color color, float opacity) {
-  constexpr const char* kDigits = "0123456789abcdef";
   opacities_[static_cast<std::size_t>(brush)] = opacity;
-  std::string hex;
-  for (const unsigned part : {color.red, color.green, color.blue}) {
-    hex += kDigits[part / 16];
-    hex += kDigits[part % 16];
-  }
-  Write(Join("brush ", NameOf(brush), " #", hex, ToldOpacity(opacity)));
+  Write(Join("brush ", NameOf(brush), " ", chart_test::Told(color), ToldOpacity(opacity)));
 }
 
 void RecordingCanvas::SetOpacity(Brush brush, float opacity) {
@@ -193,6 +198,16 @@ void RecordingCanvas::FillFigure(const Figure& figure, Brush brush) {
 void RecordingCanvas::StrokeFigure(const Figure& figure, Brush brush, float width) {
   Write(Join("stroke figure ", Told(brush), " w", chart_test::Told(width), ToldTransform(), ":",
              ToldAnew(figure)));
+}
+
+void RecordingCanvas::FillColumns(const Rectangle& box, std::span<const Color> colors) {
+  std::string runs;
+  for (auto begin = colors.begin(); begin != colors.end();) {
+    const auto end = std::find_if(begin, colors.end(), [&](Color color) { return color != *begin; });
+    runs += Join(" ", std::to_string(end - begin), "x ", chart_test::Told(*begin));
+    begin = end;
+  }
+  Write(Join("fill columns ", chart_test::Told(box), ToldTransform(), ":", runs));
 }
 
 TextSize RecordingCanvas::LayOutText(TextFormat format, std::string_view text, const TextSize& limits) {

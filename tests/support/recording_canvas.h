@@ -12,6 +12,7 @@
 //   stroke line 1,2 3,4 gray w1
 //   stroke figure gray w0.5 at 10,10: across 0..884 at 0 10.5 | 0,0 884,0 884,105 0,105 close
 //   stroke figure gray w0.5 at 10,129: the same          as the figure before
+//   fill columns 10,10 884x16: 100x #000000 3x #0a0a12 ...          runs of one colour, from left to right
 //   text small "08:00" within 100x50 gray at 30,40
 //   draw hours at 10,101
 //
@@ -53,6 +54,7 @@ class RecordingCanvas final : public UX::Canvas {
   void Stroke(const UX::Shape& shape, UX::Brush brush, float width) override;
   void FillFigure(const UX::Figure& figure, UX::Brush brush) override;
   void StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) override;
+  void FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) override;
 
   UX::TextSize LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) override;
   void DrawLayout(UX::Brush brush) override;

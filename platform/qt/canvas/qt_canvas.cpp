@@ -200,6 +200,14 @@ void QtCanvas::StrokeFigure(const UX::Figure& figure, UX::Brush brush, float wid
   stage_.painter->drawLines(lines_.data(), static_cast<int>(lines_.size()));
 }
 
+void QtCanvas::FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) {
+  const auto count = static_cast<int>(colors.size());
+  if (columns_.width() != count) columns_ = QImage(count, 1, QImage::Format_RGB32);
+  auto* pixel = reinterpret_cast<QRgb*>(columns_.scanLine(0));
+  for (const UX::Color& color : colors) *pixel++ = qRgb(color.red, color.green, color.blue);
+  stage_.painter->drawImage(QRectF(At({box.x, box.y}), QSizeF(box.width, box.height)), columns_);
+}
+
 UX::TextSize QtCanvas::LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) {
   text_ = &texts_.LayOut(format, text, limits);
   return text_->size;

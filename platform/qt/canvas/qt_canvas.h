@@ -48,6 +48,7 @@ class QtCanvas final : public UX::Canvas {
   void Stroke(const UX::Shape& shape, UX::Brush brush, float width) override;
   void FillFigure(const UX::Figure& figure, UX::Brush brush) override;
   void StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) override;
+  void FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) override;
   UX::TextSize LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) override;
   void DrawLayout(UX::Brush brush) override;
   void BeginLabel(UX::Label label, std::int32_t width, std::int32_t height) override;
@@ -100,6 +101,7 @@ class QtCanvas final : public UX::Canvas {
   Sprites sprites_;
   TranslucentShapes translucentShapes_;
   std::array<LabelPicture, UX::kLabelCount> labels_;
+  QImage columns_;  // of FillColumns, kept while their number stays
 
   Stage stage_;
   // Between BeginLabel() and EndLabel().

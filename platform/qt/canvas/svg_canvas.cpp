@@ -56,6 +56,10 @@ std::string PathElement(const UX::Figure& figure) {
   return path + '"';
 }
 
+std::string HexOf(UX::Color color) {
+  return QString::asprintf("#%02x%02x%02x", color.red, color.green, color.blue).toStdString();
+}
+
 std::string SizeOf(std::int32_t width, std::int32_t height) {
   return " width=\"" + std::to_string(width) + "\" height=\"" + std::to_string(height) + '"';
 }
@@ -112,8 +116,8 @@ std::string SvgCanvas::TransformNow() const {
 std::string SvgCanvas::PaintOf(const char* use, UX::Brush brush) const {
   const auto& [color, opacity] = paints_[static_cast<std::size_t>(brush)];
   const std::string name = std::string(" ") + use;
-  const auto rgb = QString::asprintf("#%02x%02x%02x", color.red, color.green, color.blue).toStdString();
-  return name + "=\"" + rgb + '"' + (opacity == 1.0F ? "" : name + "-opacity=\"" + Number(opacity) + '"');
+  return name + "=\"" + HexOf(color) + '"' +
+         (opacity == 1.0F ? "" : name + "-opacity=\"" + Number(opacity) + '"');
 }
 
 std::string SvgCanvas::StrokeOf(UX::Brush brush, float width) const {
@@ -134,6 +138,21 @@ void SvgCanvas::FillFigure(const UX::Figure& figure, UX::Brush brush) {
 
 void SvgCanvas::StrokeFigure(const UX::Figure& figure, UX::Brush brush, float width) {
   drawn_ += PathElement(figure) + StrokeOf(brush, width);
+}
+
+void SvgCanvas::FillColumns(const UX::Rectangle& box, std::span<const UX::Color> colors) {
+  const float width = box.width / static_cast<float>(colors.size());
+  // No reader smooths the edges, which would let what is below show between two columns.
+  drawn_ += "<g shape-rendering=\"crispEdges\"" + TransformNow() + ">\n";
+  for (auto begin = colors.begin(); begin != colors.end();) {
+    const auto end = std::find_if(begin, colors.end(), [&](UX::Color color) { return color != *begin; });
+    const auto first = static_cast<float>(begin - colors.begin());
+    const UX::Rectangle run{box.x + first * width, box.y, static_cast<float>(end - begin) * width,
+                            box.height};
+    drawn_ += ShapeElement()(run) + " fill=\"" + HexOf(*begin) + "\"/>\n";
+    begin = end;
+  }
+  drawn_ += "</g>\n";
 }
 
 UX::TextSize SvgCanvas::LayOutText(UX::TextFormat format, std::string_view text, const UX::TextSize& limits) {

@@ -42,6 +42,7 @@ class Chart {
     if (request.minuteOfDay) {
       ShowMoment(demo_, CurrentMode(document), *request.minuteOfDay);
     }
+    layout_.ShowStrip(request.strip);
     const UX::Rect none =
         layout_.ChartWindowRect();  // of a window without size: what is around it, below zero
     layout_.Update(request.width - none.width, request.height - none.height);

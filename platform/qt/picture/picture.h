@@ -18,6 +18,7 @@ struct PictureRequest {
   std::int32_t height = 600;
   double scale = 1.0;                       // of a PNG: its pixels for each of the above
   std::optional<std::int32_t> minuteOfDay;  // where the cursor of a demo stands, if one is to be shown
+  bool strip = false;                       // of mixed light, above the lanes
 };
 
 /// The bytes of a picture of the document's current mode, with all motion at rest; nothing if there is no

@@ -1,9 +1,10 @@
 // lumarine-render: draws one picture for lumarinectl, which stays free of Qt.
 //
-//   lumarine-render FILE MODE OUT png|svg|pdf WIDTH HEIGHT SCALE MINUTE
+//   lumarine-render FILE MODE OUT png|svg|pdf WIDTH HEIGHT SCALE MINUTE strip|-
 //
-// MODE counts from 1, MINUTE of the day is - for no demo. Nothing is optional: lumarinectl has checked what
-// its user typed. Exit status as lumarinectl's own: 0 done, 2 wrong usage, 4 a file.
+// MODE counts from 1, MINUTE of the day is - for no demo, as is the last for no strip of mixed light. Nothing
+// is optional: lumarinectl has checked what its user typed. Exit status as lumarinectl's own: 0 done, 2 wrong
+// usage, 4 a file.
 
 #include <QGuiApplication>
 
@@ -52,8 +53,13 @@ bool ParseMinute(std::string_view text, std::optional<std::int32_t>& minute) {
   return Parse(text, 0, TCBase::Program::kMinutesPerDay - 1, minute.emplace());
 }
 
+bool ParseStrip(std::string_view text, bool& strip) {
+  strip = text == "strip";
+  return strip || text == "-";
+}
+
 std::optional<Arguments> ParseArguments(int count, char** texts) {
-  constexpr int kCount = 9;
+  constexpr int kCount = 10;
   constexpr std::int32_t kMost = 1'000'000;
   if (count != kCount) return std::nullopt;
   Arguments arguments;
@@ -62,7 +68,8 @@ std::optional<Arguments> ParseArguments(int count, char** texts) {
   arguments.out = texts[3];
   const bool good = Parse(texts[2], 1, kMost, arguments.mode) && ParseFormat(texts[4], request.format) &&
                     Parse(texts[5], 1, kMost, request.width) && Parse(texts[6], 1, kMost, request.height) &&
-                    Parse(texts[7], 0.01, 100.0, request.scale) && ParseMinute(texts[8], request.minuteOfDay);
+                    Parse(texts[7], 0.01, 100.0, request.scale) &&
+                    ParseMinute(texts[8], request.minuteOfDay) && ParseStrip(texts[9], request.strip);
   return good ? std::optional(arguments) : std::nullopt;
 }
 
