@@ -324,6 +324,7 @@ UX::Color DesktopUser::LogColor(const std::string& line) {
 }
 
 void DesktopUser::MoveMouse(int x, int y) {
+  PressHeldKeys();
   input::MoveMouse(OnScreen(Handle(app::Control::ChartWindow), {x, y}));
   SettleInput();
 }
@@ -339,7 +340,18 @@ void DesktopUser::HoldModifiers(const app::HeldKeys& keys) {
   SettleInput();
 }
 
+void DesktopUser::PressHeldKeys() {
+  if (heldKeys_.ctrl) input::HoldKey(VK_CONTROL);
+  if (heldKeys_.shift) input::HoldKey(VK_SHIFT);
+}
+
+void DesktopUser::DoubleClickChart(int x, int y) {
+  input::DoubleClick(OnScreen(Handle(app::Control::ChartWindow), {x, y}));
+  SettleInput();
+}
+
 void DesktopUser::HoldButton() {
+  PressHeldKeys();
   input::HoldButton(input::Button::Left);
   SettleInput();
 }

@@ -48,6 +48,7 @@ class DesktopUser final : public WindowUser {
   void HoldModifiers(const app::HeldKeys& keys) override;
   void HoldButton() override;
   void ReleaseButton() override;
+  void DoubleClickChart(int x, int y) override;
   void RightClickChart(int x, int y) override;
   bool ChooseAtChart(int x, int y, int command) override;
   void TurnWheel(int x, int y, int notches, bool ctrl, bool shift) override;
@@ -100,6 +101,8 @@ class DesktopUser final : public WindowUser {
   HWND Handle(app::Control control);
   /// The middle of a row, in the list's coordinates.
   POINT RowPoint(app::Control list, int row);
+  /// Presses what HoldModifiers holds once more: Wine lets go of keys that its display knows nothing of.
+  void PressHeldKeys();
   /// A menu has been opened over the chart and waits.
   bool HasOpenMenu();
   /// Waits until the program has taken the input.

@@ -391,6 +391,11 @@ void QtUser::ReleaseButton() {
   Settle();
 }
 
+void QtUser::DoubleClickChart(int x, int y) {
+  input::DoubleClick(OnScreen(Control::ChartWindow, x, y));
+  Settle();
+}
+
 bool QtUser::OpenChartMenu(int x, int y) {
   input::Click(OnScreen(Control::ChartWindow, x, y), Qt::RightButton);
   Settle();

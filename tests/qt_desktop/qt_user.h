@@ -51,6 +51,7 @@ class QtUser final : public WindowUser {
   void HoldModifiers(const app::HeldKeys& keys) override;
   void HoldButton() override;
   void ReleaseButton() override;
+  void DoubleClickChart(int x, int y) override;
   void RightClickChart(int x, int y) override;
   bool ChooseAtChart(int x, int y, int command) override;
   void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) override;

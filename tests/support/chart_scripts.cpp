@@ -305,8 +305,7 @@ void WorkWithACarefulMouse(User& user, const Folders& folders) {
   Click(user, noon);
   EXPECT_EQ(CountOf(user.Log(), "Added new step "), 0);
   user.Wait(1.0);
-  Click(user, noon);
-  Click(user, noon);
+  user.DoubleClickChart(noon.x, noon.y);
   EXPECT_EQ(CountOf(user.Log(), "Added new step "), 1);
   user.Wait(1.0);
   user.DragOnChart(noon.x, noon.y, noon.x + 3, noon.y + 3);

@@ -210,6 +210,11 @@ void HeadlessUser::ReleaseButton() {
   Settle();
 }
 
+void HeadlessUser::DoubleClickChart(int x, int y) {
+  ClickChart(x, y);
+  ClickChart(x, y);
+}
+
 void HeadlessUser::RightClickChart(int x, int y) {
   desktop_->menu.openedAtChart.reset();
   MoveMouse(x, y);

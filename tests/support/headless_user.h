@@ -47,6 +47,7 @@ class HeadlessUser final : public User {
   void HoldModifiers(const app::HeldKeys& keys) override { heldKeys_ = keys; }
   void HoldButton() override;
   void ReleaseButton() override;
+  void DoubleClickChart(int x, int y) override;
   void RightClickChart(int x, int y) override;
   bool ChooseAtChart(int x, int y, int command) override;
   void TurnWheel(int x, int y, int notches, bool ctrl = false, bool shift = false) override;

@@ -75,6 +75,7 @@ class User {
     HoldButton();
     ReleaseButton();
   }
+  virtual void DoubleClickChart(int x, int y) = 0;
   void DragOnChart(int fromX, int fromY, int toX, int toY) {
     MoveMouse(fromX, fromY);
     HoldButton();
