@@ -119,8 +119,15 @@ void OfferAlternative(std::string_view alternative, const std::string& before, A
   if (!word.empty() && !word.starts_with('"')) answer.Offer(before + word);
 }
 
+// "CHANNELS": one behind those that stand there with commas.
+void OfferMoreChannels(const std::string& before, Answer& answer) {
+  const std::string typed = answer.typed().substr(std::min(before.size(), answer.typed().size()));
+  OfferChannels({}, before + typed.substr(0, typed.find_last_of(',') + 1), answer);
+}
+
 // "tc420|udp:NAME@ADDRESS", "CHANNEL=up|down", "TEXTFILE"; `before` stands in front of it in the same word.
 void OfferType(std::string_view type, const std::string& before, Answer& answer) {
+  if (type.starts_with("CHANNELS")) return OfferMoreChannels(before, answer);
   constexpr std::string_view kChannel = "CHANNEL";
   if (type.starts_with(kChannel)) return OfferChannels(type.substr(kChannel.size()), before, answer);
   while (!type.empty()) {

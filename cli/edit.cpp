@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/program_argument.h"
+#include "cli/step_changes.h"
 #include "cli/text.h"
 #include "common/files.h"
 #include "program/builtin_modes.h"
@@ -70,6 +71,7 @@ struct EditArguments {
   ProgramArgument in;
   std::string out;  // UTF-8
   Change change;
+  StepChangeOptions steps;
 };
 
 ExitStatus Save(const ModeListView& document, const std::string& file) {
@@ -77,6 +79,8 @@ ExitStatus Save(const ModeListView& document, const std::string& file) {
 }
 
 ExitStatus Edit(const Session& session, const EditArguments& arguments) {
+  const std::string fault = CheckStepChange(arguments.steps);
+  if (!fault.empty()) return session.Fail(ExitStatus::WrongUsage, fault);
   ModeListView document;
   const ExitStatus loaded = LoadArgument(session, arguments.in, document);
   if (loaded != ExitStatus::Success) return loaded;
@@ -147,6 +151,7 @@ Run DeclareEdit(CLI::App& app) {
   CLI::App* const group = app.add_option_group("Change", "What to do with the mode");
   group->require_option(1);
   DeclareChanges(*group, arguments->change);
+  DeclareStepChanges(app, *group, arguments->steps, arguments->change);
   return [arguments](Session& session) { return Edit(session, *arguments); };
 }
 
@@ -181,6 +186,10 @@ Examples:
   lumarinectl edit tank.xml tank.xml --mode 1 --steps 2=blue.txt
   lumarinectl edit tank.xml weak.xml --mode 1 --power 5=20
   lumarinectl edit tank.xml tank.xml --mode 1 --rename Sunday
+  lumarinectl edit tank.xml tank.xml --mode 1 --shift-time -1:30
+  lumarinectl edit tank.xml tank.xml --mode 1 --scale 50 --channels 1,2 --from 18:00 --to 06:00
+  lumarinectl edit tank.xml tank.xml --mode 1 --copy-to 3=60 --channels 2
+  lumarinectl edit tank.xml tank.xml --mode 1 --thin 1
 If a change cannot be made, nothing is written and the exit status is 2.)",
     &DeclareEdit,
 };

@@ -48,9 +48,8 @@ Draft DraftOf(const Channel& channel, std::size_t index, const ChangeScope& scop
 
 Channel Finish(Draft& draft) {
   std::erase_if(draft, [](const DraftStep& each) { return each.gone; });
-  std::ranges::stable_sort(draft, {}, [](const DraftStep& each) {
-    return std::tuple(MinuteOfDraft(each), !each.meant, each.beyond);
-  });
+  std::ranges::stable_sort(
+      draft, {}, [](const DraftStep& each) { return std::tuple(MinuteOfDraft(each), !each.meant); });
   DropDoubles(draft);
   Channel channel;
   channel.reserve(draft.size());

@@ -11,11 +11,10 @@ namespace TCBase::Program {
 
 struct DraftStep {
   Step step;
-  bool meant = false;       // by the scope
-  bool gone = false;        // taken away by the change
-  bool added = false;       // by the change
-  std::int32_t beyond = 0;  // how many minutes it would have gone past where it stopped
-  Step before = step;       // as the channel had it
+  bool meant = false;  // by the scope
+  bool gone = false;   // taken away by the change
+  bool added = false;  // by the change
+  Step before = step;  // as the channel had it
 };
 
 /// Ascending, one step a minute, on the day, values from 0 to 100: also of a channel that was not so.
@@ -26,8 +25,8 @@ using Draft = std::vector<DraftStep>;
 Draft DraftOf(const Channel& channel, std::size_t index, const ChangeScope& scope);
 
 /// The channel that came of a draft whose steps may be in any order, on the same minute, and above or below
-/// the values there are; its steps are within the day. Of the steps on one minute one that is meant stays
-/// before others, and of several that which is least `beyond`. The draft keeps those that stayed.
+/// the values there are; its steps are within the day. Of the steps on one minute the first stays, one that
+/// is meant before others. The draft keeps those that stayed.
 Channel Finish(Draft& draft);
 
 /// A value from 0 to 100; 0 for what is no number.

@@ -29,7 +29,7 @@ bool IsInRange(const ShiftPercent& change) {
 }
 
 bool IsInRange(const ScalePercent& change) {
-  return IsWithin(change.percent, 0.0F, kMostScale) && IsWithin(change.about, 0.0F, kFullPercent);
+  return IsWithin(change.percent, 0.0F, kMostScalePercent) && IsWithin(change.about, 0.0F, kFullPercent);
 }
 
 bool IsInRange(const SetJump&) {
@@ -37,7 +37,7 @@ bool IsInRange(const SetJump&) {
 }
 
 bool IsInRange(const CopyToChannels& change) {
-  return IsWithin(change.percent, 0.0F, kMostScale);
+  return IsWithin(change.percent, 0.0F, kMostScalePercent);
 }
 
 bool IsInRange(const ThinOut& change) {

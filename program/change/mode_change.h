@@ -38,12 +38,12 @@ struct ChangeScope {
 /// Farthest shift, in minutes: a day.
 inline constexpr std::int32_t kMostShift = kMinutesPerDay;
 /// Greatest factor of a scale or a stretch, in percent.
-inline constexpr float kMostScale = 1000.0F;
-inline constexpr float kLeastStretch = 1.0F;
+inline constexpr float kMostScalePercent = 1000.0F;
+inline constexpr float kLeastStretchPercent = 1.0F;
 
 /// Later, or earlier with a negative number, up to kMostShift. A step that would leave the day comes in again
-/// at its other end, or with `stopAtEnds` stays at the end; of those that meet there, the one that would have
-/// left it least stays.
+/// at its other end, or with `stopAtEnds` stays at the end: several that meet there keep a minute between
+/// them, so that what the evening ends with still ends it.
 struct ShiftTime {
   std::int32_t minutes = 0;
   bool stopAtEnds = false;
@@ -54,16 +54,15 @@ struct ShiftPercent {
   float percent = 0.0F;
 };
 
-/// Distances from the level `about`, 0 to 100, become `percent` of what they are: 0 to kMostScale.
+/// Distances from the level `about`, 0 to 100, become `percent` of what they are: 0 to kMostScalePercent.
 struct ScalePercent {
   float percent = 100.0F;
   float about = 0.0F;
 };
 
-/// Times before and behind a minute of the day become `percent` as far from it: kLeastStretch to kMostScale.
-/// The day is a ring: what is less than twelve hours earlier counts as before. Steps stop twelve hours from
-/// the minute as ShiftTime has them stop at the ends, and those that are pressed together keep a minute
-/// between them.
+/// Times before and behind a minute of the day become `percent` as far from it: kLeastStretchPercent to
+/// kMostScalePercent. The day is a ring: what is less than twelve hours earlier counts as before. Steps stop
+/// twelve hours away, and those that meet keep a minute between them.
 struct StretchTime {
   float percent = 100.0F;
   std::int32_t about = kMinutesPerDay / 2;
@@ -83,9 +82,9 @@ struct SetJump {
 };
 
 /// The steps that are meant, which must all be of one channel, also in others, at `percent` of their levels:
-/// 0 to kMostScale. The others get the whole curve in place of their own where the scope names neither a span
-/// nor steps, the span's in place of their own within a span, and single steps in place of those on their
-/// minutes. Copies have ids of their own.
+/// 0 to kMostScalePercent. The others get the whole curve in place of their own where the scope names neither
+/// a span nor steps, the span's in place of their own within a span, and single steps in place of those on
+/// their minutes. Copies have ids of their own.
 struct CopyToChannels {
   ChannelSet to;
   float percent = 100.0F;

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
-#include <iterator>
+#include <utility>
 #include <vector>
 
 #include "program/change/kinds.h"
@@ -24,11 +24,18 @@ void MoveTo(DraftStep& each, std::int32_t minute) {
   SetTime(each.step, TimeOfDayAtMinute(minute));
 }
 
-// Between two ends that are minutes on the same scale; answers where it stopped.
-std::int32_t Stop(DraftStep& each, std::int32_t minute, std::int32_t first, std::int32_t last) {
-  const std::int32_t stopped = std::clamp(minute, first, last);
-  each.beyond = std::abs(minute - stopped);
-  return stopped;
+// Ascending places at least a minute apart, as near to those that are wanted as that and both ends allow.
+// There is room for all.
+std::vector<std::int32_t> PlacesFor(std::vector<std::int32_t> wanted, std::int32_t first, std::int32_t last) {
+  for (std::int32_t& place : wanted) {
+    place = std::max(place, first);
+    first = place + 1;
+  }
+  std::for_each(wanted.rbegin(), wanted.rend(), [&last](std::int32_t& place) {
+    place = std::min(place, last);
+    last = place - 1;
+  });
+  return wanted;
 }
 
 bool IsOfTheDay(std::int32_t minute) {
@@ -40,31 +47,28 @@ std::int32_t Distance(const Step& step, std::int32_t about) {
   return RingMinute(std::int64_t{MinuteOf(step)} - about + kHalfDay) - kHalfDay;
 }
 
-// Stretches the distances of steps that all lie on one side of the moment, nearest first.
-class Side {
- public:
-  Side(const StretchTime& change, std::int32_t sign)
-      : factor_(double{change.percent} / kMostPercent),
-        about_(change.about),
-        sign_(sign),
-        // The moment itself belongs to the later side.
-        nearest_(sign > 0 ? 0 : 1) {}
-
-  void Take(DraftStep& each) {
-    const std::int32_t distance = sign_ * Distance(each.step, about_);
-    // At most ten times 720; steps that stood apart stand apart.
-    nearest_ = std::max(nearest_, static_cast<std::int32_t>(std::lround(distance * factor_)));
-    const std::int32_t farthest = sign_ > 0 ? kHalfDay - 1 : kHalfDay;
-    MoveTo(each, RingMinute(about_ + sign_ * Stop(each, nearest_, 0, farthest)));
-    ++nearest_;
+// Steps on one side of a moment, the nearest first; `sign` is 1 for those behind it.
+void StretchSide(const std::vector<DraftStep*>& steps, const StretchTime& change, std::int32_t sign) {
+  std::vector<std::int32_t> wanted;
+  for (const DraftStep* const each : steps) {
+    // At most ten times 720.
+    const double distance = sign * Distance(each->step, change.about);
+    wanted.push_back(static_cast<std::int32_t>(std::lround(distance * change.percent / kMostPercent)));
   }
+  // The moment itself is of the later side, the one twelve hours away of the earlier.
+  const std::int32_t first = sign > 0 ? 0 : 1;
+  const std::vector<std::int32_t> places = PlacesFor(std::move(wanted), first, first + kHalfDay - 1);
+  for (std::size_t i = 0; i < steps.size(); ++i)
+    MoveTo(*steps[i], RingMinute(std::int64_t{change.about} + sign * places[i]));
+}
 
- private:
-  const double factor_;
-  const std::int32_t about_;
-  const std::int32_t sign_;
-  std::int32_t nearest_;  // where the next step may stand
-};
+std::vector<DraftStep*> MeantOf(Draft& draft) {
+  std::vector<DraftStep*> meant;
+  for (DraftStep& each : draft) {
+    if (each.meant) meant.push_back(&each);
+  }
+  return meant;
+}
 
 // Steps with the same nearest line of a grid.
 struct Cluster {
@@ -117,7 +121,8 @@ bool IsInRange(const ShiftTime& change) {
 }
 
 bool IsInRange(const StretchTime& change) {
-  return change.percent >= kLeastStretch && change.percent <= kMostScale && IsOfTheDay(change.about);
+  return change.percent >= kLeastStretchPercent && change.percent <= kMostScalePercent &&
+         IsOfTheDay(change.about);
 }
 
 bool IsInRange(const MirrorTime& change) {
@@ -129,26 +134,23 @@ bool IsInRange(const RoundTimes& change) {
 }
 
 void Apply(const ShiftTime& change, Draft& draft) {
-  for (DraftStep& each : draft) {
-    if (!each.meant) continue;
-    const std::int32_t minute = MinuteOf(each.step) + change.minutes;
-    MoveTo(each, change.stopAtEnds ? Stop(each, minute, 0, kLastMinute) : RingMinute(minute));
-  }
+  const std::vector<DraftStep*> meant = MeantOf(draft);
+  std::vector<std::int32_t> places;
+  for (const DraftStep* const each : meant) places.push_back(MinuteOf(each->step) + change.minutes);
+  if (change.stopAtEnds) places = PlacesFor(std::move(places), 0, kLastMinute);
+  for (std::size_t i = 0; i < meant.size(); ++i) MoveTo(*meant[i], RingMinute(places[i]));
 }
 
 void Apply(const StretchTime& change, Draft& draft) {
-  std::vector<DraftStep*> meant;
-  for (DraftStep& each : draft) {
-    if (each.meant) meant.push_back(&each);
-  }
+  std::vector<DraftStep*> later = MeantOf(draft);
   const auto distance = [&](const DraftStep* each) { return Distance(each->step, change.about); };
-  std::ranges::sort(meant, {}, distance);
-  const auto behind = std::ranges::find_if(meant, [&](const DraftStep* each) { return distance(each) >= 0; });
-  Side later(change, 1);
-  std::for_each(behind, meant.end(), [&](DraftStep* each) { later.Take(*each); });
-  Side earlier(change, -1);
-  std::for_each(std::make_reverse_iterator(behind), meant.rend(),
-                [&](DraftStep* each) { earlier.Take(*each); });
+  std::ranges::sort(later, {}, distance);
+  const auto behind = std::ranges::find_if(later, [&](const DraftStep* each) { return distance(each) >= 0; });
+  std::vector<DraftStep*> earlier(later.begin(), behind);
+  std::ranges::reverse(earlier);
+  later.erase(later.begin(), behind);
+  StretchSide(later, change, 1);
+  StretchSide(earlier, change, -1);
 }
 
 void Apply(const RoundTimes& change, Draft& draft) {

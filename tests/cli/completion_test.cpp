@@ -95,6 +95,11 @@ TEST_F(CompletionTest, ChannelsAreCounted) {
   EXPECT_THAT(Offered({"edit", "--move", "2="}), ElementsAre("2=up", "2=down"));
   EXPECT_THAT(Offered({"edit", "--move=2=u"}), ElementsAre("--move=2=up"));
   EXPECT_THAT(Offered({"edit", "--power", "5="}), IsEmpty());
+  EXPECT_THAT(Offered({"edit", "--channels", ""}), ElementsAre("1", "2", "3", "4", "5"));
+  EXPECT_THAT(
+      Offered({"edit", "--copy-to=3,"}),
+      ElementsAre("--copy-to=3,1", "--copy-to=3,2", "--copy-to=3,3", "--copy-to=3,4", "--copy-to=3,5"));
+  EXPECT_THAT(Offered({"edit", "--copy-to", "3=5"}), IsEmpty());
 }
 
 TEST_F(CompletionTest, ACommandMayHaveCommands) {

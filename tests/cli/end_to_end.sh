@@ -111,6 +111,16 @@ edited power 2 --power 1=33.3
 edited clear 1 --clear 3
 edited move 2 --move 1=down
 edited remove 1 --remove
+edited shift-time 2 --shift-time -1:30
+edited shift-percent 2 --shift-percent 12.5 --channels 1,3
+edited scale 2 --scale 33.3 --around 50 --from 18:00 --to 06:00
+edited stretch 2 --stretch 13:00=120
+edited mirror 2 --mirror 12:00 --channels 1
+edited set-fade 2 --set fade
+edited copy-to 2 --copy-to 2,4=60 --channels 4
+edited thin 2 --thin 2.5
+edited round-times 2 --round-times 15
+edited round-percents 2 --round-percents 5
 edited rename 2 --rename "Noc <&'\"> ráno"
 check "line ends of steps texts do not matter" cmp edited-steps-unix.xml edited-steps-dos.xml
 mkdir made
@@ -174,6 +184,8 @@ cp reef-day.xml mine.xml
 exits "a mode that is not there" 2 edit mine.xml mine.xml --mode 9 --clear 1
 exits "a channel that is not there" 2 edit mine.xml mine.xml --mode 1 --clear 6
 exits "a move beyond the edge" 2 edit mine.xml mine.xml --mode 1 --move 1=up
+exits "a change that leaves a channel too few steps" 2 edit mine.xml mine.xml --mode 1 --round-times 720
+exits "a scope for a change that takes none" 2 edit mine.xml mine.xml --mode 1 --remove --channels 1
 exits "a steps text that is not there" 4 edit mine.xml mine.xml --mode 1 --steps 1=missing.txt
 exits "a folder that is not there" 4 edit mine.xml nowhere/mine.xml --mode 1 --clear 1
 check "the file is as it was" cmp mine.xml reef-day.xml

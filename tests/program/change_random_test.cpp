@@ -274,12 +274,9 @@ TEST(ChangeRandom, AStretchKeepsTheOrderRoundTheMoment) {
       ChangeMode(turned, ShiftTime{(kMinutesPerDay * 3 / 2 - about) % kMinutesPerDay}, {});
       return Serials(turned.channels[0]);
     };
-    std::vector<std::uint32_t> before = serials();
-    if (!ChangeMode(mode, change, {.channels = ChannelSet(1)}).Changed()) continue;
-    const std::vector<std::uint32_t> after = serials();
-    std::erase_if(before, [&](std::uint32_t id) { return std::ranges::find(after, id) == after.end(); });
-    EXPECT_EQ(after, before);
-    EXPECT_TRUE(change.percent > 100.0F || after.size() >= 2);
+    const std::vector<std::uint32_t> before = serials();
+    ChangeMode(mode, change, {.channels = ChannelSet(1)});
+    EXPECT_EQ(serials(), before);
   }
 }
 

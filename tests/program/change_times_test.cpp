@@ -19,14 +19,16 @@ TEST(ChangeTimes, AShiftGoesRoundTheDay) {
   EXPECT_EQ(After(kDay, ShiftTime{kMostShift}), Told(GivenChannel(kDay)));
 }
 
-TEST(ChangeTimes, AShiftThatStopsKeepsTheStepThatWouldHaveLeftLeast) {
-  EXPECT_EQ(After(kDay, ShiftTime{240, true}), "12:00 0, 14:00 80, 23:59 80 J");
-  EXPECT_EQ(After(kDay, ShiftTime{-660, true}), "00:00 80, 09:00 80 J, 11:00 0");
+// The light that goes off in the evening goes off at midnight, and does not shine through the night.
+TEST(ChangeTimes, AShiftThatStopsKeepsAMinuteBetweenSteps) {
+  EXPECT_EQ(After(kDay, ShiftTime{240, true}), "12:00 0, 14:00 80, 23:58 80 J, 23:59 0");
+  EXPECT_EQ(After(kDay, ShiftTime{-660, true}), "00:00 0, 00:01 80, 09:00 80 J, 11:00 0");
   EXPECT_EQ(After(kDay, ShiftTime{60, true}), "09:00 0, 11:00 80, 21:00 80 J, 23:00 0");
+  EXPECT_EQ(After(kDay, ShiftTime{kMostShift, true}), "23:56 0, 23:57 80, 23:58 80 J, 23:59 0");
 }
 
-TEST(ChangeTimes, AShiftThatLeavesOneStepIsRefused) {
-  ExpectRefused(GivenSingle(kDay), ShiftTime{kMostShift, true}, {}, ChangeRefusal::TooFewSteps);
+TEST(ChangeTimes, AChangeThatLeavesOneStepIsRefused) {
+  ExpectRefused(GivenSingle(kDay), RoundTimes{720}, {}, ChangeRefusal::TooFewSteps);
 }
 
 TEST(ChangeTimes, AStepThatIsMovedTakesTheMinuteOfOneThatIsNot) {
@@ -61,7 +63,7 @@ TEST(ChangeTimes, AStretchGoesRoundMidnight) {
 }
 
 TEST(ChangeTimes, AStretchStopsTwelveHoursAway) {
-  EXPECT_EQ(After(kDay, StretchTime{1000, MinuteAt(10)}), "10:00 80, 21:59 80 J, 22:00 0");
+  EXPECT_EQ(After(kDay, StretchTime{1000, MinuteAt(10)}), "10:00 80, 21:59 80 J, 22:00 0, 22:01 0");
 }
 
 TEST(ChangeTimes, StepsThatArePressedTogetherKeepAMinuteBetweenThem) {
