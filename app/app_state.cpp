@@ -5,6 +5,8 @@ namespace app {
 AppState::AppState(const Shell& shell)
     : chartInput({shell.chartWindow, shell.menu, program, selection, hoverStep, undoStack, chartLayout,
                   demoState, shownHints, stepGroup, chartOverlay, shell.settings}),
+      stepTable({shell.stepTable, shell.mainWindow, program, selection, stepGroup, undoStack, chartLayout,
+                 demoState, [this](Parts parts) { Refresh(parts); }}),
       renderer(shell.makeRenderer(
           {program, selection, hoverStep, chartLayout, demoState, now, stepGroup, chartOverlay})),
       window_(shell.mainWindow),
@@ -42,6 +44,8 @@ void AppState::Refresh(Parts parts) {
   if (has(part::kPlaces)) renderer->Relayout();
   if (has(part::kChart)) chartInput.InvalidateChart();
   if (has(part::kLane)) chartInput.InvalidateLane(selection.channel);
+  if (has(part::kTexts)) stepTable.ShowAnew();
+  stepTable.Follow();
   if (has(part::kFocus)) window_.TakeFocus();
 }
 

@@ -14,6 +14,7 @@
 #include "app/document/program_document.h"
 #include "app/document/saved_baseline.h"
 #include "app/document/undo_stack.h"
+#include "app/table/step_table.h"
 #include "app/window/command.h"
 #include "app/window/ctrls.h"
 #include "app/window/menu_bar.h"
@@ -61,6 +62,7 @@ struct AppState {
   UX::ChartLayout chartLayout{now};
   ShownHints shownHints;
   ChartInput chartInput;
+  StepTable stepTable;
   std::unique_ptr<UX::RendererBase> renderer;
 
   // Null until BuildControls().

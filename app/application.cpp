@@ -17,6 +17,7 @@ Application::Application(const Shell& shell)
     : state(shell),
       mainWindow(state, commands_, shell_),
       chartWindow(state),
+      stepTableWindow(state, commands_),
       shell_(shell),
       commands_(state, shell_) {}
 
@@ -35,8 +36,11 @@ int Application::Run() {
 }
 
 bool Application::Turn() {
-  return TurnMainLoop({shell_.events, *state.renderer, state.chartLayout, state.demoState, state.frameClock,
-                       state.idleTimer, state.now});
+  const bool goesOn = TurnMainLoop({shell_.events, *state.renderer, state.chartLayout, state.demoState,
+                                    state.frameClock, state.idleTimer, state.now});
+  // Whatever the turn has changed.
+  state.stepTable.Follow();
+  return goesOn;
 }
 
 bool Application::StartUp() {

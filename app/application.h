@@ -3,7 +3,8 @@
 // The whole program, as a shell sees it:
 //
 //   app::Application application(shell);   // the load phase: no window, the worker thread runs
-//   ... let the windows' events go to application.mainWindow and application.chartWindow ...
+//   ... let the windows' events go to application.mainWindow, application.chartWindow and
+//       application.stepTableWindow ...
 //   return application.Run();              // start-up, main loop, shut-down
 //
 // The settings are written when the process ends. One at a time in a process.
@@ -11,6 +12,7 @@
 #include "app/app_state.h"
 #include "app/commands.h"
 #include "app/main_window.h"
+#include "app/step_table_window.h"
 #include "app/window/ports.h"
 
 namespace app {
@@ -37,9 +39,10 @@ class Application {
 
   AppState state;
 
-  // The shell takes the events of its two windows here.
+  // The shell takes the events of its windows here.
   MainWindow mainWindow;
   ChartWindow chartWindow;
+  StepTableWindow stepTableWindow;
 
  private:
   void BeginLanguage();

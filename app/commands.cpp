@@ -122,6 +122,8 @@ constexpr Command kCommands[] = {
      .always = part::kFocus},
     {.number = command::kChannelColor, .text = TextKey("Change channel color"), .menu = menu::kChannel,
      .undo = Snapshot, .handler = ChangeColor, .refreshes = part::kLane, .always = part::kRenderer | part::kFocus},
+    {.number = command::kStepTable, .text = TextKey("Step table"), .menu = menu::kChannel, .beginsGroup = true,
+     .keys = {Ctrl('T')}, .handler = ShowStepTable},
 
     // Mode
     {.number = command::kOptimizeForTC421, .text = TextKey("Optimize mode for TC421"), .menu = menu::kMode,

@@ -29,6 +29,7 @@ void MainWindow::Touch() {
 }
 
 Outcome MainWindow::OnDestroy() {
+  state_.stepTable.Close();
   shell_.mainWindow.StopTimer(kDemoTimer);
   shell_.mainWindow.PostQuit(0);
   return Outcome::Default;

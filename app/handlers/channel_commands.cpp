@@ -135,4 +135,9 @@ Changed EditTypedSteps(CommandContext& context) {
   return TypeSteps(context, TextKey("Manual steps edit..."), StepsToText(*channel), ReplaceStepsFromText);
 }
 
+Changed ShowStepTable(CommandContext& context) {
+  context.state.stepTable.Open();
+  return Changed::No;
+}
+
 }  // namespace app

@@ -17,5 +17,7 @@ Changed ChangeColor(CommandContext& context);
 Changed RenameChannel(CommandContext& context);
 Changed AddTypedSteps(CommandContext& context);
 Changed EditTypedSteps(CommandContext& context);
+/// Without a selected channel, too.
+Changed ShowStepTable(CommandContext& context);
 
 }  // namespace app

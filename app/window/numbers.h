@@ -52,6 +52,7 @@ inline constexpr int kManualStepsAdd = 32918;
 inline constexpr int kManualStepsEdit = 32919;
 inline constexpr int kRenameChannel = 32896;
 inline constexpr int kChannelColor = 32899;
+inline constexpr int kStepTable = 33012;
 // Mode
 inline constexpr int kOptimizeForTC421 = 32913;
 inline constexpr int kEndpointStart = 32940;
@@ -133,6 +134,9 @@ inline constexpr int kDemoTimerMilliseconds = 100;
 /// tell of keys without a number.
 namespace key {
 inline constexpr int kBackspace = 8;
+inline constexpr int kTab = 9;
+inline constexpr int kEnter = 13;
+inline constexpr int kEscape = 27;
 inline constexpr int kSpace = 32;
 inline constexpr int kPageUp = 33;
 inline constexpr int kPageDown = 34;
@@ -142,12 +146,14 @@ inline constexpr int kLeft = 37;
 inline constexpr int kUp = 38;
 inline constexpr int kRight = 39;
 inline constexpr int kDown = 40;
+inline constexpr int kInsert = 45;
 inline constexpr int kDelete = 46;
 inline constexpr int kJ = 74;
 inline constexpr int kNumpadMultiply = 106;
 inline constexpr int kNumpadAdd = 107;
 inline constexpr int kNumpadSubtract = 109;
 inline constexpr int kF1 = 112;
+inline constexpr int kF2 = 113;
 }  // namespace key
 
 }  // namespace app

@@ -1,7 +1,8 @@
 #pragma once
 
 // The pieces of the desktop that the application speaks to. A shell implements them over real windows, the
-// headless shell of the tests in memory. Events of the windows go to the classes of app/main_window.h.
+// headless shell of the tests in memory. Events of the windows go to the classes of app/main_window.h and
+// app/step_table_window.h.
 //
 // All operations but Post are called on the user interface thread, and none fails. Texts are UTF-16, finished
 // and translated; lengths of texts are in UTF-16 units, and a line ends with CR LF. In texts of menus,
@@ -26,6 +27,7 @@
 #include <vector>
 
 #include "app/window/control_table.h"
+#include "app/window/step_table_port.h"
 #include "chart/chart_window.h"
 #include "chart/renderer_base.h"
 #include "common/event_target.h"
@@ -298,6 +300,7 @@ struct Shell {
   MenuPort& menu;
   QuestionsPort& questions;
   dialogs::DialogsPort& dialogs;
+  StepTablePort& stepTable;
   EventSource& events;
   std::function<std::unique_ptr<UX::RendererBase>(const UX::ChartScene&)> makeRenderer;
 

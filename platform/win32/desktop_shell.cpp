@@ -17,13 +17,14 @@ app::Shell DesktopShell::Ports() {
     plainRenderer_->window = &chartWindow_;
     return std::make_unique<UX::RendererDX>(scene, chartWindow_);
   };
-  return {platform_, mainWindow_, chartWindow_, controls_, logPane_,
-          menu_,     questions_,  dialogs_,     events_,   makeRenderer};
+  return {platform_,  mainWindow_, chartWindow_, controls_, logPane_,    menu_,
+          questions_, dialogs_,    stepTable_,   events_,   makeRenderer};
 }
 
 void DesktopShell::Connect(app::Application& application) {
   mainWindow_.Connect(application.mainWindow);
   chartWindow_.Connect(application.chartWindow);
+  stepTable_.Connect(application.stepTableWindow);
 }
 
 }  // namespace win32

@@ -17,6 +17,7 @@
 #include "platform/win32/platform_steps.h"
 #include "platform/win32/questions.h"
 #include "platform/win32/renderer_gdi.h"
+#include "platform/win32/step_table_window.h"
 
 namespace win32 {
 
@@ -40,6 +41,7 @@ class DesktopShell {
   Menu menu_;
   Questions questions_{mainWindow_};
   DialogWindows dialogs_;
+  StepTableWindow stepTable_{mainWindow_};
   EventQueue events_;
   PlatformSteps platform_;
   // Stands by from start to end; the application draws with another one and never calls it.

@@ -57,6 +57,8 @@ bool EventQueue::Take() {
 }
 
 bool EventQueue::OfferToAccelerators() {
+  // They are the main window's; one beside it has keys of its own.
+  if (GetAncestor(event_.hwnd, GA_ROOT) != GetAncestor(target_, GA_ROOT)) return false;
   return TranslateAcceleratorW(target_, accelerators_, &event_) != 0 ||
          (further_ != nullptr && TranslateAcceleratorW(target_, further_, &event_) != 0);
 }

@@ -39,7 +39,8 @@ TEST(MenuTable, HoldsTheMenusFromLeftToRight) {
                   "Device: 32790 32791 32792 - 32793 - 32794 32795 [Demo speed: 32914 32915 32916 - 32917] - "
                   "32910 - 32911 "
                   "- 32929",
-                  "Channel: 32930 - 32904 - 32908 32909 - 32897 32898 32907 - 32918 32919 - 32896 32899",
+                  "Channel: 32930 - 32904 - 32908 32909 - 32897 32898 32907 - 32918 32919 - 32896 32899 - "
+                  "33012",
                   "Mode: 32913 - [Add endpoint steps: 32940 32941] - [Align steps: 32932 32933 32934 32935 "
                   "32936 32937] - 33013 33014 33015",
                   "Language: 32796", "Help: 32774 - 32939 - 32943 32942 - 104 - 33000 33001"));
@@ -101,6 +102,7 @@ constexpr ExpectedText kTexts[] = {
     {32919, "Manual steps edit..."},
     {32896, "Rename channel"},
     {32899, "Change channel color"},
+    {33012, "Step table"},
     {32913, "Optimize mode for TC421"},
     {32940, "At the start (00:00)"},
     {32941, "At the end (23:59)"},
@@ -151,9 +153,9 @@ TEST(AcceleratorTable, HoldsEachKey) {
     keys.push_back(kind + std::to_string(row.key.key) + " " + std::to_string(row.command));
   }
   EXPECT_THAT(keys, testing::UnorderedElementsAre(
-                        "alt 47 104", "alt 63 104", "ctrl 65 33010", "ctrl 89 32786", "ctrl 90 32785",
-                        "key 107 32921", "key 109 32922", "key 106 32923", "key 33 32924", "key 34 32925",
-                        "key 36 32926", "key 35 32927", "key 46 32930", "key 8 32930"));
+                        "alt 47 104", "alt 63 104", "ctrl 65 33010", "ctrl 84 33012", "ctrl 89 32786",
+                        "ctrl 90 32785", "key 107 32921", "key 109 32922", "key 106 32923", "key 33 32924",
+                        "key 34 32925", "key 36 32926", "key 35 32927", "key 46 32930", "key 8 32930"));
 }
 
 }  // namespace

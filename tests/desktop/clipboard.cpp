@@ -56,4 +56,15 @@ bool PutOnClipboard(std::string_view text) {
   return put;
 }
 
+std::string TextOnClipboard() {
+  if (!WaitUntil([] { return OpenClipboard(ClipboardOwner().get()) != 0; })) return {};
+  std::string text;
+  if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
+    text = Utf8FromWide(static_cast<const char16_t*>(GlobalLock(memory)));
+    GlobalUnlock(memory);
+  }
+  CloseClipboard();
+  return text;
+}
+
 }  // namespace desktop

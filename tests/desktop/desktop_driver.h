@@ -61,6 +61,19 @@ class DesktopUser final : public WindowUser {
   void Wait(double seconds) override;
   bool WaitForLog(const std::string& text) override;
 
+  bool HasTable() override;
+  void CloseTable() override;
+  std::string TableTitle() override;
+  std::string TableHeading(app::TableSheet sheet) override;
+  std::vector<std::string> TableRows(app::TableSheet sheet) override;
+  std::vector<int> SelectedTableRows() override;
+  void ClickTableRow(int row, bool ctrl = false, bool shift = false) override;
+  void TypeInTable(int row, int column, const std::string& text, int key) override;
+  void PressTableKey(int key, bool ctrl = false) override;
+  std::string TableFault() override;
+  std::string Clipboard() override;
+  void SetClipboard(const std::string& text) override;
+
   Item MenuItem(int command) override;
   std::vector<std::string> List(app::Control list) override;
   std::vector<int> SelectedRows(app::Control list) override;
@@ -99,6 +112,11 @@ class DesktopUser final : public WindowUser {
 
  private:
   HWND Handle(app::Control control);
+  /// The window of the step table; null while it is closed.
+  HWND Table();
+  /// Its list of steps.
+  HWND TableSteps();
+  void GiveKeysToTheTable();
   /// The middle of a row, in the list's coordinates.
   POINT RowPoint(app::Control list, int row);
   /// Presses what HoldModifiers holds once more: Wine lets go of keys that its display knows nothing of.
@@ -126,6 +144,7 @@ class DesktopUser final : public WindowUser {
   std::vector<app::Question> asked_;
   std::deque<DialogScript> fills_;
   std::vector<SeenDialog> seenDialogs_;
+  std::pair<int, int> editedCell_{-1, -1};  // of the step table, the one that was edited last
   app::HeldKeys heldKeys_;
 };
 

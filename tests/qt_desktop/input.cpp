@@ -52,7 +52,8 @@ QString TextOf(Qt::Key key) {
 
 // Where keys go. A window manager gives them to another window when the one that had them has gone.
 QWindow* KeyWindow() {
-  if (QWindow* const window = QGuiApplication::focusWindow()) return window;
+  if (QWindow* const window = QGuiApplication::focusWindow(); window != nullptr && window->isVisible())
+    return window;
   QWindow* top = QGuiApplication::modalWindow();
   for (QWindow* const window : QGuiApplication::topLevelWindows()) {
     if (top == nullptr && window->isVisible() && window->type() == Qt::Window) top = window;
@@ -109,11 +110,18 @@ void Move(const QPoint& point) {
   SendMouse(QEvent::MouseMove);
 }
 
+// A window manager gives the keys to a window that is pressed, unless another waits for an answer.
+void GiveKeysTo(QWindow* window) {
+  if (window == nullptr || window->type() != Qt::Window || QGuiApplication::modalWindow() != nullptr) return;
+  if (window != QGuiApplication::focusWindow()) QWindowSystemInterface::handleWindowActivated<Async>(window);
+}
+
 void HoldOne(Qt::MouseButton button) {
   // A window may have come up under the mouse.
   if (devices.buttons == Qt::NoButton) {
     LookUnderMouse();
     devices.grabber = devices.under;
+    GiveKeysTo(devices.under);
   }
   devices.buttons |= button;
   SendMouse(QEvent::MouseButtonPress, button);

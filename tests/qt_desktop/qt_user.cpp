@@ -38,12 +38,12 @@ namespace {
 using app::Control;
 
 constexpr int kWheelNotch = 120;
-constexpr int kEnterKey = 13;
 
 // Those of app::key that are no letters or digits.
 const std::map<int, Qt::Key> kKeys = {
     {app::key::kBackspace, Qt::Key_Backspace},
-    {kEnterKey, Qt::Key_Return},
+    {app::key::kEnter, Qt::Key_Return},
+    {app::key::kEscape, Qt::Key_Escape},
     {app::key::kPageUp, Qt::Key_PageUp},
     {app::key::kPageDown, Qt::Key_PageDown},
     {app::key::kEnd, Qt::Key_End},
@@ -52,8 +52,10 @@ const std::map<int, Qt::Key> kKeys = {
     {app::key::kUp, Qt::Key_Up},
     {app::key::kRight, Qt::Key_Right},
     {app::key::kDown, Qt::Key_Down},
+    {app::key::kInsert, Qt::Key_Insert},
     {app::key::kDelete, Qt::Key_Delete},
     {app::key::kF1, Qt::Key_F1},
+    {app::key::kF2, Qt::Key_F2},
 };
 const std::map<int, Qt::Key> kKeypad = {
     {app::key::kNumpadMultiply, Qt::Key_Asterisk},

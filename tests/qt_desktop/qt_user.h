@@ -64,6 +64,19 @@ class QtUser final : public WindowUser {
   void Wait(double seconds) override;
   bool WaitForLog(const std::string& text) override;
 
+  bool HasTable() override;
+  void CloseTable() override;
+  std::string TableTitle() override;
+  std::string TableHeading(app::TableSheet sheet) override;
+  std::vector<std::string> TableRows(app::TableSheet sheet) override;
+  std::vector<int> SelectedTableRows() override;
+  void ClickTableRow(int row, bool ctrl = false, bool shift = false) override;
+  void TypeInTable(int row, int column, const std::string& text, int key) override;
+  void PressTableKey(int key, bool ctrl = false) override;
+  std::string TableFault() override;
+  std::string Clipboard() override;
+  void SetClipboard(const std::string& text) override;
+
   Item MenuItem(int command) override;
   std::vector<std::string> List(app::Control list) override;
   std::vector<int> SelectedRows(app::Control list) override;

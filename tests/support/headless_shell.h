@@ -19,6 +19,7 @@
 #include "app/window/ports.h"
 #include "chart/renderer_base.h"
 #include "tests/support/headless_dialogs.h"
+#include "tests/support/headless_table.h"
 
 namespace headless {
 
@@ -308,6 +309,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   Menu menu{journal};
   Questions questions;
   Dialogs dialogs;
+  StepTable stepTable;
 
   std::u16string title;
   app::Size size{app::kWindowWidth, app::kWindowHeight};

@@ -18,6 +18,12 @@ constexpr int kWheelNotch = 120;
 constexpr int kNotified = 0;  // the code of a button that was pressed
 constexpr std::chrono::seconds kPatience{60};
 
+std::string CellsAsText(const app::TableRow& cells) {
+  std::string text;
+  for (const std::u16string& cell : cells) text += (text.empty() ? "" : " | ") + Utf8FromWide(cell);
+  return text;
+}
+
 }  // namespace
 
 HeadlessUser::HeadlessUser(std::filesystem::path documents) : documents_(std::move(documents)) {}
@@ -288,6 +294,66 @@ bool HeadlessUser::WaitForLog(const std::string& text) {
     Turn();
   }
   return desktop_ != nullptr;
+}
+
+// The step table
+
+void HeadlessUser::CloseTable() {
+  Push([](app::Application& application) { application.stepTableWindow.OnClose(); });
+  Settle();
+}
+
+std::string HeadlessUser::TableTitle() {
+  return Utf8FromWide(desktop_->stepTable.title);
+}
+
+std::string HeadlessUser::TableHeading(app::TableSheet sheet) {
+  const StepTable::Sheet& shown = desktop_->stepTable.At(sheet);
+  return Utf8FromWide(shown.name) + ": " + CellsAsText(shown.columns);
+}
+
+std::vector<std::string> HeadlessUser::TableRows(app::TableSheet sheet) {
+  std::vector<std::string> rows;
+  for (const app::TableRow& row : desktop_->stepTable.At(sheet).rows) rows.push_back(CellsAsText(row));
+  return rows;
+}
+
+std::vector<int> HeadlessUser::SelectedTableRows() {
+  const std::vector<std::int32_t>& rows = desktop_->stepTable.selection.rows;
+  return {rows.begin(), rows.end()};
+}
+
+void HeadlessUser::ClickTableRow(int row, bool ctrl, bool shift) {
+  Push([=, this](app::Application& application) {
+    desktop_->stepTable.Click(application.stepTableWindow, row, ctrl, shift);
+  });
+  Settle();
+}
+
+void HeadlessUser::TypeInTable(int row, int column, const std::string& text, int key) {
+  Push([=, this, wide = WideFromUtf8(text)](app::Application& application) {
+    desktop_->stepTable.Type(application.stepTableWindow, row, column, wide, key);
+  });
+  Settle();
+}
+
+void HeadlessUser::PressTableKey(int key, bool ctrl) {
+  Push([=, this](app::Application& application) {
+    desktop_->stepTable.Press(application.stepTableWindow, key, ctrl);
+  });
+  Settle();
+}
+
+std::string HeadlessUser::TableFault() {
+  return Utf8FromWide(desktop_->stepTable.fault);
+}
+
+std::string HeadlessUser::Clipboard() {
+  return Utf8FromWide(desktop_->stepTable.clipboard);
+}
+
+void HeadlessUser::SetClipboard(const std::string& text) {
+  desktop_->stepTable.clipboard = WideFromUtf8(text);
 }
 
 User::Item HeadlessUser::MenuItem(int command) {

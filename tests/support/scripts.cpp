@@ -14,6 +14,7 @@
 #include "tests/support/dialog_scripts.h"
 #include "tests/support/files.h"
 #include "tests/support/language_scripts.h"
+#include "tests/support/table_scripts.h"
 #include "tests/support/view_scripts.h"
 
 namespace scripts {
@@ -323,6 +324,13 @@ constexpr Script kScripts[] = {
     {"FillTheLog", FillTheLog},
     {"ReadTheKnownIssues", ReadTheKnownIssues},
     {"CancelALoad", CancelALoad},
+    {"EditStepsInTheTable", EditStepsInTheTable},
+    {"TypeWrongIntoTheTable", TypeWrongIntoTheTable},
+    {"CarryStepsOverTheClipboard", CarryStepsOverTheClipboard},
+    {"SelectInTableAndChart", SelectInTableAndChart},
+    {"SelectSeveralRows", SelectSeveralRows},
+    {"LookAtTheTableDuringADemo", LookAtTheTableDuringADemo},
+    {"TheTableSaysWhatTheChartShows", TheTableSaysWhatTheChartShows},
 };
 
 }  // namespace

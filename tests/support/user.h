@@ -10,6 +10,7 @@
 
 #include "app/chart/held_keys.h"
 #include "app/window/control_table.h"
+#include "app/window/numbers.h"
 #include "app/window/ports.h"
 #include "tests/support/dialog_script.h"
 
@@ -103,6 +104,30 @@ class User {
   virtual void Wait(double seconds) = 0;
   /// Waits until the log holds a text; false if that does not happen for a long time.
   virtual bool WaitForLog(const std::string& text) = 0;
+
+  // The step table, but for HasTable only while its window is there.
+
+  virtual bool HasTable() = 0;
+  /// Closes its window by the frame.
+  virtual void CloseTable() = 0;
+  virtual std::string TableTitle() = 0;
+  /// What a sheet is called, and what stands above its columns: "As sent: 31 of 48: Time | White | ...".
+  virtual std::string TableHeading(app::TableSheet sheet) = 0;
+  /// Its rows, each as "08:00 | 40 | fade".
+  virtual std::vector<std::string> TableRows(app::TableSheet sheet) = 0;
+  virtual std::vector<int> SelectedTableRows() = 0;
+  /// Clicks on a row of the steps.
+  virtual void ClickTableRow(int row, bool ctrl = false, bool shift = false) = 0;
+  /// Edits a cell of the steps: types `text` in place of what stands there, and then a key. While that cell
+  /// is still edited it is typed into anew.
+  virtual void TypeInTable(int row, int column, const std::string& text, int key = app::key::kEnter) = 0;
+  /// Presses a key in the list that is seen, or in the cell that is edited.
+  virtual void PressTableKey(int key, bool ctrl = false) = 0;
+  /// What is wrong with what was typed or asked for, as the window says it.
+  virtual std::string TableFault() = 0;
+  /// The system's clipboard.
+  virtual std::string Clipboard() = 0;
+  virtual void SetClipboard(const std::string& text) = 0;
 
   // Seeing.
 

@@ -13,6 +13,7 @@
 #include "platform/qt/desktop/menu.h"
 #include "platform/qt/desktop/platform_steps.h"
 #include "platform/qt/desktop/questions.h"
+#include "platform/qt/desktop/step_table_window.h"
 
 namespace qt {
 
@@ -35,6 +36,7 @@ class DesktopShell {
   Menu menu_{mainWindow_, chartWindow_};
   Questions questions_{mainWindow_};
   DialogWindows dialogs_{mainWindow_};
+  StepTableWindow stepTable_{mainWindow_};
   EventQueue events_{mainWindow_, chartWindow_};
   PlatformSteps platform_{{mainWindow_, menu_, events_}};
 };

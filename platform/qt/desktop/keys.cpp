@@ -28,7 +28,10 @@ constexpr auto kKeys = std::to_array<KeyRow>({
     {Qt::Key_Up, app::key::kUp},
     {Qt::Key_Right, app::key::kRight},
     {Qt::Key_Down, app::key::kDown},
+    {Qt::Key_Insert, app::key::kInsert},
     {Qt::Key_Delete, app::key::kDelete},
+    {Qt::Key_Return, app::key::kEnter},
+    {Qt::Key_Enter, app::key::kEnter},
     {Qt::Key_F1, app::key::kF1},
 });
 
