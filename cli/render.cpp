@@ -31,6 +31,7 @@ struct RenderArguments {
   std::string scale = "1";
   std::string time;
   bool strip = false;
+  ProgramArgument compared{.mode = 0};  // no file: none; no mode: that of the program
 };
 
 template <class Number>
@@ -101,13 +102,21 @@ ExitStatus Render(const Session& session, const RenderArguments& arguments) {
   const ExitStatus loaded = LoadArgument(session, arguments.program, document);
   if (loaded != ExitStatus::Success) return loaded;
 
+  ProgramArgument compared = arguments.compared;
+  if (compared.mode == 0) compared.mode = arguments.program.mode;
+  if (!compared.file.empty()) {
+    const ExitStatus found = LoadArgument(session, compared, document);
+    if (found != ExitStatus::Success) return found;
+  }
+
   const auto minute = ParseTimeOfDay(arguments.time);
-  return Explain(session,
-                 platform::RunHelper(
-                     "lumarine-render",
-                     {arguments.program.file, std::to_string(arguments.program.mode), arguments.out, format,
-                      std::to_string(arguments.width), std::to_string(arguments.height), arguments.scale,
-                      minute ? std::to_string(*minute) : "-", arguments.strip ? "strip" : "-"}));
+  return Explain(
+      session,
+      platform::RunHelper("lumarine-render",
+                          {arguments.program.file, std::to_string(arguments.program.mode), arguments.out,
+                           format, std::to_string(arguments.width), std::to_string(arguments.height),
+                           arguments.scale, minute ? std::to_string(*minute) : "-",
+                           arguments.strip ? "strip" : "-", compared.file, std::to_string(compared.mode)}));
 }
 
 void DeclareSize(CLI::App& app, const char* option, int& size, const char* what) {
@@ -132,6 +141,14 @@ Run DeclareRender(CLI::App& app) {
       ->check(CLI::Validator(CheckTimeOfDay, ""))
       ->type_name("HH:MM");
   app.add_flag("--strip", arguments->strip, "Show the light of all channels together above them");
+  CLI::Option* const compare =
+      app.add_option("--compare", arguments->compared.file, "Show a mode of this file as thin lines behind")
+          ->check(TakesFile(".xml"))
+          ->type_name("FILE");
+  app.add_option("--compare-mode", arguments->compared.mode, "Which mode of it, the one of --mode by default")
+      ->needs(compare)
+      ->check(CLI::Validator(CheckModeNumber, ""))
+      ->type_name("N");
   return [arguments](Session& session) { return Render(session, *arguments); };
 }
 
@@ -145,7 +162,8 @@ In a PDF a pixel is a point. The size goes from 100 to 10000; a PNG has at most 
 Examples:
   lumarinectl render tank.xml tank.png
   lumarinectl render tank.xml sunday.svg --mode 2 --width 1200
-  lumarinectl render tank.xml noon.png --time 12:00 --scale 2)",
+  lumarinectl render tank.xml noon.png --time 12:00 --scale 2
+  lumarinectl render tank.xml both.png --compare tank.xml --compare-mode 2)",
     &DeclareRender,
 };
 

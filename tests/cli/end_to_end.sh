@@ -229,6 +229,8 @@ if $native; then
   check "a picture that is made is not talked about" test ! -s err.txt
   check "it is a PNG of twice the size" bash -c 'file day.png | grep -q "PNG image data, 800 x 600"'
   exits "render an SVG" 0 render reef-day.xml day.svg --mode 2 --time 12:00
+  exits "render what differs" 0 render reef-day.xml both.svg --compare reef-day.xml --compare-mode 2
+  check "the other mode is a thin line" grep -q 'stroke-width="1.5"' both.svg
   check "the SVG is well-formed" xmllint --noout --nonet day.svg
   check "the SVG can be drawn" rsvg-convert -o drawn.png day.svg
   exits "render a PDF" 0 render reef-day.xml day.pdf

@@ -23,16 +23,17 @@ TEST_F(RenderTest, WithoutOptionsTheFirstModeIsDrawnInTheUsualSize) {
   EXPECT_EQ(outcome.status, kSuccess) << outcome.err;
   EXPECT_THAT(fake_helper::Starts(),
               ElementsAre(ElementsAre("lumarine-render", PathOf("tank.xml"), "1", PathOf("tank.png"), "png",
-                                      "900", "600", "1", "-", "-")));
+                                      "900", "600", "1", "-", "-", "", "1")));
 }
 
 TEST_F(RenderTest, EveryOptionReachesTheDrawing) {
-  const Outcome outcome = Run({"render", "@tank.xml", "@day.svg", "--mode", "2", "--width", "1200",
-                               "--height", "300", "--scale", "2.5", "--time", "12:05", "--strip"});
+  const Outcome outcome =
+      Run({"render", "@tank.xml", "@day.svg", "--mode", "2", "--width", "1200", "--height", "300", "--scale",
+           "2.5", "--time", "12:05", "--strip", "--compare", "@tank.xml", "--compare-mode", "1"});
   EXPECT_EQ(outcome.status, kSuccess) << outcome.err;
   EXPECT_THAT(fake_helper::Starts(),
               ElementsAre(ElementsAre("lumarine-render", PathOf("tank.xml"), "2", PathOf("day.svg"), "svg",
-                                      "1200", "300", "2.5", "725", "strip")));
+                                      "1200", "300", "2.5", "725", "strip", PathOf("tank.xml"), "1")));
 }
 
 TEST_F(RenderTest, TheEndOfTheNameTellsTheFormatInAnyCase) {
@@ -62,6 +63,13 @@ TEST_F(RenderTest, WhatCannotBeDrawnIsRefusedBeforeAnythingStarts) {
        kWrongUsage,
        "there is no mode 3 in tank.xml, it holds 2"},
       {{"render", "@tank.xml", "@a.png", "--mode", "0"}, kWrongUsage, "--mode"},
+      {{"render", "@tank.xml", "@a.png", "--compare", "@none.xml"},
+       kFileFailed,
+       "none.xml cannot be read, or is no light program"},
+      {{"render", "@tank.xml", "@a.png", "--compare", "@tank.xml", "--compare-mode", "3"},
+       kWrongUsage,
+       "there is no mode 3 in tank.xml"},
+      {{"render", "@tank.xml", "@a.png", "--compare-mode", "1"}, kWrongUsage, "--compare"},
       {{"render", "@none.xml", "@a.png"}, kFileFailed, "cannot be read, or is no light program"},
       {{"render", "@tank.xml", "@a.png", "--width", "99"},
        kWrongUsage,

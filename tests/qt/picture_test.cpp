@@ -50,6 +50,13 @@ TEST_F(PictureTest, AFinePictureShowsTheSame) {
                         "twice as fine", {90, 0.01});
 }
 
+TEST_F(PictureTest, TheModeThatItIsComparedWithIsAThinLineForEachChannel) {
+  PictureRequest request{.format = PictureFormat::Svg};
+  EXPECT_EQ(CountOf(Draw(request), "stroke-width=\"1.5\""), 0);
+  request.compared = document_.modes[1];
+  EXPECT_EQ(CountOf(Draw(request), "stroke-width=\"1.5\""), 5);
+}
+
 TEST_F(PictureTest, ThePngAndTheSvgOfOneRequestAreTheSameBytesEachTime) {
   for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Svg}) {
     const PictureRequest request = {format, 400, 300, 1.0, 725};

@@ -43,6 +43,7 @@ class Chart {
       ShowMoment(demo_, CurrentMode(document), *request.minuteOfDay);
     }
     layout_.ShowStrip(request.strip);
+    if (request.compared) overlay_.comparison = {UX::Comparison::With::Kept, *request.compared};
     const UX::Rect none =
         layout_.ChartWindowRect();  // of a window without size: what is around it, below zero
     layout_.Update(request.width - none.width, request.height - none.height);
@@ -95,7 +96,9 @@ class Chart {
   TCBase::Program::StepSelection hoverStep_{document_};
   UX::ChartLayout layout_{now_};
   TCBase::DemoState demo_;
-  UX::ChartDrawing drawing_{{document_, selection_, hoverStep_, layout_, demo_, now_}};
+  UX::ChartOverlay overlay_;
+  UX::ChartDrawing drawing_{
+      {document_, selection_, hoverStep_, layout_, demo_, now_, UX::kNoGroup, overlay_}};
 };
 
 int PixelsOf(std::int32_t units, double scale) {

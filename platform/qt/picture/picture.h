@@ -19,6 +19,7 @@ struct PictureRequest {
   double scale = 1.0;                       // of a PNG: its pixels for each of the above
   std::optional<std::int32_t> minuteOfDay;  // where the cursor of a demo stands, if one is to be shown
   bool strip = false;                       // of mixed light, above the lanes
+  std::optional<TCBase::Program::Mode> compared = {};  // as thin lines behind the curves
 };
 
 /// The bytes of a picture of the document's current mode, with all motion at rest; nothing if there is no

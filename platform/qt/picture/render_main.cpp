@@ -1,10 +1,10 @@
 // lumarine-render: draws one picture for lumarinectl, which stays free of Qt.
 //
-//   lumarine-render FILE MODE OUT png|svg|pdf WIDTH HEIGHT SCALE MINUTE strip|-
+//   lumarine-render FILE MODE OUT png|svg|pdf WIDTH HEIGHT SCALE MINUTE strip|- COMPARED MODE
 //
-// MODE counts from 1, MINUTE of the day is - for no demo, as is the last for no strip of mixed light. Nothing
-// is optional: lumarinectl has checked what its user typed. Exit status as lumarinectl's own: 0 done, 2 wrong
-// usage, 4 a file.
+// MODE counts from 1, MINUTE of the day is - for no demo, as is the next for no strip of mixed light.
+// COMPARED is the file of the mode that stands behind, empty for none. Nothing is optional: lumarinectl has
+// checked what its user typed. Exit status as lumarinectl's own: 0 done, 2 wrong usage, 4 a file.
 
 #include <QGuiApplication>
 
@@ -31,6 +31,8 @@ struct Arguments {
   std::string_view file;
   std::int32_t mode = 1;
   std::string_view out;
+  std::string_view compared;  // empty for none
+  std::int32_t comparedMode = 1;
   qt::PictureRequest request;
 };
 
@@ -59,17 +61,19 @@ bool ParseStrip(std::string_view text, bool& strip) {
 }
 
 std::optional<Arguments> ParseArguments(int count, char** texts) {
-  constexpr int kCount = 10;
+  constexpr int kCount = 12;
   constexpr std::int32_t kMost = 1'000'000;
   if (count != kCount) return std::nullopt;
   Arguments arguments;
   qt::PictureRequest& request = arguments.request;
   arguments.file = texts[1];
   arguments.out = texts[3];
+  arguments.compared = texts[10];
   const bool good = Parse(texts[2], 1, kMost, arguments.mode) && ParseFormat(texts[4], request.format) &&
                     Parse(texts[5], 1, kMost, request.width) && Parse(texts[6], 1, kMost, request.height) &&
                     Parse(texts[7], 0.01, 100.0, request.scale) &&
-                    ParseMinute(texts[8], request.minuteOfDay) && ParseStrip(texts[9], request.strip);
+                    ParseMinute(texts[8], request.minuteOfDay) && ParseStrip(texts[9], request.strip) &&
+                    Parse(texts[11], 1, kMost, arguments.comparedMode);
   return good ? std::optional(arguments) : std::nullopt;
 }
 
@@ -91,12 +95,24 @@ int Fail(int status, std::string_view reason) {
   return status;
 }
 
-int Render(const Arguments& arguments) {
-  TCBase::Program::ModeListView document;
-  if (!LoadProgram(PathFromUtf8(arguments.file), document)) return kFileFailed;
-  if (static_cast<std::size_t>(arguments.mode) > document.modes.size())
+// The file's mode becomes the current one.
+int Load(std::string_view file, std::int32_t mode, TCBase::Program::ModeListView& document) {
+  if (!LoadProgram(PathFromUtf8(file), document)) return kFileFailed;
+  if (static_cast<std::size_t>(mode) > document.modes.size())
     return Fail(kWrongUsage, "there is no such mode");
-  document.currentMode = arguments.mode - 1;
+  document.currentMode = mode - 1;
+  return kSuccess;
+}
+
+int Render(Arguments arguments) {
+  TCBase::Program::ModeListView document;
+  if (!arguments.compared.empty()) {
+    const int loaded = Load(arguments.compared, arguments.comparedMode, document);
+    if (loaded != kSuccess) return loaded;
+    arguments.request.compared = CurrentMode(document);
+  }
+  const int loaded = Load(arguments.file, arguments.mode, document);
+  if (loaded != kSuccess) return loaded;
   const std::optional<std::string> picture = DrawPicture(document, arguments.request);
   if (!picture) return Fail(kFailed, "there is not enough memory for a picture of this size");
   return WriteFileBytes(PathFromUtf8(arguments.out), *picture) ? kSuccess : kFileFailed;
