@@ -18,6 +18,11 @@ Changed RedoChange(CommandContext& context) {
 }
 
 Changed SelectAllSteps(CommandContext& context) {
+  LogPanePort& log = context.shell.logPane;
+  if (context.fromKey && log.HasFocus()) {
+    log.SelectAll();
+    return Changed::No;
+  }
   context.state.chartInput.SelectAllSteps();
   return Changed::Yes;
 }

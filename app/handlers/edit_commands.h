@@ -8,7 +8,7 @@ namespace app {
 
 Changed UndoChange(CommandContext& context);
 Changed RedoChange(CommandContext& context);
-/// All steps of the channel, and once more all of the mode.
+/// All steps of the channel, and once more all of the mode; by its key in the log pane, the log's text.
 Changed SelectAllSteps(CommandContext& context);
 Changed ToggleCarefulMouse(CommandContext& context);
 

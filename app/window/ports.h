@@ -166,6 +166,10 @@ class LogPanePort {
   /// A pane that holds more than `most` units is emptied first; the colour stays. Apart from `most`, a pane
   /// can hold kLogPaneLimit units, a limit that the shell sets when it makes the control.
   virtual void Append(std::u16string_view text, LogColor color, std::size_t most) = 0;
+  /// Whether keys go to the pane, as they do once the user has clicked on it.
+  virtual bool HasFocus() const = 0;
+  /// Selects all its text, to be copied.
+  virtual void SelectAll() = 0;
 };
 
 /// The menu bar. Built by the shell from MenuTable(), before any of this is called. A command has one item;

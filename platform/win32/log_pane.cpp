@@ -16,6 +16,10 @@ void LogPane::Select(LONG begin, LONG end) {
   Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
 }
 
+bool LogPane::HasFocus() const {
+  return GetFocus() == controls_.HandleOf(app::Control::LogPane);
+}
+
 void LogPane::Append(std::u16string_view text, app::LogColor color, std::size_t most) {
   auto length = static_cast<std::size_t>(Send(WM_GETTEXTLENGTH, 0, 0));
   if (length > most) {

@@ -13,6 +13,8 @@ class LogPane final : public app::LogPanePort {
   explicit LogPane(const Controls& controls) : controls_(controls) {}
 
   void Append(std::u16string_view text, app::LogColor color, std::size_t most) override;
+  bool HasFocus() const override;
+  void SelectAll() override { Select(0, -1); }
 
  private:
   LRESULT Send(UINT message, WPARAM first, LPARAM second) const;

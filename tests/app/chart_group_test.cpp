@@ -145,6 +145,17 @@ TEST_F(ChartGroup, CtrlASelectsTheChannelAndThenTheMode) {
   EXPECT_EQ(UndoDepth(), 0);
 }
 
+TEST_F(ChartGroup, CtrlAInTheLogSelectsItsText) {
+  GivenThreeSteps();
+  auto& log = user.GetDesktop().logPane;
+  log.hasFocus = true;
+  user.PressKey('A', true);
+  EXPECT_EQ(Chosen(), "");
+  EXPECT_EQ(log.SelectedLength(), log.Length());
+  EXPECT_TRUE(user.Choose(command::kSelectAllSteps));
+  EXPECT_EQ(Chosen(), "0:08:00 0:12:00 0:16:00") << "the menu means the chart";
+}
+
 TEST_F(ChartGroup, CtrlAWithoutAChannelSelectsTheMode) {
   GivenThreeSteps();
   GivenSelection(-1, -1);

@@ -124,13 +124,17 @@ class Controls final : public app::ControlsPort {
 class LogPane final : public app::LogPanePort {
  public:
   void Append(std::u16string_view text, app::LogColor color, std::size_t most) override;
+  bool HasFocus() const override { return hasFocus; }
+  void SelectAll() override { Select(0, text_.size()); }
 
   const std::u16string& Text() const { return text_; }
   std::size_t Length() const { return text_.size(); }
   bool IsRedAt(std::size_t position) const { return colors_.at(position) == app::LogColor::Red; }
   /// What a drag of the mouse over the text does; a click, if both ends are one.
   void Select(std::size_t begin, std::size_t end);
+  std::size_t SelectedLength() const { return selectionEnd_ - selectionBegin_; }
   int scrolls = 0;
+  bool hasFocus = false;
 
  private:
   std::u16string text_;

@@ -40,4 +40,13 @@ void LogPane::Append(std::u16string_view text, app::LogColor color, std::size_t 
   log->verticalScrollBar()->setValue(log->verticalScrollBar()->maximum());
 }
 
+bool LogPane::HasFocus() const {
+  const QPlainTextEdit* const log = controls_.Log();
+  return log != nullptr && log->hasFocus();
+}
+
+void LogPane::SelectAll() {
+  if (QPlainTextEdit* const log = controls_.Log()) log->selectAll();
+}
+
 }  // namespace qt

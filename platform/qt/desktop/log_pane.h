@@ -11,6 +11,8 @@ class LogPane final : public app::LogPanePort {
   explicit LogPane(Controls& controls) : controls_(controls) {}
 
   void Append(std::u16string_view text, app::LogColor color, std::size_t most) override;
+  bool HasFocus() const override;
+  void SelectAll() override;
 
  private:
   Controls& controls_;
