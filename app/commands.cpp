@@ -6,6 +6,7 @@
 #include "app/handlers/edit_commands.h"
 #include "app/handlers/exchange_commands.h"
 #include "app/handlers/file_commands.h"
+#include "app/handlers/generate_commands.h"
 #include "app/handlers/help_commands.h"
 #include "app/handlers/language_commands.h"
 #include "app/handlers/mode_commands.h"
@@ -24,6 +25,7 @@ using Undo::Snapshot;
 
 constexpr Parts kSteps = part::kChart | part::kDescription;
 constexpr Parts kModes = part::kChart | part::kModeList;
+constexpr Parts kMade = kModes | part::kPower;
 constexpr Parts kAfterHistory = part::kModeList | part::kPower | part::kRenderer | part::kChart;
 constexpr Parts kView = part::kRenderer | part::kChart | part::kScrollBar | part::kZoomSlider;
 // The zoom slider's label and the window's title stay as they are.
@@ -33,6 +35,7 @@ constexpr int kPanStep = 15 * 60;
 constexpr TextKey kDemoSpeed("Demo speed");
 constexpr TextKey kEndpoints("Add endpoint steps");
 constexpr TextKey kAlignment("Align steps");
+constexpr TextKey kNewFrom("New from ...");
 
 // clang-format off
 constexpr Command kCommands[] = {
@@ -150,6 +153,18 @@ constexpr Command kCommands[] = {
      .handler = CompareWithThis, .refreshes = part::kChart},
     {.number = command::kLightStrip, .text = TextKey("Show light strip"), .menu = menu::kMode,
      .setting = Settings::kLightStrip, .handler = ToggleLightStrip, .refreshes = part::kRenderer | part::kChart},
+    {.number = command::kNewFromSun, .text = TextKey("Sun over a place"), .menu = menu::kMode, .submenu = kNewFrom,
+     .beginsGroup = true, .when = WithoutDemo, .undo = ByHandler, .handler = NewFromSun, .refreshes = kMade,
+     .always = part::kFocus},
+    {.number = command::kNewFromMoon, .text = TextKey("Moonlight"), .menu = menu::kMode, .submenu = kNewFrom,
+     .when = WithoutDemo, .undo = ByHandler, .handler = NewFromMoon, .refreshes = kMade, .always = part::kFocus},
+    {.number = command::kNewFromRampDay, .text = TextKey("Ramp day"), .menu = menu::kMode, .submenu = kNewFrom,
+     .when = WithoutDemo, .undo = ByHandler, .handler = NewFromRampDay, .refreshes = kMade, .always = part::kFocus},
+    {.number = command::kNewFromAcclimation, .text = TextKey("Acclimation"), .menu = menu::kMode,
+     .submenu = kNewFrom, .when = WithoutDemo, .undo = ByHandler, .handler = NewFromAcclimation, .refreshes = kMade,
+     .always = part::kFocus},
+    {.number = command::kNewFromSeason, .text = TextKey("Season of 52 weeks"), .menu = menu::kMode,
+     .submenu = kNewFrom, .when = WithoutDemo, .handler = NewFromSeason, .always = part::kFocus},
 
     // Language: which others there are is up to the translations.
     {.number = command::kEnglish, .lastNumber = command::kLastLanguage, .text = TextKey("English"),

@@ -117,12 +117,6 @@ void PrintDay(const Session& session, const AcclimationArguments& arguments, int
   PrintFigure(session, "day", percent + ("rows " + FitText(made)));
 }
 
-std::string DayFileName(int day) {
-  char name[24];
-  std::snprintf(name, sizeof name, "day-%03d.xml", day);
-  return name;
-}
-
 ExitStatus GenerateEachDay(const Session& session, const AcclimationArguments& arguments,
                            const ModeListView& full) {
   std::vector<SeriesFile> files;

@@ -25,6 +25,11 @@ inline constexpr int kTC421Success = 138;
 inline constexpr int kAddSteps = 139;
 inline constexpr int kGetDateTime = 140;
 inline constexpr int kCheckUp = 141;
+inline constexpr int kSun = 144;
+inline constexpr int kMoon = 145;
+inline constexpr int kRampDay = 146;
+inline constexpr int kAcclimation = 147;
+inline constexpr int kSeason = 148;
 }  // namespace template_id
 
 /// Numbers of the controls, but for the buttons kOk and kCancel that most dialogs have (dialog.h).
@@ -100,6 +105,49 @@ inline constexpr int kSave = 1054;
 namespace tc421_success_control {
 inline constexpr int kText = 32912;
 }  // namespace tc421_success_control
+
+/// Of the dialogs that make days of light; each has some of them.
+namespace generate_control {
+inline constexpr int kResult = 1100;
+inline constexpr int kPlaceLabel = 1101;
+inline constexpr int kPlace = 1102;
+inline constexpr int kPlacesLabel = 1103;
+inline constexpr int kPlaces = 1104;
+inline constexpr int kDateLabel = 1105;
+inline constexpr int kDate = 1106;
+inline constexpr int kTwilightLabel = 1107;
+inline constexpr int kTwilight = 1108;
+inline constexpr int kLevelsLabel = 1109;
+inline constexpr int kLevels = 1110;
+inline constexpr int kHoursLabel = 1111;
+inline constexpr int kHours = 1112;
+inline constexpr int kMoonlightLabel = 1113;
+inline constexpr int kMoonlight = 1114;
+inline constexpr int kNightLabel = 1115;
+inline constexpr int kNight = 1116;
+inline constexpr int kSunriseLabel = 1117;
+inline constexpr int kSunrise = 1118;
+inline constexpr int kSunsetLabel = 1119;
+inline constexpr int kSunset = 1120;
+inline constexpr int kRampLabel = 1121;
+inline constexpr int kRamp = 1122;
+inline constexpr int kStaggerLabel = 1123;
+inline constexpr int kStagger = 1124;
+inline constexpr int kBreakLabel = 1125;
+inline constexpr int kBreak = 1126;
+inline constexpr int kBreakLevelLabel = 1127;
+inline constexpr int kBreakLevel = 1128;
+inline constexpr int kPercentLabel = 1129;
+inline constexpr int kPercent = 1130;
+inline constexpr int kDaysLabel = 1131;
+inline constexpr int kDays = 1132;
+inline constexpr int kFirstDayLabel = 1133;
+inline constexpr int kFirstDay = 1134;
+inline constexpr int kWhatLabel = 1135;
+inline constexpr int kWhat = 1136;
+inline constexpr int kYearLabel = 1137;
+inline constexpr int kYear = 1138;
+}  // namespace generate_control
 
 struct DialogTemplate {
   int number;

@@ -6,8 +6,8 @@
 //
 // Keys: "locale", "last_open_file" (UTF-8), "demo_speed" (seconds), "logging", "careful_mouse" and
 // "light_strip" ("on" or "off"), "lamp_watts" and "lamp_par" (five numbers with semicolons between them),
-// "electricity_price", "figures_level" (percent); for each device, told apart by the device's name for
-// itself: "device" (the name shown) and "device_description".
+// "electricity_price", "figures_level" (percent), "place" (of the last day of sun); for each device, told
+// apart by the device's name for itself: "device" (the name shown) and "device_description".
 
 #include <cstdint>
 #include <filesystem>

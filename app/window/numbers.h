@@ -66,6 +66,11 @@ inline constexpr int kAlign60 = 32937;
 inline constexpr int kCompareWithSaved = 33013;
 inline constexpr int kCompareWithThis = 33014;
 inline constexpr int kLightStrip = 33015;
+inline constexpr int kNewFromSun = 33030;
+inline constexpr int kNewFromMoon = 33031;
+inline constexpr int kNewFromRampDay = 33032;
+inline constexpr int kNewFromAcclimation = 33033;
+inline constexpr int kNewFromSeason = 33034;
 // Language: English, and from kFirstLanguage on the others by their place among the translations.
 inline constexpr int kEnglish = 32796;
 inline constexpr int kFirstLanguage = 32797;

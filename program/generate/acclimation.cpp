@@ -1,6 +1,7 @@
 #include "program/generate/acclimation.h"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace TCBase::Program::Generate {
 
@@ -15,6 +16,12 @@ float PercentOfDay(const Acclimation& acclimation, int day) {
 
 int DayOfAcclimation(const Date& first, const Date& date) {
   return DaysBetween(first, date) + 1;
+}
+
+std::string DayFileName(int day) {
+  char name[24];
+  std::snprintf(name, sizeof name, "day-%03d.xml", day);
+  return name;
 }
 
 Generated MakeAcclimationDay(const Mode& full, const Acclimation& acclimation, int day, int mostRows) {

@@ -2,6 +2,8 @@
 
 // A slow start: a mode's light begins weak, and grows evenly from day to day until it is whole.
 
+#include <string>
+
 #include "program/generate/calendar.h"
 #include "program/generate/fit.h"
 
@@ -21,6 +23,9 @@ float PercentOfDay(const Acclimation& acclimation, int day);
 
 /// Which day of an acclimation that begins on `first` the date is: 1 on that day itself; less before it.
 int DayOfAcclimation(const Date& first, const Date& date);
+
+/// "day-003.xml", what the program of a day is called.
+std::string DayFileName(int day);
 
 /// The mode as it is on that day, its name as it was: all steps where they are, in whole percents.
 Generated MakeAcclimationDay(const Mode& full, const Acclimation& acclimation, int day,

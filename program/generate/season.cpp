@@ -21,6 +21,16 @@ Date MiddleOfWeek(std::chrono::year year, int week) {
   return PlusDays(year / std::chrono::January / 1, (std::clamp(week, 1, kWeeks) - 1) * kDaysAWeek + kMiddle);
 }
 
+std::string WeekName(int week) {
+  return "Week " + std::to_string(week);
+}
+
+std::vector<int> WeeklyUtcOffsets(const Place& place, std::chrono::year year) {
+  std::vector<int> offsets;
+  for (int week = 1; week <= kWeeks; ++week) offsets.push_back(UtcOffsetOf(place, MiddleOfWeek(year, week)));
+  return offsets;
+}
+
 std::string WeekFileName(int week) {
   char name[24];
   std::snprintf(name, sizeof name, "week-%02d.xml", week);
@@ -36,7 +46,7 @@ std::vector<Generated> MakeSeason(const SunLight& light, const std::vector<int>&
     const auto index = static_cast<std::size_t>(week - 1);
     day.utcOffset = index < utcOffsets.size() ? utcOffsets[index] : light.utcOffset;
     season.push_back(MakeSunMode(day, mostRows));
-    season.back().mode.name = "Week " + std::to_string(week);
+    season.back().mode.name = WeekName(week);
   }
   return season;
 }

@@ -138,6 +138,11 @@ const std::set<int> kIdleOnly = {
     command::kAlign15,
     command::kAlign30,
     command::kAlign60,
+    command::kNewFromSun,
+    command::kNewFromMoon,
+    command::kNewFromRampDay,
+    command::kNewFromAcclimation,
+    command::kNewFromSeason,
     // With a step selected.
     command::kDeleteStep,
     command::kToggleJump,

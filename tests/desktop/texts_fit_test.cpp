@@ -340,6 +340,24 @@ TEST_P(TextsFit, DialogsOfSteps) {
   ExpectDialogsToFit(template_id::kAddSteps);
 }
 
+TEST_P(TextsFit, DialogsOfNewModes) {
+  namespace id = dialogs::generate_control;
+  struct Row {
+    int command;
+    int dialog;
+    int fault;  // the field with the longest label
+  };
+  for (const Row& row : {Row{command::kNewFromSun, template_id::kSun, id::kLevels},
+                         Row{command::kNewFromMoon, template_id::kMoon, id::kMoonlight},
+                         Row{command::kNewFromRampDay, template_id::kRampDay, id::kLevels},
+                         Row{command::kNewFromAcclimation, template_id::kAcclimation, id::kPercent},
+                         Row{command::kNewFromSeason, template_id::kSeason, id::kLevels}}) {
+    user.WillFill({Look(), Type(row.fault, "x"), Look(), PressEscape()});
+    ASSERT_TRUE(user.Choose(row.command));
+    ExpectDialogsToFit(row.dialog);
+  }
+}
+
 TEST_P(TextsFit, About) {
   user.WillFill({PressEscape()});
   ASSERT_TRUE(user.Choose(command::kAbout));

@@ -299,10 +299,10 @@ const std::map<std::string, std::set<std::string>> kSameWords = {
     {"sk", {"UDP port 5000", "Normal", "OK"}},
     {"it", {"Firewall", "File", "OK", "Password", "Password:", "Zoom"}},
     {"cz", {"UDP port 5000", "Normal", "OK"}},
-    {"fr01", {"Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
-    {"fr", {"Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
+    {"fr01", {"Civil", "Date", "Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
+    {"fr", {"Civil", "Date", "Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
     {"pl", {"OK"}},
-    {"es", {"Normal", "Zoom"}},
+    {"es", {"Civil", "Normal", "Zoom"}},
 };
 
 TEST_P(EachLanguage, RepeatsTheEnglishOnlyWhereItIsTheSameWord) {
