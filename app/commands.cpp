@@ -13,6 +13,7 @@
 #include "app/handlers/view_commands.h"
 #include "app/window/numbers.h"
 #include "program/endpoint.h"
+#include "program/templates.h"
 
 namespace app {
 
@@ -32,6 +33,7 @@ constexpr Parts kView = part::kRenderer | part::kChart | part::kScrollBar | part
 constexpr Parts kLanguage = part::kTexts | part::kRenderer | part::kChart | part::kModeList;
 constexpr int kPanStep = 15 * 60;
 
+constexpr TextKey kTemplates("New from template");
 constexpr TextKey kDemoSpeed("Demo speed");
 constexpr TextKey kEndpoints("Add endpoint steps");
 constexpr TextKey kAlignment("Align steps");
@@ -60,6 +62,16 @@ constexpr Command kCommands[] = {
     {.number = command::kProgramInfo, .text = TextKey("Program info"), .menu = menu::kFile, .beginsGroup = true,
      .handler = ShowProgramInfo},
     {.number = command::kExit, .text = TextKey("Exit"), .menu = menu::kFile, .beginsGroup = true, .handler = Exit},
+    {.number = command::kReefTemplate, .text = TextKey("Reef"), .menu = menu::kFile, .submenu = kTemplates,
+     .beginsGroup = true, .when = WithoutDemo, .handler = With<NewFromTemplate, &kReefTemplate>, .always = part::kRenderer},
+    {.number = command::kPlantedTankTemplate, .text = TextKey("Planted tank"), .menu = menu::kFile, .submenu = kTemplates,
+     .when = WithoutDemo, .handler = With<NewFromTemplate, &kPlantedTankTemplate>, .always = part::kRenderer},
+    {.number = command::kSeedlingsTemplate, .text = TextKey("Seedlings"), .menu = menu::kFile, .submenu = kTemplates,
+     .when = WithoutDemo, .handler = With<NewFromTemplate, &kSeedlingsTemplate>, .always = part::kRenderer},
+    {.number = command::kRefugiumTemplate, .text = TextKey("Refugium"), .menu = menu::kFile, .submenu = kTemplates,
+     .when = WithoutDemo, .handler = With<NewFromTemplate, &kRefugiumTemplate>, .always = part::kRenderer},
+    {.number = command::kBlackwaterTemplate, .text = TextKey("Blackwater"), .menu = menu::kFile, .submenu = kTemplates,
+     .when = WithoutDemo, .handler = With<NewFromTemplate, &kBlackwaterTemplate>, .always = part::kRenderer},
 
     // Edit
     {.number = command::kUndo, .text = TextKey("Undo"), .menu = menu::kEdit, .keys = {Ctrl('Z')},

@@ -41,9 +41,9 @@ Exit status: 0 done, 1 the device operation failed or was stopped, 2 wrong usage
 4 a file that cannot be read or written.)";
 
 const Command* const kCommands[] = {
-    &kInfo,     &kCurve,  &kNew,      &kEdit,   &kConvert,  &kRender, &kFrames,
-    &kDevices,  &kScan,   &kUpload,   &kDemo,   &kSyncTime, &kClear,  &kWifiSetup,
-    &kUsbSetup, &kDoctor, &kGenerate, &kPlaces, &kFigures,
+    &kInfo,     &kCurve,  &kNew,      &kEdit,   &kConvert,  &kRender,    &kFrames,
+    &kDevices,  &kScan,   &kUpload,   &kDemo,   &kSyncTime, &kClear,     &kWifiSetup,
+    &kUsbSetup, &kDoctor, &kGenerate, &kPlaces, &kFigures,  &kTemplates,
 };
 
 bool IsCommand(const std::string& word) {

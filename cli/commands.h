@@ -16,6 +16,7 @@ extern const Command kFigures;
 // edit.cpp
 extern const Command kNew;
 extern const Command kEdit;
+extern const Command kTemplates;
 
 // generate.cpp
 extern const Command kGenerate;

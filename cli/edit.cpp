@@ -1,4 +1,4 @@
-// Making and changing programs: new and edit.
+// Making and changing programs: new, templates and edit.
 
 #include <charconv>
 #include <memory>
@@ -7,13 +7,16 @@
 #include "OvkLib/src/UWP/ovk_win_str_utils.h"
 #include "cli/changes.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/options.h"
 #include "cli/program_argument.h"
 #include "cli/step_changes.h"
 #include "cli/text.h"
 #include "common/files.h"
+#include "common/message.h"
 #include "program/builtin_modes.h"
 #include "program/program_file.h"
+#include "program/templates.h"
 
 namespace cli {
 
@@ -21,6 +24,7 @@ namespace {
 
 using TCBase::Program::kChannelCount;
 using TCBase::Program::ModeListView;
+using TCBase::Program::ProgramTemplate;
 
 // What the options may say: checks that answer the text of a fault, or nothing.
 
@@ -155,24 +159,86 @@ Run DeclareEdit(CLI::App& app) {
   return [arguments](Session& session) { return Edit(session, *arguments); };
 }
 
+struct NewArguments {
+  std::string out;   // UTF-8
+  std::string from;  // the id of a template; empty for the built-in program
+};
+
+std::vector<std::string> TemplateIds() {
+  std::vector<std::string> ids;
+  for (const ProgramTemplate* const each : TCBase::Program::ProgramTemplates()) ids.emplace_back(each->id);
+  return ids;
+}
+
+ExitStatus New(const Session& session, const NewArguments& arguments) {
+  if (arguments.from.empty()) return Save(TCBase::Program::NewProgram(), arguments.out);
+  const ModeListView program = NewProgramFrom(*TCBase::Program::FindTemplate(arguments.from));
+  const ExitStatus saved = Save(program, arguments.out);
+  if (saved == ExitStatus::Success) session.status.Print(program.modes.front().description);
+  return saved;
+}
+
 Run DeclareNew(CLI::App& app) {
-  const auto out = std::make_shared<std::string>();
-  app.add_option("OUT", *out, "The program file to write")
+  const auto arguments = std::make_shared<NewArguments>();
+  app.add_option("OUT", arguments->out, "The program file to write")
       ->required()
       ->check(TakesFile(".xml"))
       ->type_name("");
-  return [out](Session&) { return Save(TCBase::Program::NewProgram(), *out); };
+  app.add_option("--template", arguments->from,
+                 "Start from this one; \"lumarinectl templates\" tells of them")
+      ->check(Unnamed(CLI::IsMember(TemplateIds())))
+      ->type_name("reef|planted-tank|seedlings|refugium|blackwater");
+  return [arguments](Session& session) { return New(session, *arguments); };
+}
+
+// The sentence behind the id, each at its column.
+void PrintTemplates(const Session& session) {
+  constexpr std::size_t kColumn = 14;
+  for (const ProgramTemplate* const each : TCBase::Program::ProgramTemplates()) {
+    std::string id(each->id);
+    id.resize(kColumn, ' ');
+    session.out << id << Translate(each->sentence) << '\n';
+  }
+}
+
+void PrintTemplatesAsJson(const Session& session) {
+  Json list = Json::array();
+  for (const ProgramTemplate* const each : TCBase::Program::ProgramTemplates()) {
+    list.push_back({{"template", each->id},
+                    {"name", std::string_view(each->name)},
+                    {"sentence", std::string_view(each->sentence)}});
+  }
+  PrintJson(session.out, list);
+}
+
+Run DeclareTemplates(CLI::App& app) {
+  const auto json = std::make_shared<bool>(false);
+  app.add_flag("--json", *json, "The same for other programs");
+  return [json](const Session& session) {
+    (*json ? PrintTemplatesAsJson : PrintTemplates)(session);
+    return ExitStatus::Success;
+  };
 }
 
 }  // namespace
 
 const Command kNew = {
     "new",
-    "Write the built-in program, to start from",
+    "Write the built-in program or a template, to start from",
     R"(A file that is there is replaced.
-Example:
-  lumarinectl new tank.xml)",
+Examples:
+  lumarinectl new tank.xml
+  lumarinectl new reef.xml --template reef)",
     &DeclareNew,
+};
+
+const Command kTemplates = {
+    "templates",
+    "List the programs that \"new\" can start from",
+    R"(Each with what it is for, and where its levels come from.
+Example:
+  lumarinectl templates)",
+    &DeclareTemplates,
 };
 
 const Command kEdit = {

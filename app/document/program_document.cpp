@@ -49,10 +49,15 @@ bool ProgramDocument::AskToSave() {
 }
 
 void ProgramDocument::NewProgram() {
-  if (!AskToSave()) return;
-  program_ = TCBase::Program::NewProgram();
+  StartOver(TCBase::Program::NewProgram());
+}
+
+bool ProgramDocument::StartOver(TCBase::Program::ModeListView program) {
+  if (!AskToSave()) return false;
+  program_ = std::move(program);
   SetPath({});
   AfterLoad();
+  return true;
 }
 
 void ProgramDocument::Load() {

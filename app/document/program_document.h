@@ -31,6 +31,8 @@ class ProgramDocument {
   /// Starts over with the built-in modes, unless AskToSave says no. What was saved last stays the measure of
   /// what is modified: a new program after a loaded one is a change of it.
   void NewProgram();
+  /// The same with this program. False if AskToSave said no.
+  bool StartOver(TCBase::Program::ModeListView program);
 
   /// Carries the command out: asks to save, asks for a file, loads it.
   void Load();

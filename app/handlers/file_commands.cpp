@@ -1,7 +1,11 @@
 #include "app/handlers/file_commands.h"
 
+#include <utility>
+
 #include "app/handlers/device_log.h"
 #include "app/handlers/upload_check.h"
+#include "common/log.h"
+#include "common/message.h"
 #include "dialogs/dlg_about.h"
 #include "program/steps_text.h"
 
@@ -12,6 +16,14 @@ namespace app {
 
 Changed NewProgram(CommandContext& context) {
   context.state.document->NewProgram();
+  return Changed::No;
+}
+
+Changed NewFromTemplate(CommandContext& context, const TCBase::Program::ProgramTemplate* from) {
+  TCBase::Program::ModeListView program = NewProgramFrom(*from);
+  const TCBase::Program::Mode mode = program.modes.front();
+  if (!context.state.document->StartOver(std::move(program))) return Changed::No;
+  LogStatus(Message("New program \"{1}\". {2}", mode.name, mode.description));
   return Changed::No;
 }
 

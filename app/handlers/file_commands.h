@@ -4,10 +4,13 @@
 // tools.
 
 #include "app/handlers/command_context.h"
+#include "program/templates.h"
 
 namespace app {
 
 Changed NewProgram(CommandContext& context);
+/// The same with the template's mode, of which the log tells.
+Changed NewFromTemplate(CommandContext& context, const TCBase::Program::ProgramTemplate* from);
 Changed LoadProgram(CommandContext& context);
 Changed SaveProgram(CommandContext& context);
 Changed SaveProgramAs(CommandContext& context);

@@ -21,6 +21,11 @@ inline constexpr int kExportLmf = 32945;
 inline constexpr int kExportRaw = 32946;
 inline constexpr int kProgramInfo = 32773;
 inline constexpr int kExit = 105;
+inline constexpr int kReefTemplate = 33020;
+inline constexpr int kPlantedTankTemplate = 33021;
+inline constexpr int kSeedlingsTemplate = 33022;
+inline constexpr int kRefugiumTemplate = 33023;
+inline constexpr int kBlackwaterTemplate = 33024;
 // Edit
 inline constexpr int kUndo = 32785;
 inline constexpr int kRedo = 32786;

@@ -53,10 +53,11 @@ class MenuBar : public AppTest {
 };
 
 TEST_F(MenuBar, SuffixesFollowTheTexts) {
-  EXPECT_THAT(TextsOf(menu::kFile),
-              ElementsAre("New Program", "Load Program", "Save Program", "Save Program As", "",
-                          "Import TMF (PLED)", "Export TMF (PLED)", "", "Import LMF (LEDControl)",
-                          "Export LMF (LEDControl)", "", "Export RAW", "", "Program info", "", "Exit"));
+  EXPECT_THAT(
+      TextsOf(menu::kFile),
+      ElementsAre("New Program", "Load Program", "Save Program", "Save Program As", "", "Import TMF (PLED)",
+                  "Export TMF (PLED)", "", "Import LMF (LEDControl)", "Export LMF (LEDControl)", "",
+                  "Export RAW", "", "Program info", "", "Exit", "", "New from template"));
 }
 
 TEST_F(MenuBar, SubmenusAndMenusOfTheBarHaveTheirTexts) {
@@ -106,6 +107,11 @@ TEST_F(MenuBar, ShowsAsManyLanguagesAsThereAreCommands) {
 // What a demo greys; all else follows the selection or is always there.
 const std::set<int> kIdleOnly = {
     command::kNewProgram,
+    command::kReefTemplate,
+    command::kPlantedTankTemplate,
+    command::kSeedlingsTemplate,
+    command::kRefugiumTemplate,
+    command::kBlackwaterTemplate,
     command::kLoadProgram,
     command::kUndo,
     command::kRedo,

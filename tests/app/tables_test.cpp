@@ -34,7 +34,8 @@ TEST(MenuTable, HoldsTheMenusFromLeftToRight) {
   }
   EXPECT_THAT(menus,
               testing::ElementsAre(
-                  "File: 32784 32777 32781 32782 - 32776 32938 - 32944 32945 - 32946 - 32773 - 105",
+                  "File: 32784 32777 32781 32782 - 32776 32938 - 32944 32945 - 32946 - 32773 - 105 - "
+                  "[New from template: 33020 33021 33022 33023 33024]",
                   "Edit: 32785 32786 - 33010 - 33011",
                   "Device: 32790 32791 32792 - 32793 - 32794 32795 [Demo speed: 32914 32915 32916 - 32917] - "
                   "32910 - 32911 "
@@ -74,6 +75,11 @@ constexpr ExpectedText kTexts[] = {
     {32946, "Export RAW"},
     {32773, "Program info"},
     {105, "Exit"},
+    {33020, "Reef"},
+    {33021, "Planted tank"},
+    {33022, "Seedlings"},
+    {33023, "Refugium"},
+    {33024, "Blackwater"},
     {32785, "Undo"},
     {32786, "Redo"},
     {33010, "Select all steps"},

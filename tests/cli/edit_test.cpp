@@ -1,6 +1,10 @@
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
 #include <regex>
 
 #include "program/builtin_modes.h"
+#include "program/templates.h"
 #include "tests/cli/command_fixture.h"
 
 namespace {
@@ -40,6 +44,35 @@ TEST_F(EditTest, NewWritesTheBuiltInProgram) {
   EXPECT_EQ(outcome.status, kSuccess);
   EXPECT_EQ(outcome.err, "Saved program built_in.xml\n");
   EXPECT_TRUE(Load("built_in.xml") == TCBase::Program::NewProgram());
+}
+
+TEST_F(EditTest, NewWritesATemplateAndSaysWhatItIsFor) {
+  const Outcome outcome = Run({"new", "@reef.xml", "--template", "reef"});
+  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_THAT(outcome.err, testing::StartsWith("Saved program reef.xml\nFor corals: blue first and last, "));
+  EXPECT_THAT(outcome.out, IsEmpty());
+  EXPECT_TRUE(Load("reef.xml") == NewProgramFrom(TCBase::Program::kReefTemplate));
+}
+
+TEST_F(EditTest, NewRefusesATemplateThatIsNone) {
+  const Outcome outcome = Run({"new", "@out.xml", "--template", "desert"});
+  EXPECT_EQ(outcome.status, kWrongUsage);
+  EXPECT_THAT(outcome.err, HasSubstr("desert"));
+  EXPECT_FALSE(Exists("out.xml"));
+}
+
+TEST_F(EditTest, TemplatesAreListedWithTheirSentences) {
+  const Outcome outcome = Run({"templates"});
+  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_THAT(outcome.out, testing::StartsWith("reef          For corals: "));
+  EXPECT_THAT(outcome.out, HasSubstr("\nplanted-tank  For plants and fish: "));
+  EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 5);
+
+  const auto list = nlohmann::json::parse(Run({"templates", "--json"}).out);
+  ASSERT_EQ(list.size(), 5U);
+  EXPECT_EQ(list[4]["template"], "blackwater");
+  EXPECT_EQ(list[4]["name"], "Blackwater");
+  EXPECT_THAT(list[4]["sentence"].get<std::string>(), testing::StartsWith("For shy fish "));
 }
 
 // What the file is called is no part of the sentence around it.

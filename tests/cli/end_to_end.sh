@@ -74,6 +74,14 @@ printf '08:00 0\n9:30 80 J\n18:75 33\n' >unix.txt
 printf '08:00 0\r\n9:30 80 J\r\n18:75 33\r\n' >dos.txt
 
 exits "new" 0 new built-in.xml
+exits "templates" 0 templates
+cut -d " " -f 1 out.txt >templates.txt
+check "there are five templates" test "$(wc -l <templates.txt)" = 5
+while read -r template; do
+  exits "new --template $template" 0 new "from-$template.xml" --template "$template"
+  exits "info from $template" 0 info "from-$template.xml" --json
+  cp out.txt "$outdir/from-$template.info.json"
+done <templates.txt
 for program in built-in reef-day planted-tank seedling-bed hostile; do
   exits "info $program" 0 info $program.xml
   cp out.txt "$outdir/$program.info.txt"

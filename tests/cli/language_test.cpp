@@ -161,6 +161,8 @@ TEST_F(LanguageTest, WhatOtherProgramsReadIsTheSameInEveryLanguage) {
                             {"frames", "@tank.xml"},
                             {"frames", "@tank.xml", "--json"},
                             {"devices", "--json"},
+                            {"figures", "@tank.xml", "--json"},
+                            {"templates", "--json"},
                             {"scan", "--json"}};
   for (const Words& command : commands) {
     language = "en";

@@ -95,6 +95,12 @@ TEST_F(RecordedTexts, OfTheMenusAndTheirDialogs) {
         command::kMoveStepsDown, command::kChannelColor, command::kClearSteps}) {
     Choose(number);
   }
+  Choose(command::kLightStrip);
+  for (const int number : {command::kReefTemplate, command::kPlantedTankTemplate, command::kSeedlingsTemplate,
+                           command::kRefugiumTemplate, command::kBlackwaterTemplate}) {
+    user.WillAnswer(Answer::No);
+    Choose(number);
+  }
   user.WillFill({PressEscape()});
   user.Press(Control::AddModeButton);
   user.Press(Control::DeleteModeButton);
