@@ -36,6 +36,7 @@ class FullMode {
     const Step& step = user_.State().CurrentMode().channels[2][24];
     Chart().OnLeftDown(UX::TimeToX(lane, user_.State().program, step), UX::PercentToY(lane, step.value));
   }
+  app::AppState& State() { return user_.State(); }
   app::ChartWindow& Chart() { return user_.GetDesktop().application->chartWindow; }
   std::vector<UX::Rect>& Invalidated() { return user_.GetDesktop().chart.invalidated; }
 
@@ -60,6 +61,42 @@ void DragAStep(benchmark::State& state) {
   }
 }
 BENCHMARK(DragAStep)->Unit(benchmark::kMicrosecond);
+
+// The same with all 240 steps selected.
+void DragAllSteps(benchmark::State& state) {
+  FullMode mode;
+  mode.State().selection.channel = 2;
+  mode.State().chartInput.SelectAllSteps();
+  mode.State().chartInput.SelectAllSteps();
+  mode.Press();
+  int y = 250;
+  int direction = 1;
+  for (auto _ : state) {
+    y += direction;
+    if (y == 300 || y == 200) direction = -direction;
+    mode.Invalidated().clear();
+    mode.Chart().OnMouseMove(450, y, true);
+    if (mode.Invalidated().empty()) state.SkipWithError("nothing was dragged");
+  }
+}
+BENCHMARK(DragAllSteps)->Unit(benchmark::kMicrosecond);
+
+// A step dragged while the step table is open, until the table says the same.
+void DragAStepWithTheTableOpen(benchmark::State& state) {
+  FullMode mode;
+  mode.State().selection.channel = 2;
+  mode.State().stepTable.Open();
+  mode.Press();
+  int x = 450;
+  int direction = 1;
+  for (auto _ : state) {
+    x += direction;
+    if (x == 880 || x == 20) direction = -direction;
+    mode.Chart().OnMouseMove(x, 250 + x % 50, true);
+    mode.State().stepTable.Follow();
+  }
+}
+BENCHMARK(DragAStepWithTheTableOpen)->Unit(benchmark::kMicrosecond);
 
 void MoveWithoutAButton(benchmark::State& state) {
   FullMode mode;
