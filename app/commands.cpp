@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "app/handlers/change_steps.h"
 #include "app/handlers/channel_commands.h"
 #include "app/handlers/command_context.h"
 #include "app/handlers/device_commands.h"
@@ -139,6 +140,8 @@ constexpr Command kCommands[] = {
      .undo = Snapshot, .handler = ChangeColor, .refreshes = part::kLane, .always = part::kRenderer | part::kFocus},
     {.number = command::kStepTable, .text = TextKey("Step table"), .menu = menu::kChannel, .beginsGroup = true,
      .keys = {Ctrl('T')}, .handler = ShowStepTable},
+    {.number = command::kChangeSteps, .text = TextKey("Change steps..."), .menu = menu::kChannel, .beginsGroup = true,
+     .undo = ByHandler, .handler = ChangeSteps, .refreshes = kSteps | part::kPower, .always = part::kFocus},
 
     // Mode
     {.number = command::kOptimizeForTC421, .text = TextKey("Optimize mode for TC421"), .menu = menu::kMode,

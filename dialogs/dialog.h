@@ -14,6 +14,7 @@
 
 #include "common/date_time.h"
 #include "common/event_target.h"
+#include "common/geometry.h"
 #include "dialogs/control.h"
 
 namespace dialogs {
@@ -96,6 +97,9 @@ class DialogWindow : public DialogControls, public DialogTexts, public DialogLis
   /// Left top of the dialog's frame, in the client area of the main window and its units. All of the dialog
   /// stays on the screen, even where that puts it elsewhere.
   virtual void MoveTo(std::int32_t x, std::int32_t y) = 0;
+  /// Beside an area of the main window's client area, in its units, that is to be seen while the dialog
+  /// stands open: see PlaceBeside.
+  virtual void MoveBeside(const Rect& area) = 0;
   virtual void SetTitle(std::u16string_view title) = 0;
   /// A message over the dialog. Returns when its OK is pressed; until then the dialog takes no input, but
   /// posted events go on arriving at DlgBase::OnEvent.
@@ -109,6 +113,10 @@ class DialogWindow : public DialogControls, public DialogTexts, public DialogLis
   /// Closes the dialog; DoModal answers `result`, which is positive. Nothing of DlgBase is called any more.
   virtual void End(int result) = 0;
 };
+
+/// Where a dialog of this size leaves the area free: right of it, below, left or above, the first of these
+/// that is all on the screen; without one the right bottom of the screen. All in the same units.
+Position PlaceBeside(const Rect& area, std::int32_t width, std::int32_t height, const Rect& screen);
 
 class DlgBase;
 

@@ -133,6 +133,24 @@ constexpr ControlTemplate kCheckUpControls[] = {
     {kOk, Kind::Button, {323, 204, 50, 14}, "OK", trait::kDefault},
 };
 
+constexpr ControlTemplate kChangeStepsControls[] = {
+    {change_steps_control::kWhatLabel, Kind::Label, {7, 7, 248, 8}, "What to do"},
+    {change_steps_control::kWhat, Kind::DropDownList, {7, 17, 248, 190}, "", trait::kVerticalScrollBar},
+    {change_steps_control::kFirstLabel, Kind::Label, {7, 37, 120, 8}, ""},
+    {change_steps_control::kFirst, Kind::Edit, {7, 47, 120, 14}, "", trait::kAutoScroll},
+    {change_steps_control::kSecondLabel, Kind::Label, {135, 37, 120, 8}, ""},
+    {change_steps_control::kSecond, Kind::Edit, {135, 47, 120, 14}, "", trait::kAutoScroll},
+    {change_steps_control::kWhichLabel, Kind::Label, {7, 67, 120, 8}, "Which steps"},
+    {change_steps_control::kWhich, Kind::DropDownList, {7, 77, 120, 80}, "", trait::kVerticalScrollBar},
+    {change_steps_control::kFromLabel, Kind::Label, {135, 67, 57, 8}, "From (hh:mm)"},
+    {change_steps_control::kFrom, Kind::Edit, {135, 77, 57, 14}, "", trait::kAutoScroll},
+    {change_steps_control::kToLabel, Kind::Label, {198, 67, 57, 8}, "To (hh:mm)"},
+    {change_steps_control::kTo, Kind::Edit, {198, 77, 57, 14}, "", trait::kAutoScroll},
+    {change_steps_control::kResult, Kind::Label, {7, 99, 248, 24}, ""},
+    {kOk, Kind::Button, {153, 128, 50, 14}, "OK", trait::kDefault},
+    {kCancel, Kind::Button, {205, 128, 50, 14}, "Cancel"},
+};
+
 constexpr ControlTemplate kSunControls[] = {
     {generate_control::kPlaceLabel, Kind::Label, {7, 7, 186, 8}, "Place, country, or latitude,longitude"},
     {generate_control::kPlace, Kind::Edit, {7, 17, 186, 14}, "", trait::kAutoScroll},
@@ -247,6 +265,7 @@ constexpr DialogTemplate kTemplates[] = {
     {template_id::kAddSteps, "Add Steps", {0, 0, 309, 176}, kAddStepsControls},
     {template_id::kGetDateTime, "Enter date and time", {50, 50, 154, 56}, kGetDateTimeControls},
     {template_id::kCheckUp, "Check-up", {50, 50, 380, 225}, kCheckUpControls},
+    {template_id::kChangeSteps, "Change steps", {50, 50, 262, 149}, kChangeStepsControls},
     {template_id::kSun, "Sun over a place", {5, 20, 200, 248}, kSunControls},
     {template_id::kMoon, "Moonlight", {5, 20, 200, 134}, kMoonControls},
     {template_id::kRampDay, "Ramp day", {5, 20, 200, 218}, kRampDayControls},

@@ -25,6 +25,7 @@ inline constexpr int kTC421Success = 138;
 inline constexpr int kAddSteps = 139;
 inline constexpr int kGetDateTime = 140;
 inline constexpr int kCheckUp = 141;
+inline constexpr int kChangeSteps = 142;
 inline constexpr int kSun = 144;
 inline constexpr int kMoon = 145;
 inline constexpr int kRampDay = 146;
@@ -101,6 +102,22 @@ inline constexpr int kAgain = 1052;
 inline constexpr int kPack = 1053;
 inline constexpr int kSave = 1054;
 }  // namespace check_up_control
+
+namespace change_steps_control {
+inline constexpr int kWhatLabel = 1060;
+inline constexpr int kWhat = 1061;
+inline constexpr int kFirstLabel = 1062;
+inline constexpr int kFirst = 1063;
+inline constexpr int kSecondLabel = 1064;
+inline constexpr int kSecond = 1065;
+inline constexpr int kWhichLabel = 1066;
+inline constexpr int kWhich = 1067;
+inline constexpr int kFromLabel = 1068;
+inline constexpr int kFrom = 1069;
+inline constexpr int kToLabel = 1070;
+inline constexpr int kTo = 1071;
+inline constexpr int kResult = 1072;
+}  // namespace change_steps_control
 
 namespace tc421_success_control {
 inline constexpr int kText = 32912;

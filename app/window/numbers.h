@@ -58,6 +58,7 @@ inline constexpr int kManualStepsEdit = 32919;
 inline constexpr int kRenameChannel = 32896;
 inline constexpr int kChannelColor = 32899;
 inline constexpr int kStepTable = 33012;
+inline constexpr int kChangeSteps = 33016;
 // Mode
 inline constexpr int kOptimizeForTC421 = 32913;
 inline constexpr int kEndpointStart = 32940;

@@ -73,6 +73,23 @@ void OpenDialog::MoveTo(std::int32_t x, std::int32_t y) {
   SetWindowPos(window_, nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void OpenDialog::MoveBeside(const Rect& area) {
+  const Scale scale(owner_);
+  RECT kept = scale.Pixels(area);
+  MapWindowPoints(owner_, nullptr, reinterpret_cast<POINT*>(&kept), 2);
+  RECT own{};
+  GetWindowRect(window_, &own);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner_, MONITOR_DEFAULTTONEAREST), &monitor);
+  const auto rect = [](const RECT& edges) {
+    return Rect{edges.left, edges.top, edges.right - edges.left, edges.bottom - edges.top};
+  };
+  const Rect size = rect(own);
+  const Position place = dialogs::PlaceBeside(rect(kept), size.width, size.height, rect(monitor.rcWork));
+  SetWindowPos(window_, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void OpenDialog::SetTitle(std::u16string_view title) {
   SetWindowTextW(window_, WideText(title).c_str());
 }

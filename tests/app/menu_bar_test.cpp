@@ -135,6 +135,7 @@ const std::set<int> kIdleOnly = {
     command::kManualStepsEdit,
     command::kRenameChannel,
     command::kChannelColor,
+    command::kChangeSteps,
     command::kOptimizeForTC421,
     command::kEndpointStart,
     command::kEndpointEnd,

@@ -41,7 +41,7 @@ TEST(MenuTable, HoldsTheMenusFromLeftToRight) {
                   "32910 - 32911 "
                   "- 32929",
                   "Channel: 32930 - 32904 - 32908 32909 - 32897 32898 32907 - 32918 32919 - 32896 32899 - "
-                  "33012",
+                  "33012 - 33016",
                   "Mode: 32913 - [Add endpoint steps: 32940 32941] - [Align steps: 32932 32933 32934 32935 "
                   "32936 32937] - 33013 33014 33015 - [New from ...: 33030 33031 33032 33033 33034]",
                   "Language: 32796", "Help: 32774 - 32939 - 32943 32942 - 104 - 33000 33001"));
@@ -109,6 +109,7 @@ constexpr ExpectedText kTexts[] = {
     {32896, "Rename channel"},
     {32899, "Change channel color"},
     {33012, "Step table"},
+    {33016, "Change steps..."},
     {32913, "Optimize mode for TC421"},
     {32940, "At the start (00:00)"},
     {32941, "At the end (23:59)"},

@@ -340,6 +340,28 @@ TEST_P(TextsFit, DialogsOfSteps) {
   ExpectDialogsToFit(template_id::kAddSteps);
 }
 
+TEST_P(TextsFit, TheDialogThatChangesSteps) {
+  namespace change = dialogs::change_steps_control;
+  GivenSelection(0, 0);
+  std::vector<DialogStep> script;
+  const int changes = 12;
+  for (int row = 0; row < changes; ++row) {
+    script.push_back(Pick(change::kWhat, row));
+    script.push_back(Look());
+    // What is told where something is wrong.
+    if (row == 6 || row == 7) continue;
+    script.push_back(Paste(change::kFirst, "?"));
+    script.push_back(Look());
+  }
+  script.insert(script.end(), {Pick(change::kWhat, 10), Type(change::kFirst, "720"), Look()});
+  script.insert(script.end(), {Pick(change::kWhat, 0), Type(change::kFirst, "0:07"), Look()});
+  script.insert(script.end(), {Pick(change::kWhat, 8), Type(change::kFirst, "2"), Pick(change::kWhich, 2),
+                               Look(), PressEscape()});
+  user.WillFill(script);
+  ASSERT_TRUE(user.Choose(command::kChangeSteps));
+  ExpectDialogsToFit(template_id::kChangeSteps);
+}
+
 TEST_P(TextsFit, DialogsOfNewModes) {
   namespace id = dialogs::generate_control;
   struct Row {

@@ -10,6 +10,7 @@
 #include "dialogs/dialog.h"
 #include "dialogs/dlg_about.h"
 #include "dialogs/dlg_add_steps.h"
+#include "dialogs/dlg_change_steps.h"
 #include "dialogs/dlg_get_date_time.h"
 #include "dialogs/dlg_get_value.h"
 #include "dialogs/dlg_mode_name.h"
@@ -128,6 +129,18 @@ const Form kForms[] = {
       {366, 366, 90, 114, 98, 50},
       {176, 8, 14, 14, 14, 14},
       {"", "", "Look again", "Pack for a question", "Save as ZIP ...", "OK"}}},
+    {142,
+     "Change steps",
+     {50, 50, 262, 149},
+     {{1060, 1061, 1062, 1063, 1064, 1065, 1066, 1067, 1068, 1069, 1070, 1071, 1072, 1, 2},
+      {"label", "drop-down", "label", "edit", "label", "edit", "label", "drop-down", "label", "edit", "label",
+       "edit", "label", "button", "button"},
+      {7, 7, 7, 7, 135, 135, 7, 7, 135, 135, 198, 198, 7, 153, 205},
+      {7, 17, 37, 47, 37, 47, 67, 77, 67, 77, 67, 77, 99, 128, 128},
+      {248, 248, 120, 120, 120, 120, 120, 120, 57, 57, 57, 57, 248, 50, 50},
+      {8, 190, 8, 14, 8, 14, 8, 80, 8, 14, 8, 14, 24, 14, 14},
+      {"What to do", "", "", "", "", "", "Which steps", "", "From (hh:mm)", "", "To (hh:mm)", "", "", "OK",
+       "Cancel"}}},
     {144,
      "Sun over a place",
      {5, 20, 200, 248},
@@ -206,11 +219,12 @@ TEST(DialogTemplates, HaveTheseColumns) {
 TEST(DialogTemplates, GiveEachTraitToTheControlsThatHaveIt) {
   using Controls = std::vector<std::pair<int, int>>;  // dialog and control
   const std::pair<unsigned, Controls> rows[] = {
-      {trait::kAutoScroll, {{129, 1000}, {133, 1000}, {137, 1019}, {137, 1015}, {137, 1018}, {144, 1102},
-                            {144, 1106}, {144, 1110}, {144, 1112}, {144, 1114}, {145, 1106}, {145, 1114},
-                            {145, 1116}, {146, 1118}, {146, 1120}, {146, 1122}, {146, 1124}, {146, 1110},
-                            {146, 1126}, {146, 1128}, {146, 1114}, {147, 1130}, {147, 1132}, {147, 1134},
-                            {148, 1102}, {148, 1138}, {148, 1110}, {148, 1112}, {148, 1114}}},
+      {trait::kAutoScroll,
+       {{129, 1000}, {133, 1000}, {137, 1019}, {137, 1015}, {137, 1018}, {142, 1063}, {142, 1065},
+        {142, 1069}, {142, 1071}, {144, 1102}, {144, 1106}, {144, 1110}, {144, 1112}, {144, 1114},
+        {145, 1106}, {145, 1114}, {145, 1116}, {146, 1118}, {146, 1120}, {146, 1122}, {146, 1124},
+        {146, 1110}, {146, 1126}, {146, 1128}, {146, 1114}, {147, 1130}, {147, 1132}, {147, 1134},
+        {148, 1102}, {148, 1138}, {148, 1110}, {148, 1112}, {148, 1114}}},
       {trait::kMultiLine, {{129, 1001}, {139, 1030}, {139, 1031}, {141, 1050}}},
       {trait::kVerticalScrollBar,
        {{129, 1039},
@@ -220,6 +234,8 @@ TEST(DialogTemplates, GiveEachTraitToTheControlsThatHaveIt) {
         {137, 1017},
         {139, 1030},
         {141, 1050},
+        {142, 1061},
+        {142, 1067},
         {144, 1104},
         {144, 1108},
         {147, 1136},
@@ -237,6 +253,7 @@ TEST(DialogTemplates, GiveEachTraitToTheControlsThatHaveIt) {
         {139, 1},
         {140, 1},
         {141, 1},
+        {142, 1},
         {144, 1},
         {145, 1},
         {146, 1},
@@ -307,6 +324,8 @@ TEST(DialogTemplates, BelongToTheDialogs) {
   EXPECT_EQ(DlgTC421_Success(port, {}, {}).templateId, 138);
   EXPECT_EQ(DlgAddSteps(port, steps).templateId, 139);
   EXPECT_EQ(DlgGetDateTime(port, time).templateId, 140);
+  ChangeStepsParams change;
+  EXPECT_EQ(DlgChangeSteps(port, change).templateId, 142);
 }
 
 }  // namespace

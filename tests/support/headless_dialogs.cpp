@@ -110,6 +110,8 @@ class Window final : public dialogs::DialogWindow {
     x_ = x;
     y_ = y;
   }
+  // A screen as large as one likes.
+  void MoveBeside(const Rect& area) override { MoveTo(area.x + area.width, area.y); }
   void SetTitle(std::u16string_view title) override { title_ = title; }
   void SetText(int control, std::u16string_view text) override {
     Control& target = At(control);

@@ -187,6 +187,8 @@ bool Photographer::TakeDialogs() {
          TakeDialog(command::kNewFromAcclimation, "new-acclimation") &&
          TakeDialog(command::kNewFromSeason, "new-season",
                     type(dialogs::generate_control::kHours, "10:00-22:00")) &&
+         TakeDialog(command::kChangeSteps, "change-steps",
+                    type(dialogs::change_steps_control::kFirst, "1:30")) &&
          TakeCheckUp() && TakeWizard() && TakeMenu() && TakeQuestion();
 }
 

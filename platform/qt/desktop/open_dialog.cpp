@@ -189,6 +189,17 @@ void OpenDialog::MoveTo(std::int32_t x, std::int32_t y) {
   frame_->move(owner_.mapToGlobal(QPoint(x, y)));
 }
 
+void OpenDialog::MoveBeside(const Rect& area) {
+  const QRect screen = owner_.screen()->availableGeometry();
+  const QPoint corner = owner_.mapToGlobal(QPoint(area.x, area.y));
+  // The frame that the window manager will put round it is not known yet; it has that of the main window.
+  const QSize edges = owner_.window()->frameGeometry().size() - owner_.window()->size();
+  const Position place = dialogs::PlaceBeside(
+      {corner.x(), corner.y(), area.width, area.height}, frame_->width() + edges.width(),
+      frame_->height() + edges.height(), {screen.x(), screen.y(), screen.width(), screen.height()});
+  frame_->move(place.x, place.y);
+}
+
 void OpenDialog::SetTitle(std::u16string_view title) {
   frame_->setWindowTitle(QtText(title));
 }

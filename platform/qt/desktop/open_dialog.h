@@ -27,6 +27,7 @@ class OpenDialog final : public dialogs::DialogWindow {
   int Run();
 
   void MoveTo(std::int32_t x, std::int32_t y) override;
+  void MoveBeside(const Rect& area) override;
   void SetTitle(std::u16string_view title) override;
   void SetText(int control, std::u16string_view text) override;
   std::u16string Text(int control, std::size_t units) const override;
