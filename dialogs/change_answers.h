@@ -18,7 +18,7 @@ namespace dialogs {
 struct Answer {
   float number = 0.0F;
   std::int32_t whole = 0;  // minutes, percent
-  TCBase::Program::ChannelSet channels;
+  TCBase::Program::ChannelSet channels = {};
 };
 
 /// What a field asks for.
