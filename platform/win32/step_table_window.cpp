@@ -15,7 +15,7 @@ namespace {
 
 constexpr wchar_t kTableClass[] = L"LumarineStepTable";
 // In units.
-constexpr int kTableWidth = 380;
+constexpr int kTableWidth = 460;
 constexpr int kTableHeight = 480;
 constexpr int kTableMargin = 6;
 constexpr COLORREF kFaultColor = RGB(192, 0, 0);

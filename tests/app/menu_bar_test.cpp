@@ -136,6 +136,7 @@ const std::set<int> kIdleOnly = {
     command::kRenameChannel,
     command::kChannelColor,
     command::kChangeSteps,
+    command::kStepTable,
     command::kOptimizeForTC421,
     command::kEndpointStart,
     command::kEndpointEnd,

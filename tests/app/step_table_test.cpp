@@ -3,8 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <limits>
+#include <random>
+#include <string>
+#include <vector>
 
+#include "app/table/step_cells.h"
+#include "program/step_group.h"
 #include "tests/app/app_test.h"
 
 namespace {
@@ -440,5 +447,79 @@ TEST_F(StepTableTest, SpeaksTheLanguageInUse) {
   user.TypeInTable(0, column::kJump, "sprung");
   EXPECT_EQ(Rows()[0], "08:00 | 0 | Sprung");
 }
+
+// Whatever is done in either window.
+class StepTableRandomTest : public StepTableTest, public testing::WithParamInterface<unsigned> {
+ protected:
+  int Any(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
+
+  void DoAnything() {
+    const int rows = std::max(static_cast<int>(Rows().size()), 1);
+    switch (Any(12)) {
+      case 0:
+        return user.ClickTableRow(Any(rows), Any(2) == 0, Any(3) == 0);
+      case 1:
+        return user.TypeInTable(Any(rows), column::kTime,
+                                std::to_string(Any(26)) + ":" + std::to_string(Any(70)),
+                                Any(2) == 0 ? key::kEnter : key::kEscape);
+      case 2:
+        return user.TypeInTable(Any(rows), column::kPercent,
+                                std::to_string(Any(120)) + "." + std::to_string(Any(1000)));
+      case 3:
+        return user.TypeInTable(Any(rows), column::kJump, Any(2) == 0 ? "j" : "f");
+      case 4:
+        return user.SetClipboard(std::to_string(Any(24)) + ":00 " + std::to_string(Any(101)) + "\r\n" +
+                                 std::to_string(Any(24)) + ":30\t" + std::to_string(Any(101)) + "\tJ");
+      case 5:
+        return user.PressTableKey("ACXVZYT"[Any(6)], true);
+      case 6:
+        return user.PressTableKey(Any(2) == 0 ? key::kPageUp : key::kPageDown, true);
+      case 7:
+        return user.DragOnChart(150 + Any(700), 40 + Any(500), 150 + Any(700), 40 + Any(500));
+      case 8:
+        return user.PressKey(key::kLeft + Any(4));
+      default:
+        return user.PressTableKey(std::array{key::kInsert, key::kInsert, key::kDelete, key::kSpace}.at(
+            static_cast<std::size_t>(Any(4))));
+    }
+  }
+
+  void ExpectWhatTheDocumentHolds() {
+    const auto& selection = user.State().selection;
+    if (selection.channel >= 0) channel_ = selection.channel;
+    std::vector<std::string> rows;
+    std::vector<int> selected;
+    for (const auto& step : Channel(channel_)) {
+      if (selection.channel == channel_ && IsStepSelected(selection, user.State().stepGroup, step)) {
+        selected.push_back(static_cast<int>(rows.size()));
+      }
+      rows.push_back(ToTimeText(step) + " | " + app::ShownPercent(step.value) + " | " +
+                     (step.jump ? "jump" : "fade"));
+    }
+    ASSERT_EQ(Rows(), rows);
+    ASSERT_EQ(user.SelectedTableRows(), selected);
+    ASSERT_EQ(user.TableRows(TableSheet::Merged).size(), static_cast<std::size_t>(CountModeSteps(Mode())));
+    ASSERT_LE(CountModeSteps(Mode()), TCBase::Program::kMaxModeSteps);
+    ASSERT_GE(Rows().size(), 2U);
+  }
+
+ private:
+  std::mt19937 random_{GetParam()};
+  int channel_ = 0;
+};
+
+TEST_P(StepTableRandomTest, SaysWhatTheDocumentHoldsAndUndoGivesBack) {
+  GivenTheTable();
+  const TCBase::Program::ModeListView before = Program();
+  for (int round = 0; round < 150; ++round) {
+    DoAnything();
+    if (Window().edited) user.PressTableKey(key::kEscape);
+    ASSERT_NO_FATAL_FAILURE(ExpectWhatTheDocumentHolds()) << round;
+  }
+  while (UndoDepth() > 0 && !(Program() == before)) user.Choose(app::command::kUndo);
+  EXPECT_TRUE(Program() == before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, StepTableRandomTest, testing::Range(0U, 6U));
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace qt {
 
 namespace {
 
-constexpr QSize kTableSize(360, 480);
+constexpr QSize kTableSize(440, 480);
 constexpr int kMargin = 6;
 
 }  // namespace
