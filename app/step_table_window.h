@@ -30,10 +30,10 @@ class StepTableWindow {
   bool OnTyped(std::int32_t row, int column, std::u16string_view text, bool goesOn);
   /// The editing of a cell was given up.
   void OnEditGivenUp();
-  /// A key that is pressed in a list while no cell is edited, numbers of namespace key and capitals; not
-  /// those that the list has uses of its own for: arrows, and F2 and letters, which begin to edit. True: the
-  /// key goes no further. Commands whose keys are Ctrl and a letter are given from here, too, so that none of
-  /// the keys of this window goes to the main one's.
+  /// A key that is pressed in a list without Shift and Alt while no cell is edited, numbers of namespace key
+  /// and capitals. True: the key goes no further. False: the list makes of it what lists do with arrows, and
+  /// F2 and what can be typed begin to edit. Commands whose keys are Ctrl and a letter are given from here,
+  /// too, so that none of this window's keys goes to the main one's.
   bool OnKey(TableSheet sheet, int key, bool ctrl);
 
  private:

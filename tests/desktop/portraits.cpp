@@ -16,6 +16,7 @@
 #include "tests/desktop/input.h"
 #include "tests/desktop/program_under_test.h"
 #include "tests/desktop/screen_picture.h"
+#include "tests/desktop/step_table_view.h"
 #include "tests/desktop/window_text.h"
 #include "tests/support/portraits.h"
 
@@ -88,7 +89,8 @@ class WindowsSitter final : public portraits::Sitter {
     if (const HWND menu = FindWindowW(L"#32768", nullptr); menu != nullptr && IsWindowVisible(menu))
       return menu;
     const HWND dialog = program_.Dialog();
-    return dialog != nullptr ? dialog : program_.mainWindow();
+    const HWND table = desktop::step_table::FindWindowOf(program_.mainWindow());
+    return dialog != nullptr ? dialog : table != nullptr ? table : program_.mainWindow();
   }
   HWND Item(int control) const { return GetDlgItem(Front(), control); }
   POINT OnScreen(std::int32_t x, std::int32_t y) const {

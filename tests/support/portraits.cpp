@@ -224,7 +224,10 @@ bool Photographer::TakeGuide() {
   if (!Take("compare")) return false;
   sitter_.Choose(command::kCompareWithSaved);
   sitter_.Choose(command::kSelectAllSteps);
-  return Take("several");
+  if (!Take("several")) return false;
+  ClickLane(true, kAddedHour, kAddedPercent);  // the step alone
+  sitter_.Choose(command::kStepTable);
+  return AwaitFront() && Take("step-table");
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ class Sitter {
   /// In the units of app::ControlTable().
   virtual app::Size ClientSize() = 0;
 
-  // What is in front: the main window, or a dialog, question or menu over it.
+  // What is in front: the main window, or a dialog, question or menu over it, or the step table.
 
   virtual bool IsMainWindowInFront() = 0;
   /// The dialog in front has such a control, which is enabled.

@@ -61,7 +61,8 @@ QMainWindow* MainWindow() {
 QWidget* Front() {
   if (QWidget* const menu = QApplication::activePopupWidget()) return menu;
   if (QWidget* const dialog = QApplication::activeModalWidget()) return dialog;
-  return MainWindow();
+  auto* const table = MainWindow()->findChild<QWidget*>("step-table");
+  return table != nullptr && table->isVisible() ? table : MainWindow();
 }
 
 QWidget* Item(int control) {
