@@ -11,8 +11,8 @@ namespace cli {
 
 /// A FILE on the command line, and the number of a mode in it.
 struct ProgramArgument {
-  std::string file;  // UTF-8
-  int mode = 1;      // from 1
+  std::string file = {};  // UTF-8
+  int mode = 1;           // from 1
 };
 
 void DeclareFile(CLI::App& app, ProgramArgument& argument);
