@@ -126,9 +126,17 @@ void StepTableWindow::Create() {
   CreateWindowExW(0, kTableClass, L"", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN,
                   place.left, place.top, place.right - place.left, place.bottom - place.top, owner_.Handle(),
                   nullptr, instance, this);
+  TakeIcons();
   MakeChildren();
   TakeFont();
   ShowSheet();
+}
+
+// Those of the main window.
+void StepTableWindow::TakeIcons() {
+  const HWND main = owner_.Handle();
+  SendMessageW(handle_, WM_SETICON, ICON_SMALL, static_cast<LPARAM>(GetClassLongPtrW(main, GCLP_HICONSM)));
+  SendMessageW(handle_, WM_SETICON, ICON_BIG, static_cast<LPARAM>(GetClassLongPtrW(main, GCLP_HICON)));
 }
 
 void StepTableWindow::MakeChildren() {

@@ -52,6 +52,7 @@ class StepTableWindow final : public app::StepTablePort {
   LRESULT OnOtherSheet(const Event& event);
 
   void Create();
+  void TakeIcons();
   void MakeChildren();
   RECT PlaceBesideOwner() const;
   void TakeFont();
