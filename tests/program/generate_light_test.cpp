@@ -189,6 +189,16 @@ TEST(MoonMode, TheOtherChannelsStay) {
   EXPECT_EQ(At(MakeMoonMode(night, day), 4, 0), 0);
 }
 
+// By ephem 63.9 % of the moon shine at 00:00 UTC of 30 November, and 58.4 and 52.9 % twelve hours and a day
+// later.
+TEST(MoonMode, ItsMoonIsThatOfTheMidnightThatEndsTheDay) {
+  const Moonlight whole = {4, 100};
+  EXPECT_NEAR(MoonLevel(whole, On("2026-11-29"), 0), 63.9, 1);
+  EXPECT_NEAR(MoonLevel(whole, On("2026-11-30"), 0), 52.9, 1);
+  EXPECT_NEAR(MoonLevel(whole, On("2026-11-30"), 720), 58.4, 1)
+      << "there it is midnight when it is noon in UTC";
+}
+
 TEST(MoonMode, FitsBesideAsManyRowsAsThereAre) {
   for (int round = 0; round < 40; ++round) {
     RandomProgram random(static_cast<std::uint32_t>(round));
