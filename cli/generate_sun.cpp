@@ -1,6 +1,5 @@
 // Days of sun: one, and those of a whole year.
 
-#include <algorithm>
 #include <array>
 #include <memory>
 #include <string_view>
@@ -17,12 +16,6 @@ namespace {
 using namespace TCBase::Program::Generate;
 using TCBase::Program::ModeListView;
 
-// "07:41", to the nearest minute that the day has.
-std::string ClockText(double minute) {
-  return MinuteText(std::min(static_cast<int>(minute + 0.5), TCBase::Program::kMinutesPerDay - 1));
-}
-
-// The times of the sun, in their order.
 struct SunTime {
   const char* key;
   const char* name;
@@ -54,7 +47,7 @@ void PrintSun(const Session& session, const SunArguments& arguments, const Gener
     PrintFigure(session, "place", WhereText(arguments.where));
     PrintFigure(session, "date", DateText(light.date) + ", UTC" + UtcOffsetText(light.utcOffset));
     for (const SunTime& time : times)
-      PrintFigure(session, time.name, time.minute ? ClockText(*time.minute) : "-");
+      PrintFigure(session, time.name, time.minute ? NearestMinuteText(*time.minute) : "-");
     return PrintFigure(session, "rows", FitText(day));
   }
   Json json = {{"date", DateText(light.date)},
@@ -62,7 +55,7 @@ void PrintSun(const Session& session, const SunArguments& arguments, const Gener
                {"longitude", light.position.longitude},
                {"utcOffset", light.utcOffset}};
   for (const SunTime& time : times)
-    json[time.key] = time.minute ? Json(ClockText(*time.minute)) : Json(nullptr);
+    json[time.key] = time.minute ? Json(NearestMinuteText(*time.minute)) : Json(nullptr);
   AddFit(json, day);
   PrintJson(session.out, json);
 }

@@ -51,7 +51,7 @@ void DlgGenerate::Update(DialogWindow& window) {
   isMade_ = fields.fault() == 0;
   window.SetEnabled(kOk, isMade_);
   const std::string said =
-      isMade_ ? FitText(day).utf8()
+      isMade_ ? FitText(day).utf8() + "\r\n" + Remark()
               : Message("This cannot be read: {1}", Translate(LabelOf(templateId, fields.fault()))).utf8();
   window.SetText(generate_control::kResult, WideFromUtf8(said));
   shared_.show(isMade_ ? &day : nullptr);

@@ -72,6 +72,8 @@ class DlgGenerate : public DlgBase {
   virtual void Fill(DialogWindow& window) = 0;
   /// The day that the fields tell. It counts if none of them is at fault.
   virtual generate::Generated Make(Fields& fields) = 0;
+  /// What is worth knowing of the day that was made last, for a line of its own; empty for nothing.
+  virtual std::string Remark() const { return {}; }
   /// A field has changed, before it is read.
   virtual void OnField(DialogWindow&, int /*field*/) {}
 
@@ -101,6 +103,7 @@ class DlgSun final : public DlgGenerate {
  private:
   void Fill(DialogWindow& window) override;
   generate::Generated Make(Fields& fields) override;
+  std::string Remark() const override;
   void OnField(DialogWindow& window, int field) override;
   void ReadPlace(Fields& fields);
   void ReadDate(Fields& fields);

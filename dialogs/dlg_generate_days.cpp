@@ -130,6 +130,16 @@ void DlgSun::ReadDate(Fields& fields) {
   }
 }
 
+// As the sun is there, wherever the hours put it.
+std::string DlgSun::Remark() const {
+  const SunLight& light = params_.light;
+  const SunDay sun(light.position, light.date, light.utcOffset);
+  const auto rise = sun.Rise(kSunriseAltitude);
+  const auto set = sun.Set(kSunriseAltitude);
+  if (!rise || !set) return {};
+  return Message("Sunrise there: {1}, sunset: {2}", NearestMinuteText(*rise), NearestMinuteText(*set)).utf8();
+}
+
 Generated DlgSun::Make(Fields& fields) {
   SunLight& light = params_.light;
   ReadPlace(fields);

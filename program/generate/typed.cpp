@@ -1,5 +1,6 @@
 #include "program/generate/typed.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
@@ -37,6 +38,10 @@ std::optional<int> ParseMinute(std::string_view text) {
 
 std::string MinuteText(int minute) {
   return TimeText(TimeOfDayAtMinute(minute));
+}
+
+std::string NearestMinuteText(double minute) {
+  return MinuteText(std::min(static_cast<int>(minute + 0.5), kMinutesPerDay - 1));
 }
 
 std::optional<Hours> ParseHours(std::string_view text) {

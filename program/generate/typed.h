@@ -14,6 +14,8 @@ namespace TCBase::Program::Generate {
 /// "8:05" or "08:05", 00:00 to 23:59, as the minute of the day.
 std::optional<int> ParseMinute(std::string_view text);
 std::string MinuteText(int minute);
+/// The nearest minute that the day has, of one from 0 to 1440: "07:42".
+std::string NearestMinuteText(double minute);
 
 /// "10:00-22:00"; "22:00-06:00" goes over midnight.
 std::optional<Hours> ParseHours(std::string_view text);

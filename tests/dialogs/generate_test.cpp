@@ -63,7 +63,7 @@ TEST_F(GenerateDialogs, TheSunOfTodayIsShownAtOnce) {
   EXPECT_EQ(First().controls.at(id::kLevels).text, "100,100,100,100,100");
   EXPECT_THAT(First().controls.at(id::kTwilight).rows, ElementsAre("No twilight", "Civil", "Nautical"));
   EXPECT_EQ(First().controls.at(id::kTwilight).row, 1);
-  EXPECT_THAT(Result(0), HasSubstr(" % off"));
+  EXPECT_THAT(Result(0), HasSubstr(" % off\r\nSunrise there: 07:42, sunset: 16:03"));
   ASSERT_THAT(shown, SizeIs(1));
   EXPECT_EQ(LastName(), "Sun 11-23");
 }
