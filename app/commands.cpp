@@ -168,6 +168,8 @@ constexpr Command kCommands[] = {
      .handler = CompareWithThis, .refreshes = part::kChart},
     {.number = command::kLightStrip, .text = TextKey("Show light strip"), .menu = menu::kMode,
      .setting = Settings::kLightStrip, .handler = ToggleLightStrip, .refreshes = part::kRenderer | part::kChart},
+    {.number = command::kFigures, .text = TextKey("Figures..."), .menu = menu::kMode, .beginsGroup = true,
+     .handler = ShowFigures},
     {.number = command::kNewFromSun, .text = TextKey("Sun over a place"), .menu = menu::kMode, .submenu = kNewFrom,
      .beginsGroup = true, .when = WithoutDemo, .undo = ByHandler, .handler = NewFromSun, .refreshes = kMade,
      .always = part::kFocus},

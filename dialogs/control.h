@@ -50,7 +50,7 @@ inline constexpr unsigned kDisabled = 1U << 14;        // at first
 /// fixed + perWidth * W + perHeight * H, in a window whose inside is W by H. The factors are 0 or 1.
 class Extent {
  public:
-  constexpr Extent(std::int32_t fixed, std::int32_t perWidth = 0, std::int32_t perHeight = 0)
+  constexpr Extent(std::int32_t fixed = 0, std::int32_t perWidth = 0, std::int32_t perHeight = 0)
       : fixed_(fixed), perWidth_(perWidth), perHeight_(perHeight) {}
 
   constexpr std::int32_t In(std::int32_t width, std::int32_t height) const {
@@ -79,8 +79,8 @@ inline constexpr int kNoControl = -1;
 struct ControlTemplate {
   /// Names the control to its window's rules and comes with what it sends. Each id stands once in a window,
   /// but for kNoControl and, in the main window, 0: those controls send nothing by number.
-  int id;
-  ControlKind kind;
+  int id = kNoControl;
+  ControlKind kind = ControlKind::Label;
   PlaceFormula place;
   /// UTF-8, English. As in all labels, buttons, headings and menus, a "&" is not shown but underlines the
   /// letter behind it, which is then the control's key, and "&&" shows one.

@@ -59,6 +59,9 @@ class DialogTexts {
   virtual void LimitText(int control, std::int32_t units) = 0;
   /// The edit field takes nothing but digits from the keyboard. What is pasted into it is not looked at.
   virtual void AcceptDigitsOnly(int control) = 0;
+  /// Where tabs lead in an edit field of several lines, in dialog units from the left of its text: to
+  /// `first`, and from there to each further `step`.
+  virtual void SetTabStops(int control, std::int32_t first, std::int32_t step) = 0;
 };
 
 /// Lists, plain and drop-down. Rows go by their place, from 0 in the order in which they are shown, by their

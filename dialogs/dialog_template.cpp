@@ -1,6 +1,7 @@
 #include "dialogs/dialog_template.h"
 
 #include <algorithm>
+#include <array>
 
 #include "dialogs/dialog.h"
 
@@ -151,6 +152,42 @@ constexpr ControlTemplate kChangeStepsControls[] = {
     {kCancel, Kind::Button, {205, 128, 50, 14}, "Cancel"},
 };
 
+constexpr int kFiguresControlCount = 5 + 2 * (1 + 2 * 5) + 4 + 4;
+
+constexpr std::array<ControlTemplate, kFiguresControlCount> FiguresControls() {
+  using namespace figures_control;
+  constexpr std::int32_t kLeft = 7;
+  constexpr std::int32_t kChannels = 5;
+  std::array<ControlTemplate, kFiguresControlCount> controls{};
+  auto* next = controls.data();
+  const auto x = [](std::int32_t i) { return kLeft + kFiguresFirstColumn + i * kFiguresColumn; };
+  const auto addRow = [&](int label, std::string_view text, int name, int field, std::int32_t y) {
+    *next++ = {label, Kind::Label, {kLeft, y + 3, 110, 8}, text};
+    for (std::int32_t i = 0; i < kChannels; ++i) {
+      *next++ = {name + i, Kind::Label, {x(i), y + 3, 50, 8}, "", trait::kHidden | trait::kAmpersands};
+      *next++ = {field + i, Kind::Edit, {x(i), y, 50, 14}, "", trait::kAutoScroll};
+    }
+  };
+  for (std::int32_t i = 0; i < kChannels; ++i)
+    *next++ = {kFirstName + i, Kind::Label, {x(i), 7, 50, 8}, "", trait::kAmpersands};
+  addRow(kWattsLabel, "Watts at 100 %", kFirstWattsName, kFirstWatts, 17);
+  addRow(kParLabel, "PAR at 100 %, µmol/m²/s", kFirstParName, kFirstPar, 35);
+  *next++ = {kPriceLabel, Kind::Label, {kLeft, 56, 110, 8}, "Price of a kWh"};
+  *next++ = {kPrice, Kind::Edit, {x(0), 53, 50, 14}, "", trait::kAutoScroll};
+  *next++ = {kLevelLabel, Kind::Label, {x(1) + 20, 56, 136, 8}, "Hours above this level, in percent"};
+  *next++ = {kLevel, Kind::Edit, {x(4), 53, 50, 14}, "", trait::kAutoScroll};
+  *next++ = {kTable,
+             Kind::Edit,
+             {kLeft, 74, 440, 118},
+             "",
+             trait::kMultiLine | trait::kReadOnly | trait::kVerticalScrollBar};
+  *next++ = {kNote, Kind::Label, {kLeft, 198, 440, 24}, "", trait::kAmpersands};
+  *next++ = {kOk, Kind::Button, {343, 228, 50, 14}, "OK", trait::kDefault};
+  *next++ = {kCancel, Kind::Button, {397, 228, 50, 14}, "Cancel"};
+  return controls;
+}
+constexpr auto kFiguresControls = FiguresControls();
+
 constexpr ControlTemplate kSunControls[] = {
     {generate_control::kPlaceLabel, Kind::Label, {7, 7, 186, 8}, "Place, country, or latitude,longitude"},
     {generate_control::kPlace, Kind::Edit, {7, 17, 186, 14}, "", trait::kAutoScroll},
@@ -266,6 +303,7 @@ constexpr DialogTemplate kTemplates[] = {
     {template_id::kGetDateTime, "Enter date and time", {50, 50, 154, 56}, kGetDateTimeControls},
     {template_id::kCheckUp, "Check-up", {50, 50, 380, 225}, kCheckUpControls},
     {template_id::kChangeSteps, "Change steps", {50, 50, 262, 149}, kChangeStepsControls},
+    {template_id::kFigures, "Figures", {5, 20, 454, 249}, kFiguresControls},
     {template_id::kSun, "Sun over a place", {5, 20, 200, 248}, kSunControls},
     {template_id::kMoon, "Moonlight", {5, 20, 200, 134}, kMoonControls},
     {template_id::kRampDay, "Ramp day", {5, 20, 200, 218}, kRampDayControls},

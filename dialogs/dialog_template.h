@@ -6,6 +6,7 @@
 // All places here are in dialog units: a quarter of the average width of the dialog font's characters to the
 // right, an eighth of their height downwards.
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -26,6 +27,7 @@ inline constexpr int kAddSteps = 139;
 inline constexpr int kGetDateTime = 140;
 inline constexpr int kCheckUp = 141;
 inline constexpr int kChangeSteps = 142;
+inline constexpr int kFigures = 143;
 inline constexpr int kSun = 144;
 inline constexpr int kMoon = 145;
 inline constexpr int kRampDay = 146;
@@ -165,6 +167,27 @@ inline constexpr int kWhat = 1136;
 inline constexpr int kYearLabel = 1137;
 inline constexpr int kYear = 1138;
 }  // namespace generate_control
+
+namespace figures_control {
+// The first of five, one for each channel.
+inline constexpr int kFirstName = 1060;
+inline constexpr int kFirstWattsName = 1065;  // for screen readers
+inline constexpr int kFirstWatts = 1070;
+inline constexpr int kFirstParName = 1075;  // the same
+inline constexpr int kFirstPar = 1080;
+inline constexpr int kPrice = 1085;
+inline constexpr int kLevel = 1086;
+inline constexpr int kTable = 1087;
+inline constexpr int kNote = 1088;
+inline constexpr int kWattsLabel = 1089;
+inline constexpr int kParLabel = 1090;
+inline constexpr int kPriceLabel = 1091;
+inline constexpr int kLevelLabel = 1092;
+}  // namespace figures_control
+
+/// From the left of the table to its first channel, and from one channel to the next.
+inline constexpr std::int32_t kFiguresFirstColumn = 112;
+inline constexpr std::int32_t kFiguresColumn = 54;
 
 struct DialogTemplate {
   int number;

@@ -8,6 +8,7 @@
 #include "app/window/name_dialog.h"
 #include "common/log.h"
 #include "common/message.h"
+#include "dialogs/dlg_figures.h"
 #include "dialogs/dlg_mode_name.h"
 #include "program/builtin_modes.h"
 #include "program/mode_commands.h"
@@ -96,6 +97,14 @@ Changed DeleteMode(CommandContext& context) {
 Changed OptimizeModeForTC421(CommandContext& context) {
   OptimizeForTC421(context.state.program);
   return Changed::Yes;
+}
+
+Changed ShowFigures(CommandContext& context) {
+  Settings& settings = context.shell.settings;
+  dialogs::FiguresParams params{context.state.program, ReadLampFacts(settings)};
+  if (dialogs::DlgFigures(context.shell.dialogs, params).DoModal() == dialogs::kOk)
+    KeepLampFacts(settings, params.facts);
+  return Changed::No;
 }
 
 Changed AddEndpoint(CommandContext& context, std::int32_t second) {

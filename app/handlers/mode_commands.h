@@ -15,6 +15,8 @@ Changed EditMode(CommandContext& context);
 Changed DeleteMode(CommandContext& context);
 
 Changed OptimizeModeForTC421(CommandContext& context);
+/// Shows what the current mode's day comes to.
+Changed ShowFigures(CommandContext& context);
 /// Adds a step to each channel at a second of the day.
 Changed AddEndpoint(CommandContext& context, std::int32_t second);
 Changed Align(CommandContext& context, std::int32_t minutes);

@@ -72,6 +72,7 @@ inline constexpr int kAlign60 = 32937;
 inline constexpr int kCompareWithSaved = 33013;
 inline constexpr int kCompareWithThis = 33014;
 inline constexpr int kLightStrip = 33015;
+inline constexpr int kFigures = 33017;
 inline constexpr int kNewFromSun = 33030;
 inline constexpr int kNewFromMoon = 33031;
 inline constexpr int kNewFromRampDay = 33032;

@@ -133,6 +133,16 @@ void OpenDialog::AcceptDigitsOnly(int control) {
   SetWindowPos(edit, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
 }
 
+void OpenDialog::SetTabStops(int control, std::int32_t first, std::int32_t step) {
+  std::array<UINT, 20> stops{};
+  UINT stop = static_cast<UINT>(first);
+  for (UINT& each : stops) {
+    each = stop;
+    stop += static_cast<UINT>(step);
+  }
+  Send(control, EM_SETTABSTOPS, stops.size(), reinterpret_cast<LPARAM>(stops.data()));
+}
+
 // Lists
 
 void OpenDialog::ClearRows(int control) {

@@ -69,7 +69,7 @@ std::vector<TableRow> FiguresTable(const std::array<std::string, kChannelCount>&
       {Translate("First light"), [](const Figures& f) { return f.light ? Minute(f.light->begin) : ""; }},
       {Translate("Last light"), [](const Figures& f) { return f.light ? Minute(f.light->end) : ""; }},
       {Translate("Hours of light"), [](const Figures& f) { return FixedText(f.hoursOfLight, 2); }},
-      {Message("Hours above {1} %", facts.level == 0.0 ? "0" : AmountText(facts.level)).utf8(),
+      {Message("Hours above {1} %", LevelText(facts.level)).utf8(),
        [](const Figures& f) { return FixedText(f.hoursAboveLevel, 2); }},
       {Translate("Percent-hours"), [](const Figures& f) { return FixedText(f.percentHours, 1); }},
       {Translate("Steepest minute, %"), Rise},

@@ -48,6 +48,10 @@ std::optional<double> ParseLevel(std::string_view text) {
   return level && *level <= kMostPercent ? level : std::nullopt;
 }
 
+std::string LevelText(double level) {
+  return level == 0.0 ? "0" : AmountText(level);
+}
+
 LampFacts ReadLampFacts(Settings& settings) {
   LampFacts facts;
   facts.watts = ParseAmounts(settings.FindValue(kWattsKey));
@@ -64,8 +68,7 @@ void KeepLampFacts(Settings& settings, const LampFacts& facts) {
   KeepText(settings, kWattsKey, facts.watts != kept.watts, AmountsText(facts.watts));
   KeepText(settings, kParKey, facts.par != kept.par, AmountsText(facts.par));
   KeepText(settings, kPriceKey, facts.price != kept.price, AmountText(facts.price));
-  KeepText(settings, kLevelKey, facts.level != kept.level,
-           facts.level == 0.0 ? "0" : AmountText(facts.level));
+  KeepText(settings, kLevelKey, facts.level != kept.level, LevelText(facts.level));
 }
 
 }  // namespace TCBase::Program

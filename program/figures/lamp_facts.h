@@ -5,6 +5,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "program/program.h"
@@ -26,6 +27,9 @@ struct LampFacts {
 
 /// The number of a level, 0 to 100, as ParseAmount reads it; nothing for any other text.
 std::optional<double> ParseLevel(std::string_view text);
+
+/// The text of which ParseLevel makes the same level.
+std::string LevelText(double level);
 
 /// The facts among the settings; what was never told there, or is no number, is as it is in `LampFacts{}`.
 LampFacts ReadLampFacts(Settings& settings);

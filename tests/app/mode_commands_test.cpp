@@ -242,4 +242,18 @@ TEST_F(Modes, AnotherModeLeavesThePowerSliderAtNothing) {
   EXPECT_FALSE(user.IsEnabled(Control::PowerSlider));
 }
 
+TEST_F(Modes, FiguresKeepsWhatIsToldOfTheLamps) {
+  namespace figures = dialogs::figures_control;
+  user.WillFill({Type(figures::kFirstWatts, "24"), Type(figures::kPrice, "0.32"), Press(kOk)});
+  ASSERT_TRUE(user.Choose(command::kFigures));
+  EXPECT_EQ(user.Dialogs().front().title, "Figures of mode Normal");
+  EXPECT_EQ(user.GetSettings().FindValue("lamp_watts"), "24;;;;");
+  EXPECT_EQ(user.GetSettings().FindValue("electricity_price"), "0.32");
+  user.WillFill({Type(figures::kFirstWatts, "1"), PressEscape()});
+  ASSERT_TRUE(user.Choose(command::kFigures));
+  EXPECT_EQ(user.GetSettings().FindValue("lamp_watts"), "24;;;;");
+  EXPECT_EQ(user.Dialogs().front().controls.at(figures::kFirstWatts).text, "24");
+  EXPECT_EQ(UndoDepth(), 0);
+}
+
 }  // namespace

@@ -43,7 +43,7 @@ TEST(MenuTable, HoldsTheMenusFromLeftToRight) {
                   "Channel: 32930 - 32904 - 32908 32909 - 32897 32898 32907 - 32918 32919 - 32896 32899 - "
                   "33012 - 33016",
                   "Mode: 32913 - [Add endpoint steps: 32940 32941] - [Align steps: 32932 32933 32934 32935 "
-                  "32936 32937] - 33013 33014 33015 - [New from ...: 33030 33031 33032 33033 33034]",
+                  "32936 32937] - 33013 33014 33015 - 33017 - [New from ...: 33030 33031 33032 33033 33034]",
                   "Language: 32796", "Help: 32774 - 32939 - 32943 32942 - 104 - 33000 33001"));
 }
 
@@ -122,6 +122,7 @@ constexpr ExpectedText kTexts[] = {
     {33013, "Compare with what was saved"},
     {33014, "Compare others with this mode"},
     {33015, "Show light strip"},
+    {33017, "Figures..."},
     {33030, "Sun over a place"},
     {33031, "Moonlight"},
     {33032, "Ramp day"},

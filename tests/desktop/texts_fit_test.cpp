@@ -380,6 +380,15 @@ TEST_P(TextsFit, DialogsOfNewModes) {
   }
 }
 
+TEST_P(TextsFit, Figures) {
+  namespace figures = dialogs::figures_control;
+  user.WillFill({Type(figures::kFirstWatts, "24"), Type(figures::kFirstPar, "180"),
+                 Type(figures::kPrice, "0.32"), Look(), Type(figures::kLevel, "999999999999"), Look(),
+                 PressEscape()});
+  ASSERT_TRUE(user.Choose(command::kFigures));
+  ExpectDialogsToFit(template_id::kFigures);
+}
+
 TEST_P(TextsFit, About) {
   user.WillFill({PressEscape()});
   ASSERT_TRUE(user.Choose(command::kAbout));

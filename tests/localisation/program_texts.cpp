@@ -21,9 +21,9 @@ constexpr int kTranslatedTemplates[] = {
     dialogs::template_id::kCheckUp,      dialogs::template_id::kTC421Init,
     dialogs::template_id::kTC421Search,  dialogs::template_id::kTC421Config,
     dialogs::template_id::kTC421Success, dialogs::template_id::kChangeSteps,
-    dialogs::template_id::kSun,          dialogs::template_id::kMoon,
-    dialogs::template_id::kRampDay,      dialogs::template_id::kAcclimation,
-    dialogs::template_id::kSeason};
+    dialogs::template_id::kFigures,      dialogs::template_id::kSun,
+    dialogs::template_id::kMoon,         dialogs::template_id::kRampDay,
+    dialogs::template_id::kAcclimation,  dialogs::template_id::kSeason};
 
 void AddMenu(std::span<const app::MenuEntry> entries, std::set<std::string>& texts) {
   for (const app::MenuEntry& entry : entries) {

@@ -76,7 +76,8 @@ TEST_F(RecordedTexts, OfTheMenusAndTheirDialogs) {
                            command::kExportTranslation, command::kTestTranslation}) {
     ChooseAndPickNothing(number);
   }
-  for (const int number : {command::kSetTime, command::kSpeedCustom, command::kSetupWifi, command::kAbout}) {
+  for (const int number :
+       {command::kSetTime, command::kSpeedCustom, command::kSetupWifi, command::kFigures, command::kAbout}) {
     ChooseAndCancel(number);
   }
   for (const int number : {command::kSpeedFast, command::kProgramInfo, command::kLogging, command::kAlign30,

@@ -178,6 +178,25 @@ void SetTheEmulatorsTime(User& user, const Folders&) {
   EXPECT_FALSE(user.IsRunning());
 }
 
+void TellOfTheLamps(User& user, const Folders&) {
+  namespace figures = dialogs::figures_control;
+  user.Start();
+  user.WillFill({Type(figures::kFirstWatts, "40"), Type(figures::kFirstPar + 1, "a"), Look(),
+                 Type(figures::kFirstPar + 1, "120"), Press(kOk)});
+  ASSERT_TRUE(user.Choose(command::kFigures));
+  const SeenDialog wrong = user.Dialogs().back();
+  EXPECT_EQ(wrong.controls.at(figures::kNote).text, "\"a\" is not a number from 0 to 1000000.");
+  EXPECT_THAT(wrong.controls.at(figures::kTable).text, HasSubstr("Energy a day, kWh\t0.3"));
+  user.WillFill({PressEscape()});
+  ASSERT_TRUE(user.Choose(command::kFigures));
+  const SeenDialog again = user.Dialogs().back();
+  EXPECT_EQ(again.controls.at(figures::kFirstWatts).text, "40");
+  EXPECT_EQ(again.controls.at(figures::kFirstPar + 1).text, "120");
+  EXPECT_THAT(again.controls.at(figures::kTable).text, HasSubstr("Light a day, mol/m²\t-\t"));
+  user.Close();
+  EXPECT_FALSE(user.IsRunning());
+}
+
 void PackACheckUp(User& user, const Folders&) {
   namespace check_up = dialogs::check_up_control;
   const auto canPack = [](const SeenDialog& seen) { return seen.controls.at(check_up::kPack).enabled; };

@@ -15,6 +15,8 @@ void PasteLettersIntoASpeed(User& user, const Folders& folders);
 void SetTheEmulatorsTime(User& user, const Folders& folders);
 void LookAtAbout(User& user, const Folders& folders);
 void PackACheckUp(User& user, const Folders& folders);
+/// What is told of the lamps is shown at once, and again the next time.
+void TellOfTheLamps(User& user, const Folders& folders);
 void RenameDevicesInTheNetworkOnly(User& user, const Folders& folders);
 /// Into each field that takes text.
 void PasteTenMegabytes(User& user, const Folders& folders);

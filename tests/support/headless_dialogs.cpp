@@ -132,6 +132,10 @@ class Window final : public dialogs::DialogWindow {
     Expect(control, ControlKind::Edit).limit = static_cast<std::size_t>(units);
   }
   void AcceptDigitsOnly(int control) override { Expect(control, ControlKind::Edit).digitsOnly = true; }
+  void SetTabStops(int control, std::int32_t, std::int32_t) override {
+    if (!Expect(control, ControlKind::Edit).Has(trait::kMultiLine))
+      Mistake(Title() + ": no lines for tabs in " + std::to_string(control));
+  }
   void ClearRows(int control) override {
     Control& list = ExpectList(control);
     list.rows.clear();

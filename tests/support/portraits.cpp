@@ -181,6 +181,7 @@ bool Photographer::TakeDialogs() {
          TakeDialog(
              command::kManualStepsAdd, "add-steps",
              type(dialogs::add_steps_control::kSteps, "08:00 0\n09:30 40\n12:00 85\n17:00 85\n21:00 0")) &&
+         TakeDialog(command::kFigures, "figures", type(dialogs::figures_control::kFirstWatts, "24")) &&
          TakeDialog(command::kNewFromSun, "new-sun", type(dialogs::generate_control::kPlace, "brazil")) &&
          TakeDialog(command::kNewFromMoon, "new-moon") &&
          TakeDialog(command::kNewFromRampDay, "new-ramp-day") &&

@@ -308,6 +308,7 @@ constexpr Script kScripts[] = {
     {"SetTheEmulatorsTime", SetTheEmulatorsTime},
     {"LookAtAbout", LookAtAbout},
     {"PackACheckUp", PackACheckUp},
+    {"TellOfTheLamps", TellOfTheLamps},
     {"RenameDevicesInTheNetworkOnly", RenameDevicesInTheNetworkOnly},
     {"PasteTenMegabytes", PasteTenMegabytes},
     {"PauseSeekResumeAndStopADemo", PauseSeekResumeAndStopADemo},

@@ -236,6 +236,14 @@ void OpenDialog::AcceptDigitsOnly(int control) {
   if (auto* const line = As<LineField>(control)) line->AcceptDigitsOnly();
 }
 
+void OpenDialog::SetTabStops(int control, std::int32_t first, std::int32_t step) {
+  auto* const lines = As<LinesField>(control);
+  if (lines == nullptr) return;
+  const DialogUnits units(frame_->fontMetrics());
+  const auto pixels = [&](std::int32_t place) { return units.Pixels(Rect{0, 0, place, 0}).width(); };
+  lines->SetTabStops(pixels(first), pixels(step));
+}
+
 void OpenDialog::ClearRows(int control) {
   if (Item(control) != nullptr) Rows(*Item(control)).Clear();
 }

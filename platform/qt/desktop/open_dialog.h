@@ -36,6 +36,7 @@ class OpenDialog final : public dialogs::DialogWindow {
   void GiveFocus(int control) override;
   void LimitText(int control, std::int32_t units) override;
   void AcceptDigitsOnly(int control) override;
+  void SetTabStops(int control, std::int32_t first, std::int32_t step) override;
   void ClearRows(int control) override;
   void AddRow(int control, std::u16string_view text, std::int32_t data) override;
   int RowCount(int control) const override;

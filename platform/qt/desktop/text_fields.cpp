@@ -72,6 +72,16 @@ LinesField::LinesField(bool wantsReturn, QWidget* parent)
   setTabChangesFocus(true);
 }
 
+void LinesField::SetTabStops(int first, int step) {
+  constexpr int kStops = 20;
+  QList<QTextOption::Tab> stops;
+  for (int stop = 0; stop < kStops; ++stop)
+    stops.append(QTextOption::Tab(first + stop * step, QTextOption::LeftTab));
+  QTextOption option = document()->defaultTextOption();
+  option.setTabs(stops);
+  document()->setDefaultTextOption(option);
+}
+
 int LinesField::Room() const {
   const int there = Units(toPlainText()) - Units(textCursor().selectedText());
   return std::max(0, limit_ - there);

@@ -36,6 +36,8 @@ class LinesField final : public QPlainTextEdit {
 
   /// The user can write until so many units stand there; a line's end is two.
   void LimitText(int units) { limit_ = units; }
+  /// Where tabs lead, in pixels from the left of the text.
+  void SetTabStops(int first, int step);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
