@@ -31,7 +31,7 @@ struct RenderArguments {
   std::string scale = "1";
   std::string time;
   bool strip = false;
-  ProgramArgument compared{{}, 0};  // no file: none; no mode: that of the program
+  ProgramArgument compared{.mode = 0};  // no file: none; no mode: that of the program
 };
 
 template <class Number>
