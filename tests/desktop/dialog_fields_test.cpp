@@ -58,7 +58,8 @@ class DialogFields : public desktop::ProgramResources {
       }
       DestroyWindow(window);
     }
-    EXPECT_EQ(fields, 4) << "a name, a value, two of the network";
+    EXPECT_EQ(fields, 44)
+        << "a name, a value, two of the network, four of a change, twelve of lamps, 24 of new modes";
   }
 
  private:

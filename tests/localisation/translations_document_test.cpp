@@ -295,13 +295,13 @@ TEST_P(EachLanguage, HasNoStrayBlanks) {
 
 // Words that a language shares with English.
 const std::map<std::string, std::set<std::string>> kSameWords = {
-    {"de", {"Firewall", "Normal", "OK", "Zoom", "{1}, Version {2}.{3}, Build {4}"}},
+    {"de", {"Firewall", "Normal", "OK", "Refugium", "Zoom", "{1}, Version {2}.{3}, Build {4}"}},
     {"sk", {"UDP port 5000", "Normal", "OK"}},
-    {"it", {"Firewall", "File", "OK", "Password", "Password:", "Zoom"}},
-    {"cz", {"UDP port 5000", "Normal", "OK"}},
-    {"fr01", {"Civil", "Date", "Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
-    {"fr", {"Civil", "Date", "Mode", "Mode {1}", "Modes", "Normal", "OK", "Zoom"}},
-    {"pl", {"OK"}},
+    {"it", {"Firewall", "File", "OK", "Password", "Password:", "Refugium", "Zoom"}},
+    {"cz", {"UDP port 5000", "Normal", "OK", "Refugium"}},
+    {"fr01", {"Civil", "Date", "Mode", "Mode {1}", "Modes", "Normal", "OK", "Violet", "Zoom"}},
+    {"fr", {"Civil", "Date", "Mode", "Mode {1}", "Modes", "Normal", "OK", "Violet", "Zoom"}},
+    {"pl", {"OK", "Refugium"}},
     {"es", {"Civil", "Normal", "Zoom"}},
 };
 
