@@ -1,5 +1,7 @@
 #include "platform/qt/desktop/log_pane.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -46,7 +48,12 @@ bool LogPane::HasFocus() const {
 }
 
 void LogPane::SelectAll() {
-  if (QPlainTextEdit* const log = controls_.Log()) log->selectAll();
+  QPlainTextEdit* const log = controls_.Log();
+  if (log == nullptr) return;
+  log->selectAll();
+  // Where what is selected can be pasted with the middle button, Qt sees to that for its own keys only.
+  QClipboard* const clipboard = QGuiApplication::clipboard();
+  if (clipboard->supportsSelection()) clipboard->setText(log->toPlainText(), QClipboard::Selection);
 }
 
 }  // namespace qt
