@@ -14,6 +14,7 @@
 #include "tests/support/dialog_scripts.h"
 #include "tests/support/files.h"
 #include "tests/support/language_scripts.h"
+#include "tests/support/maker_scripts.h"
 #include "tests/support/table_scripts.h"
 #include "tests/support/view_scripts.h"
 
@@ -294,6 +295,10 @@ constexpr Script kScripts[] = {
     {"DrawADay", DrawADay},
     {"MoveSeveralSteps", MoveSeveralSteps},
     {"WorkWithACarefulMouse", WorkWithACarefulMouse},
+    {"ChangeManySteps", ChangeManySteps},
+    {"MakeDaysOfLight", MakeDaysOfLight},
+    {"StartFromATemplate", StartFromATemplate},
+    {"ShowWhatWasSavedAndTheLight", ShowWhatWasSavedAndTheLight},
     {"DeleteSteps", DeleteSteps},
     {"EditByMenu", EditByMenu},
     {"MoveTheViewByKeys", MoveTheViewByKeys},
