@@ -153,7 +153,7 @@ def check_names():
     check("the frame has the title", lambda: find("frame", program()[0].name).name.startswith("Lumarine - /"))
     bar = check("there is a menu bar", lambda: [n for n in below(program()) if n.getRoleName() == "menu bar"])
     check("it has the menus", lambda: [menu.name for menu in bar[0]] == MENUS)
-    check("a menu has its items", lambda: items("Edit") == ["Undo", "Redo"])
+    check("a menu has its items", lambda: items("Edit") == ["Undo", "Redo", "Select all steps", "Careful mouse"])
     check("a submenu has its own", lambda: items("Add endpoint steps") == ["At the start (00:00)", "At the end (23:59)"])
     check("no item has a mark for a key", lambda: not [n for n in names("menu item") if "&" in n])
     check("the language in use is checked", lambda: has_state(find("menu item", "English"), pyatspi.STATE_CHECKED))
