@@ -186,6 +186,7 @@ int main(int count, char** arguments) {
                    plain.menu,
                    plain.questions,
                    plain.dialogs,
+                   plain.stepTable,
                    plain.events,
                    plain.makeRenderer,
                    settings,

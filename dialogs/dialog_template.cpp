@@ -174,7 +174,7 @@ constexpr std::array<ControlTemplate, kFiguresControlCount> FiguresControls() {
   addRow(kParLabel, "PAR at 100 %, µmol/m²/s", kFirstParName, kFirstPar, 35);
   *next++ = {kPriceLabel, Kind::Label, {kLeft, 56, 110, 8}, "Price of a kWh"};
   *next++ = {kPrice, Kind::Edit, {x(0), 53, 50, 14}, "", trait::kAutoScroll};
-  *next++ = {kLevelLabel, Kind::Label, {x(1) + 20, 56, 136, 8}, "Hours above this level, in percent"};
+  *next++ = {kLevelLabel, Kind::Label, {x(1) + 4, 56, 154, 8}, "Hours above this level, in percent"};
   *next++ = {kLevel, Kind::Edit, {x(4), 53, 50, 14}, "", trait::kAutoScroll};
   *next++ = {kTable,
              Kind::Edit,

@@ -16,6 +16,7 @@
 #include "platform/win32/control_classes.h"
 #include "platform/win32/resource_ids.h"
 #include "tests/desktop/program_resources.h"
+#include "tests/desktop/window_text.h"
 
 namespace {
 
@@ -152,7 +153,7 @@ void ExpectItem(const Item& item, const ControlTemplate& control) {
   if (control.kind == ControlKind::ProgramIcon) {
     EXPECT_EQ(std::get<WORD>(item.text), win32::resource::kLargeIcon);
   } else {
-    EXPECT_EQ(Ascii(std::get<std::wstring>(item.text)), control.text);
+    EXPECT_EQ(desktop::Utf8(std::get<std::wstring>(item.text)), control.text);
   }
 }
 
