@@ -3,14 +3,28 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "common/platform.h"
+
 namespace win32 {
 
 namespace {
 
-// Open for as long as it lives, unless somebody else holds it.
+// Others look at the clipboard whenever it changes, and let go of it at once.
+constexpr int kMostTries = 50;
+constexpr int kTryMilliseconds = 10;
+
+bool Open(HWND owner) {
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    if (OpenClipboard(owner) != 0) return true;
+    platform::SleepMilliseconds(kTryMilliseconds);
+  }
+  return false;
+}
+
+// Open for as long as it lives, unless somebody else holds it for long.
 class OpenClipboardScope {
  public:
-  explicit OpenClipboardScope(HWND owner) : isOpen_(OpenClipboard(owner) != 0) {}
+  explicit OpenClipboardScope(HWND owner) : isOpen_(Open(owner)) {}
   ~OpenClipboardScope() {
     if (isOpen_) CloseClipboard();
   }
