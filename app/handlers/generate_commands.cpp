@@ -74,7 +74,7 @@ bool IsOk(dialogs::DlgBase&& dialog) {
 
 dialogs::SunParams SunDialog(const CommandContext& context) {
   dialogs::SunParams params;
-  params.place = context.shell.settings.GetValue(kPlaceSetting);
+  params.place = context.shell.settings.FindValue(kPlaceSetting);
   if (params.place.empty()) params.place = kFirstPlace;
   return params;
 }

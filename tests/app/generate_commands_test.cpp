@@ -57,6 +57,12 @@ TEST_F(GenerateCommands, TheDayIsSeenWhileTheDialogStandsOpen) {
   EXPECT_THAT(NewLog(), HasSubstr("Added new mode: Ramp day\n4 rows, at most 0.0 % off\n"));
 }
 
+TEST_F(GenerateCommands, ACancelledSunLeavesNoPlaceInTheSettings) {
+  Make(command::kNewFromSun, {Press(kCancel)});
+  ASSERT_TRUE(user.GetSettings().Save());
+  EXPECT_THAT(BytesOf(folder / "LumarineConfig.xml"), testing::Not(HasSubstr("place")));
+}
+
 TEST_F(GenerateCommands, ACancelledOneLeavesNothing) {
   const TCBase::Program::ModeListView before = Program();
   for (const int command : kAll) {

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -25,19 +26,6 @@ QStringList QtCells(const app::TableRow& row) {
   for (const std::u16string& cell : row) cells.append(QtText(cell));
   return cells;
 }
-
-// For as long as it lives the flag is set.
-class Quietly {
- public:
-  explicit Quietly(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-  ~Quietly() { flag_ = before_; }
-  Quietly(const Quietly&) = delete;
-  Quietly& operator=(const Quietly&) = delete;
-
- private:
-  bool& flag_;
-  const bool before_;
-};
 
 }  // namespace
 
@@ -171,7 +159,7 @@ class SheetView::Editing final : public QStyledItemDelegate {
   bool Offer(const QLineEdit& field, const QModelIndex& index, bool goesOn) const {
     // The view offers the text once more when the next row becomes the current one.
     if (offers_) return true;
-    const Quietly offering(offers_);
+    const QScopedValueRollback offering(offers_, true);
     return view_.onTyped(index.row(), index.column(), field.text(), goesOn);
   }
 
@@ -213,19 +201,19 @@ SheetView::SheetView(bool isEdited, QWidget* parent)
 }
 
 void SheetView::SetRows(const std::vector<app::TableRow>& rows) {
-  const Quietly quietly(quiet_);
+  const QScopedValueRollback quietly(quiet_, true);
   std::vector<QStringList> cells;
   for (const app::TableRow& row : rows) cells.push_back(QtCells(row));
   cells_->SetRows(std::move(cells));
 }
 
 void SheetView::SetColumns(const app::TableRow& columns) {
-  const Quietly quietly(quiet_);
+  const QScopedValueRollback quietly(quiet_, true);
   cells_->SetColumns(QtCells(columns));
 }
 
 void SheetView::SetSelection(const app::TableSelection& selection) {
-  const Quietly quietly(quiet_);
+  const QScopedValueRollback quietly(quiet_, true);
   QItemSelection rows;
   for (const int row : selection.rows) rows.select(cells_->index(row, 0), cells_->index(row, 0));
   const QModelIndex before = currentIndex();
