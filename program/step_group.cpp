@@ -13,7 +13,7 @@ constexpr std::int64_t kLastMinute = kMinutesPerDay - 1;
 
 // Puts the selection back to the step with this number, wherever that stands by now.
 void FollowStep(StepSelection& selection, std::uint32_t id) {
-  const StepIndex place = FindStep(selection.document, id);
+  const StepPlace place = FindStep(selection.document, id);
   if (place.step >= 0) selection.step = place.step;
 }
 
@@ -65,7 +65,7 @@ std::vector<std::uint32_t> SelectedStepIds(const StepSelection& selection, const
   return ids;
 }
 
-StepIndex FindStep(const ModeListView& document, std::uint32_t id) {
+StepPlace FindStep(const ModeListView& document, std::uint32_t id) {
   const Mode* const mode = FindCurrentMode(document);
   if (mode == nullptr) return {};
   for (std::size_t c = 0; c < mode->channels.size(); ++c) {

@@ -39,14 +39,15 @@ bool IsStepSelected(const StepSelection& selection, const StepGroup& group, cons
 /// if it counts, otherwise that of the selected step, otherwise none.
 std::vector<std::uint32_t> SelectedStepIds(const StepSelection& selection, const StepGroup& group);
 
-/// The step with a serial number in the current mode; nothing selected if there is none.
-struct StepIndex {
+/// Where a step of the current mode stands; -1 for none.
+struct StepPlace {
   std::int32_t channel = -1;
   std::int32_t step = -1;
 
-  friend bool operator==(const StepIndex&, const StepIndex&) = default;
+  friend bool operator==(const StepPlace&, const StepPlace&) = default;
 };
-StepIndex FindStep(const ModeListView& document, std::uint32_t id);
+/// The step with a serial number in the current mode.
+StepPlace FindStep(const ModeListView& document, std::uint32_t id);
 
 // What is done to the selected steps of the current mode. Each keeps the channels sorted and the selection at
 // its step.

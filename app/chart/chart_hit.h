@@ -8,16 +8,11 @@
 
 #include "chart/chart_layout.h"
 #include "program/program.h"
+#include "program/step_group.h"
 
 namespace app {
 
-/// A step of the current mode.
-struct StepPlace {
-  std::int32_t channel = -1;
-  std::int32_t step = -1;
-
-  friend bool operator==(const StepPlace&, const StepPlace&) = default;
-};
+using TCBase::Program::StepPlace;
 
 /// The step that a press takes: the first within the radius of a marker, in the order of lanes and steps.
 /// Looks into the lanes where they are at this moment, with what sticks out of them.

@@ -38,7 +38,7 @@ bool GroupInput::Holds(const StepPlace& place) const {
 }
 
 void GroupInput::SelectStep(std::uint32_t id) {
-  const StepIndex place = FindStep(parts_.program, id);
+  const StepPlace place = FindStep(parts_.program, id);
   parts_.selection.channel = place.channel;
   parts_.selection.step = place.step;
 }

@@ -55,7 +55,7 @@ void Preview::PutBack() {
 }
 
 void Preview::Select(std::uint32_t id) {
-  const TCBase::Program::StepIndex found = FindStep(selection_.document, id);
+  const TCBase::Program::StepPlace found = FindStep(selection_.document, id);
   // A step that has gone leaves its channel selected.
   if (found.channel >= 0) selection_.channel = found.channel;
   selection_.step = found.step;

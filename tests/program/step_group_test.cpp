@@ -72,10 +72,10 @@ TEST_F(SeveralSteps, NumbersWhoseStepsHaveGoneAreNobodys) {
   GivenChannels({"08:00 1, 09:00 2"});
   GivenSelection(0, 0, {1, 99});
   EXPECT_EQ(SelectedStepIds(selection, group), (Ids{1}));
-  EXPECT_EQ(FindStep(document, 2), (StepIndex{0, 1}));
-  EXPECT_EQ(FindStep(document, 99), StepIndex{});
+  EXPECT_EQ(FindStep(document, 2), (StepPlace{0, 1}));
+  EXPECT_EQ(FindStep(document, 99), StepPlace{});
   document.currentMode = 5;
-  EXPECT_EQ(FindStep(document, 2), StepIndex{});
+  EXPECT_EQ(FindStep(document, 2), StepPlace{});
   EXPECT_TRUE(SelectedStepIds(selection, group).empty());
 }
 
