@@ -1,5 +1,8 @@
 # Everything that can be tested is a test of ctest's, with a label: docs/testing.md tells which there are.
 
+# Seconds that a test may take.
+set(LUMARINE_TEST_TIMEOUT 1200 CACHE STRING "Seconds that a test may take")
+
 # lumarine_add_test(NAME LABEL label COMMAND program [argument ...])
 #
 # A program of GoogleTest, a shell script that sources tests/support/checks.sh, or any other command that fails by its
@@ -12,7 +15,7 @@ function(lumarine_add_test name)
     # A relative path, since it is read under Wine too.
     ENVIRONMENT GTEST_OUTPUT=xml:test-results/${name}.xml
     SKIP_RETURN_CODE 77
-    TIMEOUT 1200)
+    TIMEOUT ${LUMARINE_TEST_TIMEOUT})
   if(CMAKE_CROSSCOMPILING AND WIN32)
     set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED session)
   endif()
