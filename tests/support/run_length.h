@@ -1,7 +1,7 @@
 #pragma once
 
-// How much a random test does: little in every run of the tests, and what it is worth where somebody has asked for it
-// by LUMARINE_LONG_RUNS=1, as `scripts/test --all` does.
+// How much a random test does: little in every run of the tests, and what it is worth where somebody has
+// asked for it by LUMARINE_LONG_RUNS=1, as `scripts/test --all` does.
 
 #include <cstddef>
 #include <cstdlib>
