@@ -5,6 +5,7 @@ set -uo pipefail
 here=$(dirname "$(realpath "$0")")
 . "$here/../support/checks.sh"
 . "$here/installation.sh"
+. "$here/hardening.sh"
 root=$(realpath "$here/../..")
 build=$(realpath "$1")
 version=$(version_of "$root/CMakeLists.txt")
@@ -22,6 +23,7 @@ more=(README.txt share/doc/lumarine/LICENSE)
 grep -q LUMARINE_GUIDE:BOOL=OFF "$build/CMakeCache.txt" || more+=(share/lumarine/guide.html)
 holds_installation "$name" "${more[@]}"
 programs_start "$name" "$version"
+for program in "$name"/bin/* "$name"/libexec/lumarine/*; do hardened "${program##*/}" "$program"; done
 
 listed=$(TZ=UTC tar -tvJf "out/$name.tar.xz" --full-time --numeric-owner)
 check "all is root's" test -z "$(grep -v ' 0/0 ' <<<"$listed")"

@@ -11,6 +11,7 @@ here=$(realpath "$(dirname "$0")")
 deb=$(realpath "$1")
 . "$here/../support/checks.sh"
 . "$here/clean_root.sh"
+. "$here/hardening.sh"
 begin root_end
 
 # As root, and as the person who uses it. Neither has a display.
@@ -55,6 +56,7 @@ check "settings are made" person sh -c 'mkdir Documents && echo "<settings/>" >D
 
 check "apt upgrades it" apt install /tmp/lumarine.deb
 check "it is the new one" test "$(version)" = "installed $(dpkg-deb -f "$deb" Version)"
+for program in bin/lumarine bin/lumarinectl libexec/lumarine/lumarine-render; do hardened "$program" "$root/usr/$program"; done
 check "the obsolete file is gone" test ! -e "$root/usr/share/lumarine/obsolete.txt"
 check "the guide is the new one" grep -q "<html" "$root/usr/share/lumarine/guide.html"
 check "every file is as it was packed" prints "" system dpkg --verify lumarine

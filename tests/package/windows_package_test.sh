@@ -3,6 +3,7 @@
 #   tests/package/windows_package_test.sh BUILD
 . "$(dirname "$0")/../support/checks.sh"
 . "$(dirname "$0")/windows.sh"
+. "$(dirname "$0")/hardening.sh"
 
 windows_begin "$1"
 name=Lumarine-$version-windows-x64
@@ -24,6 +25,7 @@ check "texts end their lines as Windows does" grep -q $'\r$' "$stage/LICENSE.txt
 for program in Lumarine lumarinectl; do
   check "$program is stripped" grep -q 'no symbols' <(x86_64-w64-mingw32-nm "$stage/$program.exe" 2>&1)
   check "$program holds no folder of this machine" test "$(strings "$stage/$program.exe" | grep -cF "$project")" = 0
+  hardened_windows "$program.exe" "$stage/$program.exe"
 done
 check "the installer asks for no more rights than its user has" \
   grep -qa 'requestedExecutionLevel level="highestAvailable"' "$setup"
