@@ -117,6 +117,7 @@ void Application::OpenFirstProgram() {
 }
 
 void Application::ShutDown() {
+  state.document->EndRecovery();
   state.demoState.PostCommand(TCBase::CommandStop);
   state.worker.Shutdown();
   state.renderer->Release();

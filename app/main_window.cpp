@@ -74,6 +74,7 @@ void MainWindow::OnAccelerator(int command) {
 Outcome MainWindow::OnTimer(int id) {
   if (id != kDemoTimer) return Outcome::Default;
   ShowWork();
+  state_.document->KeepForCrash(state_.frameClock.Now());
   if (!state_.demoState.IsRunning()) {
     MoveChartOn();
     return Outcome::Done;

@@ -86,6 +86,14 @@ bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bo
   return false;
 }
 
+std::uint64_t ContentMark(std::string_view bytes) {
+  constexpr std::uint64_t kOffset = 14695981039346656037U;
+  constexpr std::uint64_t kPrime = 1099511628211U;
+  std::uint64_t mark = kOffset;
+  for (const char byte : bytes) mark = (mark ^ static_cast<unsigned char>(byte)) * kPrime;
+  return mark;
+}
+
 bool LoadResourceBytes(int id, std::string_view type, std::string& out) {
   const auto bytes = platform::FindResourceBytes(id, type);
   if (!bytes || bytes->empty()) return false;

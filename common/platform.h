@@ -33,6 +33,10 @@ DateTime LocalTime();
 /// configured is made if it is missing, with the folders above it.
 std::optional<std::filesystem::path> DocumentsFolder();
 
+/// Where the program keeps, for this user, what it needs from one run to the next and the user never opens;
+/// it need not exist yet. Nothing if the platform does not know a place.
+std::optional<std::filesystem::path> StateFolder();
+
 /// The file `name` (UTF-8, no folders) that came with the program: it stands beside it, or in
 /// ../share/lumarine from there. Nothing if there is none.
 std::optional<std::filesystem::path> FindCompanionFile(const std::string& name);

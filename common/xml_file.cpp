@@ -18,7 +18,7 @@ bool load(const std::filesystem::path& path, element& root) {
   return true;
 }
 
-bool save(const std::filesystem::path& path, const element& root, std::string* reason) {
+bool save(const std::filesystem::path& path, const element& root, std::string* reason, std::uint64_t* mark) {
   string text;
   serialize(text, root, 0);
   if (text.view().size() > kMostXmlBytes) {
@@ -27,7 +27,9 @@ bool save(const std::filesystem::path& path, const element& root, std::string* r
     if (reason != nullptr) *reason = tooLong;
     return false;
   }
-  return WriteFileBytes(path, text.view(), false, reason);
+  if (!WriteFileBytes(path, text.view(), false, reason)) return false;
+  if (mark != nullptr) *mark = ContentMark(text.view());
+  return true;
 }
 
 }  // namespace ovk::xml

@@ -3,6 +3,7 @@
 // XML trees on disk.
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -21,7 +22,9 @@ bool load(const std::filesystem::path& path, element& root);
 
 /// Writes a file that `load` reads, all or nothing. False and a line on statusLog if that fails, also if it
 /// would be longer than kMostXmlBytes: better unsaved and known than saved and never to be opened again.
-/// `reason`, which may be null, gets what WriteFileBytes gives.
-bool save(const std::filesystem::path& path, const element& root, std::string* reason = nullptr);
+/// `reason`, which may be null, gets what WriteFileBytes gives; `mark`, which may be null, the ContentMark()
+/// of what was written.
+bool save(const std::filesystem::path& path, const element& root, std::string* reason = nullptr,
+          std::uint64_t* mark = nullptr);
 
 }  // namespace ovk::xml

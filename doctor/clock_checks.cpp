@@ -38,7 +38,7 @@ Sentence SetIt() {
 }
 
 Finding SetAt(const DateTime& time, const DateTime& now) {
-  const std::string when = TextOf(time);
+  const std::string when = ToMinuteText(time);
   const std::int64_t days = DaysBetween(time, now);
   if (platform::UtcOffsetMinutes(time) != platform::UtcOffsetMinutes(now))
     return Controllers(
@@ -59,7 +59,7 @@ Finding SetAt(const DateTime& time, const DateTime& now) {
 Findings CheckComputerClock(const Subject&) {
   const DateTime now = platform::LocalTime();
   const auto offset = platform::UtcOffsetMinutes(now);
-  const Sentence shown(TextKey("It shows {1}, {2}."), {TextOf(now), OffsetText(offset.value_or(0))});
+  const Sentence shown(TextKey("It shows {1}, {2}."), {ToMinuteText(now), OffsetText(offset.value_or(0))});
   if (now.year < kFirstYear || now.year > kLastYear)
     return {Clock(Sign::Broken, shown, Sentence(TextKey("Set it: controllers are given this time.")))};
   if (ShowsUtc(now))
@@ -70,12 +70,12 @@ Findings CheckComputerClock(const Subject&) {
   switch (platform::WhoKeepsTheClock()) {
     case platform::ClockKeeper::Network:
       return {Clock(Sign::Good, Sentence(TextKey("It shows {1}, {2}, and is set by the network."),
-                                         {TextOf(now), OffsetText(offset.value_or(0))}))};
+                                         {ToMinuteText(now), OffsetText(offset.value_or(0))}))};
     case platform::ClockKeeper::Nobody:
       return {Clock(
           Sign::Look,
           Sentence(TextKey("It shows {1}, {2}, and nobody sets it."),
-                   {TextOf(now), OffsetText(offset.value_or(0))}),
+                   {ToMinuteText(now), OffsetText(offset.value_or(0))}),
           Sentence(TextKey("Compare it with another clock, or have the system set it by the network.")))};
     case platform::ClockKeeper::Unknown:
       break;

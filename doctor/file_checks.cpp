@@ -114,7 +114,7 @@ Finding LogThatIsThere(const fs::path& file, bool isOn) {
   if (error || !written || !ReadEnd(file, kLogEndBytes, end))
     return Log(Sign::Look, Sentence(TextKey("{1} cannot be read."), {Utf8FromPath(file)}),
                Sentence(TextKey("Give yourself the right to read and write it.")));
-  const std::string when = TextOf(*written);
+  const std::string when = ToMinuteText(*written);
   const std::string kilobytes = std::to_string((size + kKilobyte - 1) / kKilobyte);
   if (const std::string trouble = ReadLogEnd(end).error; !trouble.empty())
     return Log(Sign::Look, Sentence(TextKey("It ends with an error ({1}): {2}"), {when, trouble}),

@@ -47,13 +47,6 @@ bool IsMoment(const DateTime& time) {
   return isPositive && time.year < 10000 && DayOf(time).ok() && isOnClock;
 }
 
-std::string TextOf(const DateTime& time) {
-  char text[80];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d", time.year, time.month, time.day, time.hour,
-                time.minute);
-  return text;
-}
-
 std::string OffsetText(int minutes) {
   char text[40];
   const int size = std::abs(minutes);

@@ -18,9 +18,6 @@ std::int64_t DaysBetween(const DateTime& from, const DateTime& to);
 /// Whether the calendar and the clock have it.
 bool IsMoment(const DateTime& time);
 
-/// "2026-03-14 09:26"
-std::string TextOf(const DateTime& time);
-
 /// "UTC+01:00"
 std::string OffsetText(int minutes);
 

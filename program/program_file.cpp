@@ -123,16 +123,17 @@ bool ReadProgramXml(const element& root, ModeListView& document) {
   return !document.modes.empty();
 }
 
-bool SaveProgram(const ModeListView& document, const std::filesystem::path& path, std::string* reason) {
+bool SaveProgram(const ModeListView& document, const std::filesystem::path& path, std::string* reason,
+                 std::uint64_t* mark) {
   element root;
   BuildProgramXml(document, root);
-  const bool saved = ovk::xml::save(path, root, reason);
+  const bool saved = ovk::xml::save(path, root, reason, mark);
   LogStatus(Message(saved ? TextKey("Saved program {1}") : TextKey("Error saving program {1}"),
                     Utf8FromPath(path)));
   return saved;
 }
 
-bool LoadProgram(const std::filesystem::path& path, ModeListView& document) {
+bool LoadProgram(const std::filesystem::path& path, ModeListView& document, std::uint64_t* mark) {
   const auto fails = [&path](const Message& why) {
     LogStatus(Message("Error loading program {1}", Utf8FromPath(path)));
     LogStatus(why);
@@ -147,6 +148,7 @@ bool LoadProgram(const std::filesystem::path& path, ModeListView& document) {
     return fails(Message("The file is not well-formed XML"));
   ovk::xml::trim(root);
   if (!ReadProgramXml(root, document)) return fails(Message("The file holds no mode"));
+  if (mark != nullptr) *mark = ContentMark(bytes);
   return true;
 }
 

@@ -19,6 +19,7 @@
 // Reading is forgiving: what is absent is 0 or empty, what is unknown is passed over, and numbers stay as the
 // file has them, in range or not, in order or not. User interface thread, since ovk::string lives on one.
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -28,14 +29,16 @@
 namespace TCBase::Program {
 
 /// Writes the file and logs "Saved program {1}" or "Error saving program {1}". True if it was written; a file
-/// that was there before is not lost otherwise, and `reason`, which may be null, gets why.
+/// that was there before is not lost otherwise, and `reason`, which may be null, gets why. `mark`, which may
+/// be null, gets the ContentMark() of what was written.
 bool SaveProgram(const ModeListView& document, const std::filesystem::path& path,
-                 std::string* reason = nullptr);
+                 std::string* reason = nullptr, std::uint64_t* mark = nullptr);
 
 /// Reads a file into a document with default values (NewProgram); the channel table is kept if the file has
 /// none. False, and "Error loading program {1}" and the reason in the log, if the file cannot be read, is not
-/// well-formed or holds no usable mode; the document is then in pieces and to be thrown away.
-bool LoadProgram(const std::filesystem::path& path, ModeListView& document);
+/// well-formed or holds no usable mode; the document is then in pieces and to be thrown away. `mark`, which
+/// may be null, gets the ContentMark() of what was read.
+bool LoadProgram(const std::filesystem::path& path, ModeListView& document, std::uint64_t* mark = nullptr);
 
 /// Fills an empty element with the document.
 void BuildProgramXml(const ModeListView& document, ovk::xml::element& root);

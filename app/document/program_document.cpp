@@ -31,7 +31,8 @@ ProgramDocument::ProgramDocument(const Shell& shell, TCBase::Program::ModeListVi
       demo_(demo),
       savedProgram_(savedProgram),
       refresh_(std::move(refresh)),
-      recoveryCopies_(shell.recoveryFolder) {}
+      recoveryCopies_(shell.recoveryFolder),
+      crashRecovery_(shell.stateFolder) {}
 
 bool ProgramDocument::AskToSave() {
   // A program whose save failed counts as saved; the question is all that is left where no copy is.
@@ -88,6 +89,73 @@ bool ProgramDocument::Open(const std::vector<std::filesystem::path>& files) {
 }
 
 bool ProgramDocument::OfferRecovered() {
+  return OfferLeftBehind() || OfferCopies();
+}
+
+bool ProgramDocument::OfferLeftBehind() {
+  for (CrashRecovery::LeftBehind& left : crashRecovery_.Find()) {
+    const TCBase::Program::RecoveryFile& content = left.content;
+    if (IsSaved(content)) {
+      CrashRecovery::Discard(std::move(left));
+      continue;
+    }
+    const Question question{
+        Message("Recovered program").ToWide(),
+        Message(
+            "The program did not end properly. What was not saved of {1} was kept: {2} modes, as they were "
+            "at {3}. Restore them?\r\n\"No\" discards them, \"Cancel\" keeps them for the next start.",
+            content.file.empty() ? Translate("New program") : content.file,
+            static_cast<std::int32_t>(content.document.modes.size()), ToMinuteText(content.changed))
+            .ToWide(),
+        Buttons::YesNoCancel, Icon::Warning};
+    const Answer answer = shell_.questions.Ask(question);
+    if (answer == Answer::No) CrashRecovery::Discard(std::move(left));
+    if (answer != Answer::Yes) continue;
+    Restore(std::move(left));
+    return true;
+  }
+  return false;
+}
+
+// The run ended after it had saved, and before it had cleared up.
+bool ProgramDocument::IsSaved(const TCBase::Program::RecoveryFile& recovery) const {
+  const fs::path path = PathFromUtf8(recovery.file);
+  std::error_code ignored;
+  TCBase::Program::ModeListView saved = TCBase::Program::NewProgram();
+  return !path.empty() && fs::is_regular_file(path, ignored) && TCBase::Program::LoadProgram(path, saved) &&
+         SameProgram(saved, recovery.document);
+}
+
+void ProgramDocument::Restore(CrashRecovery::LeftBehind left) {
+  const fs::path path = PathFromUtf8(left.content.file);
+  // What is saved is what stands in the file now. A program without one counts from the built-in one.
+  savedProgram_.copy = TCBase::Program::NewProgram();
+  std::error_code ignored;
+  if (!path.empty() && fs::is_regular_file(path, ignored))
+    TCBase::Program::LoadProgram(path, savedProgram_.copy);
+  program_ = std::move(left.content.document);
+  const std::int32_t current = program_.currentMode;
+  SetPath(path);
+  mark_ = left.content.mark;
+  AfterLoad();
+  program_.currentMode = current;
+  refresh_(part::kModeList | part::kChart);
+  crashRecovery_.Adopt(std::move(left));
+  LogStatus(Message("Restored what was not saved. Save it to keep it."));
+}
+
+bool ProgramDocument::IsUnsaved() const {
+  if (MayBeLost()) return true;
+  if (SameProgram(program_, savedProgram_.copy)) return false;
+  // A new program counts as a change of what was loaded before it, but nothing of it can be lost.
+  return !path_.empty() || !SameProgram(program_, TCBase::Program::NewProgram());
+}
+
+void ProgramDocument::KeepForCrash(double now) {
+  if (crashRecovery_.IsTimeToLook(now)) crashRecovery_.Follow({program_, IsUnsaved(), path_, mark_}, now);
+}
+
+bool ProgramDocument::OfferCopies() {
   for (const RecoveryCopies::Copy& copy : recoveryCopies_.Find()) {
     // It may have been loaded by hand, and "No" must not delete the file that is open.
     if (std::error_code ignored; fs::equivalent(copy.path, path_, ignored)) continue;
@@ -118,6 +186,18 @@ bool ProgramDocument::OpenRecovered(const RecoveryCopies::Copy& copy) {
 
 bool ProgramDocument::Save() {
   if (path_.empty()) return SaveFileAs();
+  if (HasChangedOnDisk()) {
+    Question question{Message("File has changed").ToWide(),
+                      Message("{1} was changed by another program since it was opened here. Replace it?\r\n"
+                              "\"No\" asks for another name.",
+                              path_)
+                          .ToWide(),
+                      Buttons::YesNoCancel, Icon::Warning};
+    question.enterSaysNo = true;
+    const Answer answer = shell_.questions.Ask(question);
+    if (answer == Answer::No) return SaveFileAs();
+    if (answer != Answer::Yes) return false;
+  }
   // Before the write: a program whose save failed counts as saved all the same, and the next question for it
   // comes with the next change.
   SyncBaseline();
@@ -126,30 +206,41 @@ bool ProgramDocument::Save() {
 
 bool ProgramDocument::SaveFileAs() {
   std::filesystem::path path;
-  if (!AskWhereToSave(shell_.questions, kProgramFilter, path, path_)) return false;
+  // Choosing the current file again is asked about only where somebody else has written there.
+  const fs::path own = HasChangedOnDisk() ? fs::path() : path_;
+  if (!AskWhereToSave(shell_.questions, kProgramFilter, path, own)) return false;
   SetPath(path);
   SyncBaseline();
   return SaveFile(path);
 }
 
+bool ProgramDocument::HasChangedOnDisk() const {
+  std::string bytes;
+  return mark_ != 0 && ReadFileBytes(path_, bytes) && ContentMark(bytes) != mark_;
+}
+
 bool ProgramDocument::LoadFile(const std::filesystem::path& path) {
   TCBase::Program::ModeListView loaded = TCBase::Program::NewProgram();
-  if (!TCBase::Program::LoadProgram(path, loaded)) return false;
+  std::uint64_t mark = 0;
+  if (!TCBase::Program::LoadProgram(path, loaded, &mark)) return false;
   LogStatus(Message("Loaded program file {1}", path));
   std::swap(program_, loaded);
   SetPath(path);
+  mark_ = mark;
   return true;
 }
 
 bool ProgramDocument::SaveFile(const std::filesystem::path& path) {
   std::string reason;
-  if (!TCBase::Program::SaveProgram(program_, path, &reason)) {
+  std::uint64_t mark = 0;
+  if (!TCBase::Program::SaveProgram(program_, path, &reason, &mark)) {
     KeepUnsaved(path, reason);
     return false;
   }
   recoveryCopies_.OnSaved(path);
   unsaved_.reset();
   SetPath(path);
+  mark_ = mark;
   return true;
 }
 
@@ -172,6 +263,7 @@ bool ProgramDocument::MayBeLost() const {
 
 void ProgramDocument::SetPath(const std::filesystem::path& path) {
   path_ = path;
+  mark_ = 0;
   refresh_(part::kTitle);
   shell_.settings.SetValue("last_open_file", Utf8FromPath(path));
 }

@@ -3,11 +3,13 @@
 // The program's file: new, load, save, the question before work is lost, and what is reset when. User
 // interface thread.
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "app/document/crash_recovery.h"
 #include "app/document/recovery_copies.h"
 #include "app/document/saved_baseline.h"
 #include "app/document/undo_stack.h"
@@ -41,10 +43,19 @@ class ProgramDocument {
   /// cannot be now: while a demo runs or a dialog waits, as the command cannot be given then either. Of
   /// several files the first is opened, and the log says so. True if it was opened.
   bool Open(const std::vector<std::filesystem::path>& files);
-  /// Offers the copies of programs that could not be saved, until the user opens one. It is then a program
-  /// without a file. True if one was opened. Asked once, at the start.
+  /// Offers what runs of the program left behind that did not end properly, and the copies of programs that
+  /// could not be saved, until the user opens one. The first is then what it was, not saved yet; such a copy
+  /// is a program without a file. True if one was opened. Asked once, at the start.
   bool OfferRecovered();
-  /// Carries the command out: saves to the current file, or as SaveFileAs() if there is none.
+  /// Keeps what is not saved for the case that this run ends by force. To be called ten times a second, `now`
+  /// in seconds of any clock.
+  void KeepForCrash(double now);
+  /// Waits until all that KeepForCrash has handed on is on disk.
+  void SettleRecovery() { crashRecovery_.Settle(); }
+  /// This run ends properly.
+  void EndRecovery() { crashRecovery_.End(); }
+  /// Carries the command out: saves to the current file, or as SaveFileAs() if there is none. Asks before it
+  /// replaces what somebody else has written there since it was loaded or saved here.
   bool Save();
   /// Asks for a file and saves to it. False if the user cancelled or saving failed.
   bool SaveFileAs();
@@ -69,7 +80,15 @@ class ProgramDocument {
  private:
   /// Loads a file as the command does, once it is known. False if that fails.
   bool LoadAndShow(const std::filesystem::path& path);
+  bool OfferLeftBehind();
+  bool OfferCopies();
+  bool IsSaved(const TCBase::Program::RecoveryFile& recovery) const;
+  void Restore(CrashRecovery::LeftBehind left);
   bool OpenRecovered(const RecoveryCopies::Copy& copy);
+  /// Something would be lost if the process ended now.
+  bool IsUnsaved() const;
+  /// The current file is not what was loaded or saved here last.
+  bool HasChangedOnDisk() const;
   /// Keeps the program that could not be saved to `path`, and tells the user.
   void KeepUnsaved(const std::filesystem::path& path, const std::string& reason);
   /// A save has failed, and there is no copy, or it is gone.
@@ -82,7 +101,9 @@ class ProgramDocument {
   SavedBaseline& savedProgram_;
   const Refresh refresh_;
   RecoveryCopies recoveryCopies_;
+  CrashRecovery crashRecovery_;
   std::filesystem::path path_;  // empty for a program without a file
+  std::uint64_t mark_ = 0;      // of its content as it was loaded or saved here last; 0 if it was neither
   // Once a save has failed, where its copy is; an empty path if none could be kept.
   std::optional<std::filesystem::path> unsaved_;
 };

@@ -106,6 +106,11 @@ ProgramSnapshot::Shared<ProgramSnapshot::ModePiece> ProgramSnapshot::PieceAt(std
   return mode < modeCount_ ? (*blocks_[mode / kBlockModes])[mode % kBlockModes] : nullptr;
 }
 
+bool ProgramSnapshot::IsSameAs(const ProgramSnapshot& other) const {
+  return channelInfos_ == other.channelInfos_ && blocks_ == other.blocks_ && modeCount_ == other.modeCount_ &&
+         viewStart_ == other.viewStart_ && viewEnd_ == other.viewEnd_ && currentMode_ == other.currentMode_;
+}
+
 void ProgramSnapshot::CopyTo(ModeListView& program) const {
   program.channelInfos = channelInfos_ != nullptr ? *channelInfos_ : ChannelInfos();
   program.modes.resize(modeCount_);

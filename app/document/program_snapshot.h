@@ -19,7 +19,7 @@ inline bool SameProgram(const TCBase::Program::ModeListView& a, const TCBase::Pr
 
 /// The whole document as it once was, step ids included. It behaves as a deep copy, but is kept in pieces
 /// that never change and that snapshots have in common: a snapshot of a document in which one channel was
-/// edited costs that channel. User interface thread only.
+/// edited costs that channel. Any thread; one object belongs to one, its pieces to all.
 class ProgramSnapshot {
  public:
   /// Holds no document.
@@ -31,6 +31,10 @@ class ProgramSnapshot {
 
   /// Makes `program` what it was; everything in it is replaced by a copy of its own.
   void CopyTo(TCBase::Program::ModeListView& program) const;
+
+  /// Whether both hold the same pieces: so for two of which one was made with the other as `earlier`, and
+  /// nothing changed between them.
+  bool IsSameAs(const ProgramSnapshot& other) const;
 
  private:
   template <class T>

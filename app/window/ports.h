@@ -313,6 +313,8 @@ struct Shell {
   std::filesystem::path deviceLogFile = DocumentPath(kDeviceLogName);
   /// Where copies of programs that could not be saved are kept: that of the settings.
   std::filesystem::path recoveryFolder = DocumentPath({});
+  /// Where the document is kept for the case of a crash; nothing if that is not to be.
+  std::optional<std::filesystem::path> stateFolder = platform::StateFolder();
 
   // What the process was told to open; empty if nothing.
   std::vector<std::filesystem::path> filesToOpen = {};

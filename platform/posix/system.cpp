@@ -87,6 +87,15 @@ std::optional<fs::path> DocumentsFolder() {
   return std::nullopt;
 }
 
+std::optional<fs::path> StateFolder() {
+  constexpr char kOwn[] = "lumarine";
+  if (const char* state = std::getenv("XDG_STATE_HOME"); state != nullptr && *state == '/')
+    return fs::path(state) / kOwn;
+  const fs::path home = HomeFolder();
+  if (home.empty()) return std::nullopt;
+  return home / ".local" / "state" / kOwn;
+}
+
 std::optional<fs::path> FindCompanionFile(const std::string& name) {
   const fs::path file = FindInstalledFile("share/lumarine", name);
   return file.empty() ? std::nullopt : std::optional(file);

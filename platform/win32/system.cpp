@@ -10,13 +10,27 @@
 
 namespace platform {
 
-std::optional<std::filesystem::path> DocumentsFolder() {
+namespace {
+
+std::optional<std::filesystem::path> KnownFolder(const KNOWNFOLDERID& id) {
   PWSTR folder = nullptr;
-  const HRESULT result = SHGetKnownFolderPath(FOLDERID_Documents, KF_FLAG_CREATE, nullptr, &folder);
+  const HRESULT result = SHGetKnownFolderPath(id, KF_FLAG_CREATE, nullptr, &folder);
   // The buffer is to be freed after a failure too.
   const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> held(folder, &CoTaskMemFree);
   if (FAILED(result)) return std::nullopt;
   return std::filesystem::path(folder);
+}
+
+}  // namespace
+
+std::optional<std::filesystem::path> DocumentsFolder() {
+  return KnownFolder(FOLDERID_Documents);
+}
+
+std::optional<std::filesystem::path> StateFolder() {
+  const auto folder = KnownFolder(FOLDERID_LocalAppData);
+  if (!folder) return std::nullopt;
+  return *folder / L"Lumarine";
 }
 
 std::optional<std::filesystem::path> FindCompanionFile(const std::string& name) {

@@ -185,4 +185,30 @@ TEST_F(DocumentsFolder, IsTheHomeFolderAtLast) {
   EXPECT_EQ(platform::DocumentsFolder(), home_.path());
 }
 
+class StateFolder : public testing::Test {
+ protected:
+  const TemporaryFolder home_;
+  const Variable homeVariable_{"HOME", home_.path().string()};
+};
+
+TEST_F(StateFolder, IsWhereTheDesktopKeepsState) {
+  const Variable state("XDG_STATE_HOME", "");
+  EXPECT_EQ(platform::StateFolder(), home_ / ".local" / "state" / "lumarine");
+}
+
+TEST_F(StateFolder, MayBeConfiguredByAnAbsolutePath) {
+  {
+    const Variable state("XDG_STATE_HOME", (home_ / "kept").string());
+    EXPECT_EQ(platform::StateFolder(), home_ / "kept" / "lumarine");
+  }
+  const Variable state("XDG_STATE_HOME", "relative");
+  EXPECT_EQ(platform::StateFolder(), home_ / ".local" / "state" / "lumarine");
+}
+
+TEST_F(StateFolder, IsNotMadeByAsking) {
+  const Variable state("XDG_STATE_HOME", "");
+  platform::StateFolder();
+  EXPECT_TRUE(fs::is_empty(home_.path()));
+}
+
 }  // namespace

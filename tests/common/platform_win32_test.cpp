@@ -34,4 +34,11 @@ TEST(DocumentsFolder, IsKnown) {
   EXPECT_TRUE(folder->is_absolute());
 }
 
+TEST(StateFolder, IsOneOfTheUsersOwn) {
+  const auto folder = platform::StateFolder();
+  ASSERT_TRUE(folder.has_value());
+  EXPECT_TRUE(folder->is_absolute());
+  EXPECT_EQ(folder->filename(), "Lumarine");
+}
+
 }  // namespace

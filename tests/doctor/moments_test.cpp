@@ -7,8 +7,8 @@
 namespace {
 
 TEST(Moments, AreCountedThroughTheCalendar) {
-  EXPECT_EQ(doctor::TextOf(doctor::Earlier({2026, 3, 1, 0, 0, 30, 0}, 31)), "2026-02-28 23:59");
-  EXPECT_EQ(doctor::TextOf(doctor::Earlier({2026, 3, 1, 0, 0, 0, 0}, -60)), "2026-03-01 00:01");
+  EXPECT_EQ(ToMinuteText(doctor::Earlier({2026, 3, 1, 0, 0, 30, 0}, 31)), "2026-02-28 23:59");
+  EXPECT_EQ(ToMinuteText(doctor::Earlier({2026, 3, 1, 0, 0, 0, 0}, -60)), "2026-03-01 00:01");
   EXPECT_EQ(doctor::DaysBetween({2024, 2, 28, 23, 0, 0, 0}, {2024, 3, 1, 0, 0, 0, 0}), 2);
   EXPECT_EQ(doctor::DaysBetween({2026, 3, 1, 0, 0, 0, 0}, {2026, 2, 28, 0, 0, 0, 0}), -1);
 }

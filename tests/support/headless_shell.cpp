@@ -358,15 +358,25 @@ app::Shell Desktop::Ports() {
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
     return std::make_unique<RecordingRenderer>(scene, journal);
   };
-  return {*this,          *this,
-          chart,          controls,
-          logPane,        menu,
-          questions,      dialogs,
-          stepTable,      queue,
-          makeRenderer,   settings_,
-          deviceLogFile_, deviceLogFile_.parent_path(),
-          filesToOpen_,   translations_,
-          guide,          {{"Headless", "1"}}};
+  return {*this,
+          *this,
+          chart,
+          controls,
+          logPane,
+          menu,
+          questions,
+          dialogs,
+          stepTable,
+          queue,
+          makeRenderer,
+          settings_,
+          deviceLogFile_,
+          deviceLogFile_.parent_path(),
+          deviceLogFile_.parent_path() / "state",
+          filesToOpen_,
+          translations_,
+          guide,
+          {{"Headless", "1"}}};
 }
 
 RecordingRenderer& Desktop::Renderer() {

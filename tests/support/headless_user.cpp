@@ -59,6 +59,12 @@ void HeadlessUser::End() {
   settings_->Save();
 }
 
+void HeadlessUser::Crash() {
+  State().document->SettleRecovery();
+  const virtual_clock::Waiting forWorker;
+  desktop_.reset();
+}
+
 void HeadlessUser::Turn() {
   if (desktop_->application->Turn()) return;
   {

@@ -87,6 +87,8 @@ class HeadlessUser final : public User {
 
   // Beyond what a user can do.
 
+  /// The process ends by force, once what it has begun to write is written. Its settings are lost.
+  void Crash();
   Desktop& GetDesktop() { return *desktop_; }
   app::AppState& State() { return desktop_->application->state; }
   // Of the run that goes on, or of the last one.
