@@ -13,12 +13,15 @@ class FirstDay {
  public:
   FirstDay() : documents_(platform::DocumentsFolder().value()) {
     for (const wchar_t* name : kFiles) Move(documents_ / name, aside_ / name);
+    if (std::filesystem::exists(state_)) std::filesystem::rename(state_, stateAside_);
   }
   ~FirstDay() {
     for (const wchar_t* name : kFiles) {
       std::filesystem::remove(documents_ / name);
       Move(aside_ / name, documents_ / name);
     }
+    std::filesystem::remove_all(state_);
+    if (std::filesystem::exists(stateAside_)) std::filesystem::rename(stateAside_, state_);
   }
   FirstDay(const FirstDay&) = delete;
   FirstDay& operator=(const FirstDay&) = delete;
@@ -37,6 +40,8 @@ class FirstDay {
 
   const std::filesystem::path documents_;
   const TemporaryFolder aside_;
+  const std::filesystem::path state_ = platform::StateFolder().value();
+  const std::filesystem::path stateAside_ = state_.native() + L" aside";
 };
 
 }  // namespace desktop

@@ -48,11 +48,11 @@ void ProgramUnderTest::Run(const Folders& folders, const std::vector<std::filesy
   {
     qt::DesktopShell shell;
     const app::Shell ports = shell.Ports();
-    app::Application application({ports.platform, ports.mainWindow, ports.chartWindow, ports.controls,
-                                  ports.logPane, ports.menu, ports.questions, ports.dialogs, ports.stepTable,
-                                  ports.events, ports.makeRenderer, settings,
-                                  folders.documents / "LumarineLog.txt", folders.documents, files,
-                                  translations, ports.guide, ports.versions});
+    app::Application application(
+        {ports.platform, ports.mainWindow, ports.chartWindow, ports.controls, ports.logPane, ports.menu,
+         ports.questions, ports.dialogs, ports.stepTable, ports.events, ports.makeRenderer, settings,
+         folders.documents / "LumarineLog.txt", folders.documents, folders.documents / "state", files,
+         translations, ports.guide, ports.versions});
     shell.Connect(application);
     if (application.StartUp()) {
       hasStarted_ = true;
