@@ -14,6 +14,7 @@
 
 #include "OvkLib/src/ovk_xml.h"
 #include "OvkLib/src/ovk_xml_reader.h"
+#include "tests/OvkLib/hostile_xml.h"
 
 namespace {
 
@@ -169,6 +170,27 @@ void SerializeTinyxml2(benchmark::State& state) {
   CountBytes(state, document.size());
 }
 
+// Sixteen megabytes of a shape that nobody writes by accident, which is as long as files may be; with the
+// destruction of what was read.
+void ReadHostile(benchmark::State& state) {
+  constexpr size_t kBytes = size_t{16} * 1024 * 1024;
+  const hostile_xml::Shape& shape = hostile_xml::kShapes[static_cast<size_t>(state.range(0))];
+  const std::string document = hostile_xml::Document(shape, kBytes);
+  const char* outcome = "";
+  for (auto _ : state) {
+    ovk::xml::element root;
+    const ovk::xml::reading read = ovk::xml::read(root, document);
+    if (read == ovk::xml::reading::well_formed) ovk::xml::trim(root);
+    outcome = read == ovk::xml::reading::well_formed ? ""
+              : read == ovk::xml::reading::malformed ? ", malformed"
+                                                     : ", refused";
+  }
+  state.SetLabel(std::string(shape.name) + outcome);
+}
+
+BENCHMARK(ReadHostile)
+    ->DenseRange(0, static_cast<int64_t>(hostile_xml::kShapes.size()) - 1)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(ParseOvk)->DenseRange(0, 1);
 BENCHMARK(ParsePugixml)->DenseRange(0, 1);
 BENCHMARK(ParseTinyxml2)->DenseRange(0, 1);

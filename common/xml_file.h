@@ -8,16 +8,15 @@
 #include <string>
 
 #include "OvkLib/src/ovk_xml.h"
-#include "common/files.h"
-
 namespace ovk::xml {
 
-/// Longest file that `load` takes and `save` writes: room for five thousand modes with as many steps as
-/// controllers take. In memory the smallest elements have forty times the room that they have in the file.
-inline constexpr std::size_t kMostXmlBytes = kMostFileBytes;
+/// Longest file that `load` takes and `save` writes: room for a thousand modes with as many steps as
+/// controllers take.
+inline constexpr std::size_t kMostXmlBytes = std::size_t{16} * 1024 * 1024;
 
 /// Reads a file into `root`, without the blanks around texts that the indentation makes. False, with `root`
-/// as it was, if the file cannot be read, is longer than kMostXmlBytes or is no XML; logs nothing.
+/// as it was, if the file cannot be read, is longer than kMostXmlBytes, would take more than kMostTreeBytes
+/// or is no XML; logs nothing.
 bool load(const std::filesystem::path& path, element& root);
 
 /// Writes a file that `load` reads, all or nothing. False and a line on statusLog if that fails, also if it

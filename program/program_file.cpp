@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "OvkLib/src/ovk_text.h"
@@ -41,6 +42,17 @@ void WriteMode(const Mode& mode, element& to) {
     element& steps = to.append_child("channel");
     for (const Step& step : channel) WriteStep(step, steps.append_child("step"));
   }
+}
+
+// What is no regular file is left to the reading.
+bool IsTooLong(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::uintmax_t length = std::filesystem::file_size(path, error);
+  return !error && length > ovk::xml::kMostXmlBytes;
+}
+
+Message TooLarge() {
+  return Message("The file is too large for a light program. Choose another one, or take modes out of it.");
 }
 
 }  // namespace
@@ -141,11 +153,13 @@ bool LoadProgram(const std::filesystem::path& path, ModeListView& document, std:
   };
   std::string bytes;
   std::string reason;
+  element root;
+  if (IsTooLong(path)) return fails(TooLarge());
   if (!ReadFileBytes(path, bytes, ovk::xml::kMostXmlBytes, &reason))
     return fails(Message("The file cannot be read: {1}", reason));
-  element root;
-  if (!ovk::xml::parse(root, bytes.data(), bytes.size()))
-    return fails(Message("The file is not well-formed XML"));
+  const ovk::xml::reading read = ovk::xml::read(root, bytes);
+  if (read == ovk::xml::reading::too_large) return fails(TooLarge());
+  if (read == ovk::xml::reading::malformed) return fails(Message("The file is not well-formed XML"));
   ovk::xml::trim(root);
   if (!ReadProgramXml(root, document)) return fails(Message("The file holds no mode"));
   if (mark != nullptr) *mark = ContentMark(bytes);

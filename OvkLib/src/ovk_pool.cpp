@@ -24,11 +24,17 @@ void* pool::take_alone(size_t size) {
   return put_head(Allocate(block_head + size), nullptr);
 }
 
+void* pool::take_large(size_t size) {
+  bytes_ += block_head + size;
+  return take_alone(size);
+}
+
 bool pool::enter_slab(size_t room) {
   // A slab that one block would fill is no use, and what is left of the present one would be lost.
   if (room > slab_size_ / 4) return false;
   char* const memory = static_cast<char*>(Allocate(slab_size_));
   leave_slab();
+  bytes_ += slab_size_;
   slab_ = ::new (memory) pool_slab{1};
   next_ = memory + sizeof(pool_slab);
   end_ = memory + slab_size_;

@@ -26,12 +26,15 @@ class pool {
   /// A block of at least `size` bytes, to be given back by release().
   void* take(size_t size) {
     const size_t room = block_head + (size + block_head - 1) / block_head * block_head;
-    if (room > static_cast<size_t>(end_ - next_) && !enter_slab(room)) return take_alone(size);
+    if (room > static_cast<size_t>(end_ - next_) && !enter_slab(room)) return take_large(size);
     void* const head = next_;
     next_ += room;
     ++slab_->holders;
     return put_head(head, slab_);
   }
+
+  /// Bytes that this pool has asked for since it was made, given back or not.
+  size_t bytes() const { return bytes_; }
 
   /// A block from no pool, which belongs to no thread.
   static void* take_alone(size_t size);
@@ -55,6 +58,7 @@ class pool {
   static void let_go(pool_slab* slab) noexcept {
     if (--slab->holders == 0) ::operator delete(slab);
   }
+  void* take_large(size_t size);
   // A new slab with at least `room`; false if the block is too large to share one.
   bool enter_slab(size_t room);
   void leave_slab() noexcept {
@@ -66,6 +70,7 @@ class pool {
   char* next_ = nullptr;
   char* end_ = nullptr;
   size_t slab_size_ = 1024;
+  size_t bytes_ = 0;
 };
 
 }  // namespace ovk

@@ -340,13 +340,22 @@ void parser<Receiver>::resolve_number() {
 template class parser<observer>;
 template class parser<tree_builder>;
 
-bool parse(element& root, const char* data, std::size_t length) {
+reading read(element& root, std::string_view document) {
+  // How far the tree may go past its limit before that is seen is sixty times this.
+  constexpr std::size_t kPiece = std::size_t{128} * 1024;
   tree_builder builder;
   parser<tree_builder> reader(builder);
-  reader.run({data, length});
-  if (reader.state == states::error || builder.root == nullptr) return false;
+  for (std::size_t at = 0; at < document.size() && !reader.stopped(); at += kPiece) {
+    reader.run(document.substr(at, kPiece));
+    if (builder.bytes() > kMostTreeBytes) return reading::too_large;
+  }
+  if (reader.state == states::error || builder.root == nullptr) return reading::malformed;
   root.swap(*builder.root);
-  return true;
+  return reading::well_formed;
+}
+
+bool parse(element& root, const char* data, std::size_t length) {
+  return read(root, {data, length}) == reading::well_formed;
 }
 
 }  // namespace ovk::xml

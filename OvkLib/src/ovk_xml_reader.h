@@ -4,8 +4,7 @@
 // meets, and the observer that builds a tree from that.
 //
 // It does not validate, knows of encodings only that all markup is ASCII, and looks at nothing behind the
-// root element. The result is yes or no: where a document failed, and why, is not told. Running out of memory
-// raises xout_of_memory.
+// root element. Where a document failed is not told. Running out of memory raises xout_of_memory.
 
 #include <cstddef>
 #include <cstdint>
@@ -68,6 +67,9 @@ class tree_builder final : public observer {
   bool end_element(std::string_view name);
   bool add_attribute(std::string_view name, std::string_view value);
   bool add_text(std::string_view text);
+
+  /// Bytes that the tree has taken so far, with those that it has outgrown.
+  std::size_t bytes() const { return nodes_.bytes(); }
 
   /// The finished root element; null until it has closed.
   std::unique_ptr<element> root;
@@ -139,14 +141,23 @@ class parser {
 extern template class parser<observer>;
 extern template class parser<tree_builder>;
 
-/// Parses a document. True if its root element has closed; `root` then holds it. On false `root` is as it
-/// was.
+/// A tree that would take more memory is not read. The smallest elements take forty times the room that they
+/// have in a document, and attributes sixty times; a program as it is saved takes eight times its room.
+inline constexpr std::size_t kMostTreeBytes = std::size_t{192} * 1024 * 1024;
+
+enum class reading { well_formed, malformed, too_large };
+
+/// Parses a document. If its root element has closed `root` holds it, else `root` is as it was.
+reading read(element& root, std::string_view document);
+
+/// The same where it does not matter why a document cannot be read: true if it is well-formed.
 bool parse(element& root, const char* data, std::size_t length);
 
 // The parser's speed rests on these, which stand here to be compiled into it.
 
 inline bool tree_builder::add_element(std::string_view name) {
   forget_places();
+  open.make_room(nodes_);
   open.emplace_back(new (nodes_) element(name, nodes_));
   return true;
 }

@@ -16,6 +16,7 @@
 
 #include "OvkLib/src/ovk_xml.h"
 #include "common/files.h"
+#include "common/xml_file.h"
 #include "program/builtin_modes.h"
 #include "tests/program/program_fixture.h"
 #include "tests/support/files.h"
@@ -240,6 +241,25 @@ TEST_F(ProgramFile, ThatIsNotThereFailsAndLeavesTheDocument) {
   EXPECT_FALSE(LoadProgram(folder.path(), document));
   EXPECT_THAT(lines.Take(), ElementsAre("Error loading program " + Utf8FromPath(folder.path()),
                                         "The file cannot be read: Is a directory"));
+}
+
+TEST_F(ProgramFile, ThatIsTooLargeOrWouldBeOneInMemoryFailsAndSaysWhatToDo) {
+  const std::filesystem::path path = folder / "large.xml";
+  const auto refusal =
+      ElementsAre("Error loading program " + Utf8FromPath(path),
+                  "The file is too large for a light program. Choose another one, or take modes out of it.");
+  ModeListView document = NewProgram();
+  FileWith(path, "<modelist>");
+  std::filesystem::resize_file(path, ovk::xml::kMostXmlBytes + 1);
+  EXPECT_FALSE(LoadProgram(path, document));
+  EXPECT_THAT(lines.Take(), refusal);
+
+  std::string many = "<modelist>";
+  while (many.size() < ovk::xml::kMostXmlBytes / 2) many += "<a/>";
+  FileWith(path, many + "</modelist>");
+  EXPECT_FALSE(LoadProgram(path, document));
+  EXPECT_THAT(lines.Take(), refusal);
+  EXPECT_EQ(document, NewProgram());
 }
 
 TEST_F(ProgramFile, SavedSaysSo) {

@@ -6,6 +6,7 @@
 
 std::atomic<std::int64_t> heap_count::blocks = 0;
 std::atomic<std::int64_t> heap_count::bytes = 0;
+std::atomic<std::int64_t> heap_count::mostBytes = 0;
 std::atomic<std::int64_t> heap_count::allocations = 0;
 
 namespace {
@@ -19,7 +20,10 @@ void* Take(std::size_t size) noexcept {
   *head = size + kHeadBytes;
   ++heap_count::blocks;
   ++heap_count::allocations;
-  heap_count::bytes += static_cast<std::int64_t>(*head);
+  const std::int64_t now = heap_count::bytes += static_cast<std::int64_t>(*head);
+  std::int64_t most = heap_count::mostBytes;
+  while (most < now && !heap_count::mostBytes.compare_exchange_weak(most, now)) {
+  }
   return reinterpret_cast<char*>(head) + kHeadBytes;
 }
 

@@ -11,6 +11,8 @@ namespace heap_count {
 /// Blocks that are allocated now, and their bytes, with what an allocator takes for itself.
 extern std::atomic<std::int64_t> blocks;
 extern std::atomic<std::int64_t> bytes;
+/// The most that `bytes` has been since this was set.
+extern std::atomic<std::int64_t> mostBytes;
 /// Blocks that were ever allocated.
 extern std::atomic<std::int64_t> allocations;
 
