@@ -6,6 +6,7 @@
 #include <system_error>
 #include <vector>
 
+#include "common/files.h"
 #include "common/platform.h"
 
 namespace {
@@ -147,17 +148,24 @@ int WriteCopy(FileCalls& calls, const FileTarget& target, std::string_view bytes
   return firstError;
 }
 
-// Writes the new content into the old file while `copy` holds it, too. The copy stays only if that failed
-// when the old content was gone.
+// Gives a file other content. An open file has lost its old one, as `isOpen` tells after a failure.
+int Rewrite(FileCalls& calls, const FileTarget& target, std::string_view bytes, bool& isOpen) {
+  const int error = Patiently([&] { return calls.Open(target); }).error;
+  isOpen = error == 0;
+  return isOpen ? Finish(calls, bytes) : error;
+}
+
+// Writes the new content into the old file while `copy` holds it, too. Where that fails the old content is
+// put back. The copy stays only if that failed as well.
 int Overwrite(FileCalls& calls, const FileTarget& target, std::string_view bytes, const fs::path& copy,
               fs::path* kept) {
-  int error = Patiently([&] { return calls.Open(target); }).error;
-  if (error == 0) {
-    error = Finish(calls, bytes);
-    if (error != 0) {
-      if (kept != nullptr) *kept = copy;
-      return error;
-    }
+  std::string old;
+  const bool isKnown = ReadFileBytes(target.path, old);
+  bool isOpen = false;
+  const int error = Rewrite(calls, target, bytes, isOpen);
+  if (error != 0 && isOpen && !(isKnown && Rewrite(calls, target, old, isOpen) == 0)) {
+    if (kept != nullptr) *kept = copy;
+    return error;
   }
   Patiently([&] { return calls.Remove(copy); });
   return error;

@@ -87,7 +87,8 @@ std::unique_ptr<FileCalls> SystemFileCalls();
 /// the file.
 ///
 /// After an error the old file is whole and nothing else is left, with two exceptions. A stream may have
-/// taken a part of the new content. So may a file that had to be written in place: then `kept`, unless it is
-/// null, names a copy of the new content. Otherwise `kept` stays as it was.
+/// taken a part of the new content. So may a file that had to be written in place, if its old content could
+/// not be put back either: then `kept`, unless it is null, names a copy of the new content. Otherwise `kept`
+/// stays as it was.
 int ReplaceFileBytes(platform::FileCalls& calls, const std::filesystem::path& path, std::string_view bytes,
                      std::filesystem::path* kept = nullptr);

@@ -1,6 +1,7 @@
 #include "common/files.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <fstream>
 #include <system_error>
@@ -33,16 +34,28 @@ int NumberOf(const std::filesystem::file_status& status, const std::error_code& 
                                                                                    : EINVAL;
 }
 
+// 0, or the C library's number of what went wrong. Made again where a signal breaks it off, as happens on a
+// file of another computer.
+int OpenToRead(const std::filesystem::path& path, std::ifstream& file) {
+  do {
+    errno = 0;
+    file.open(path, std::ios::binary);
+  } while (!file && errno == EINTR);
+  if (file) return 0;
+  return errno != 0 ? errno : EIO;
+}
+
 // 0, or the C library's number of what went wrong.
 int ReadFile(const std::filesystem::path& path, std::string& out, std::size_t most) {
   // A folder opens on some platforms, and a pipe blocks until somebody writes into it.
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (!std::filesystem::is_regular_file(status)) return NumberOf(status, error);
-  if (std::filesystem::file_size(path, error) > most) return EFBIG;
-  errno = 0;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return errno != 0 ? errno : EIO;
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (error) return error.default_error_condition().value();
+  if (size > most) return EFBIG;
+  std::ifstream file;
+  if (const int fault = OpenToRead(path, file)) return fault;
 
   constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
   std::string bytes;
@@ -92,6 +105,11 @@ std::uint64_t ContentMark(std::string_view bytes) {
   std::uint64_t mark = kOffset;
   for (const char byte : bytes) mark = (mark ^ static_cast<unsigned char>(byte)) * kPrime;
   return mark;
+}
+
+bool MayBeThere(const std::filesystem::path& path) {
+  std::error_code error;
+  return std::filesystem::status(path, error).type() != std::filesystem::file_type::not_found;
 }
 
 bool LoadResourceBytes(int id, std::string_view type, std::string& out) {

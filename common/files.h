@@ -26,6 +26,10 @@ bool WriteFileBytes(const std::filesystem::path& path, std::string_view data, bo
 /// Tells contents of files apart, by chance and not by malice: FNV-1a, 64 bits.
 std::uint64_t ContentMark(std::string_view bytes);
 
+/// Whether something stands at a path, or might: the system does not tell, as of a drive that is gone. Ask
+/// this before something is replaced unasked.
+bool MayBeThere(const std::filesystem::path& path);
+
 /// Copies the resource `id` of the kind `type` of this executable. False, with `out` as it was, if it is
 /// absent or empty.
 bool LoadResourceBytes(int id, std::string_view type, std::string& out);

@@ -10,9 +10,9 @@
 
 namespace ovk::xml {
 
-bool load(const std::filesystem::path& path, element& root) {
+bool load(const std::filesystem::path& path, element& root, std::string* reason) {
   std::string bytes;
-  if (!ReadFileBytes(path, bytes, kMostXmlBytes)) return false;
+  if (!ReadFileBytes(path, bytes, kMostXmlBytes, reason)) return false;
   if (!parse(root, bytes.data(), bytes.size())) return false;
   trim(root);
   return true;

@@ -55,6 +55,8 @@ std::optional<std::string> ReadToEnd(int file, Clock::time_point limit) {
     pollfd wanted{file, POLLIN, 0};
     const int ready = poll(&wanted, 1, left);
     if (ready == 0 || (ready < 0 && errno == EINTR)) continue;
+    // What cannot be waited for must not be read: a program that says nothing would hold this one up.
+    if (ready < 0) return std::nullopt;
     std::array<char, kPieceSize> piece{};
     const ssize_t size = read(file, piece.data(), piece.size());
     if (size == 0) return text;

@@ -63,7 +63,11 @@ bool BindDatagrams(DatagramSocket socket, const Ipv4Address& local) {
 
 std::ptrdiff_t SendDatagram(DatagramSocket socket, std::string_view bytes, const Ipv4Address& to) {
   const sockaddr_in address = ToSystem(to);
-  return sendto(FileOf(socket), bytes.data(), bytes.size(), 0, Generic(address), sizeof address);
+  std::ptrdiff_t sent = 0;
+  do {
+    sent = sendto(FileOf(socket), bytes.data(), bytes.size(), 0, Generic(address), sizeof address);
+  } while (sent < 0 && errno == EINTR);
+  return sent;
 }
 
 std::ptrdiff_t ReceiveDatagram(DatagramSocket socket, char* buffer, std::size_t room, Ipv4Address& from) {

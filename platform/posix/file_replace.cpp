@@ -30,23 +30,33 @@ FileCallResult Failure(int error) {
 }
 
 // Whether the names in a folder stand for files that a process has open, as /dev/stdout does in the end.
-bool HoldsOpenFiles(const fs::path& folder) {
-  std::error_code error;
-  return fs::canonical(folder, error).native().starts_with("/proc/");
+bool HoldsOpenFiles(const fs::path& folder, std::error_code& error) {
+  return fs::canonical(folder.empty() ? "." : folder, error).native().starts_with("/proc/");
 }
 
-// Goes from link to link, to the end of the last even if there is nothing. False at the name of an open
-// file: a new file in its place would not be the one that is open.
-bool FollowLinks(fs::path& path) {
+// Goes from link to link, to the end of the last even if there is nothing. `isOpen` at the name of an open
+// file: a new file in its place would not be the one that is open. The error if the system does not tell
+// where a link leads: it must not be taken for the file.
+int FollowLinks(fs::path& path, bool& isOpen) {
   constexpr int kMostLinks = 40;  // as the system's own limit
   for (int i = 0; i < kMostLinks; ++i) {
     std::error_code error;
     const fs::path next = fs::read_symlink(path, error);
-    if (error) break;
-    if (HoldsOpenFiles(path.parent_path())) return false;
+    if (error.value() == EINVAL || error.value() == ENOENT) return 0;  // it is no link, or nothing
+    if (!error) isOpen = HoldsOpenFiles(path.parent_path(), error);
+    if (error || isOpen) return error.value();
     path = path.parent_path() / next;
   }
-  return true;
+  return 0;
+}
+
+// The answer of a call, made again where a signal has broken it off.
+template <class Call>
+auto Uninterrupted(Call call) {
+  for (;;) {
+    const auto answer = call();
+    if (answer >= 0 || errno != EINTR) return answer;
+  }
 }
 
 class PosixFileCalls : public FileCalls {
@@ -67,17 +77,18 @@ class PosixFileCalls : public FileCalls {
       target.kind = FileTarget::Stream;
       return {};
     }
-    const bool replaceable = FollowLinks(target.path);
+    bool isOpen = false;
+    if (const int error = FollowLinks(target.path, isOpen)) return Failure(error);
     if (!exists) return {};
-    target.kind = replaceable ? FileTarget::Regular : FileTarget::Stream;
+    target.kind = isOpen ? FileTarget::Stream : FileTarget::Regular;
     target.hasHardLinks = old_.st_nlink > 1;
     // A file that is protected stays so, though its folder would let it be replaced.
     return ResultOf(access(path.c_str(), W_OK) == 0);
   }
 
   FileCallResult Create(const fs::path& path, bool guarded) override {
-    file_ =
-        open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, guarded ? kGuardedMode : kNewFileMode);
+    const mode_t mode = guarded ? kGuardedMode : kNewFileMode;
+    file_ = Uninterrupted([&] { return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode); });
     return ResultOf(file_ >= 0);
   }
 
@@ -90,28 +101,26 @@ class PosixFileCalls : public FileCalls {
   }
 
   FileCallResult Open(const FileTarget& target) override {
-    do {
-      file_ = open(target.path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-    } while (file_ < 0 && errno == EINTR);
+    file_ = Uninterrupted([&] { return open(target.path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC); });
     return ResultOf(file_ >= 0);
   }
 
   FileCallResult Write(std::string_view bytes, std::size_t& written) override {
-    ssize_t count = 0;
-    do {
-      count = write(file_, bytes.data(), bytes.size());
-    } while (count < 0 && errno == EINTR);
+    const ssize_t count = Uninterrupted([&] { return write(file_, bytes.data(), bytes.size()); });
     if (count == 0) return Failure(EIO);
     if (count > 0) written = static_cast<std::size_t>(count);
     return ResultOf(count > 0);
   }
 
-  FileCallResult Flush() override { return ResultOf(fsync(file_) == 0); }
+  FileCallResult Flush() override {
+    return ResultOf(Uninterrupted([this] { return fsync(file_); }) == 0);
+  }
 
   FileCallResult Close() override {
     const int file = file_;
     file_ = -1;
-    return ResultOf(close(file) == 0);
+    // A call that a signal has broken off has closed it, and everything was flushed before.
+    return ResultOf(close(file) == 0 || errno == EINTR);
   }
 
   // One step, for which no backup is needed: there is always a file of that name.

@@ -288,11 +288,28 @@ TEST_F(PosixFileReplace, OfAFileThatCannotBeSwappedWritesItInPlace) {
   }
 }
 
+// As on a full disk that has room for the old content and not for the new one.
+TEST_F(PosixFileReplace, InPlaceThatFailsPutsTheOldContentBack) {
+  fs::create_hard_link(file_, folder_ / "same.xml");
+  for (const char* const failing : {"Write", "Flush", "Close"}) {
+    int calls = 0;
+    FileCallsBetween faulty([&](std::string_view call) {
+      const bool isInPlace = call == failing && ++calls == 2;
+      return isInPlace ? FileCallResult{FileCallResult::Failed, ENOSPC} : FileCallResult();
+    });
+    fs::path kept;
+    EXPECT_EQ(ReplaceFileBytes(faulty, file_, kNew, &kept), ENOSPC);
+    EXPECT_EQ(BytesOf(file_), kOld) << failing;
+    EXPECT_EQ(kept, "") << failing;
+    EXPECT_EQ(Entries(), 2) << failing;
+  }
+}
+
 TEST_F(PosixFileReplace, InPlaceKeepsTheCopyBesideTheFileIfThatIsPossible) {
   fs::create_hard_link(file_, folder_ / "same.xml");
   int writes = 0;
   FileCallsBetween calls([&](std::string_view call) {
-    return call == "Write" && ++writes == 2 ? FileCallResult{FileCallResult::Failed, EIO} : FileCallResult();
+    return call == "Write" && ++writes >= 2 ? FileCallResult{FileCallResult::Failed, EIO} : FileCallResult();
   });
   fs::path kept;
   EXPECT_EQ(ReplaceFileBytes(calls, file_, kNew, &kept), EIO);

@@ -98,6 +98,14 @@ TEST_F(Files, ALimitOfTheCallersHoldsToTheByte) {
   EXPECT_EQ(bytes, "twelve bytes");
 }
 
+TEST_F(Files, NothingIsThereIfTheSystemSaysSo) {
+  const fs::path file = FileWith(folder_ / "there.txt", "there");
+  EXPECT_TRUE(MayBeThere(file));
+  EXPECT_TRUE(MayBeThere(folder_.path()));
+  EXPECT_FALSE(MayBeThere(folder_ / "absent.txt"));
+  EXPECT_FALSE(MayBeThere(file / "below.txt"));
+}
+
 TEST_F(Files, AFailedWriteIsLoggedWithPathAndReason) {
   const fs::path path = folder_ / "absent" / "program.xml";
   const std::string line =
