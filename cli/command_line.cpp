@@ -112,6 +112,13 @@ ExitStatus Session::Fail(ExitStatus exitStatus, std::string_view reason) const {
   return exitStatus;
 }
 
+void Session::PrintNow(std::string_view data) {
+  if (!out) return;
+  errno = 0;
+  out << data << std::flush;
+  if (!out) outError = errno;
+}
+
 int RunLumarinectl(const std::vector<std::string>& arguments, MessageLanguage language, std::ostream& out,
                    std::ostream& err, Console& console) {
   StatusLines status(err, console);
@@ -119,9 +126,10 @@ int RunLumarinectl(const std::vector<std::string>& arguments, MessageLanguage la
   errno = 0;
   ExitStatus exitStatus = ParseAndRun(arguments, std::move(language), session);
   out.flush();
-  // Nothing is written behind a failed write, so errno still tells of it.
   if (!out) {
-    const std::string reason = errno != 0 ? ": " + std::generic_category().message(errno) : "";
+    // Nothing is written behind a failed write, so errno still tells of it, unless the command has gone on.
+    const int error = session.outError != 0 ? session.outError : errno;
+    const std::string reason = error != 0 ? ": " + std::generic_category().message(error) : "";
     exitStatus = session.Fail(ExitStatus::FileFailed, "standard output cannot be written" + reason);
   }
   return static_cast<int>(exitStatus);

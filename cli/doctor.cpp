@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <system_error>
 
 #include "cli/commands.h"
 #include "cli/options.h"
@@ -35,18 +34,16 @@ ExitStatus StatusOf(const std::vector<doctor::Finding>& findings) {
 }
 
 // Each finding as it comes, since some take a while.
-std::vector<doctor::Finding> ExamineAloud(const Session& session, const doctor::Subject& subject) {
+std::vector<doctor::Finding> ExamineAloud(Session& session, const doctor::Subject& subject) {
   const doctor::Signs signs =
       session.console.OutputShowsColours() ? doctor::Signs::Coloured : doctor::Signs::Words;
-  const auto print = [&](const doctor::Finding& finding) {
-    session.out << LinesOf(finding, signs) << std::flush;
-  };
+  const auto print = [&](const doctor::Finding& finding) { session.PrintNow(LinesOf(finding, signs)); };
   std::vector<doctor::Finding> findings = Examine(subject, print);
   session.out << '\n' << SummaryOf(findings).Text() << '\n';
   return findings;
 }
 
-std::vector<doctor::Finding> ExamineAs(const Session& session, const doctor::Subject& subject, bool json) {
+std::vector<doctor::Finding> ExamineAs(Session& session, const doctor::Subject& subject, bool json) {
   if (!json) return ExamineAloud(session, subject);
   std::vector<doctor::Finding> findings = Examine(subject);
   session.out << JsonOf(findings, LUMARINE_VERSION);
@@ -70,8 +67,7 @@ void ListFiles(const Session& session, const std::string& file, const Bundle& bu
 // Whether the user wants it written.
 bool Agrees(const Session& session, const std::string& file) {
   constexpr std::size_t kMostAnswer = 80;
-  std::error_code error;
-  const bool replaces = std::filesystem::exists(PathFromUtf8(file), error);
+  const bool replaces = MayBeThere(PathFromUtf8(file));
   const Message question(
       replaces ? TextKey("{1} is there already. To replace it type {2}:") : TextKey("To write {1} type {2}:"),
       file, "yes");
@@ -104,7 +100,7 @@ ExitStatus Show(const Session& session, const std::string& name, const Bundle& b
   return ExitStatus::Success;
 }
 
-ExitStatus SeeDoctor(const Session& session, const DoctorArguments& arguments) {
+ExitStatus SeeDoctor(Session& session, const DoctorArguments& arguments) {
   const doctor::Subject subject;
   if (!arguments.show.empty())
     return Show(session, arguments.show, MakeBundle(subject, Examine(subject), OwnVersions()));

@@ -2,8 +2,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 #include "cli/program_argument.h"
 #include "common/files.h"
@@ -30,11 +28,6 @@ std::optional<Twilight> ParseTwilight(const std::string& text) {
   if (text == "none") return Twilight::None;
   if (text == "civil") return Twilight::Civil;
   return text == "nautical" ? std::optional(Twilight::Nautical) : std::nullopt;
-}
-
-bool IsThere(const std::string& file) {
-  std::error_code error;
-  return std::filesystem::exists(PathFromUtf8(file), error);
 }
 
 }  // namespace
@@ -141,7 +134,7 @@ void Put(ModeListView& document, Mode mode, const IntoOptions& into, const std::
 }
 
 ExitStatus SaveNew(const Session& session, const IntoOptions& into, const ModeListView& document) {
-  if (!into.force && into.out != into.program && IsThere(into.out))
+  if (!into.force && into.out != into.program && MayBeThere(PathFromUtf8(into.out)))
     return session.Fail(ExitStatus::WrongUsage, into.out + " is there already; --force replaces it");
   return SaveProgram(document, PathFromUtf8(into.out)) ? ExitStatus::Success : ExitStatus::FileFailed;
 }

@@ -21,6 +21,10 @@ struct Session {
   std::ostream& out;    // data
   StatusLines& status;  // everything else
   Console& console;
+  int outError = 0;  // the C library's number of why PrintNow could not write
+
+  /// Writes data that is wanted before the command ends.
+  void PrintNow(std::string_view data);
 
   /// Tells the user why nothing came of the command, and hands the status on.
   ExitStatus Fail(ExitStatus exitStatus, std::string_view reason) const;

@@ -28,8 +28,8 @@ void Assign(ovk::string& text, std::string_view value) {
 // Whatever the root of the file is called, its children are taken for settings. These are one level deep.
 // Deeper ones, which only a foreign file has, are dropped: the indentation would let the file grow with the
 // square of their depth when it is written back.
-bool Read(const std::filesystem::path& file, element& root) {
-  if (!ovk::xml::load(file, root)) return false;
+bool Read(const std::filesystem::path& file, element& root, std::string* reason = nullptr) {
+  if (!ovk::xml::load(file, root, reason)) return false;
   for (auto& setting : root.children) setting->children.clear();
   return true;
 }
@@ -82,8 +82,13 @@ bool Settings::Save() {
   const std::lock_guard guard(lock_);
   const auto turn = platform::TakeFileLock(file_);
   element merged;
-  if (Read(file_, merged)) {
+  std::string reason;
+  if (Read(file_, merged, &reason)) {
     Merge(merged, root_, read_);
+  } else if (!reason.empty() && MayBeThere(file_)) {
+    // What stands there would be lost to a drive that fails for a moment.
+    LogStatus(Message("Error creating file {1}, error: {2}", file_, reason));
+    return false;
   } else {
     merged = root_;
   }

@@ -18,9 +18,11 @@ bool IsSameFile(const fs::path& a, const fs::path& b) {
 }  // namespace
 
 bool AskToReplace(QuestionsPort& questions, const fs::path& path) {
-  // Devices and folders have no content that could be lost.
-  std::error_code ignored;
-  if (!fs::is_regular_file(path, ignored)) return true;
+  // Devices and folders have no content that could be lost. Where the system does not tell what is there, a
+  // file might be.
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (fs::status_known(status) && !fs::is_regular_file(status)) return true;
   Question question{Message("File exists").ToWide(), Message("{1} exists. Replace it?", path).ToWide(),
                     Buttons::YesNo, Icon::Warning};
   question.enterSaysNo = true;

@@ -34,10 +34,7 @@ bool MakeFolder(const std::filesystem::path& folder) {
 
 SeriesSaved SaveSeries(const std::filesystem::path& folder, const std::vector<SeriesFile>& files,
                        bool overwrite) {
-  const auto isThere = [&](const SeriesFile& file) {
-    std::error_code error;
-    return std::filesystem::exists(folder / file.name, error);
-  };
+  const auto isThere = [&](const SeriesFile& file) { return MayBeThere(folder / file.name); };
   const auto there = overwrite ? files.end() : std::ranges::find_if(files, isThere);
   if (there != files.end()) return {SeriesSaved::Exists, folder / there->name};
   if (!MakeFolder(folder)) return {SeriesSaved::Failed, folder};

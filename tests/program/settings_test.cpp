@@ -162,6 +162,18 @@ TEST_F(SettingsFile, ThatCannotBeWrittenIsTold) {
   EXPECT_THAT(lines.Take(), ElementsAre(HasSubstr("Error creating file " + Utf8FromPath(file_))));
 }
 
+// As on a drive that fails for a moment: the settings of all the time before would be gone.
+TEST_F(SettingsFile, ThatIsThereAndCannotBeReadIsNotReplaced) {
+  std::ofstream(file_) << "<config/>";
+  fs::resize_file(file_, 2 * kMostFileBytes);
+  StatusLines lines;
+  Settings settings(file_);
+  settings.SetValue("locale", "de");
+  EXPECT_FALSE(settings.Save());
+  EXPECT_THAT(lines.Take(), ElementsAre(HasSubstr("Error creating file " + Utf8FromPath(file_))));
+  EXPECT_EQ(fs::file_size(file_), 2 * kMostFileBytes);
+}
+
 // Two running copies of the program.
 
 TEST_F(SettingsFile, OfTwoRunningCopiesHasWhatEachOfThemSetInWhateverOrderTheyEnd) {
