@@ -446,6 +446,42 @@ TEST_F(NetworkCommandsTest, AWrongAcknowledgementFailsWifiSetup) {
   EXPECT_EQ(sim_network::MemoryOf(kTank).wifi->password, "");
 }
 
+// What a command line holds anybody on the computer can read, so there is no word for it there.
+TEST_F(NetworkCommandsTest, APasswordIsShownByTheTraceAlone) {
+  GivenTank();
+  const std::string password = "Gorgonian-4711-mark";
+  GivenFile("password.txt", password + "\n");
+  console.secret = password;
+  const auto printed = [&](bool terminal, Words words, int status) {
+    console.terminal = terminal;
+    const Outcome outcome = SetUpWifi(words);
+    EXPECT_EQ(outcome.status, status) << outcome.err;
+    return outcome.out + outcome.err + std::exchange(console.prompts, {});
+  };
+  const Words file = {"--security", "wpa2", "--password-file", "@password.txt"};
+  for (const bool answers : {true, false}) {
+    const int status = answers ? kSuccess : kOperationFailed;
+    if (!answers) {
+      sim_network::SetAnswer([](const sim_network::Datagram& reply) {
+        sim_network::Datagram wrong = reply;
+        wrong.bytes[4] = '?';
+        return std::vector{wrong};
+      });
+    }
+    EXPECT_THAT(printed(true, {"--security", "wpa2"}, status), Not(HasSubstr("4711")));
+    EXPECT_THAT(printed(false, {"--security", "wpa2", "--password-file", "-"}, status),
+                Not(HasSubstr("4711")));
+    EXPECT_THAT(printed(false, file, status), Not(HasSubstr("4711")));
+    if (answers) EXPECT_EQ(sim_network::MemoryOf(kTank).wifi->password, password);
+  }
+  sim_network::SetAnswer(nullptr);
+  Words traced = file;
+  traced.push_back("--trace");
+  EXPECT_THAT(printed(false, traced, kSuccess),
+              HasSubstr("Packet_SetWiFi_Password(Password=" + password + ")"));
+  EXPECT_THAT(Run({"wifi-setup", "--help"}).out, Not(HasSubstr("--password ")));
+}
+
 TEST_F(NetworkCommandsTest, WifiSetupOfASilentControllerIsExplained) {
   const Outcome outcome = SetUpWifi({"--security", "open"});
   EXPECT_EQ(outcome.status, kNoDevice);
