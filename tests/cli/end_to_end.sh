@@ -24,7 +24,7 @@ native=true
 begin
 
 # A run that hangs must not take the others with it. No measure of speed.
-limit=60
+limit=${LUMARINE_COMMAND_LIMIT:-60}
 ctl() { timeout "$limit" "${command[@]}" "$@"; }
 
 # Once in some thousand times a start under Wine ended so, why is not known. lumarinectl never ends without a word.
