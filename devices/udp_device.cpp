@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kReplySeconds = 2.0;
 constexpr int kReplyPollMilliseconds = 20;
+// A pause between two looks that is as long was none: the computer has slept.
+constexpr double kSleptSeconds = 1.0;
 constexpr int kMaxTries = 3;
 
 bool LogError(std::string_view what) {
@@ -75,12 +77,20 @@ bool UDPDevice::Write(const std::string& frame) {
 }
 
 bool UDPDevice::Read(std::string& reply) {
-  const timer_base::TimerFeatures<TimerCore_Counter> waited;
+  timer_base::TimerFeatures<TimerCore_Counter> waited;
+  bool hasSlept = false;
   do {
     Ipv4Address from;
     // The port does not matter: controllers answer from any.
     if (udp.Receive(reply, from) && from.address == info.address.address) return true;
+    const double before = waited.Now();
     platform::SleepMilliseconds(kReplyPollMilliseconds);
+    // The wait then begins anew, once: the reply may be here by now, and a frame that is sent again would
+    // bring a second one, which would be taken for the reply to the next frame.
+    if (!hasSlept && waited.Now() - before > kSleptSeconds) {
+      hasSlept = true;
+      waited.Reset();
+    }
   } while (waited.Now() < kReplySeconds);
   return false;
 }
