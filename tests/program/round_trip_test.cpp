@@ -1,7 +1,7 @@
-// Modes into the files of other tools and back: what stays, and what does not. A file holds whole percents
-// and the program asks the curve for them, not the steps. The curve is worked out in floats and can arrive at
-// a step just below the step's own value, so that the whole percent there is one less: from 0 to 61 within
-// half an hour it arrives at 60.99999. That order of the arithmetic is fixed, since controllers are given the
+// Programs into their own file and back, and modes into those of other tools: what stays, and what does not. A file
+// holds whole percents. The tools' files ask the curve for them, not the steps. The curve is worked out in floats and
+// can arrive at a step just below the step's own value, so that the whole percent there is one less: from 0 to 61
+// within half an hour it arrives at 60.99999. That order of the arithmetic is fixed, since controllers are given the
 // same numbers, and therefore stays.
 
 #include <gmock/gmock.h>
@@ -13,11 +13,17 @@
 #include <utility>
 #include <vector>
 
+#include "OvkLib/src/ovk_xml.h"
+#include "OvkLib/src/ovk_xml_reader.h"
+#include "common/truncate.h"
 #include "program/builtin_modes.h"
 #include "program/lmf.h"
+#include "program/program_file.h"
+#include "program/raw.h"
 #include "program/tmf.h"
 #include "tests/program/program_fixture.h"
 #include "tests/program/random_program.h"
+#include "tests/support/run_length.h"
 
 namespace {
 
@@ -65,9 +71,95 @@ bool ArrivesBelow(const Channel& channel, const Step& step) {
   return step.value > 0.0F && ChannelValueAt(channel, SecondOfDay(step)) < step.value;
 }
 
+// Names as people write them, and as nobody does.
+std::string AnyText(RandomProgram& random) {
+  static constexpr const char* kPieces[] = {"Reef", " ",  "ä",  "&amp;", "<",  ">",
+                                            "'",    "\"", "日", "]]>",   "\t", "-->"};
+  std::string text = "x";
+  for (std::int32_t left = random.Below(6); left > 0; --left) text += kPieces[random.Below(12)];
+  return text + "x";
+}
+
+ModeListView AnyProgram(std::uint32_t seed) {
+  RandomProgram random(seed);
+  ModeListView program = NewProgram();
+  program.modes.clear();
+  for (std::int32_t left = 1 + random.Below(4); left > 0; --left) {
+    Mode& mode = program.modes.emplace_back(random.Below(2) == 0 ? random.AscendingMode(random.Below(20))
+                                                                 : random.AnyMode(20));
+    mode.name = AnyText(random);
+    if (random.Below(2) == 0) mode.description = AnyText(random);
+  }
+  for (ChannelInfo& info : program.channelInfos) {
+    info.name = AnyText(random);
+    info.color = 0xFF000000 | static_cast<std::uint32_t>(random.Below(0x1000000));
+  }
+  return program;
+}
+
+ModeListView FromXml(const ModeListView& program) {
+  ovk::xml::element written;
+  BuildProgramXml(program, written);
+  ovk::string text;
+  ovk::xml::serialize(text, written, 0);
+  ovk::xml::element read;
+  EXPECT_TRUE(ovk::xml::parse(read, text.c_str(), static_cast<std::size_t>(text.length())));
+  ovk::xml::trim(read);
+  ModeListView back = NewProgram();
+  EXPECT_TRUE(ReadProgramXml(read, back));
+  return back;
+}
+
+TEST(XmlRoundTrip, AProgramComesBackWithWholePercentsAndThenAsItWas) {
+  for (std::uint32_t seed = 0; seed < Rounds(100, 100'000); ++seed) {
+    const ModeListView program = AnyProgram(seed);
+    const ModeListView back = FromXml(program);
+    ASSERT_EQ(back.modes.size(), program.modes.size()) << "seed " << seed;
+    for (std::size_t m = 0; m < back.modes.size(); ++m) {
+      ASSERT_EQ(back.modes[m].name, program.modes[m].name) << "seed " << seed;
+      ASSERT_EQ(back.modes[m].description, program.modes[m].description) << "seed " << seed;
+      for (std::size_t c = 0; c < back.modes[m].channels.size(); ++c) {
+        const Channel& before = program.modes[m].channels[c];
+        const Channel& after = back.modes[m].channels[c];
+        ASSERT_THAT(after, SizeIs(before.size())) << "seed " << seed;
+        for (std::size_t i = 0; i < after.size(); ++i) {
+          Step expected = before[i];
+          expected.value = static_cast<float>(TruncateToInt(before[i].value));
+          ASSERT_EQ(after[i], expected) << "seed " << seed;
+        }
+      }
+    }
+    for (std::size_t i = 0; i < back.channelInfos.size(); ++i) {
+      ASSERT_EQ(back.channelInfos[i].name, program.channelInfos[i].name) << "seed " << seed;
+      ASSERT_EQ(back.channelInfos[i].color, program.channelInfos[i].color) << "seed " << seed;
+    }
+    ASSERT_EQ(FromXml(back), back) << "seed " << seed;
+  }
+}
+
+// Nothing reads it, so some seconds of each are held against the curve.
+TEST(RawRoundTrip, EachSecondIsTheCurvesWholePercent) {
+  StatusLines log;
+  std::string data;
+  for (std::uint32_t seed = 0; seed < Rounds(3, 100'000); ++seed) {
+    RandomProgram random(seed);
+    const Mode mode = random.AscendingMode(1 + static_cast<std::int32_t>(seed % 14));
+    ASSERT_TRUE(WriteRaw(mode, data));
+    ASSERT_THAT(data, SizeIs(5 * kSecondsPerDay));
+    for (int i = 0; i < 20; ++i) {
+      const std::int32_t second = random.Below(kSecondsPerDay);
+      for (std::size_t c = 0; c < mode.channels.size(); ++c) {
+        const int percent = TruncateToInt(ChannelValueAt(mode.channels[c], second));
+        ASSERT_EQ(data[static_cast<std::size_t>(second) * 5 + c], static_cast<char>(percent))
+            << "seed " << seed << " second " << second << " channel " << c;
+      }
+    }
+  }
+}
+
 TEST(TmfRoundTrip, TheStepsAreTheRowsOfTheMergedTable) {
   StatusLines log;
-  for (std::uint32_t seed = 0; seed < 300; ++seed) {
+  for (std::uint32_t seed = 0; seed < Rounds(300, 100'000); ++seed) {
     const Mode mode = RandomProgram(seed).AnyMode(25);
     std::vector<ModeStep> rows = Rows(mode);
     if (rows.empty()) continue;
@@ -89,7 +181,7 @@ TEST(TmfRoundTrip, TheMergedTableStaysOrIsOneLessWhereTheCurveArrivesBelowAStep)
   StatusLines log;
   int cells = 0;
   int less = 0;
-  for (std::uint32_t seed = 0; seed < 500; ++seed) {
+  for (std::uint32_t seed = 0; seed < Rounds(500, 100'000); ++seed) {
     const Mode mode = RandomProgram(seed).AscendingMode(1 + static_cast<std::int32_t>(seed % 9));
     const std::vector<ModeStep> before = Rows(mode);
     const Mode back = FromTmf(Tmf(mode));
@@ -120,7 +212,7 @@ TEST(TmfRoundTrip, FromNothingTo61InHalfAnHourArrivesAt60) {
 
 TEST(TmfRoundTrip, WrittenAgainItIsTheSameFileOrComesToBe) {
   StatusLines log;
-  for (std::uint32_t seed = 0; seed < 100; ++seed) {
+  for (std::uint32_t seed = 0; seed < Rounds(100, 100'000); ++seed) {
     std::string data = Tmf(RandomProgram(seed).AscendingMode(1 + static_cast<std::int32_t>(seed % 9)));
     // Values only ever fall, and none below 0.
     std::string again = Tmf(FromTmf(data));
@@ -137,7 +229,7 @@ TEST(TmfRoundTrip, TheBuiltInModesGiveTheSameFileAgain) {
 
 TEST(LmfRoundTrip, TheHalfHoursStayOrAreOneLess) {
   StatusLines log;
-  for (std::uint32_t seed = 0; seed < 300; ++seed) {
+  for (std::uint32_t seed = 0; seed < Rounds(300, 100'000); ++seed) {
     const std::string data = Lmf(RandomProgram(seed).AscendingMode(2 + static_cast<std::int32_t>(seed % 14)));
     Mode back;
     ASSERT_TRUE(ReadLmfSteps(data, back));
@@ -156,7 +248,7 @@ TEST(LmfRoundTrip, TheHalfHoursStayOrAreOneLess) {
 
 TEST(LmfRoundTrip, TheStepsThatAnImportLeavesStandOnTheFilesHalfHours) {
   StatusLines log;
-  for (std::uint32_t seed = 0; seed < 300; ++seed) {
+  for (std::uint32_t seed = 0; seed < Rounds(300, 100'000); ++seed) {
     const std::string data = Lmf(RandomProgram(seed).AscendingMode(2 + static_cast<std::int32_t>(seed % 14)));
     Mode whole;
     ASSERT_TRUE(ReadLmfSteps(data, whole));
