@@ -31,7 +31,7 @@ namespace config_id = dialogs::tc421_config_control;
 constexpr sim_network::Address kTank{192, 168, 4, 7};
 const std::string kMark = "Gorgonian-4711-mark";
 
-/// The mark as it may stand in a file: as it is, in 16 bits either way round, and as a dump shows it.
+// The mark as it may stand in a file: as it is, in 16 bits either way round, and as a dump shows it.
 std::vector<std::string> FormsOfMark() {
   constexpr char kDigits[] = "0123456789ABCDEF";
   std::string little;
@@ -75,7 +75,7 @@ class Password : public AppTest {
     user.GetDesktop().dialogs.scripts.clear();
   }
 
-  /// The wizard to its end, to an error, and given up behind the password.
+  // The wizard to its end, to an error, and given up behind the password.
   void WalkThroughTheWizard() {
     TypeIt({Press(config_id::kSetUp), Press(kOk)});
     ASSERT_EQ(sim_network::MemoryOf(kTank).wifi->password, kMark);
@@ -89,7 +89,7 @@ class Password : public AppTest {
     TypeIt({PressEscape()});
   }
 
-  /// Nothing that the window has shown holds it, but for the field that it was typed into.
+  // Nothing that the window has shown holds it, but for the field that it was typed into.
   void ExpectNotShown() {
     for (const SeenDialog& dialog : user.Dialogs()) {
       EXPECT_FALSE(HoldsMark(dialog.title));
@@ -106,7 +106,7 @@ class Password : public AppTest {
     for (const std::string& line : NewJournal()) EXPECT_FALSE(HoldsMark(line)) << line;
   }
 
-  /// The bundle and the report that somebody is sent for help, with what the program keeps.
+  // The bundle and the report that somebody is sent for help, with what the program keeps.
   void ExpectNotInBundle() {
     doctor::Subject subject;
     subject.settingsFile = folder / "LumarineConfig.xml";
@@ -118,7 +118,7 @@ class Password : public AppTest {
     ASSERT_TRUE(WriteBundle(folder / "question.zip", bundle));
   }
 
-  /// The names of files below the test's folder that hold it.
+  // The names of files below the test's folder that hold it.
   std::set<std::string> FilesWithIt() {
     std::set<std::string> names;
     int files = 0;

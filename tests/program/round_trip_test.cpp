@@ -1,8 +1,8 @@
-// Programs into their own file and back, and modes into those of other tools: what stays, and what does not. A file
-// holds whole percents. The tools' files ask the curve for them, not the steps. The curve is worked out in floats and
-// can arrive at a step just below the step's own value, so that the whole percent there is one less: from 0 to 61
-// within half an hour it arrives at 60.99999. That order of the arithmetic is fixed, since controllers are given the
-// same numbers, and therefore stays.
+// Programs into their own file and back, and modes into those of other tools: what stays, and what does not.
+// A file holds whole percents. The tools' files ask the curve for them, not the steps. The curve is worked
+// out in floats and can arrive at a step just below the step's own value, so that the whole percent there is
+// one less: from 0 to 61 within half an hour it arrives at 60.99999. That order of the arithmetic is fixed,
+// since controllers are given the same numbers, and therefore stays.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
