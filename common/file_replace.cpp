@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <exception>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -77,6 +78,24 @@ int CreateBeside(FileCalls& calls, const FileTarget& target, fs::path& beside) {
   const auto name = [&target] { return target.path.parent_path() / FreshName(".lumarine-", ".new"); };
   return CreateFresh(calls, name, target.kind == FileTarget::Regular, beside);
 }
+
+// Takes a new file back if an exception, as for want of memory, ends the save.
+class TakenBackOnException {
+ public:
+  TakenBackOnException(FileCalls& calls, const fs::path& file) : calls_(calls), file_(file) {}
+  TakenBackOnException(const TakenBackOnException&) = delete;
+  TakenBackOnException& operator=(const TakenBackOnException&) = delete;
+  ~TakenBackOnException() {
+    if (std::uncaught_exceptions() == before_) return;
+    calls_.Close();
+    calls_.Remove(file_);
+  }
+
+ private:
+  FileCalls& calls_;
+  const fs::path& file_;
+  const int before_ = std::uncaught_exceptions();
+};
 
 // Everything up to the moment where the new file can take the old one's place.
 int Complete(FileCalls& calls, const FileTarget& old, std::string_view bytes) {
@@ -174,6 +193,7 @@ int Overwrite(FileCalls& calls, const FileTarget& target, std::string_view bytes
 int WriteInPlace(FileCalls& calls, const FileTarget& target, std::string_view bytes, fs::path* kept) {
   fs::path copy;
   if (const int error = WriteCopy(calls, target, bytes, copy)) return error;
+  const TakenBackOnException guard(calls, copy);
   return Overwrite(calls, target, bytes, copy, kept);
 }
 
@@ -190,6 +210,7 @@ int ReplaceFileBytes(FileCalls& calls, const fs::path& path, std::string_view by
   if (target.kind == FileTarget::Regular && RefusesNewFiles(error))
     return WriteInPlace(calls, target, bytes, kept);
   if (error != 0) return error;
+  const TakenBackOnException guard(calls, beside);
   error = Complete(calls, target, bytes);
   if (error == 0) {
     const FileCallResult swapped = SwapIn(calls, beside, target);
