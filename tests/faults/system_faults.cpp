@@ -100,7 +100,6 @@ void Report(const char* kind, const char* name) {
 void Take(const char* text) {
   order.nth = 0;
   seen = 0;
-  struck = 0;
   Order taken;
   if (std::strcmp(text, "count") == 0) {
     taken.counts = true;
@@ -194,6 +193,10 @@ mode_t ModeOf(int flags, va_list& rest) {
 
 void system_faults_order(const char* text) {
   Take(text);
+}
+
+void system_faults_below(const char* folder) {
+  std::snprintf(below, sizeof below, "%s", folder);
 }
 
 int system_faults_struck() {

@@ -20,6 +20,10 @@ extern "C" {
 /// thread.
 void system_faults_order(const char* order);
 
-/// How many calls have failed since the last order. Any thread.
+/// From now on only calls that concern this folder count; empty: all. As the environment's
+/// LUMARINE_FAULT_BELOW.
+void system_faults_below(const char* folder);
+
+/// How many calls have failed since the start. Any thread.
 int system_faults_struck();
 }

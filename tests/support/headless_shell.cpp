@@ -296,6 +296,7 @@ void Menu::OpenAtChart(int position, std::int32_t x, std::int32_t y) {
 app::Answer Questions::Ask(const app::Question& question) {
   asked.push_back(question);
   if (meanwhile) meanwhile();
+  if (answers.empty() && otherwise) return *otherwise;
   if (answers.empty()) throw std::logic_error("nobody answers \"" + Utf8FromWide(question.title) + "\"");
   const app::Answer answer = answers.front();
   answers.pop_front();
@@ -354,7 +355,8 @@ Desktop::~Desktop() {
 app::Shell Desktop::Ports() {
   // The folder of a test is the program's own as well.
   std::optional<std::filesystem::path> guide = deviceLogFile_.parent_path() / "guide.html";
-  if (!std::filesystem::exists(*guide)) guide.reset();
+  std::error_code error;
+  if (!std::filesystem::exists(*guide, error)) guide.reset();
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
     return std::make_unique<RecordingRenderer>(scene, journal);
   };

@@ -205,6 +205,8 @@ class Questions final : public app::QuestionsPort {
   // In the order in which they will be used.
   std::deque<app::Answer> answers;
   std::deque<std::vector<std::filesystem::path>> picks;
+  /// What those get that no answer is left for; without it they are a failure.
+  std::optional<app::Answer> otherwise;
 
   std::vector<app::Question> asked;
   struct FileQuestion {

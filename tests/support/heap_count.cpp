@@ -8,6 +8,7 @@ std::atomic<std::int64_t> heap_count::blocks = 0;
 std::atomic<std::int64_t> heap_count::bytes = 0;
 std::atomic<std::int64_t> heap_count::mostBytes = 0;
 std::atomic<std::int64_t> heap_count::allocations = 0;
+std::atomic<std::int64_t> heap_count::failingAllocation = 0;
 
 namespace {
 
@@ -15,11 +16,11 @@ namespace {
 constexpr std::size_t kHeadBytes = 16;
 
 void* Take(std::size_t size) noexcept {
+  if (++heap_count::allocations == heap_count::failingAllocation) return nullptr;
   auto* const head = static_cast<std::size_t*>(std::malloc(size + kHeadBytes));
   if (head == nullptr) return nullptr;
   *head = size + kHeadBytes;
   ++heap_count::blocks;
-  ++heap_count::allocations;
   const std::int64_t now = heap_count::bytes += static_cast<std::int64_t>(*head);
   std::int64_t most = heap_count::mostBytes;
   while (most < now && !heap_count::mostBytes.compare_exchange_weak(most, now)) {

@@ -15,5 +15,7 @@ extern std::atomic<std::int64_t> bytes;
 extern std::atomic<std::int64_t> mostBytes;
 /// Blocks that were ever allocated.
 extern std::atomic<std::int64_t> allocations;
+/// There is no memory for the block with this number, as `allocations` counts; 0: there is for all.
+extern std::atomic<std::int64_t> failingAllocation;
 
 }  // namespace heap_count

@@ -50,6 +50,7 @@ struct Simulation {
   std::mutex mutex;
   std::vector<std::shared_ptr<Port>> ports;  // in the order of their first plugging in
   std::vector<PlannedFault> faults;
+  int faultsStruck = 0;
   std::map<Call, int> delays;  // milliseconds
   std::set<Family> forbidden;
   std::optional<std::filesystem::path> rulesFolder;
@@ -95,6 +96,7 @@ const Fault* Enter(Call call, std::unique_lock<std::mutex>& lock) {
     const int since = planned.seen - planned.fault.nth;
     if (since >= 0 && since < planned.fault.times) befalls = &planned.fault;
   }
+  if (befalls != nullptr) ++sim.faultsStruck;
   return befalls;
 }
 
@@ -119,6 +121,7 @@ void Reset() {
   const std::lock_guard lock(sim.mutex);
   sim.ports.clear();
   sim.faults.clear();
+  sim.faultsStruck = 0;
   sim.delays.clear();
   sim.forbidden.clear();
   sim.rulesFolder.reset();
@@ -237,6 +240,16 @@ void SetAnswer(Answer answer) {
 void Inject(const Fault& fault) {
   const std::lock_guard lock(Sim().mutex);
   Sim().faults.push_back({fault});
+}
+
+int FaultsStruck() {
+  const std::lock_guard lock(Sim().mutex);
+  return Sim().faultsStruck;
+}
+
+void LiftFaults() {
+  const std::lock_guard lock(Sim().mutex);
+  Sim().faults.clear();
 }
 
 void SlowDown(Call call, int milliseconds) {

@@ -77,6 +77,11 @@ struct Fault {
 /// Makes calls fail. They then do nothing.
 void Inject(const Fault& fault);
 
+/// How many calls have failed so since Reset().
+int FaultsStruck();
+/// Nothing fails any more.
+void LiftFaults();
+
 inline constexpr int kForever = 1'000'000'000;
 
 /// From now on every such call takes this long.

@@ -54,6 +54,7 @@ struct Simulation {
   bool trusting = false;
   bool portHeld = false;
   std::vector<PlannedFault> faults;
+  int faultsStruck = 0;
   std::string error = "Success";
   std::map<Address, std::string> hostNames;
   std::vector<Address> lookups;
@@ -107,8 +108,10 @@ bool Befalls(Call call) {
     --fault.nth;
     befallen |= fault.nth <= 0 && fault.nth > -fault.times;
   }
-  if (befallen) Sim().error = "simulated fault";
-  return befallen;
+  if (!befallen) return false;
+  Sim().error = "simulated fault";
+  ++Sim().faultsStruck;
+  return true;
 }
 
 Socket* Find(platform::DatagramSocket socket) {
@@ -246,6 +249,16 @@ void Inject(Call call, int nth, int times) {
   Sim().faults.push_back({call, nth, times});
 }
 
+int FaultsStruck() {
+  const std::lock_guard lock(Mutex());
+  return Sim().faultsStruck;
+}
+
+void LiftFaults() {
+  const std::lock_guard lock(Mutex());
+  Sim().faults.clear();
+}
+
 void NameHost(const Address& address, const std::string& name) {
   const std::lock_guard lock(Mutex());
   Sim().hostNames[address] = name;
@@ -304,7 +317,7 @@ bool DontWaitForDatagrams(DatagramSocket socket) {
 bool BindDatagrams(DatagramSocket socket, const Ipv4Address& local) {
   const std::lock_guard lock(Mutex());
   Socket* const found = Find(socket);
-  if (found == nullptr) return false;
+  if (found == nullptr || Befalls(Call::Bind)) return false;
   if (local != TCBase::MakeIpv4Address({0, 0, 0, 0}, kPort)) Sim().misuse.push_back("another port is taken");
   const auto& sockets = Sim().sockets;
   const bool taken = std::any_of(sockets.begin(), sockets.end(),
@@ -338,7 +351,7 @@ std::ptrdiff_t SendDatagram(DatagramSocket socket, std::string_view bytes, const
 std::ptrdiff_t ReceiveDatagram(DatagramSocket socket, char* buffer, std::size_t room, Ipv4Address& from) {
   const std::lock_guard lock(Mutex());
   Socket* const found = Find(socket);
-  if (found == nullptr) return -1;
+  if (found == nullptr || Befalls(Call::Receive)) return -1;
   if (found->waits) Sim().misuse.push_back("a receive that would wait");
   std::optional<Datagram> datagram = Sim().flood ? Sim().flood() : std::nullopt;
   if (!datagram && !found->queue.empty()) {

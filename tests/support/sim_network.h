@@ -81,9 +81,14 @@ void SetFlood(std::function<std::optional<Datagram>()> flood);
 /// Another program takes port 5000, or gives it back.
 void HoldPort(bool held);
 
-enum class Call { Open, AllowBroadcasts, DontWait, Send };
-/// The `nth` such call from now fails, and `times` - 1 behind it.
+enum class Call { Open, AllowBroadcasts, DontWait, Bind, Send, Receive };
+/// The `nth` such call from now fails, and `times` - 1 behind it. A datagram that could not be received waits
+/// on.
 void Inject(Call call, int nth = 1, int times = 1);
+/// How many calls have failed so since Reset().
+int FaultsStruck();
+/// Nothing fails any more.
+void LiftFaults();
 
 /// The name services know this address by that name.
 void NameHost(const Address& address, const std::string& name);
