@@ -35,8 +35,10 @@ if(LUMARINE_SANITIZE)
 endif()
 
 if(LUMARINE_COVERAGE)
-  add_compile_options(--coverage)
-  add_link_options(--coverage)
+  # Clang's, which knows the source: lines and branches as they are written, whatever the optimiser makes of them.
+  add_compile_options($<$<COMPILE_LANGUAGE:C,CXX>:-fprofile-instr-generate>
+    $<$<COMPILE_LANGUAGE:C,CXX>:-fcoverage-mapping>)
+  add_link_options(-fprofile-instr-generate)
 endif()
 
 find_program(CCACHE ccache)
