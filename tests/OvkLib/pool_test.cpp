@@ -53,6 +53,18 @@ TEST(Pool, BlocksOutliveThePool) {
   pool::release(block);
 }
 
+TEST(Pool, CountsTheBytesOfSlabsAndOfBlocksThatAreTooLargeForOne) {
+  pool from;
+  EXPECT_EQ(from.bytes(), 0U);
+  pool::release(from.take(1));
+  const size_t slab = from.bytes();
+  EXPECT_GE(slab, 1000U);
+  pool::release(from.take(1));
+  EXPECT_EQ(from.bytes(), slab);
+  pool::release(from.take(1'000'000));
+  EXPECT_GE(from.bytes(), slab + 1'000'000);
+}
+
 TEST(Pool, ABlockMayBeFromNoPool) {
   auto* block = static_cast<char*>(pool::take_alone(5));
   std::memcpy(block, "fish", 5);
