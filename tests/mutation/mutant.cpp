@@ -1,5 +1,6 @@
 // Goes into each test program of the copy. LUMARINE_MUTANT is the number of the fault that the process has;
-// LUMARINE_MUTANTS_REACHED names a file to which each test adds a line "Suite.Name MILLISECONDS NUMBER NUMBER ...".
+// LUMARINE_MUTANTS_REACHED names a file to which each test adds a line "Suite.Name MILLISECONDS NUMBER NUMBER
+// ...".
 
 #include <gtest/gtest.h>
 

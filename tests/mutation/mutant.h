@@ -1,7 +1,7 @@
 #pragma once
 
-// Put before each source of a copy into which scripts/mutate has put faults. All of them are in one program, and a number
-// tells which one it has.
+// Put before each source of a copy into which scripts/mutate has put faults. All of them are in one program,
+// and a number tells which one it has.
 
 namespace mutants {
 // The fault of this process, 0 for none. Set once at the start.
