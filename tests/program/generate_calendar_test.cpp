@@ -31,7 +31,8 @@ TEST(Calendar, ReadsDatesToTheLetter) {
   EXPECT_EQ(DateText(On("2024-02-29")), "2024-02-29");
   for (const char* const text :
        {"", "2026-11-2", "2026-11-233", "2026/11/23", "2026-13-01", "2026-02-29", "1949-12-31", "2100-01-01",
-        "-026-11-23", "2026-+1-23", "2026-11--3", "tomorrow..", "2026-00-10", "2026-10-00"})
+        "-026-11-23", "2026-+1-23", "2026-11--3", "tomorrow..", "2026-00-10", "2026-10-00", "2026-11/23",
+        "2026-1x-23", "2x26-11-23", "2026-11-x3"})
     EXPECT_EQ(ParseDate(text), std::nullopt) << text;
 }
 
@@ -100,6 +101,16 @@ TEST(Clocks, GoByTheirRules) {
       {"XST2XDT,J59,J300", "2024-02-28", -60},
       {"XST2XDT,59,300", "2024-02-29", -60},
       {"UTC0", "2026-07-01", 0},
+      {"LMT-1:15:40", "2026-07-01", 75},  // seconds do not count
+      {"XST2XDT,59/12,300", "2026-03-01", -60},
+      {"XST2XDT,59/12,300", "2026-02-28", -120},
+      {"XST2XDT,59/12,300", "2024-02-29", -60},  // from noon on, noon included
+      {"XST2XDT,59/12:01,300", "2024-02-29", -120},
+      {"XST2XDT,10,59/12", "2024-02-29", -120},  // up to noon, noon excluded
+      {"XST2XDT,10,59/12:01", "2024-02-29", -60},
+      {"XST2XDT,J1,J366", "2024-01-01", -60},
+      {"XST2XDT,300/12,59", "2026-10-28", -60},
+      {"XST2XDT,300/12:01,59", "2026-10-28", -120},
   };
   for (const Row& row : rows) {
     EXPECT_THAT(UtcOffsetAtNoon(row.rule, On(row.date)), Optional(row.offset)) << row.rule << " " << row.date;
@@ -107,11 +118,29 @@ TEST(Clocks, GoByTheirRules) {
 }
 
 TEST(Clocks, WhatIsNoRuleHasNoOffset) {
-  for (const char* const rule :
-       {"", "CET", "1", "<+01-1", "CET-", "CET-1CEST,M3.5", "CET-1CEST,M13.1.0,M10.5.0",
-        "CET-1CEST,M3.6.0,M10.5.0", "CET-1CEST,M3.5.7,M10.5.0", "CET-1CEST,M3.5.0", "CET-1CEST",
-        "CET-1CEST,M3.5.0,M10.5.0/3x", "CET-99", "CET-123456", "CET-1CEST,J367,J400",
-        "CET-1CEST,M3.5.0/,M10.5.0"})
+  for (const char* const rule : {"",
+                                 "CET",
+                                 "1",
+                                 "<+01-1",
+                                 "CET-",
+                                 "CET-1CEST,M3.5",
+                                 "CET-1CEST,M13.1.0,M10.5.0",
+                                 "CET-1CEST,M3.6.0,M10.5.0",
+                                 "CET-1CEST,M3.5.7,M10.5.0",
+                                 "CET-1CEST,M3.5.0",
+                                 "CET-1CEST",
+                                 "CET-1CEST,M3.5.0,M10.5.0/3x",
+                                 "CET-99",
+                                 "CET-123456",
+                                 "CET-1CEST,J367,J400",
+                                 "CET-1CEST,M3.5.0/,M10.5.0",
+                                 "CET-1CEST,M0.5.0,M10.5.0",
+                                 "CET-1CEST,M3.0.0,M10.5.0",
+                                 "CET-1CEST,M3:5.0,M10.5.0",
+                                 "CET-1CEST,J,M10.5.0",
+                                 "CET-1CEST,x,M10.5.0",
+                                 "CET-1,M3.5.0,M10.5.0",
+                                 "<+01>-1<+02,M3.5.0,M10.5.0"})
     EXPECT_EQ(UtcOffsetAtNoon(rule, On("2026-07-01")), std::nullopt) << rule;
 }
 

@@ -8,6 +8,7 @@
 #include "program/builtin_modes.h"
 #include "program/generate/acclimation.h"
 #include "program/generate/moon.h"
+#include "program/generate/place.h"
 #include "program/generate/ramp_day.h"
 #include "program/generate/season.h"
 #include "program/generate/series.h"
@@ -335,6 +336,47 @@ TEST(Series, WritesItsFilesAndTouchesNoneUnlessItIsTold) {
 
   const SeriesSaved failed = SaveSeries(folder / "week-01.xml", files, true);
   EXPECT_EQ(failed.outcome, SeriesSaved::Failed);
+}
+
+TEST(Season, TheClocksOfEachWeekAreThoseOfItsMiddle) {
+  const Place* const berlin = FindPlace("Europe/Berlin");
+  ASSERT_NE(berlin, nullptr);
+  const std::vector<int> offsets = WeeklyUtcOffsets(*berlin, std::chrono::year{2026});
+  ASSERT_EQ(offsets.size(), 52U);
+  EXPECT_EQ(offsets.front(), 60);
+  // The clocks go on on the 29th of March, in the week of the 26th to the 1st, whose middle is that day.
+  EXPECT_EQ(offsets[11], 60);
+  EXPECT_EQ(offsets[12], 120);
+  // And back on the 25th of October, the middle of another.
+  EXPECT_EQ(offsets[41], 120);
+  EXPECT_EQ(offsets[42], 60);
+  EXPECT_EQ(offsets.back(), 60);
+}
+
+TEST(Season, HasTheOffsetOfItsLightWhereNoneIsTold) {
+  SunLight light;
+  light.utcOffset = 90;
+  const std::vector<Generated> untold = MakeSeason(light, {}, 48);
+  const std::vector<Generated> told = MakeSeason(light, std::vector<int>(52, 90), 48);
+  ASSERT_EQ(untold.size(), 52U);
+  for (std::size_t i = 0; i < untold.size(); ++i)
+    EXPECT_EQ(Told(untold[i].mode.channels[0]), Told(told[i].mode.channels[0])) << i;
+}
+
+TEST(Series, FilesOfDaysAndWeeksAreInTheirOrderByName) {
+  EXPECT_EQ(DayFileName(1), "day-001.xml");
+  EXPECT_EQ(DayFileName(42), "day-042.xml");
+  EXPECT_EQ(WeekFileName(7), "week-07.xml");
+}
+
+TEST(PutMode, IntoAProgramWithoutModesItIsTheFirst) {
+  ModeListView document = EmptyProgram();
+  EXPECT_TRUE(document.modes.empty());
+  Mode mode;
+  mode.name = "Sun";
+  PutMode(document, mode, 0);
+  ASSERT_EQ(document.modes.size(), 1U);
+  EXPECT_EQ(document.modes[0].name, "Sun");
 }
 
 TEST(PutMode, ReplacesAModeOrComesBehindAll) {

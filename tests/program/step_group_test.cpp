@@ -109,6 +109,21 @@ TEST_F(SeveralSteps, NothingIsDeletedWhereNoneIsSelected) {
   EXPECT_EQ(StepsOf(0), "08:00 1, 09:00 2, 10:00 3");
 }
 
+TEST_F(SeveralSteps, WhatIsNotSelectedDoesNotMove) {
+  GivenChannels({"08:00 1, 09:00 2", "11:00 4"});
+  GivenSelection(0, 0, {1, 3});
+  StepSelection nothing{document};
+  const StepMove none(nothing, StepGroup());
+  none.MoveTo(selection, 60, 10.0F);
+  EXPECT_EQ(StepsOf(0), "08:00 1, 09:00 2") << "nothing was selected when the move began";
+
+  const StepMove move(selection, group);
+  selection.step = -1;
+  move.MoveTo(selection, 60, 10.0F);
+  EXPECT_EQ(StepsOf(0), "08:00 1, 09:00 2") << "nothing is selected any more";
+  EXPECT_EQ(StepsOf(1), "11:00 4");
+}
+
 TEST_F(SeveralSteps, AllJumpOrAllFade) {
   GivenChannels({"08:00 1 J, 09:00 2, 10:00 3", "08:00 4"});
   GivenSelection(0, 1, {1, 2, 4});
