@@ -192,6 +192,7 @@ int main(int count, char** arguments) {
                    settings,
                    {},
                    {},
+                   folder / "state",
                    {LargeProgram(folder)}};
   app::Application application(ports);
   shell.Connect(application);
