@@ -37,6 +37,7 @@ desktop_begin() {
   begin desktop_end
   export LC_ALL=C.UTF-8 HOME=$work/home XDG_CONFIG_HOME=$work/home/.config XDG_RUNTIME_DIR=$work/run
   export QT_STYLE_OVERRIDE=Fusion PATH=$work/installed/bin:$PATH
+  unset XDG_STATE_HOME
   unset XDG_CURRENT_DESKTOP DESKTOP_SESSION QT_QPA_PLATFORM QT_QPA_PLATFORMTHEME QT_SCALE_FACTOR WAYLAND_DISPLAY DISPLAY
   mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
   # The program makes the folder.
