@@ -3,9 +3,11 @@
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <utility>
 
+#include "app/document/crash_recovery.h"
 #include "app/document/undo_stack.h"
 #include "program/program.h"
 
@@ -67,6 +69,25 @@ void SnapshotOfAnEdit(benchmark::State& state) {
   }
 }
 BENCHMARK(SnapshotOfAnEdit)->Arg(1)->Arg(kModes)->Unit(benchmark::kMicrosecond);
+
+// What keeping the document for the case of a crash takes of a drag: a look twice a second, at a document
+// that never rests, so that every tenth is written, by another thread.
+void LookDuringADrag(benchmark::State& state) {
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / "lumarine-undo-bench";
+  ModeListView document = GivenFullDocument(static_cast<int>(state.range(0)));
+  app::CrashRecovery recovery(folder);
+  std::size_t count = 0;
+  double now = 0.0;
+  for (auto _ : state) {
+    Step& step = StepToEdit(document, ++count);
+    step.value = step.value < 50.0F ? step.value + 1.0F : 0.0F;
+    now += app::CrashRecovery::kSecondsBetweenLooks;
+    recovery.Follow({document, true, {}, 0}, now);
+  }
+  recovery.End();
+  std::filesystem::remove_all(folder);
+}
+BENCHMARK(LookDuringADrag)->Arg(1)->Arg(kModes)->Unit(benchmark::kMicrosecond);
 
 // The worst case: every step has the same fields and other padding.
 void SnapshotWithOtherPadding(benchmark::State& state) {

@@ -31,10 +31,6 @@ std::unique_ptr<platform::ProcessClaim> Claim(const fs::path& folder, int number
   return platform::ClaimFile(FileOf(folder, number, ".lock"));
 }
 
-bool IsThere(const fs::path& path) {
-  std::error_code ignored;
-  return fs::exists(path, ignored);
-}
 void RemoveFile(const fs::path& path) {
   std::error_code ignored;  // it is offered at the next start then
   fs::remove(path, ignored);
@@ -171,7 +167,7 @@ int CrashRecovery::ClaimNumber() {
   for (int number = 1; number <= kMostRunning; ++number) {
     auto claim = Claim(*folder_, number);
     // What stands there by itself was left behind, to be offered at a later start.
-    if (!claim || IsThere(ContentOf(*folder_, number))) continue;
+    if (!claim || MayBeThere(ContentOf(*folder_, number))) continue;
     claim_ = std::move(claim);
     path_ = ContentOf(*folder_, number);
     return 0;
@@ -189,13 +185,12 @@ std::vector<CrashRecovery::LeftBehind> CrashRecovery::Find() const {
 
 std::optional<CrashRecovery::LeftBehind> CrashRecovery::Read(int number) const {
   const fs::path path = ContentOf(*folder_, number);
-  if (!IsThere(path)) return std::nullopt;
+  if (!MayBeThere(path)) return std::nullopt;
   LeftBehind left{Claim(*folder_, number), path, {}};
   std::string bytes;
-  // Whoever had it may have ended properly meanwhile.
-  if (!left.claim || !IsThere(path)) return std::nullopt;
-  const auto reading =
-      ReadFileBytes(path, bytes) ? ReadRecovery(bytes, left.content) : RecoveryReading::Broken;
+  // Whoever had it may have ended properly meanwhile. What the drive does not give now it may give later.
+  if (!left.claim || !ReadFileBytes(path, bytes)) return std::nullopt;
+  const auto reading = ReadRecovery(bytes, left.content);
   if (reading == RecoveryReading::Good) return left;
   if (reading == RecoveryReading::Broken) PutAside(path);
   if (reading == RecoveryReading::Newer) {

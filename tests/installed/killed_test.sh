@@ -56,8 +56,9 @@ for ((round = 1; round <= rounds; ++round)); do
     soon "round $round: nothing had rested, and nothing is asked" titled "Lumarine - $work/tank.xml"
   else
     soon "round $round: the next start asks" titled "Recovered program"
+    window=$(main_window)
     answer Return
-    await titled "Lumarine - $work/tank.xml"
+    await are_open 1
     use
     xdotool key ctrl+s
     await saved_again
