@@ -60,7 +60,7 @@ for ((round = 1; round <= rounds; ++round)); do
     answer Return
     await are_open 1
     use
-    xdotool key ctrl+s
+    choose 1 3
     await saved_again
     now=$(($(count_steps tank.xml) - before))
     [ "$now" -ge "$rested" ] && [ "$now" -le "$added" ] && brought=$((brought + 1)) ||
