@@ -37,8 +37,8 @@ write_figures() {
   inputs=$(said number_of_executed_units:)
   edges=$(said 'DONE .*cov:')
   merge
-  printf '%s  %s  %s inputs  %s s  %s edges  %s files\n' "$(date +%F)" "$name" "$inputs" "$seconds" "$edges" \
-    "$(find "${corpora[0]}" -type f | wc -l)" >>"$work/figures.txt"
+  printf '| `%s` | %s | %s | %s | %s | %s |\n' "$name" "$inputs" "$seconds" "$edges" \
+    "$(find "${corpora[0]}" -type f | wc -l)" "$(date +%F)" >>"$work/figures.txt"
 }
 
 "$program" "${options[@]}" -max_total_time="${LUMARINE_FUZZ_SECONDS:-10}" -runs="${LUMARINE_FUZZ_RUNS:--1}" \
