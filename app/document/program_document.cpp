@@ -287,6 +287,8 @@ void ProgramDocument::AfterLoad() {
 void ProgramDocument::SyncBaseline() {
   savedProgram_.copy.channelInfos = program_.channelInfos;
   savedProgram_.copy.modes = program_.modes;
+  // Its curves may stand behind the program's own.
+  refresh_(part::kChart);
 }
 
 }  // namespace app

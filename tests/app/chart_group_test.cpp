@@ -414,8 +414,10 @@ TEST_F(ChartComparison, WhatWasSavedFollowsASave) {
   user.Choose(command::kCompareWithSaved);
   GivenChannels({"08:00 1, 09:00 2"});
   user.WillPick({folder / "saved.xml"});
+  Invalidated();
   user.Choose(command::kSaveProgram);
   EXPECT_EQ(Behind(), "08:00 1, 09:00 2");
+  EXPECT_THAT(Invalidated(), testing::Contains(kWholeChart)) << "the curves behind are other ones now";
 }
 
 TEST_F(ChartComparison, AModeIsKeptWhicheverIsChosenThen) {

@@ -148,7 +148,19 @@ void DesktopUser::AnswerDialog(HWND dialog) {
   }
 }
 
+void DesktopUser::Improvise(HWND dialog) {
+  DialogUser user(*program_, dialog, [this] { WaitForInput(); });
+  while (IsWindow(dialog)) {
+    AnswerBoxOver(dialog);
+    const SeenDialog seen = user.See();
+    if (!IsWindow(dialog)) return;
+    const DialogStep step = improviser_->NextStep(seen);
+    step.kind == DialogStep::Kind::Await ? static_cast<void>(step.until(seen)) : user.Do(step);
+  }
+}
+
 void DesktopUser::FillDialog(HWND dialog) {
+  if (fills_.empty() && improviser_ != nullptr) return Improvise(dialog);
   DialogUser user(*program_, dialog, [this] { WaitForInput(); });
   seenDialogs_.push_back(user.See());
   DialogScript script = {in_dialog::PressEscape()};
@@ -183,6 +195,8 @@ void DesktopUser::AnswerBoxOver(HWND dialog) {
 
 void DesktopUser::AnswerMessageBox(HWND box) {
   asked_.push_back(dialogs::ReadMessageBox(box));
+  if (answers_.empty() && improviser_ != nullptr)
+    return dialogs::Answer(box, improviser_->Answer(asked_.back()));
   if (answers_.empty()) {
     ADD_FAILURE() << "nobody answers \"" << WindowText(box) << "\"";
     dialogs::Answer(box,
@@ -194,6 +208,7 @@ void DesktopUser::AnswerMessageBox(HWND box) {
 }
 
 void DesktopUser::AnswerFileDialog(HWND dialog) {
+  if (picks_.empty() && improviser_ != nullptr) return dialogs::Pick(dialog, improviser_->Pick());
   if (picks_.empty()) {
     ADD_FAILURE() << "nobody picks a file in \"" << WindowText(dialog) << "\"";
     dialogs::Pick(dialog, {});

@@ -33,6 +33,7 @@ class DesktopUser final : public WindowUser {
   void WillAnswer(app::Answer answer) override { answers_.push_back(answer); }
   void WillPick(std::vector<std::filesystem::path> files) override { picks_.push_back(std::move(files)); }
   std::vector<app::Question> Questions() override;
+  void WillImprovise(Improviser* improviser) override { improviser_ = improviser; }
   void WillFill(DialogScript script) override { fills_.push_back(std::move(script)); }
   std::vector<SeenDialog> Dialogs() override { return std::exchange(seenDialogs_, {}); }
 
@@ -133,6 +134,8 @@ class DesktopUser final : public WindowUser {
   HWND DialogInFront();
   void AnswerDialog(HWND dialog);
   void FillDialog(HWND dialog);
+  /// Leaves all that is done in the dialog to the improviser.
+  void Improvise(HWND dialog);
   /// A message of the dialog itself, if there is one.
   void AnswerBoxOver(HWND dialog);
   void AnswerMessageBox(HWND box);
@@ -144,6 +147,7 @@ class DesktopUser final : public WindowUser {
   std::vector<app::Question> asked_;
   std::deque<DialogScript> fills_;
   std::vector<SeenDialog> seenDialogs_;
+  Improviser* improviser_ = nullptr;
   std::pair<int, int> editedCell_{-1, -1};  // of the step table, the one that was edited last
   app::HeldKeys heldKeys_;
 };

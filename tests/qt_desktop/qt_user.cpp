@@ -154,7 +154,24 @@ void QtUser::AnswerDialog(QDialog& dialog) {
   }
 }
 
+void QtUser::Improvise(QDialog& dialog) {
+  const QPointer<QDialog> open = FromGui([&] { return QPointer<QDialog>(&dialog); });
+  DialogUser user(dialog);
+  while (FromGui([&] { return !open.isNull() && open->isVisible(); })) {
+    if (QDialog* const front = FromGui(dialogs::InFront); front != nullptr && front != &dialog) {
+      AnswerMessageBox(*front);
+    } else if (const DialogStep step = improviser_->NextStep(user.See());
+               step.kind == DialogStep::Kind::Await) {
+      step.until(user.See());
+    } else {
+      user.Do(step);
+    }
+    AwaitGui();
+  }
+}
+
 void QtUser::FillDialog(QDialog& dialog) {
+  if (fills_.empty() && improviser_ != nullptr) return Improvise(dialog);
   DialogUser user(dialog);
   seenDialogs_.push_back(user.See());
   DialogScript script = {in_dialog::PressEscape()};
@@ -184,6 +201,8 @@ void QtUser::FillDialog(QDialog& dialog) {
 void QtUser::AnswerMessageBox(QDialog& box) {
   asked_.push_back(dialogs::ReadMessageBox(box));
   if (onQuestion) InGui([&] { onQuestion(dynamic_cast<QMessageBox&>(box)); });
+  if (answers_.empty() && improviser_ != nullptr)
+    return dialogs::Answer(box, improviser_->Answer(asked_.back()));
   if (answers_.empty()) {
     ADD_FAILURE() << "nobody answers \"" << asked_.back().text.size() << "\"";
     dialogs::Answer(box, asked_.back().buttons == app::Buttons::Ok ? app::Answer::Ok : app::Answer::No);
@@ -194,6 +213,7 @@ void QtUser::AnswerMessageBox(QDialog& box) {
 }
 
 void QtUser::AnswerFileDialog(QDialog& dialog) {
+  if (picks_.empty() && improviser_ != nullptr) return dialogs::Pick(dialog, improviser_->Pick());
   if (picks_.empty()) {
     ADD_FAILURE() << "nobody picks a file";
     dialogs::Pick(dialog, {});

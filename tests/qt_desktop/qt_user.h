@@ -36,6 +36,7 @@ class QtUser final : public WindowUser {
   void WillAnswer(app::Answer answer) override { answers_.push_back(answer); }
   void WillPick(std::vector<std::filesystem::path> files) override { picks_.push_back(std::move(files)); }
   std::vector<app::Question> Questions() override { return std::exchange(asked_, {}); }
+  void WillImprovise(Improviser* improviser) override { improviser_ = improviser; }
   void WillFill(DialogScript script) override { fills_.push_back(std::move(script)); }
   std::vector<SeenDialog> Dialogs() override { return std::exchange(seenDialogs_, {}); }
 
@@ -128,6 +129,8 @@ class QtUser final : public WindowUser {
   void HoldThumb(app::Control bar);
   void AnswerDialog(QDialog& dialog);
   void FillDialog(QDialog& dialog);
+  /// Leaves all that is done in the dialog to the improviser.
+  void Improvise(QDialog& dialog);
   void AnswerMessageBox(QDialog& box);
   void AnswerFileDialog(QDialog& dialog);
 
@@ -138,6 +141,7 @@ class QtUser final : public WindowUser {
   std::vector<app::Question> asked_;
   std::deque<DialogScript> fills_;
   std::vector<SeenDialog> seenDialogs_;
+  Improviser* improviser_ = nullptr;
   bool holdsThumb_ = false;
   app::HeldKeys heldKeys_;
 };

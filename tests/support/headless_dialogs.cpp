@@ -360,6 +360,15 @@ void Window::Do(const DialogStep& step) {
   }
 }
 
+int Improvise(Window& window, Improviser& improviser, const std::function<void()>& meanwhile) {
+  while (!window.Result()) {
+    if (meanwhile) meanwhile();
+    window.DeliverPosted();
+    if (!window.Result()) window.Do(improviser.NextStep(window.Look()));
+  }
+  return *window.Result();
+}
+
 }  // namespace
 
 int Dialogs::Run(dialogs::DlgBase& dialog) {
@@ -369,6 +378,7 @@ int Dialogs::Run(dialogs::DlgBase& dialog) {
   dialog.OnInit(window);
   window.TakeFirstFocus();
   seen.push_back(window.Look());
+  if (scripts.empty() && improviser != nullptr) return Improvise(window, *improviser, meanwhile);
   if (scripts.empty()) Mistake("nobody fills " + Quoted(window.Title()));
   const DialogScript script = std::move(scripts.front());
   scripts.pop_front();

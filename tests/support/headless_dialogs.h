@@ -9,6 +9,7 @@
 
 #include "dialogs/dialog.h"
 #include "tests/support/dialog_script.h"
+#include "tests/support/improviser.h"
 
 namespace headless {
 
@@ -19,6 +20,7 @@ class Dialogs final : public dialogs::DialogsPort {
   int Run(dialogs::DlgBase& dialog) override;
 
   std::deque<DialogScript> scripts;  // in the order in which they will be used
+  Improviser* improviser = nullptr;  // who goes on behind the last; null: nobody
   std::vector<SeenDialog> seen;      // see User::Dialogs
   std::vector<std::string> links;    // addresses opened, in order
 

@@ -297,6 +297,7 @@ app::Answer Questions::Ask(const app::Question& question) {
   asked.push_back(question);
   if (meanwhile) meanwhile();
   if (answers.empty() && otherwise) return *otherwise;
+  if (answers.empty() && improviser != nullptr) return improviser->Answer(question);
   if (answers.empty()) throw std::logic_error("nobody answers \"" + Utf8FromWide(question.title) + "\"");
   const app::Answer answer = answers.front();
   answers.pop_front();
@@ -304,6 +305,7 @@ app::Answer Questions::Ask(const app::Question& question) {
 }
 
 std::vector<std::filesystem::path> Questions::NextPick() {
+  if (picks.empty() && improviser != nullptr) return improviser->Pick();
   if (picks.empty()) throw std::logic_error("nobody picks a file");
   std::vector<std::filesystem::path> pick = std::move(picks.front());
   picks.pop_front();
@@ -331,11 +333,12 @@ void RecordingRenderer::Render() {
 // Desktop
 
 Desktop::Desktop(Settings& settings, TranslationStore& translations, std::filesystem::path deviceLogFile,
-                 std::vector<std::filesystem::path> filesToOpen)
+                 std::vector<std::filesystem::path> filesToOpen, MakeRenderer makeRenderer)
     : settings_(settings),
       translations_(translations),
       deviceLogFile_(std::move(deviceLogFile)),
-      filesToOpen_(std::move(filesToOpen)) {
+      filesToOpen_(std::move(filesToOpen)),
+      makeRenderer_(std::move(makeRenderer)) {
   queue.whenEmpty = [this] { return NextTimerOrPaint(); };
   // As the platform does it: while the mouse is captured the key is lost.
   queue.onAccelerator = [this](int command) {
@@ -358,7 +361,8 @@ app::Shell Desktop::Ports() {
   std::error_code error;
   if (!std::filesystem::exists(*guide, error)) guide.reset();
   const auto makeRenderer = [this](const UX::ChartScene& scene) {
-    return std::make_unique<RecordingRenderer>(scene, journal);
+    return makeRenderer_ ? makeRenderer_(scene, journal)
+                         : std::make_unique<RecordingRenderer>(scene, journal);
   };
   return {*this,
           *this,

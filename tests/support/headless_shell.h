@@ -20,6 +20,7 @@
 #include "chart/renderer_base.h"
 #include "tests/support/headless_dialogs.h"
 #include "tests/support/headless_table.h"
+#include "tests/support/improviser.h"
 
 namespace headless {
 
@@ -202,11 +203,12 @@ class Questions final : public app::QuestionsPort {
   /// What goes on while a question stands open.
   std::function<void()> meanwhile;
 
-  // In the order in which they will be used.
+  // In the order in which they will be used, and who goes on behind the last; null: nobody.
   std::deque<app::Answer> answers;
   std::deque<std::vector<std::filesystem::path>> picks;
   /// What those get that no answer is left for; without it they are a failure.
   std::optional<app::Answer> otherwise;
+  Improviser* improviser = nullptr;
 
   std::vector<app::Question> asked;
   struct FileQuestion {
@@ -222,7 +224,7 @@ class Questions final : public app::QuestionsPort {
 };
 
 /// Draws nothing, counts, and takes a frame's time for each picture.
-class RecordingRenderer final : public UX::RendererBase {
+class RecordingRenderer : public UX::RendererBase {
  public:
   RecordingRenderer(const UX::ChartScene& scene, Journal& journal) : RendererBase(scene), journal_(journal) {}
 
@@ -281,9 +283,13 @@ class ChartWindow final : public UX::ChartWindowPort {
 /// One run of the program: the windows, what they were told, and the application that they belong to.
 class Desktop final : public app::PlatformPort, public app::MainWindowPort {
  public:
+  /// Makes the renderer, where it is to be another than the plain one.
+  using MakeRenderer =
+      std::function<std::unique_ptr<RecordingRenderer>(const UX::ChartScene& scene, Journal& journal)>;
+
   /// The settings and the translations outlive the desktop.
   Desktop(Settings& settings, TranslationStore& translations, std::filesystem::path deviceLogFile,
-          std::vector<std::filesystem::path> filesToOpen = {});
+          std::vector<std::filesystem::path> filesToOpen = {}, MakeRenderer makeRenderer = {});
   ~Desktop() override;
 
   // app::PlatformPort
@@ -340,6 +346,7 @@ class Desktop final : public app::PlatformPort, public app::MainWindowPort {
   TranslationStore& translations_;
   const std::filesystem::path deviceLogFile_;
   const std::vector<std::filesystem::path> filesToOpen_;
+  const MakeRenderer makeRenderer_;
   int modalWindows_ = 0;
   std::optional<std::pair<int, int>> timer_;  // id and milliseconds
   double timerDue_ = 0.0;                     // on the virtual clock

@@ -41,9 +41,11 @@ void HeadlessUser::StartWith(std::vector<std::filesystem::path> files) {
   store_.emplace(translations, moreTranslations);
   store_->AnswerMessages();
   settings_.emplace(documents_ / Settings::fileName);
-  desktop_ = std::make_unique<Desktop>(*settings_, *store_, documents_ / "LumarineLog.txt", std::move(files));
+  desktop_ = std::make_unique<Desktop>(*settings_, *store_, documents_ / "LumarineLog.txt", std::move(files),
+                                       makeRenderer);
   desktop_->questions.answers = std::exchange(answersAtStart_, {});
   desktop_->refuseWindow = refuseWindow;
+  WillImprovise(improviser_);
   restored_ = desktop_->size;
   questionsSeen_ = 0;
   if (desktop_->application->StartUp()) {
@@ -107,6 +109,13 @@ std::vector<app::Question> HeadlessUser::Questions() {
   std::vector<app::Question> fresh(asked.begin() + static_cast<std::ptrdiff_t>(questionsSeen_), asked.end());
   questionsSeen_ = asked.size();
   return fresh;
+}
+
+void HeadlessUser::WillImprovise(Improviser* improviser) {
+  improviser_ = improviser;
+  if (!desktop_) return;
+  desktop_->questions.improviser = improviser;
+  desktop_->dialogs.improviser = improviser;
 }
 
 bool HeadlessUser::Choose(int command) {

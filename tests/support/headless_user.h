@@ -32,6 +32,7 @@ class HeadlessUser final : public User {
   void WillAnswer(app::Answer answer) override;
   void WillPick(std::vector<std::filesystem::path> files) override;
   std::vector<app::Question> Questions() override;
+  void WillImprovise(Improviser* improviser) override;
   void WillFill(DialogScript script) override { desktop_->dialogs.scripts.push_back(std::move(script)); }
   std::vector<SeenDialog> Dialogs() override { return std::exchange(desktop_->dialogs.seen, {}); }
 
@@ -105,6 +106,8 @@ class HeadlessUser final : public User {
   std::string moreTranslations;
   /// Those that the program is built with, from the folder of its resources. False if one cannot be read.
   bool ReadTranslations(const std::filesystem::path& resources);
+  /// Of the next start; the plain one, if there is none.
+  Desktop::MakeRenderer makeRenderer;
   /// The main window cannot be made at the next start.
   bool refuseWindow = false;
   /// Of the run that ended last.
@@ -134,6 +137,7 @@ class HeadlessUser final : public User {
   app::HeldKeys heldKeys_;
   std::size_t questionsSeen_ = 0;
   std::deque<app::Answer> answersAtStart_;
+  Improviser* improviser_ = nullptr;
 };
 
 }  // namespace headless

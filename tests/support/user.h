@@ -13,6 +13,7 @@
 #include "app/window/numbers.h"
 #include "app/window/ports.h"
 #include "tests/support/dialog_script.h"
+#include "tests/support/improviser.h"
 
 class User {
  public:
@@ -36,6 +37,9 @@ class User {
   virtual void WillPick(std::vector<std::filesystem::path> files) = 0;
   /// All questions that came up since the last call, in order.
   virtual std::vector<app::Question> Questions() = 0;
+  /// Leaves whatever comes up without having been told before, dialogs too, to somebody who outlives this
+  /// user; null: nobody, as it is at first.
+  virtual void WillImprovise(Improviser* improviser) = 0;
 
   // Dialogs. What is done in them is told before they come up too.
 
