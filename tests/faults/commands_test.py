@@ -192,6 +192,12 @@ def judge(scenario, order, before, plain, run, copy_holds):
         wrong.append(f"it ended with {run.status} though nothing had failed: {run.err}")
     if run.status in (0, 1, 2, 3) and "Error creating file" in run.err and not scenario.tells:
         wrong.append(f"a file could not be written, and it ended with {run.status}")
+    if "not well-formed" in run.err:
+        wrong.append(f"it blames the file: {run.err}")
+    # What is not known to be on the disk has not taken the old file's place.
+    is_new_file = any("/.lumarine-" in line for line in run.struck)
+    if kind in ("write", "sync", "close") and error not in HARMLESS and is_new_file and run.status == 0:
+        wrong.append("it says that it is done, and the new file was not completed")
     for name, bytes_ in run.files.items():
         old, new = before.get(name), plain.files.get(name)
         whole = bytes_ in (old, new) or (scenario.name == "bundle" and bytes_[:2] == b"PK" and bytes_[-22:-18] == b"PK\5\6")
@@ -238,7 +244,10 @@ def one_run(scenario, order, given, before, plain, drive=False):
         wrong = judge(scenario, order, before, plain, run, copy_holds)
         # What a user would do, who has read where it is.
         for copy in run.copies:
-            os.replace(copy, os.path.join(place.work, scenario.writes[0]))
+            if os.path.basename(copy) in run.err:
+                os.replace(copy, os.path.join(place.work, scenario.writes[0]))
+            else:
+                os.remove(copy)
         again = place.run("", drive)
         if again.status != plain.status or (not scenario.tells and again.out != plain.out):
             wrong.append(f"afterwards it ends with {again.status}: {again.err}")

@@ -160,8 +160,12 @@ bool Strikes(const char* kind, const char* name) {
 }
 
 bool Strikes(const char* kind, int file) {
-  char name[16];
-  std::snprintf(name, sizeof name, "%d", file);
+  char link[32];
+  std::snprintf(link, sizeof link, "/proc/self/fd/%d", file);
+  char name[PATH_MAX] = "";
+  const int before = errno;
+  if (order.nth != 0 || order.counts) syscall(SYS_readlink, link, name, sizeof name - 1);
+  errno = before;
   return Strikes(kind, name, HoldsBelow(file));
 }
 
