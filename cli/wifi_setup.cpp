@@ -63,7 +63,8 @@ constexpr std::size_t kMostRead = kByteOrderMark.size() + kLongestPassword + 1;
 
 // The first line, of a file of any length.
 std::optional<std::string> ReadFirstLine(const std::string& file) {
-  std::ifstream stream(PathFromUtf8(file), std::ios::binary);
+  std::ifstream stream;
+  if (OpenToRead(PathFromUtf8(file), stream) != 0) return std::nullopt;
   std::string line;
   char byte = 0;
   while (line.size() < kMostRead && stream.get(byte) && byte != '\n') line += byte;

@@ -34,17 +34,6 @@ int NumberOf(const std::filesystem::file_status& status, const std::error_code& 
                                                                                    : EINVAL;
 }
 
-// 0, or the C library's number of what went wrong. Made again where a signal breaks it off, as happens on a
-// file of another computer.
-int OpenToRead(const std::filesystem::path& path, std::ifstream& file) {
-  do {
-    errno = 0;
-    file.open(path, std::ios::binary);
-  } while (!file && errno == EINTR);
-  if (file) return 0;
-  return errno != 0 ? errno : EIO;
-}
-
 // 0, or the C library's number of what went wrong.
 int ReadFile(const std::filesystem::path& path, std::string& out, std::size_t most) {
   // A folder opens on some platforms, and a pipe blocks until somebody writes into it.
@@ -74,6 +63,15 @@ int ReadFile(const std::filesystem::path& path, std::string& out, std::size_t mo
 }
 
 }  // namespace
+
+int OpenToRead(const std::filesystem::path& path, std::ifstream& file) {
+  do {
+    errno = 0;
+    file.open(path, std::ios::binary);
+  } while (!file && errno == EINTR);
+  if (file) return 0;
+  return errno != 0 ? errno : EIO;
+}
 
 bool ReadFileBytes(const std::filesystem::path& path, std::string& out, std::size_t most,
                    std::string* reason) {

@@ -5,11 +5,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 
 /// Longest file that ReadFileBytes takes. The program's own files are far below a megabyte.
 inline constexpr std::size_t kMostFileBytes = std::size_t{64} * 1024 * 1024;
+
+/// Opens a file, or whatever else stands there, to be read. 0, or the C library's number of the error. Opened
+/// again where a signal breaks that off, as happens on a drive of another computer.
+int OpenToRead(const std::filesystem::path& path, std::ifstream& file);
 
 /// Reads a whole file. False, with `out` as it was, if it is no regular file, cannot be read or is longer
 /// than `most` bytes; `reason`, which may be null, then gets the C library's text of why. Logs nothing.
