@@ -64,7 +64,7 @@ void ChannelPowerControl::OnSlider(int code, int position) {
   }
   slider_.SetPosition(power);
   if (Channel* channel = SelectedChannel(selection_)) ScaleChannel(*channel, static_cast<float>(power));
-  refresh_(part::kChart | part::kFocus);
+  refresh_(part::kChart | part::kDescription | part::kFocus);
 }
 
 void ChannelPowerControl::OnWheel(int delta) {
@@ -75,7 +75,7 @@ void ChannelPowerControl::OnWheel(int delta) {
   LogBeforeWheel(power);
   ScaleChannel(*channel, delta < 0 ? power - 1.0F : power + 1.0F);
   wheeled_ = {selection_.document.currentMode, selection_.channel, ChannelPower(*channel)};
-  refresh_(part::kChart);
+  refresh_(part::kChart | part::kDescription);
 }
 
 // No undo brings it back. One line for as long as the wheel alone changes the channel, not one a notch.

@@ -40,8 +40,9 @@ fs::path RecoveryCopies::Keep(const TCBase::Program::ModeListView& document, con
 }
 
 void RecoveryCopies::OnSaved(const fs::path& file) {
-  std::error_code ignored;
-  if (!own_.empty() && !fs::equivalent(own_, file, ignored)) Remove(own_);
+  // Where the system does not tell whether that is the copy itself, it stays and is offered.
+  std::error_code error;
+  if (!own_.empty() && !fs::equivalent(own_, file, error) && !error) Remove(own_);
   own_.clear();
 }
 
@@ -67,8 +68,7 @@ void RecoveryCopies::Discard(const Copy& copy) {
 fs::path RecoveryCopies::FreeName() const {
   for (int number = 1; number <= kMostCopies; ++number) {
     fs::path path = NameOf(folder_, number);
-    std::error_code ignored;
-    if (!fs::exists(path, ignored)) return path;
+    if (!MayBeThere(path)) return path;
   }
   return {};
 }
