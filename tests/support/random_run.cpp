@@ -17,7 +17,7 @@ namespace {
 std::atomic<std::size_t> deedAtHand = 0;
 std::string fileAtHand;
 
-void TellOfDeed() {
+[[maybe_unused]] void TellOfDeed() {
   std::fprintf(stderr,
                "\nThis was deed %zu of %s. To shorten it, with the program and its filter of before:\n"
                "  tests/support/shorten_deeds.py %s PROGRAM --gtest_filter=...\n",
