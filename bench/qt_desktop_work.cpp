@@ -192,7 +192,7 @@ int main(int count, char** arguments) {
                    settings,
                    {},
                    {},
-                   folder / "state",
+                   qt::PathOf(folder.filePath(QStringLiteral("state"))),
                    {LargeProgram(folder)}};
   app::Application application(ports);
   shell.Connect(application);

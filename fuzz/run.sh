@@ -15,7 +15,7 @@ mkdir -p "${corpora[0]}"
 [ ! -d "$here/corpus/${name%_fuzz}" ] || corpora+=("$here/corpus/${name%_fuzz}")
 # What was allocated where is told when an input is tried again by hand.
 export ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=8${ASAN_OPTIONS:+:$ASAN_OPTIONS}
-options=(-max_len="$most_bytes" -timeout=10 -rss_limit_mb=2048)
+options=(-max_len="$most_bytes" -timeout=60 -rss_limit_mb=2048)
 [ ! -f "$here/words/${name%_fuzz}" ] || options+=(-dict="$here/words/${name%_fuzz}")
 # Files that fuzzers write need not get to a disk.
 [ ! -w /dev/shm ] || export TMPDIR=/dev/shm

@@ -270,10 +270,10 @@ TEST_F(ChannelCommands, ThePowerSlidersEndKeySets22Percent) {
   EXPECT_FLOAT_EQ(Channel(2)[0].value, 22.0F);
 }
 
-// A file may hold steps past the day. Scaling brings them into it, and two of one time are one row.
+// A file may hold steps past the day. Scaling brings them into it, and then they count.
 TEST_F(ChannelCommands, TheDescriptionCountsTheRowsThatScalingLeaves) {
   for (const bool byWheel : {false, true}) {
-    GivenSteps(2, {{480, 80.0F}, {1439, 40.0F}});
+    GivenSteps(2, {{480, 80.0F}});
     Channel(2).push_back({30, 0, 40.0F});
     user.State().Refresh(app::part::kDescription | app::part::kPower);
     const std::string before = user.Text(Control::ModeDescription);

@@ -472,7 +472,9 @@ TEST_F(NetworkCommandsTest, APasswordIsShownByTheTraceAlone) {
     EXPECT_THAT(printed(false, {"--security", "wpa2", "--password-file", "-"}, status),
                 Not(HasSubstr("4711")));
     EXPECT_THAT(printed(false, file, status), Not(HasSubstr("4711")));
-    if (answers) EXPECT_EQ(sim_network::MemoryOf(kTank).wifi->password, password);
+    if (answers) {
+      EXPECT_EQ(sim_network::MemoryOf(kTank).wifi->password, password);
+    }
   }
   sim_network::SetAnswer(nullptr);
   Words traced = file;
