@@ -10,6 +10,7 @@
 #include "common/log.h"
 #include "common/message.h"
 #include "common/platform.h"
+#include "common/xml_file.h"
 
 namespace app {
 
@@ -157,7 +158,7 @@ int CrashRecovery::Write(const Order::Content& content) {
   recovery.mark = content.mark;
   recovery.changed = content.changed;
   const std::string text = ToRecoveryText(recovery);
-  if (text.size() > kMostFileBytes) return EFBIG;
+  if (text.size() > ovk::xml::kMostXmlBytes) return EFBIG;  // it could not be read again
   return ReplaceFileBytes(*platform::SystemFileCalls(), path_, text);
 }
 
@@ -189,7 +190,7 @@ std::optional<CrashRecovery::LeftBehind> CrashRecovery::Read(int number) const {
   LeftBehind left{Claim(*folder_, number), path, {}};
   std::string bytes;
   // Whoever had it may have ended properly meanwhile. What the drive does not give now it may give later.
-  if (!left.claim || !ReadFileBytes(path, bytes)) return std::nullopt;
+  if (!left.claim || !ReadFileBytes(path, bytes, ovk::xml::kMostXmlBytes)) return std::nullopt;
   const auto reading = ReadRecovery(bytes, left.content);
   if (reading == RecoveryReading::Good) return left;
   if (reading == RecoveryReading::Broken) PutAside(path);
